@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Message.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+struct OpenFileQuestion
+{
+    BilingualText title;
+    BilingualText filterName;
+    std::vector<std::string> fileNames; // the names or patterns the filter lets through
+    std::filesystem::path folder;       // where the dialog starts
+};
+
+// How commands talk to the user. The windows answer with boxes, scripts with the console, tests with a
+// prepared conversation.
+class Dialogs
+{
+public:
+    Dialogs() = default;
+    Dialogs(const Dialogs&) = delete;
+    Dialogs& operator=(const Dialogs&) = delete;
+    virtual ~Dialogs() = default;
+
+    virtual void show(const Message& message) = 0;
+    // Closing the box without a choice is Cancel where there is one, else the refusal (No).
+    virtual Answer ask(const Question& question) = 0;
+    // The chosen file, which exists; nothing when the user cancels.
+    virtual std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) = 0;
+};
+
+} // namespace tavrel

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/FailureTexts.h"
+
+#include "base/CodePage.h"
+
+namespace tavrel {
+
+namespace {
+
+// The system words its errors in its own code page.
+std::string reason(const std::error_code& error)
+{
+    return error ? "\n" + utf8FromCodePage(error.message()) : std::string();
+}
+
+std::string bracketed(const std::filesystem::path& file)
+{
+    return "[" + displayPath(file) + "]";
+}
+
+} // namespace
+
+Failure cannotRead(const std::filesystem::path& file, const std::error_code& error)
+{
+    return {BilingualText("Cannot read ", "Impossible de lire ") + bracketed(file) + reason(error)};
+}
+
+Failure cannotWrite(const std::filesystem::path& file, const std::error_code& error)
+{
+    return {BilingualText("Cannot write ", "Impossible d'écrire ") + bracketed(file) + reason(error)};
+}
+
+Failure fileMissing(const std::filesystem::path& folder, std::string_view name)
+{
+    const std::string file = "[" + utf8FromCodePage(name) + "]";
+    return {BilingualText("No " + file + " file\nin ", "Aucun fichier " + file + "\ndans ") +
+            displayPath(folder)};
+}
+
+Failure wrongContent(const std::filesystem::path& file, const BilingualText& what)
+{
+    return {BilingualText::same(bracketed(file) + "\n") + what};
+}
+
+Failure wrongLine(const std::filesystem::path& file, std::size_t line, const BilingualText& what)
+{
+    const std::string number = std::to_string(line);
+    const BilingualText where(", line " + number + "\n", ", ligne " + number + "\n");
+    return {BilingualText::same(bracketed(file)) + where + what};
+}
+
+} // namespace tavrel

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Result.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+namespace tavrel {
+
+Failure cannotRead(const std::filesystem::path& file, const std::error_code& error);
+Failure cannotWrite(const std::filesystem::path& file, const std::error_code& error);
+Failure fileMissing(const std::filesystem::path& folder, std::string_view name);
+
+// What is wrong, then the file and the line (1-based) where it stands.
+Failure wrongContent(const std::filesystem::path& file, const BilingualText& what);
+Failure wrongLine(const std::filesystem::path& file, std::size_t line, const BilingualText& what);
+
+} // namespace tavrel

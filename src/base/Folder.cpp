@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Folder.h"
+
+#include "base/CodePage.h"
+#include "base/FailureTexts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+Result<std::vector<FolderEntry>> listFolder(const fs::path& folder)
+{
+    std::error_code error;
+    std::vector<FolderEntry> entries;
+    for (fs::directory_iterator it(folder, error); !error && it != fs::directory_iterator();
+         it.increment(error)) {
+        std::error_code ignored;
+        entries.push_back({codePagePath(it->path().filename()).bytes, it->path(), it->is_directory(ignored)});
+    }
+    if (error) {
+        return cannotRead(folder, error);
+    }
+    return entries;
+}
+
+namespace {
+
+std::optional<FolderEntry> findByName(const fs::path& folder, std::string_view name)
+{
+    const Result<std::vector<FolderEntry>> entries = listFolder(folder);
+    if (!entries) {
+        return std::nullopt;
+    }
+    const std::string wanted = upperCase(name);
+    const FolderEntry* best = nullptr;
+    for (const FolderEntry& entry : *entries) {
+        if (entry.name == name) {
+            return entry;
+        }
+        if (upperCase(entry.name) == wanted && (best == nullptr || entry.name < best->name)) {
+            best = &entry;
+        }
+    }
+    return best == nullptr ? std::nullopt : std::optional(*best);
+}
+
+} // namespace
+
+std::optional<fs::path> findEntry(const fs::path& folder, std::string_view name)
+{
+    const std::optional<FolderEntry> entry = findByName(folder, name);
+    return entry ? std::optional(entry->path) : std::nullopt;
+}
+
+std::optional<fs::path> findFile(const fs::path& folder, std::string_view name)
+{
+    const std::optional<FolderEntry> entry = findByName(folder, name);
+    return entry && !entry->isFolder ? std::optional(entry->path) : std::nullopt;
+}
+
+fs::path fileIn(const fs::path& folder, std::string_view name)
+{
+    return findEntry(folder, name).value_or(folder / nativePath(name));
+}
+
+fs::path folderIn(const fs::path& base, std::initializer_list<std::string_view> names)
+{
+    fs::path folder = base;
+    for (const std::string_view name : names) {
+        folder = fileIn(folder, name);
+    }
+    return folder;
+}
+
+namespace {
+
+bool isDeviceName(std::string_view name)
+{
+    const std::string base = upperCase(name.substr(0, name.find('.')));
+    constexpr std::array<std::string_view, 4> devices = {"CON", "PRN", "AUX", "NUL"};
+    if (std::ranges::find(devices, base) != devices.end()) {
+        return true;
+    }
+    return base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT")) && base[3] >= '1' &&
+           base[3] <= '9';
+}
+
+} // namespace
+
+bool isPlainFileName(std::string_view name)
+{
+    static constexpr std::string_view reserved = "/\\:*?\"<>|";
+    const auto isReserved = [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 || reserved.find(c) != std::string_view::npos;
+    };
+    return !name.empty() && std::ranges::none_of(name, isReserved) && name.back() != '.' &&
+           name.back() != ' ' && !isDeviceName(name);
+}
+
+} // namespace tavrel

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Result.h"
+
+#include <filesystem>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+struct FolderEntry
+{
+    std::string name;           // code page bytes
+    std::filesystem::path path; // as it stands on the disk: what to open
+    bool isFolder = false;
+};
+
+// In the system's own order. A folder that cannot be listed is a failure; a missing one as well.
+Result<std::vector<FolderEntry>> listFolder(const std::filesystem::path& folder);
+
+// The file or folder of that name, compared without regard to letter case. Where a disk holds several, the
+// exact name wins, then the first in byte order.
+std::optional<std::filesystem::path> findEntry(const std::filesystem::path& folder, std::string_view name);
+std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name);
+
+// Where the file stands, or where it would be created.
+std::filesystem::path fileIn(const std::filesystem::path& folder, std::string_view name);
+
+// Follows folder names without regard to letter case; from the first that is missing, the names as given.
+std::filesystem::path folderIn(const std::filesystem::path& base,
+                               std::initializer_list<std::string_view> names);
+
+// A name that stays in its folder and that every system can store: no separator, no drive, no "..", no
+// character or device name that Windows reserves.
+bool isPlainFileName(std::string_view name);
+
+} // namespace tavrel

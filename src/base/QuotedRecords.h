@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The quoted, comma-separated text form in which the program keeps its files: texts between double quotes,
+// numbers bare, nothing escaped. Every reader and writer of such files is here, one for each dialect.
+namespace tavrel {
+
+struct RecordField
+{
+    std::string text; // without the quotes; an unquoted text without the blanks around it
+    bool quoted = false;
+};
+
+// One line by the usual rules: a comma inside quotes belongs to its field. Nothing when a quote never closes
+// or text follows a closing quote.
+std::optional<std::vector<RecordField>> splitRecord(std::string_view line);
+
+// A line of the register files: three quoted fields. A title may itself hold `","` or a quote, so a line that
+// starts and ends with a quote is split at its last two `","`.
+struct RegisterRecord
+{
+    std::string title;
+    std::string letter;
+    std::string wadName;
+};
+std::optional<RegisterRecord> splitRegisterRecord(std::string_view line);
+
+// A line of the settings file: one value. Whatever stands between the first and the last quote is the text.
+std::optional<RecordField> readSettingsValue(std::string_view line);
+
+// The whole text as a number, blanks around it allowed.
+std::optional<std::int64_t> wholeNumber(std::string_view text);
+
+// Builds the lines of a file, CR LF at each end.
+class RecordWriter
+{
+public:
+    RecordWriter& text(std::string_view value);
+    RecordWriter& number(std::int64_t value);
+    RecordWriter& endRecord();
+    const std::string& bytes() const { return m_bytes; }
+
+private:
+    void separate();
+
+    std::string m_bytes;
+    bool m_startsRecord = true;
+};
+
+} // namespace tavrel

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+// What the standard library has no words for. One implementation for each operating system.
+namespace tavrel::system {
+
+// Creates a file that must not exist yet, and returns once its bytes are on the disk.
+std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes);
+
+// Puts `from` in the place of `to` in one step: at every moment `to` is the old file or the new one.
+std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Another program holds the file right now; it may let go of it in a moment.
+bool isPassing(const std::error_code& error);
+
+// Whether an existing file may be rewritten: its read-only mark counts even for an administrator.
+bool isWritable(const std::filesystem::path& file);
+
+// Whether files may be created in the folder.
+bool isWritableFolder(const std::filesystem::path& folder);
+
+// Marked hidden or as the system's own.
+bool isHidden(const std::filesystem::path& file);
+
+// The private copy that the system keeps for programs which may not write to the real file; empty where there
+// is none.
+std::filesystem::path redirectedCopy(const std::filesystem::path& file);
+
+} // namespace tavrel::system

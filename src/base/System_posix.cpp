@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/System.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tavrel::system {
+
+namespace {
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
+}
+
+// Closes the file on every way out.
+class Descriptor
+{
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor()
+    {
+        if (m_number >= 0) {
+            ::close(m_number);
+        }
+    }
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+    // Network disks report a failed write as late as here.
+    std::error_code close()
+    {
+        const int number = std::exchange(m_number, -1);
+        return ::close(number) == 0 || errno == EINTR ? std::error_code() : lastError();
+    }
+
+private:
+    int m_number;
+};
+
+std::error_code writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return lastError();
+        }
+        if (written > 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+    return {};
+}
+
+// Makes a rename in the folder last. Some file systems cannot; the file itself is safe by then.
+void flushFolder(const std::filesystem::path& folder)
+{
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.isOpen()) {
+        ::fsync(descriptor.number());
+    }
+}
+
+} // namespace
+
+std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes)
+{
+    Descriptor descriptor(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!descriptor.isOpen()) {
+        return lastError();
+    }
+    if (const std::error_code error = writeAll(descriptor.number(), bytes)) {
+        return error;
+    }
+    if (::fsync(descriptor.number()) != 0) {
+        return lastError();
+    }
+    return descriptor.close();
+}
+
+std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to)
+{
+    if (::rename(from.c_str(), to.c_str()) != 0) {
+        return lastError();
+    }
+    flushFolder(to.parent_path());
+    return {};
+}
+
+bool isPassing(const std::error_code& error)
+{
+    return error == std::errc::device_or_resource_busy || error == std::errc::text_file_busy ||
+           error == std::errc::resource_unavailable_try_again;
+}
+
+bool isWritable(const std::filesystem::path& file)
+{
+    struct stat status = {};
+    constexpr mode_t anyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+    return ::stat(file.c_str(), &status) == 0 && (status.st_mode & anyWrite) != 0 &&
+           ::access(file.c_str(), W_OK) == 0;
+}
+
+bool isWritableFolder(const std::filesystem::path& folder)
+{
+    return ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+bool isHidden(const std::filesystem::path& file)
+{
+    return file.filename().native().starts_with('.');
+}
+
+std::filesystem::path redirectedCopy(const std::filesystem::path& /*file*/)
+{
+    return {};
+}
+
+} // namespace tavrel::system

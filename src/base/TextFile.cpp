@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/TextFile.h"
+
+#include "base/FailureTexts.h"
+#include "base/Folder.h"
+
+#include <cerrno>
+#include <fstream>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// FNV-1a: quick, and two versions of one text file practically never share it.
+std::uint64_t hashOf(std::string_view bytes)
+{
+    std::uint64_t hash = 14695981039346656037U;
+    for (const char byte : bytes) {
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 1099511628211U;
+    }
+    return hash;
+}
+
+std::error_code streamError()
+{
+    return {errno != 0 ? errno : EIO, std::generic_category()};
+}
+
+} // namespace
+
+Result<FileContent> readFile(const fs::path& file)
+{
+    std::error_code error;
+    if (fs::is_directory(file, error)) {
+        return cannotRead(file, std::make_error_code(std::errc::is_a_directory));
+    }
+    const fs::file_time_type modified = fs::last_write_time(file, error);
+    if (error) {
+        return cannotRead(file, error);
+    }
+    errno = 0;
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) {
+        return cannotRead(file, streamError());
+    }
+    FileContent content;
+    constexpr std::size_t blockSize = 1U << 16U;
+    std::string block(blockSize, '\0');
+    while (stream) {
+        stream.read(block.data(), static_cast<std::streamsize>(block.size()));
+        content.bytes.append(block, 0, static_cast<std::size_t>(stream.gcount()));
+    }
+    if (stream.bad()) {
+        return cannotRead(file, streamError());
+    }
+    content.stamp = {content.bytes.size(), modified, hashOf(content.bytes)};
+    return content;
+}
+
+std::vector<std::string_view> TextFile::lines() const
+{
+    std::vector<std::string_view> result;
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const std::size_t end = rest.find_first_of("\r\n");
+        result.push_back(rest.substr(0, end));
+        if (end == std::string_view::npos) {
+            break;
+        }
+        rest.remove_prefix(end + (rest.substr(end).starts_with("\r\n") ? 2 : 1));
+    }
+    return result;
+}
+
+Result<TextFile> readTextFile(const fs::path& file)
+{
+    Result<FileContent> content = readFile(file);
+    if (!content) {
+        return content.failure();
+    }
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    TextFile result{file, std::move(content->bytes), false, content->stamp};
+    if (result.text.starts_with("\xFF\xFE") || result.text.starts_with("\xFE\xFF")) {
+        return wrongContent(file,
+                            {"The file is written in Unicode (UTF-16). Save it as ANSI text.",
+                             "Le fichier est écrit en Unicode (UTF-16). Enregistrez-le en texte ANSI."});
+    }
+    if (result.text.find('\0') != std::string::npos) {
+        return wrongContent(file, {"The file holds bytes of zero: it is damaged or no text file.",
+                                   "Le fichier contient des octets nuls : il est endommagé ou n'est pas un "
+                                   "fichier texte."});
+    }
+    if (result.text.starts_with(byteOrderMark)) {
+        result.text.erase(0, byteOrderMark.size());
+        result.hadByteOrderMark = true;
+    }
+    return result;
+}
+
+Result<TextFile> readTextFile(const fs::path& folder, std::string_view name)
+{
+    const std::optional<fs::path> file = findEntry(folder, name);
+    if (!file) {
+        return fileMissing(folder, name);
+    }
+    return readTextFile(*file);
+}
+
+} // namespace tavrel

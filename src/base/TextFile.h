@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Result.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+// Tells whether a file is still the one that was read.
+struct FileStamp
+{
+    std::uintmax_t size = 0;
+    std::filesystem::file_time_type modified;
+    std::uint64_t hash = 0;
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+struct FileContent
+{
+    std::string bytes;
+    FileStamp stamp;
+};
+
+Result<FileContent> readFile(const std::filesystem::path& file);
+
+// 8-bit text. A file with NUL bytes (UTF-16 among them) is no such text and fails.
+struct TextFile
+{
+    std::filesystem::path path;
+    std::string text; // without the UTF-8 byte order mark, if it had one
+    bool hadByteOrderMark = false;
+    FileStamp stamp;
+
+    // The lines without their ends. CR LF, LF and a lone CR end a line; nothing after the last end is no
+    // line.
+    std::vector<std::string_view> lines() const;
+};
+
+Result<TextFile> readTextFile(const std::filesystem::path& file);
+// By its name in a folder, without regard to letter case.
+Result<TextFile> readTextFile(const std::filesystem::path& folder, std::string_view name);
+
+} // namespace tavrel

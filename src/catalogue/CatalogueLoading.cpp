@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/CatalogueLoading.h"
+
+#include "base/FailureTexts.h"
+#include "catalogue/SoundLine.h"
+
+#include <stdexcept>
+
+namespace tavrel {
+
+namespace {
+
+struct NumberedLine
+{
+    std::string text;
+    std::size_t lineInFile; // 1-based
+};
+
+// The sound lines of a file: those with ":". Blanks after the letters are noise; a line without letters keeps
+// its own.
+std::vector<NumberedLine> soundLines(const TextFile& file)
+{
+    std::vector<NumberedLine> result;
+    std::size_t lineNumber = 0;
+    for (std::string_view line : file.lines()) {
+        ++lineNumber;
+        if (line.find('#') != std::string_view::npos) {
+            line = RTrimBlanks(line);
+        }
+        if (line.find(':') != std::string_view::npos) {
+            result.push_back({std::string(line), lineNumber});
+        }
+    }
+    return result;
+}
+
+Problem firstUnreadableLine(const TextFile& file, const std::vector<NumberedLine>& lines)
+{
+    for (const NumberedLine& line : lines) {
+        try {
+            ParseSoundLine(line.text);
+        } catch (const std::out_of_range&) {
+            return wrongLine(
+                file.path, line.lineInFile,
+                {"The line holds more than 50 samples.", "La ligne contient plus de 50 samples."});
+        }
+    }
+    return std::nullopt;
+}
+
+void noteByteOrderMark(const TextFile& file, std::vector<Failure>& notices)
+{
+    if (file.hadByteOrderMark) {
+        notices.push_back(wrongContent(
+            file.path, {"The file started with a Unicode mark (UTF-8 BOM), which the level editor's tools "
+                        "cannot read. It is left out the next time the changes are applied.",
+                        "Le fichier commençait par une marque Unicode (BOM UTF-8), illisible pour les outils "
+                        "de l'éditeur de niveaux. Elle sera omise à la prochaine application."}));
+    }
+}
+
+void loadObjects(const CatalogueSources& sources, LoadedCatalogue& loaded)
+{
+    const Result<TextFile> file = readTextFile(sources.programFolder, objectsFileName);
+    if (!file) {
+        loaded.notices.push_back(file.failure());
+        return;
+    }
+    Result<std::vector<SoundObject>> objects = parseObjectTable(*file);
+    if (!objects) {
+        loaded.notices.push_back(objects.failure());
+        return;
+    }
+    loaded.catalogue.setObjects(std::move(*objects));
+}
+
+} // namespace
+
+Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
+{
+    const Result<TextFile> originalFile = readTextFile(sources.programFolder, originalLinesFileName);
+    if (!originalFile) {
+        return originalFile.failure();
+    }
+    std::vector<NumberedLine> originals = soundLines(*originalFile);
+    if (Problem problem = firstUnreadableLine(*originalFile, originals)) {
+        return *problem;
+    }
+    const Result<TextFile> doublesFile = readTextFile(sources.programFolder, doublesFileName);
+    if (!doublesFile) {
+        return doublesFile.failure();
+    }
+    const Result<TextFile> soundsFile = readTextFile(sources.creatorFolder, soundsFileName);
+    if (!soundsFile) {
+        return soundsFile.failure();
+    }
+    std::vector<NumberedLine> lines = soundLines(*soundsFile);
+    if (Problem problem = firstUnreadableLine(*soundsFile, lines)) {
+        return *problem;
+    }
+
+    LoadedCatalogue loaded{
+        SoundCatalogue({soundsFile->path, soundsFile->stamp}, sources.protectedLinesEditable), {}};
+    noteByteOrderMark(*soundsFile, loaded.notices);
+    for (std::size_t k = 0; k < lines.size(); ++k) {
+        // Without a line of its own in the reference copy, a sound is its own original.
+        std::string original = k < originals.size() ? std::move(originals[k].text) : lines[k].text;
+        loaded.catalogue.append(std::move(lines[k].text), std::move(original), lines[k].lineInFile);
+    }
+    LoadedDoubles doubles = parseDoubles(*doublesFile, loaded.catalogue.protectedNumbers());
+    loaded.catalogue.setDoubles(doubles.status);
+    loaded.notices.insert(loaded.notices.end(), doubles.notices.begin(), doubles.notices.end());
+    loadObjects(sources, loaded);
+    return loaded;
+}
+
+} // namespace tavrel

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Result.h"
+#include "catalogue/SoundCatalogue.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace tavrel {
+
+constexpr std::string_view soundsFileName = "Sounds.txt";
+constexpr std::string_view originalLinesFileName = "Tavrel.tos";
+constexpr std::string_view doublesFileName = "Tavrel.tod";
+constexpr std::string_view objectsFileName = "Tavrel.too";
+
+struct CatalogueSources
+{
+    std::filesystem::path programFolder; // holds the working files
+    std::filesystem::path creatorFolder; // sound\LevelSFX Creator, holds sounds.txt
+    bool protectedLinesEditable = false;
+};
+
+struct LoadedCatalogue
+{
+    SoundCatalogue catalogue;
+    std::vector<Failure> notices; // what was passed over, for the user to know
+};
+
+// Reads everything afresh. Any file that cannot be used fails the whole load, but for the object table, which
+// then stays empty with a notice.
+Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources);
+
+} // namespace tavrel

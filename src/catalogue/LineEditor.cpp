@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/LineEditor.h"
+
+#include "catalogue/LineWords.h"
+
+namespace tavrel {
+
+namespace {
+
+char letterOf(LineFlag flag)
+{
+    constexpr std::string_view letters = "PVRNL";
+    return letters[static_cast<std::size_t>(flag)];
+}
+
+bool hasValuesOrFlags(const SoundLine& record)
+{
+    const bool noValues = record.Vol.empty() && record.Ch.empty() && record.Pit.empty() && record.Rad.empty();
+    const bool noFlags =
+        record.FlagP.empty() && record.FlagV.empty() && record.FlagRN.empty() && record.FlagL.empty();
+    return !noValues || !noFlags;
+}
+
+} // namespace
+
+void LineEditor::select(std::optional<std::size_t> number)
+{
+    m_selected = number;
+    m_record = canEdit() ? ParseSoundLine(m_catalogue->currentLine(*number)) : SoundLine();
+    m_unedited = m_record;
+}
+
+bool LineEditor::canEdit() const
+{
+    return m_selected && *m_selected < m_catalogue->size() && !m_catalogue->isProtected(*m_selected);
+}
+
+std::string LineEditor::setValue(ValueBox box, std::string_view typed, bool userIsTyping)
+{
+    std::string text = correctedBoxText(box, typed, userIsTyping);
+    const std::string field = fieldFromBox(box, text);
+    switch (box) {
+    case ValueBox::Vol:
+        m_record.Vol = field;
+        break;
+    case ValueBox::Pit:
+        m_record.Pit = field;
+        break;
+    case ValueBox::Rad:
+        m_record.Rad = field;
+        break;
+    case ValueBox::Ch:
+        m_record.Ch = field;
+        break;
+    }
+    return text;
+}
+
+FixedText<2>& LineEditor::flagField(LineFlag flag)
+{
+    switch (flag) {
+    case LineFlag::P:
+        return m_record.FlagP;
+    case LineFlag::V:
+        return m_record.FlagV;
+    case LineFlag::R:
+    case LineFlag::N:
+        return m_record.FlagRN;
+    case LineFlag::L:
+        break;
+    }
+    return m_record.FlagL;
+}
+
+void LineEditor::setFlag(LineFlag flag, bool on)
+{
+    const char letter = letterOf(flag);
+    if (on) {
+        flagField(flag) = std::string_view(&letter, 1);
+    } else if (hasFlag(flag)) { // clearing R leaves an N in the shared field alone
+        flagField(flag) = "";
+    }
+}
+
+bool LineEditor::hasFlag(LineFlag flag) const
+{
+    return const_cast<LineEditor*>(this)->flagField(flag).view().front() == letterOf(flag);
+}
+
+bool LineEditor::accept(Dialogs& dialogs)
+{
+    if (!canEdit()) {
+        return false;
+    }
+    if (m_record.sampleCount() == 0 && hasValuesOrFlags(m_record)) {
+        dialogs.show({MessageIcon::Exclamation,
+                      {"Accept values", "Accepter les valeurs"},
+                      {"This line has no sample: its values would be read as one. Add a sample first.",
+                       "Cette ligne n'a pas de sample : ses valeurs seraient lues comme un sample. Ajoutez "
+                       "d'abord un sample."}});
+        return false;
+    }
+    if (!confirmComposing(m_catalogue->currentLine(*m_selected), dialogs)) {
+        return false;
+    }
+    if (const Problem problem = m_catalogue->setCurrentLine(*m_selected, ComposeSoundLine(m_record))) {
+        dialogs.show({MessageIcon::Exclamation, {"Accept values", "Accepter les valeurs"}, problem->text});
+        return false;
+    }
+    select(m_selected);
+    return true;
+}
+
+bool LineEditor::mayLeave(Dialogs& dialogs)
+{
+    if (!edited()) {
+        return true;
+    }
+    const Question question{{"Accept values", "Accepter les valeurs"},
+                            {"Values not accepted. Accept them?", "Valeurs non acceptées. Les accepter ?"},
+                            Buttons::YesNoCancel};
+    switch (dialogs.ask(question)) {
+    case Answer::Yes:
+        return accept(dialogs);
+    case Answer::No:
+        select(m_selected);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs)
+{
+    const Question question{
+        {"Line", "Ligne"}, {"Restore Original line", "Restaurer la ligne d'origine"}, Buttons::YesNo};
+    if (dialogs.ask(question) != Answer::Yes) {
+        return false;
+    }
+    if (const Problem problem = catalogue.setCurrentLine(number, catalogue.originalLine(number))) {
+        dialogs.show({MessageIcon::Exclamation, question.title, problem->text});
+    }
+    return true;
+}
+
+} // namespace tavrel

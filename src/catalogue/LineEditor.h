@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Dialogs.h"
+#include "catalogue/SoundCatalogue.h"
+#include "catalogue/SoundLine.h"
+#include "catalogue/ValueBoxes.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavrel {
+
+enum class LineFlag { P, V, R, N, L };
+
+// The selected line and the working record that the edit boxes change. Nothing reaches the catalogue before
+// accept().
+class LineEditor
+{
+public:
+    explicit LineEditor(SoundCatalogue& catalogue) : m_catalogue(&catalogue) {}
+
+    // Reads the current line of the sound, or of none, into the working record.
+    void select(std::optional<std::size_t> number);
+    std::optional<std::size_t> selected() const { return m_selected; }
+    // A sound is selected and is not one of the protected ones.
+    bool canEdit() const;
+    const SoundLine& record() const { return m_record; }
+
+    // The corrected text of the box.
+    std::string setValue(ValueBox box, std::string_view typed, bool userIsTyping);
+    // R and N clear each other.
+    void setFlag(LineFlag flag, bool on);
+    bool hasFlag(LineFlag flag) const;
+
+    // The working record differs from the line.
+    bool edited() const { return m_record != m_unedited; }
+    // "Accept values": composes the record into the current line. False when it was refused.
+    bool accept(Dialogs& dialogs);
+    // Before the line is left: asks about values that were not accepted. False when the user stays.
+    bool mayLeave(Dialogs& dialogs);
+
+private:
+    FixedText<2>& flagField(LineFlag flag);
+
+    SoundCatalogue* m_catalogue;
+    std::optional<std::size_t> m_selected;
+    SoundLine m_record;
+    SoundLine m_unedited;
+};
+
+// Puts the original text back into the line, after a question. True when the answer was Yes.
+bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs);
+
+} // namespace tavrel

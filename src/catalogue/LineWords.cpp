@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/LineWords.h"
+
+#include "base/CodePage.h"
+#include "catalogue/SoundLine.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace tavrel {
+
+namespace {
+
+// VOL8 and VOL08 are the same value.
+std::string normalised(std::string_view word)
+{
+    for (const std::string_view keyword : {"VOL", "CH", "PIT", "RAD"}) {
+        if (!word.starts_with(keyword)) {
+            continue;
+        }
+        std::string_view digits = word.substr(keyword.size());
+        const std::string_view sign = keyword == "PIT" && digits.starts_with('-') ? "-" : "";
+        digits.remove_prefix(sign.size());
+        if (digits.size() == 1 && digits[0] >= '0' && digits[0] <= '9') {
+            return std::string(keyword).append(sign).append("0").append(digits);
+        }
+    }
+    return std::string(word);
+}
+
+// Sorted. The name up to ":" is one word; a "#" starts a new word even without a blank before it.
+std::vector<std::string> wordsOf(std::string_view line)
+{
+    std::vector<std::string> words;
+    const std::size_t afterName = line.find(':') + 1;
+    if (afterName > 0) {
+        words.emplace_back(line.substr(0, afterName));
+    }
+    std::size_t start = line.find_first_not_of(" \t", afterName);
+    while (start != std::string_view::npos) {
+        const std::size_t end = std::min(line.find_first_of(" \t#", start + 1), line.size());
+        words.push_back(normalised(line.substr(start, end - start)));
+        start = line.find_first_not_of(" \t", end);
+    }
+    std::ranges::sort(words);
+    return words;
+}
+
+std::vector<std::string> missingFrom(const std::vector<std::string>& words,
+                                     const std::vector<std::string>& present)
+{
+    std::vector<std::string> missing;
+    std::ranges::set_difference(words, present, std::back_inserter(missing));
+    return missing;
+}
+
+std::string listed(const std::vector<std::string>& words)
+{
+    std::string list;
+    for (const std::string& word : words) {
+        list += list.empty() ? "[" : " [";
+        list += utf8FromCodePage(word) + "]";
+    }
+    return list;
+}
+
+} // namespace
+
+WordChanges wordsChangedByComposing(std::string_view line)
+{
+    const std::vector<std::string> before = wordsOf(line);
+    const std::vector<std::string> after = wordsOf(ComposeSoundLine(ParseSoundLine(line)));
+    return {missingFrom(before, after), missingFrom(after, before)};
+}
+
+bool confirmComposing(std::string_view line, Dialogs& dialogs)
+{
+    const WordChanges changes = wordsChangedByComposing(line);
+    if (changes.none()) {
+        return true;
+    }
+    BilingualText text(
+        "This line holds words that Tavrel reads in another way. Writing it anew changes them.",
+        "Cette ligne contient des mots que Tavrel lit autrement. La réécrire les modifie.");
+    if (!changes.vanishing.empty()) {
+        text += BilingualText("\nLost: ", "\nPerdus : ") + listed(changes.vanishing);
+    }
+    if (!changes.appearing.empty()) {
+        text += BilingualText("\nNew: ", "\nNouveaux : ") + listed(changes.appearing);
+    }
+    text += BilingualText("\nWrite the line anew?", "\nRéécrire la ligne ?");
+    return dialogs.ask({{"Line", "Ligne"}, text, Buttons::YesNo, true}) == Answer::Yes;
+}
+
+} // namespace tavrel

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Tavrel_Files: unpacks the working files beside the program. Files that are already there stay.
+#include "base/CodePage.h"
+#include "base/Folder.h"
+#include "base/SafeFile.h"
+#include "companion/EmbeddedFiles.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <string_view>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The display language is not known before the first start.
+void say(const tavrel::BilingualText& text)
+{
+    std::cout << text.english << '\n' << text.french << '\n' << std::flush;
+}
+
+bool unpackInto(const fs::path& folder)
+{
+    bool complete = true;
+    for (const tavrel::EmbeddedFile& file : tavrel::embeddedFiles()) {
+        if (tavrel::findEntry(folder, file.name)) {
+            continue;
+        }
+        if (const tavrel::Problem problem = tavrel::writeFileSafely(folder / file.name, file.bytes)) {
+            say(problem->text);
+            complete = false;
+        }
+    }
+    return complete;
+}
+
+// Without the option, the folder of this program.
+std::optional<fs::path> programFolder(int argc, char* argv[])
+{
+    constexpr std::string_view option = "--program-folder";
+    if (argc == 3 && argv[1] == option) {
+        const std::string_view utf8 = argv[2];
+        return fs::path(std::u8string(utf8.begin(), utf8.end()));
+    }
+    if (argc != 1) {
+        return std::nullopt;
+    }
+    return fs::absolute(argv[0]).parent_path();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const std::optional<fs::path> folder = programFolder(argc, argv);
+    if (!folder) {
+        std::cerr << "Usage: Tavrel_Files [--program-folder DIR]\n";
+        return EXIT_FAILURE;
+    }
+    if (!unpackInto(*folder)) {
+#ifdef _WIN32
+        std::cin.get(); // the console window would close before anyone could read it
+#endif
+        return EXIT_FAILURE;
+    }
+    say({"The working files of Tavrel are in place. Start Tavrel again.",
+         "Les fichiers de travail de Tavrel sont en place. Relancez Tavrel."});
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "references/LetterList.h"
+
+namespace tavrel {
+
+namespace {
+
+std::string_view readableName(std::string_view letter, const ReferenceRegister& references,
+                              const CurrentWad& current)
+{
+    if (const WadReference* reference = references.findLetter(letter)) {
+        return reference->title;
+    }
+    return !letter.empty() && letter == current.letter ? std::string_view(current.wadName) : "**NO REF**";
+}
+
+} // namespace
+
+std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
+                                       const CurrentWad& current)
+{
+    std::vector<std::string> entries;
+    const std::string_view letters = line.Letters;
+    for (std::size_t hash = letters.find('#'); hash != std::string_view::npos;
+         hash = letters.find('#', hash + 1)) {
+        const std::string_view rest = letters.substr(hash + 1);
+        const std::string_view letter = rest.substr(0, rest.find_first_of("# "));
+        entries.push_back(
+            std::string("#").append(letter).append(" - ").append(readableName(letter, references, current)));
+    }
+    return entries;
+}
+
+} // namespace tavrel

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "catalogue/SoundLine.h"
+#include "references/ReferenceRegister.h"
+
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+// The WAD whose level the user works on, as the main window's boxes hold it. All empty when none is chosen.
+struct CurrentWad
+{
+    std::string wadName;
+    std::string letter;
+    std::string title;
+};
+
+// The levels that a line belongs to, an entry a letter: "#ab - My level". The current letter, when no
+// reference holds it, shows its WAD name; any other letter without a reference shows "**NO REF**".
+std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
+                                       const CurrentWad& current);
+
+} // namespace tavrel
