@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Checks the format of the sources and runs the static checks over them.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+need_packages $build_packages $test_packages $lint_packages
+mapfile -t sources < <(git ls-files '*.h' '*.cpp')
+clang-format --dry-run -Werror "${sources[@]}"
+
+configure release
+cmake --build build/release
+# One line for each file: its name if it is clean.
+git ls-files 'src/*.cpp' 'tools/*.cpp' | grep -v _windows.cpp |
+    xargs -P "$(nproc)" -n 1 clang-tidy --quiet -p build/release 2>/dev/null

@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Sourced by the other scripts: installs Debian packages that are missing, or says which.
+
+# Qt without its unneeded helpers would still pull in a desktop; recommended packages are left out.
+build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev"
+run_packages="qt6-translations-l10n fonts-dejavu-core"
+test_packages="libgtest-dev strace util-linux fonts-dejavu-core"
+benchmark_packages="libbenchmark-dev"
+lint_packages="clang-format clang-tidy"
+display_packages="xvfb xauth xdotool imagemagick"
+
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if [ "$(id -u)" -ne 0 ]; then
+        echo "Please install these packages first:" >&2
+        echo "    sudo apt-get install ${missing[*]}" >&2
+        exit 1
+    fi
+    echo "Installing ${missing[*]}"
+    export DEBIAN_FRONTEND=noninteractive
+    apt-get update -qq
+    apt-get install -qq -y --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Configures a preset once; CMake itself notices later changes.
+configure() {
+    local preset=$1
+    [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"
+}

@@ -1,0 +1,642 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/FmSFX.h"
+
+#include "app/SoundListDelegate.h"
+#include "app/SoundListModel.h"
+#include "base/CodePage.h"
+#include "base/Folder.h"
+#include "catalogue/ApplyChanges.h"
+#include "catalogue/CatalogueLoading.h"
+#include "ui/Colours.h"
+#include "ui/FoldingPanel.h"
+#include "ui/Text.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QTimer>
+
+namespace tavrel {
+
+namespace {
+
+constexpr QSize smallestSize(1240, 680);
+constexpr QSize usualSize(1272, 712);
+
+constexpr std::array<ValueBox, valueBoxCount> allValueBoxes = {ValueBox::Vol, ValueBox::Pit, ValueBox::Rad,
+                                                               ValueBox::Ch};
+constexpr std::array<LineFlag, lineFlagCount> allLineFlags = {LineFlag::P, LineFlag::V, LineFlag::R,
+                                                              LineFlag::N, LineFlag::L};
+
+std::string_view fieldOf(const SoundLine& record, ValueBox box)
+{
+    switch (box) {
+    case ValueBox::Vol:
+        return record.Vol.trimmed();
+    case ValueBox::Pit:
+        return record.Pit.trimmed();
+    case ValueBox::Rad:
+        return record.Rad.trimmed();
+    case ValueBox::Ch:
+        return record.Ch.trimmed();
+    }
+    return {};
+}
+
+// A look that the style sheet knows by this name.
+void drawAttention(QPushButton& button, bool wanted)
+{
+    if (button.property("attention").toBool() != wanted) {
+        button.setProperty("attention", wanted);
+        button.style()->unpolish(&button);
+        button.style()->polish(&button);
+    }
+}
+
+class Flagged
+{
+public:
+    explicit Flagged(bool& flag) : m_flag(flag), m_before(flag) { m_flag = true; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+    ~Flagged() { m_flag = m_before; }
+
+private:
+    bool& m_flag;
+    bool m_before;
+};
+
+} // namespace
+
+FmSFX::FmSFX(const FmSFXContext& context, const StartedSession& session)
+    : m_context(context), m_settings(session.settings), m_settingsDamaged(session.settingsDamaged),
+      m_paths(derivePaths(m_settings.LevelEditorFolder)), m_editor(m_catalogue),
+      m_sounds(new SoundListModel(m_catalogue, this)),
+      m_controls(layOutMainWindow(*this, titleRow(), content()))
+{
+    setObjectName("FmSFX");
+    m_controls.LiSFX->setModel(m_sounds);
+    m_controls.LiSFX->setItemDelegate(new SoundListDelegate(this));
+    m_controls.LbPath->setText(fromCodePage(m_settings.LevelEditorFolder));
+    connectControls();
+    connectLineControls();
+    disableLaterControls();
+    for (std::size_t i = 0; i < panelCount; ++i) {
+        m_controls.panels[i]->setOpen(m_settings.panels[i]);
+    }
+    applyMainColours();
+    showLanguage();
+    selectLine(std::nullopt);
+    setMinimumSize(smallestSize);
+    resize(usualSize);
+}
+
+void FmSFX::connectControls()
+{
+    const FmSFXControls& c = m_controls;
+    const auto onClick = [this](QPushButton* button, void (FmSFX::*command)()) {
+        connect(button, &QPushButton::clicked, this, command);
+    };
+    onClick(c.CdValidW, &FmSFX::acceptValues);
+    onClick(c.CdRestore, &FmSFX::restoreSelectedLine);
+    onClick(c.CdApply, &FmSFX::apply);
+    onClick(c.CdCopyLine, &FmSFX::copyLine);
+    onClick(c.CdEdit, &FmSFX::editInNotepad);
+    onClick(c.CdShowG, &FmSFX::showOrHideGlobals);
+    onClick(c.CdSearch, &FmSFX::search);
+    connect(c.CdQuit, &QPushButton::clicked, this, &QWidget::close);
+    connect(c.TxSearch, &QLineEdit::returnPressed, this, &FmSFX::search);
+    connect(c.LiSFX->selectionModel(), &QItemSelectionModel::currentChanged, this, &FmSFX::currentRowChanged);
+    connect(c.OpLangF, &QRadioButton::toggled, this, [this](bool french) {
+        m_settings.language = french ? Language::French : Language::English;
+        showLanguage();
+    });
+    connect(c.CbTWad, &QComboBox::activated, this,
+            [this] { selectWad(toCodePage(m_controls.CbTWad->currentText())); });
+    for (std::size_t i = 0; i < panelCount; ++i) {
+        connect(c.panels[i], &FoldingPanel::openChanged, this,
+                [this, i](bool open) { m_settings.panels[i] = open; });
+    }
+    addShortcut(QKeySequence(Qt::Key_F3), *c.CdSearch);
+    addShortcut(QKeySequence::Save, *c.CdApply);
+    addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), *c.CdValidW);
+    addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), *c.CdQuit);
+    addShortcut(QKeySequence::HelpContents, *c.CdHlp);
+    auto* const find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        m_controls.TxSearch->setFocus(Qt::ShortcutFocusReason);
+        m_controls.TxSearch->selectAll();
+    });
+}
+
+void FmSFX::addShortcut(const QKeySequence& keys, QWidget& control)
+{
+    auto* const button = qobject_cast<QPushButton*>(&control);
+    auto* const shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+}
+
+void FmSFX::connectLineControls()
+{
+    for (const ValueBox box : allValueBoxes) {
+        QLineEdit* const edit = m_controls.value(box);
+        connect(edit, &QLineEdit::textChanged, this, [this, box] { valueChanged(box); });
+        connect(edit, &QLineEdit::editingFinished, this, [this, box] { valueLeft(box); });
+        connect(edit, &QLineEdit::returnPressed, this, &FmSFX::acceptValues);
+    }
+    for (const LineFlag flag : allLineFlags) {
+        connect(m_controls.flag(flag), &QCheckBox::toggled, this,
+                [this, flag](bool on) { flagChanged(flag, on); });
+    }
+    connect(m_controls.LiSamp, &QListWidget::currentTextChanged, m_controls.TxSamp, &QLineEdit::setText);
+}
+
+// Their commands are not in this version yet.
+void FmSFX::disableLaterControls()
+{
+    const FmSFXControls& c = m_controls;
+    for (QWidget* const control : std::initializer_list<QWidget*>{
+             c.CdHlp,     c.CdParam,   c.CdCopy,   c.CdLoadSAM, c.CdLoadWAS,  c.CdViewWAD, c.CdRefW,
+             c.CdStats,   c.CdImport,  c.CdExport, c.CdPlay2,   c.CdStopS2,   c.CdPlay,    c.CdStopS,
+             c.CdAddSmp,  c.CdRename,  c.CdDelSmp, c.CdChSamp,  c.CdAddWAD,   c.CdDel,     c.CdErase,
+             c.TxReplacL, c.CdReplacL, c.CdObj,    c.CdEffObj,  c.CdSmpCheck, c.OpWAD[0],  c.OpWAD[1]}) {
+        control->setEnabled(false);
+    }
+}
+
+void FmSFX::applyMainColours()
+{
+    const ColourPair& pair = m_settings.colours.slots[ColourScheme::mainWindowSlot];
+    for (QWidget* const area : std::initializer_list<QWidget*>{
+             m_controls.LiSFX, m_controls.LiWAD, m_controls.LiSamp, m_controls.TxOrig, m_controls.TxModif}) {
+        paintWith(*area, pair);
+    }
+}
+
+void FmSFX::showLanguage()
+{
+    m_context.languageChanged(m_settings.language);
+    const QSignalBlocker blocker(m_controls.OpLangF);
+    (m_settings.language == Language::French ? m_controls.OpLangF : m_controls.OpLangE)->setChecked(true);
+    showMainWindowCaptions(*this, m_settings.language);
+    m_controls.CbTWad->setPlaceholderText(
+        inLanguage({"Choose a WAD", "Choisissez un WAD"}, m_settings.language));
+    showInfo(m_info);
+    showPending();
+    showTitle();
+}
+
+void FmSFX::showTitle()
+{
+    setWindowTitle("Tavrel - " + m_controls.CbTWad->currentText());
+}
+
+void FmSFX::showInfo(const BilingualText& text)
+{
+    m_info = text;
+    m_controls.LbInfo->setText(inLanguage(text, m_settings.language));
+}
+
+void FmSFX::reject()
+{
+    // Esc closes the secondary windows, never the program.
+}
+
+void FmSFX::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        showTitle();
+    }
+    TitledWindow::changeEvent(event);
+}
+
+// Loading
+
+void FmSFX::load()
+{
+    const bool loaded = loadFiles();
+    m_sounds->rebuild(m_showGlobals);
+    m_controls.CdApply->setEnabled(loaded);
+    fillWadChooser();
+    selectFirstLine();
+    showPending();
+}
+
+bool FmSFX::loadFiles()
+{
+    const CatalogueSources sources{m_context.programFolder, m_paths.creator,
+                                   m_settings.protectedLinesEditable};
+    Result<LoadedRegister> references = loadRegister(m_context.programFolder);
+    Result<LoadedCatalogue> catalogue =
+        references ? loadCatalogue(sources) : Result<LoadedCatalogue>(references.failure());
+    if (!catalogue) {
+        m_catalogue = SoundCatalogue();
+        m_context.dialogs.show(
+            {MessageIcon::Critical, BilingualText::same("sounds.txt"), catalogue.failure().text});
+        return false;
+    }
+    m_references = std::move(references->references);
+    m_catalogue = std::move(catalogue->catalogue);
+    std::vector<Failure> notices = std::move(references->notices);
+    notices.insert(notices.end(), catalogue->notices.begin(), catalogue->notices.end());
+    showNotices(notices);
+    return true;
+}
+
+void FmSFX::showNotices(const std::vector<Failure>& notices)
+{
+    if (notices.empty()) {
+        return;
+    }
+    constexpr std::size_t mostShown = 8;
+    BilingualText text;
+    for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
+        text += (i == 0 ? BilingualText() : BilingualText::same("\n\n")) + notices[i].text;
+    }
+    if (notices.size() > mostShown) {
+        const std::string rest = std::to_string(notices.size() - mostShown);
+        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
+    }
+    m_context.dialogs.show({MessageIcon::Information, BilingualText::same("sounds.txt"), text});
+}
+
+void FmSFX::fillWadChooser()
+{
+    m_controls.CbTWad->clear();
+    const std::vector<WadReference>& references = m_references.all();
+    for (std::size_t i = m_references.builtInCount(); i < references.size(); ++i) {
+        m_controls.CbTWad->addItem(fromCodePage(references[i].wadName));
+    }
+    selectWad(m_references.findUserWad(m_settings.lastWad) ? m_settings.lastWad : std::string());
+}
+
+void FmSFX::selectWad(const std::string& wadName)
+{
+    const WadReference* const reference = wadName.empty() ? nullptr : m_references.findWad(wadName);
+    m_wad = reference ? CurrentWad{reference->wadName, reference->letter, reference->title} : CurrentWad();
+    m_controls.CbTWad->setCurrentIndex(m_controls.CbTWad->findText(fromCodePage(m_wad.wadName)));
+    m_controls.TxWAD->setText(fromCodePage(m_wad.wadName));
+    m_controls.TxLett->setText(fromCodePage(m_wad.letter));
+    m_controls.TxTitre->setText(fromCodePage(m_wad.title));
+    fillLetters();
+    showTitle();
+}
+
+// Selecting a line
+
+void FmSFX::currentRowChanged()
+{
+    if (m_selecting) {
+        return;
+    }
+    if (m_editor.edited()) {
+        // The mouse button is still down in the list: ask when it has finished with the click.
+        QTimer::singleShot(0, this, &FmSFX::leaveForCurrentRow);
+        return;
+    }
+    selectLine(m_sounds->numberAt(m_controls.LiSFX->currentIndex()));
+}
+
+void FmSFX::leaveForCurrentRow()
+{
+    const std::optional<std::size_t> wanted = m_sounds->numberAt(m_controls.LiSFX->currentIndex());
+    if (wanted == m_editor.selected()) {
+        return;
+    }
+    const std::optional<std::size_t> left = m_editor.selected();
+    const bool mayLeave = m_editor.mayLeave(m_context.dialogs);
+    if (left) {
+        m_sounds->refresh(*left);
+    }
+    if (mayLeave) {
+        selectLine(wanted);
+    } else {
+        const Flagged selecting(m_selecting);
+        m_controls.LiSFX->setCurrentIndex(left ? m_sounds->indexOf(*left) : QModelIndex());
+        showSelectedLine();
+    }
+}
+
+void FmSFX::selectFirstLine()
+{
+    const Flagged selecting(m_selecting);
+    const QModelIndex first = m_sounds->index(0);
+    m_controls.LiSFX->setCurrentIndex(first);
+    m_controls.LiSFX->scrollToTop();
+    selectLine(m_sounds->numberAt(first));
+}
+
+void FmSFX::selectLine(std::optional<std::size_t> number)
+{
+    m_editor.select(number);
+    showSelectedLine();
+    if (number && m_catalogue.isProtected(*number)) {
+        QTimer::singleShot(0, this, &FmSFX::showProtectedRefusal);
+    }
+}
+
+void FmSFX::showProtectedRefusal()
+{
+    m_context.dialogs.show({MessageIcon::Exclamation,
+                            {"Select", "Sélection"},
+                            {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}});
+}
+
+void FmSFX::showSelectedLine()
+{
+    enableLineControls(m_editor.canEdit());
+    fillLineTexts();
+    fillValues();
+    fillFlags();
+    fillSamples();
+    fillLetters();
+    showPending();
+}
+
+void FmSFX::enableLineControls(bool enable)
+{
+    const FmSFXControls& c = m_controls;
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{c.CdValidW, c.CdRestore, c.CdCopyLine, c.TxSamp}) {
+        control->setEnabled(enable);
+    }
+    for (QLineEdit* const box : c.values) {
+        box->setEnabled(enable);
+    }
+    for (QCheckBox* const box : c.flags) {
+        box->setEnabled(enable);
+    }
+}
+
+void FmSFX::fillLineTexts()
+{
+    const bool shown = m_editor.canEdit();
+    const std::size_t number = m_editor.selected().value_or(0);
+    m_controls.TxOrig->setPlainText(shown ? fromCodePage(m_catalogue.originalLine(number)) : QString());
+    m_controls.TxModif->setPlainText(shown ? fromCodePage(m_catalogue.currentLine(number)) : QString());
+    m_controls.TxModif->horizontalScrollBar()->setValue(0);
+    m_controls.TxLine->setText(shown ? QString::number(m_catalogue.lineInFile(number)) : QString());
+}
+
+void FmSFX::fillValues()
+{
+    const Flagged filling(m_filling);
+    for (const ValueBox box : allValueBoxes) {
+        m_controls.value(box)->setText(fromCodePage(boxFromField(box, fieldOf(m_editor.record(), box))));
+    }
+}
+
+void FmSFX::fillFlags()
+{
+    const Flagged filling(m_filling);
+    for (const LineFlag flag : allLineFlags) {
+        m_controls.flag(flag)->setChecked(m_editor.hasFlag(flag));
+    }
+}
+
+void FmSFX::fillSamples()
+{
+    const SoundLine& record = m_editor.record();
+    m_controls.LiSamp->clear();
+    m_controls.TxSamp->clear();
+    for (std::size_t i = 0; i < record.sampleCount(); ++i) {
+        m_controls.LiSamp->addItem(fromCodePage(record.Samples[i]));
+    }
+    m_controls.LiSamp->setCurrentRow(0);
+}
+
+void FmSFX::fillLetters()
+{
+    m_controls.LiWAD->clear();
+    for (const std::string& entry : letterEntries(m_editor.record(), m_references, m_wad)) {
+        m_controls.LiWAD->addItem(fromCodePage(entry));
+    }
+}
+
+// After a command changed the selected line.
+void FmSFX::refreshLine()
+{
+    if (const std::optional<std::size_t> number = m_editor.selected()) {
+        m_sounds->refresh(*number);
+    }
+    showSelectedLine();
+}
+
+void FmSFX::showPending()
+{
+    const bool pending = m_catalogue.pending();
+    drawAttention(*m_controls.CdApply, pending);
+    drawAttention(*m_controls.CdValidW, m_editor.edited());
+    m_controls.LbPending->setText(
+        pending ? inLanguage({"Modifications not yet applied", "Modifications non encore appliquées"},
+                             m_settings.language)
+                : QString());
+}
+
+// Editing values and flags
+
+void FmSFX::valueChanged(ValueBox box)
+{
+    if (m_filling) {
+        return;
+    }
+    QLineEdit* const edit = m_controls.value(box);
+    const QString typed = edit->text();
+    const QString corrected = fromCodePage(m_editor.setValue(box, toCodePage(typed), edit->hasFocus()));
+    if (corrected != typed) {
+        const Flagged filling(m_filling);
+        edit->setText(corrected);
+        edit->selectAll(); // the next digit replaces what the correction put there
+    }
+    showPending();
+}
+
+// A sign alone may stand in the pitch only while the user is typing.
+void FmSFX::valueLeft(ValueBox box)
+{
+    const Flagged filling(m_filling);
+    QLineEdit* const edit = m_controls.value(box);
+    edit->setText(fromCodePage(m_editor.setValue(box, toCodePage(edit->text()), false)));
+}
+
+void FmSFX::flagChanged(LineFlag flag, bool on)
+{
+    if (m_filling) {
+        return;
+    }
+    m_editor.setFlag(flag, on);
+    fillFlags();
+    showPending();
+}
+
+// Commands
+
+void FmSFX::acceptValues()
+{
+    if (m_editor.accept(m_context.dialogs)) {
+        refreshLine();
+    }
+}
+
+void FmSFX::restoreSelectedLine()
+{
+    if (!m_editor.canEdit()) {
+        return;
+    }
+    const std::size_t number = *m_editor.selected();
+    if (restoreLine(m_catalogue, number, m_context.dialogs)) {
+        m_editor.select(number);
+        refreshLine();
+    }
+}
+
+void FmSFX::apply()
+{
+    if (!m_editor.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    if (applyChanges(m_catalogue, {m_context.programFolder, m_wad.wadName}, m_context.dialogs)) {
+        showInfo({"[sounds.txt] is written", "[sounds.txt] est écrit"});
+    }
+    refreshLine();
+}
+
+void FmSFX::copyLine()
+{
+    if (m_editor.canEdit()) {
+        QApplication::clipboard()->setText(fromCodePage(m_catalogue.currentLine(*m_editor.selected())));
+        showInfo({"Line copied", "Ligne copiée"});
+    }
+}
+
+void FmSFX::editInNotepad()
+{
+    const BilingualText title("Notepad", "Bloc note");
+    if (!m_editor.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    refreshLine();
+    if (m_catalogue.pending()) {
+        m_context.dialogs.show(
+            {MessageIcon::Information,
+             title,
+             {"Modifications are not yet applied: the file does not hold them. Apply them first.",
+              "Des modifications ne sont pas encore appliquées : le fichier ne les contient pas. "
+              "Appliquez-les d'abord."}});
+        return;
+    }
+    const std::filesystem::path file = fileIn(m_paths.creator, soundsFileName);
+    if (!m_context.programs.editText(file, m_settings.notepadMode)) {
+        m_context.dialogs.show({MessageIcon::Exclamation, title,
+                                BilingualText("No text editor could be started for\n",
+                                              "Aucun éditeur de texte n'a pu être lancé pour\n") +
+                                    displayPath(file)});
+        return;
+    }
+    const Question reload{title,
+                          {"Reload [sounds.txt]\nand reboot program",
+                           "Faut-il recharger le fichier sounds.txt\net réinitialiser le programme"},
+                          Buttons::YesNo};
+    if (m_context.dialogs.ask(reload) == Answer::Yes) {
+        load();
+    }
+}
+
+void FmSFX::showOrHideGlobals()
+{
+    if (!m_editor.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    const std::optional<std::size_t> selected = m_editor.selected();
+    m_showGlobals = !m_showGlobals;
+    const Flagged selecting(m_selecting);
+    m_sounds->rebuild(m_showGlobals);
+    const QModelIndex index = selected ? m_sounds->indexOf(*selected) : QModelIndex();
+    if (!index.isValid()) {
+        selectFirstLine();
+        return;
+    }
+    m_controls.LiSFX->setCurrentIndex(index);
+    m_controls.LiSFX->scrollTo(index);
+    showSelectedLine();
+}
+
+void FmSFX::search()
+{
+    const LineSearch wanted{toCodePage(m_controls.TxSearch->text()),
+                            m_controls.OpUp->isChecked() ? SearchDirection::Up : SearchDirection::Down,
+                            m_controls.CkCase->isChecked()};
+    if (wanted.text.empty()) {
+        m_controls.TxSearch->setFocus();
+        return;
+    }
+    const std::optional<std::size_t> found =
+        fitsCodePage(m_controls.TxSearch->text())
+            ? findNextLine(m_catalogue, m_sounds->numbers(), m_editor.selected(), wanted)
+            : std::nullopt;
+    if (!found) {
+        showInfo(BilingualText("No more line with [", "Plus de ligne avec [") +
+                 m_controls.TxSearch->text().toStdString() + "]");
+        return;
+    }
+    showInfo({});
+    m_controls.LiSFX->setCurrentIndex(m_sounds->indexOf(*found));
+    m_controls.LiSFX->scrollTo(m_controls.LiSFX->currentIndex(), QAbstractItemView::PositionAtCenter);
+}
+
+// Closing
+
+bool FmSFX::mayClose()
+{
+    if (!m_editor.mayLeave(m_context.dialogs)) {
+        return false;
+    }
+    refreshLine();
+    if (!m_catalogue.pending()) {
+        return true;
+    }
+    const Question question{{"Quit", "Quitter"},
+                            {"Modifications not applied. Would you like to quit anyway",
+                             "Des modifications n'ont pas été appliquées. Voulez-vous quitter quand même"},
+                            Buttons::YesNo};
+    return m_context.dialogs.ask(question) == Answer::Yes;
+}
+
+void FmSFX::closeEvent(QCloseEvent* event)
+{
+    if (!mayClose()) {
+        event->ignore();
+        return;
+    }
+    saveSettings();
+    event->accept();
+}
+
+void FmSFX::saveSettings()
+{
+    m_settings.lastLetter = m_wad.letter;
+    m_settings.lastWad = m_wad.wadName;
+    Problem problem =
+        m_settingsDamaged ? keepDamagedSettings(m_context.programFolder) : std::optional<Failure>();
+    if (!problem) {
+        problem = SaveSettings(m_context.programFolder, m_settings);
+    }
+    if (problem) {
+        m_context.dialogs.show({MessageIcon::Exclamation, {"Quit", "Quitter"}, problem->text});
+    }
+}
+
+} // namespace tavrel

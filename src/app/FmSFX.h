@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/FmSFXControls.h"
+#include "app/ProgramSettings.h"
+#include "app/StartUp.h"
+#include "base/Dialogs.h"
+#include "base/Programs.h"
+#include "catalogue/LineEditor.h"
+#include "catalogue/LineSearch.h"
+#include "catalogue/SoundCatalogue.h"
+#include "references/LetterList.h"
+#include "references/ReferenceRegister.h"
+#include "ui/TitledWindow.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+namespace tavrel {
+
+class SoundListModel;
+
+// What the main window needs from the program around it.
+struct FmSFXContext
+{
+    std::filesystem::path programFolder;
+    Dialogs& dialogs;
+    Programs& programs;
+    std::function<void(Language)> languageChanged; // for the boxes and whatever else stands outside
+};
+
+// The main window: the sound list, the selected line, and the doors to everything else.
+class FmSFX : public TitledWindow
+{
+    Q_OBJECT
+
+public:
+    FmSFX(const FmSFXContext& context, const StartedSession& session);
+
+    // Reads the catalogue and its register, and selects the first sound.
+    void load();
+
+    const SoundCatalogue& catalogue() const { return m_catalogue; }
+    const ProgramSettings& settings() const { return m_settings; }
+
+protected:
+    void reject() override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void connectControls();
+    void connectLineControls();
+    void disableLaterControls();
+    void addShortcut(const QKeySequence& keys, QWidget& control);
+    void showLanguage();
+    void showTitle();
+    void showInfo(const BilingualText& text);
+    void applyMainColours();
+
+    bool loadFiles();
+    void showNotices(const std::vector<Failure>& notices);
+    void fillWadChooser();
+    void selectWad(const std::string& wadName);
+
+    void currentRowChanged();
+    void leaveForCurrentRow();
+    void selectFirstLine();
+    void selectLine(std::optional<std::size_t> number);
+    void showSelectedLine();
+    void showProtectedRefusal();
+    void fillLineTexts();
+    void fillValues();
+    void fillFlags();
+    void fillSamples();
+    void fillLetters();
+    void refreshLine();
+    void enableLineControls(bool enable);
+    void showPending();
+
+    void valueChanged(ValueBox box);
+    void valueLeft(ValueBox box);
+    void flagChanged(LineFlag flag, bool on);
+
+    void acceptValues();
+    void restoreSelectedLine();
+    void apply();
+    void copyLine();
+    void editInNotepad();
+    void showOrHideGlobals();
+    void search();
+    bool mayClose();
+    void saveSettings();
+
+    FmSFXContext m_context;
+    ProgramSettings m_settings;
+    bool m_settingsDamaged;
+    LevelEditorPaths m_paths;
+    SoundCatalogue m_catalogue;
+    ReferenceRegister m_references;
+    CurrentWad m_wad;
+    LineEditor m_editor;
+    SoundListModel* m_sounds;
+    FmSFXControls m_controls;
+    bool m_showGlobals = true;
+    bool m_filling = false;   // boxes are filled from a line, not by the user
+    bool m_selecting = false; // the selection is put back or moved by the program
+    BilingualText m_info;
+};
+
+} // namespace tavrel

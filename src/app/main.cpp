@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/FmLanguage.h"
+#include "app/FmSFX.h"
+#include "app/StartUp.h"
+#include "ui/Icons.h"
+#include "ui/QtDialogs.h"
+#include "ui/QtPrograms.h"
+#include "ui/Theme.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The texts that Qt brings itself: file dialogs, the menus of text boxes.
+void installTranslation(QTranslator& translator, tavrel::Language language)
+{
+    QCoreApplication::removeTranslator(&translator);
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (language == tavrel::Language::French && translator.load("qtbase_fr", folder)) {
+        QCoreApplication::installTranslator(&translator);
+    }
+}
+
+fs::path programFolderFrom(const QCommandLineParser& parser, const QCommandLineOption& option)
+{
+    const QString folder =
+        parser.isSet(option) ? parser.value(option) : QCoreApplication::applicationDirPath();
+    return fs::absolute(folder.toStdU16String());
+}
+
+std::optional<tavrel::Language> askForLanguage()
+{
+    tavrel::FmLanguage window;
+    return window.exec() == QDialog::Accepted ? std::optional(window.language()) : std::nullopt;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName("Tavrel");
+    QCoreApplication::setApplicationVersion(TAVREL_VERSION);
+    QApplication::setWindowIcon(tavrel::programIcon());
+    tavrel::applyTheme(application);
+
+    QCommandLineParser parser;
+    const QCommandLineOption programFolderOption(
+        "program-folder", "Where the settings and working files are; usually the program's own folder.",
+        "dir");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption(programFolderOption);
+    parser.process(application);
+    const fs::path programFolder = programFolderFrom(parser, programFolderOption);
+
+    tavrel::QtDialogs dialogs;
+    tavrel::QtPrograms programs;
+    QTranslator translator;
+    const auto speak = [&dialogs, &translator](tavrel::Language language) {
+        dialogs.setLanguage(language);
+        installTranslation(translator, language);
+    };
+    // Between the windows of the first start there are moments without any.
+    QApplication::setQuitOnLastWindowClosed(false);
+    const auto session = tavrel::startSession({programFolder, dialogs, programs, askForLanguage, speak});
+    if (!session) {
+        return EXIT_SUCCESS;
+    }
+    QApplication::setQuitOnLastWindowClosed(true);
+
+    tavrel::FmSFX window({programFolder, dialogs, programs, speak}, *session);
+    window.show();
+    const auto paths = tavrel::derivePaths(session->settings.LevelEditorFolder);
+    if (const auto warning = tavrel::writabilityWarning(programFolder, paths)) {
+        dialogs.show(*warning);
+    }
+    window.load();
+    return QApplication::exec();
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/BilingualText.h"
+
+#include <span>
+
+class QWidget;
+
+namespace tavrel {
+
+// What a control says, found by its object name. An empty text leaves the control's own (an icon, a value).
+struct Caption
+{
+    const char* control;
+    BilingualText text;
+    BilingualText toolTip;
+};
+
+// Switches a window to a language by walking its table.
+void showCaptions(QWidget& window, std::span<const Caption> captions, Language language);
+
+} // namespace tavrel

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/ColourScheme.h"
+
+#include <QColor>
+
+class QWidget;
+
+namespace tavrel {
+
+QColor colourFrom(ColourValue value);
+
+// Paints a list or text area with a slot of the scheme.
+void paintWith(QWidget& area, const ColourPair& pair);
+
+} // namespace tavrel

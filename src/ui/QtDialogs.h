@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Dialogs.h"
+
+class QWidget;
+
+namespace tavrel {
+
+// Boxes and file dialogs over the window in which the user is working.
+class QtDialogs : public Dialogs
+{
+public:
+    void setLanguage(Language language) { m_language = language; }
+
+    void show(const Message& message) override;
+    Answer ask(const Question& question) override;
+    std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) override;
+
+private:
+    Language m_language = Language::English;
+};
+
+} // namespace tavrel

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/Text.h"
+
+#include "base/CodePage.h"
+
+namespace tavrel {
+
+QString fromCodePage(std::string_view bytes)
+{
+    return QString::fromStdString(utf8FromCodePage(bytes));
+}
+
+std::string toCodePage(const QString& text)
+{
+    return codePageFromUtf8(text.toStdString()).bytes;
+}
+
+bool fitsCodePage(const QString& text)
+{
+    return codePageFromUtf8(text.toStdString()).exact;
+}
+
+QString inLanguage(const BilingualText& text, Language language)
+{
+    return QString::fromStdString(text.in(language));
+}
+
+} // namespace tavrel

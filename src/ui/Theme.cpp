@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/Theme.h"
+
+#include "ui/Icons.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPainter>
+#include <QPalette>
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace {
+
+constexpr int textPixels = 12;
+
+QPalette darkPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, theme::window);
+    palette.setColor(QPalette::WindowText, theme::text);
+    palette.setColor(QPalette::Base, QColor(0x1F, 0x21, 0x24));
+    palette.setColor(QPalette::AlternateBase, theme::panel);
+    palette.setColor(QPalette::Text, theme::text);
+    palette.setColor(QPalette::PlaceholderText, theme::mutedText);
+    palette.setColor(QPalette::Button, QColor(0x3A, 0x3E, 0x45));
+    palette.setColor(QPalette::ButtonText, theme::text);
+    palette.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xDF));
+    palette.setColor(QPalette::ToolTipText, theme::accentText);
+    palette.setColor(QPalette::Highlight, theme::accent);
+    palette.setColor(QPalette::HighlightedText, theme::accentText);
+    palette.setColor(QPalette::Link, theme::accent);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(0x7C, 0x7B, 0x73));
+    }
+    return palette;
+}
+
+// Fusion's boxes and options drown in a dark window.
+class TavrelStyle : public QProxyStyle
+{
+public:
+    TavrelStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton) {
+            drawIndicator(element == PE_IndicatorRadioButton, *option, *painter);
+        } else {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+    }
+
+private:
+    static void drawIndicator(bool isRound, const QStyleOption& option, QPainter& painter)
+    {
+        const bool enabled = option.state.testFlag(State_Enabled);
+        const bool focused = option.state.testFlag(State_HasFocus) || option.state.testFlag(State_MouseOver);
+        const QColor frame = !enabled ? QColor(0x4A, 0x4E, 0x56) : focused ? theme::accent : theme::mutedText;
+        const QColor mark = enabled ? theme::accent : QColor(0x7C, 0x7B, 0x73);
+        const int side = std::min(option.rect.width(), option.rect.height());
+        QRectF box(0, 0, side, side);
+        box.moveCenter(QRectF(option.rect).center());
+        box.adjust(0.5, 0.5, -0.5, -0.5);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(frame);
+        painter.setBrush(QColor(0x1F, 0x21, 0x24));
+        const qreal corner = isRound ? box.width() / 2 : 2.5;
+        painter.drawRoundedRect(box, corner, corner);
+        if (option.state.testFlag(State_On)) {
+            if (isRound) {
+                painter.setPen(Qt::NoPen);
+                painter.setBrush(mark);
+                painter.drawEllipse(box.center(), box.width() / 4, box.width() / 4);
+            } else {
+                glyphIcon(Glyph::Accept, mark).paint(&painter, box.toAlignedRect());
+            }
+        }
+        painter.restore();
+    }
+};
+
+// Colours of the lists come from the user's scheme by palette, so their background is not set here.
+constexpr const char* styleSheet = R"(
+QToolTip { background: #FFFFDF; color: #1B1C1F; border: 1px solid #17181B; padding: 2px 4px; }
+
+QPushButton {
+    background: #3A3E45; color: #EEECDA; border: 1px solid #17181B; border-radius: 4px; padding: 3px 8px;
+}
+QPushButton:hover { background: #474C55; }
+QPushButton:pressed { background: #2A2D32; }
+QPushButton:focus { border-color: #E8A33D; }
+QPushButton:disabled { background: #303338; color: #7C7B73; border-color: #232529; }
+QPushButton[attention="true"] { background: #5A4522; border-color: #E8A33D; }
+QPushButton[attention="true"]:hover { background: #6B5328; }
+QPushButton[row="true"] { text-align: left; padding: 3px 6px; }
+QPushButton[iconOnly="true"] { padding: 3px; min-width: 22px; }
+QPushButton[frameless="true"] { background: transparent; border: 1px solid transparent; }
+QPushButton[frameless="true"]:hover { background: #474C55; }
+QPushButton[frameless="true"]:focus { border-color: #E8A33D; }
+
+QLineEdit {
+    background: #1F2124; color: #EEECDA; border: 1px solid #17181B; border-radius: 3px; padding: 2px 4px;
+    selection-background-color: #E8A33D; selection-color: #1B1C1F;
+}
+QLineEdit:focus { border-color: #E8A33D; }
+QLineEdit:read-only { background: #2A2D31; }
+QLineEdit:disabled { background: #2A2D31; color: #7C7B73; border-color: #232529; }
+
+QListView, QPlainTextEdit { border: 1px solid #17181B; border-radius: 3px; outline: none; }
+QListView:focus, QPlainTextEdit:focus { border-color: #E8A33D; }
+QListWidget::item, QListWidget::item:selected { padding: 1px 3px; border: none; }
+QListWidget::item:selected { background: #E8A33D; color: #1B1C1F; }
+
+QComboBox {
+    background: #3A3E45; color: #EEECDA; border: 1px solid #17181B; border-radius: 3px; padding: 2px 6px;
+}
+QComboBox:focus { border-color: #E8A33D; }
+QComboBox:disabled { background: #303338; color: #7C7B73; border-color: #232529; }
+QComboBox QAbstractItemView { background: #1F2124; color: #EEECDA; }
+
+QScrollBar:vertical { background: #232529; width: 12px; margin: 0; }
+QScrollBar:horizontal { background: #232529; height: 8px; margin: 0; }
+QScrollBar::handle { background: #545962; border-radius: 3px; margin: 2px; min-width: 24px; min-height: 24px; }
+QScrollBar::handle:hover { background: #6A707B; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+
+QLabel[muted="true"] { color: #A3A194; }
+QLabel[heading="true"] { color: #E8A33D; }
+)";
+
+} // namespace
+
+void applyTheme(QApplication& application)
+{
+    QApplication::setStyle(new TavrelStyle);
+    QApplication::setPalette(darkPalette());
+    QFont font = QApplication::font();
+    font.setPixelSize(textPixels);
+    QApplication::setFont(font);
+    application.setStyleSheet(styleSheet);
+}
+
+QFont fixedPitchFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(textPixels);
+    return font;
+}
+
+} // namespace tavrel

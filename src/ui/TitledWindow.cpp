@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/TitledWindow.h"
+
+#include "ui/Icons.h"
+#include "ui/Theme.h"
+#include "ui/TitleImage.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace tavrel {
+
+namespace {
+
+constexpr int keyboardStep = 20;
+
+} // namespace
+
+TitledWindow::TitledWindow(QWidget* parent)
+    : QDialog(parent, Qt::Window | Qt::FramelessWindowHint), m_titleRow(new QHBoxLayout),
+      m_content(new QVBoxLayout)
+{
+    setWindowIcon(programIcon());
+    auto* const outer = new QVBoxLayout(this);
+    outer->setContentsMargins(1, 1, 1, 1);
+    outer->setSpacing(0);
+    m_titleRow->setContentsMargins(0, 0, 0, 0);
+    m_titleRow->addWidget(new TitleImage(this), 1);
+    outer->addLayout(m_titleRow);
+    outer->addLayout(m_content, 1);
+
+    addMoveShortcut(Qt::Key_Left, {-keyboardStep, 0});
+    addMoveShortcut(Qt::Key_Right, {keyboardStep, 0});
+    addMoveShortcut(Qt::Key_Up, {0, -keyboardStep});
+    addMoveShortcut(Qt::Key_Down, {0, keyboardStep});
+    auto* const closing = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_F4), this);
+    connect(closing, &QShortcut::activated, this, &QWidget::close);
+}
+
+void TitledWindow::addMoveShortcut(Qt::Key arrow, QPoint step)
+{
+    auto* const shortcut = new QShortcut(QKeySequence(Qt::SHIFT | Qt::ALT | arrow), this);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { move(pos() + step); });
+}
+
+void TitledWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), theme::window);
+    painter.setPen(QColor(0x4A, 0x4E, 0x56));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace tavrel

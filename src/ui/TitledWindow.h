@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace tavrel {
+
+// A window without the system's title bar: a title image to drag it by, and the keyboard to move it
+// (Shift+Alt and an arrow key) and to close it (Alt+F4, Esc in secondary windows).
+class TitledWindow : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit TitledWindow(QWidget* parent = nullptr);
+
+protected:
+    // Beside the title image.
+    QHBoxLayout& titleRow() { return *m_titleRow; }
+    // Below it.
+    QVBoxLayout& content() { return *m_content; }
+
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void addMoveShortcut(Qt::Key arrow, QPoint step);
+
+    QHBoxLayout* m_titleRow;
+    QVBoxLayout* m_content;
+};
+
+} // namespace tavrel
