@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Icons.h"
+#include "ui/Icons.h"
 
 #include <QIconEngine>
 #include <QPainter>
@@ -118,6 +118,9 @@ constexpr auto drawings = std::to_array<Drawing>({
     {Glyph::PanelClosed, "M8.25 5.25 L14.25 11.25 L8.25 17.25"},
     {Glyph::Close, "M5.25 5.25 L18.75 18.75 M18.75 5.25 L5.25 18.75"},
     {Glyph::Proceed, "O11.25 11.25 9 M11.25 6.75 V15.75 M6.75 11.25 H15.75"},
+    {Glyph::Information, "O11.25 11.25 9 M11.25 11.25 V15.75", "O11.25 7.2 1.2"},
+    {Glyph::Exclamation, "M11.25 2.25 L21 19.5 H1.5 Z M11.25 8.25 V12.75", "O11.25 15.9 1.2"},
+    {Glyph::Critical, "O11.25 11.25 9 M8.25 8.25 L14.25 14.25 M14.25 8.25 L8.25 14.25"},
 });
 
 constexpr bool drawingsFollowGlyphs()
@@ -127,7 +130,7 @@ constexpr bool drawingsFollowGlyphs()
             return false;
         }
     }
-    return static_cast<Glyph>(drawings.size() - 1) == Glyph::Proceed;
+    return static_cast<Glyph>(drawings.size() - 1) == Glyph::Critical;
 }
 static_assert(drawingsFollowGlyphs(), "drawings are looked up by the number of their glyph");
 

@@ -40,6 +40,9 @@ enum class Glyph {
     PanelClosed,
     Close,
     Proceed,
+    Information,
+    Exclamation,
+    Critical,
 };
 
 // An icon drawn from vectors: sharp at every size. Disabled controls get it faded.

@@ -2,77 +2,30 @@
 #include "ui/QtDialogs.h"
 
 #include "base/CodePage.h"
+#include "ui/MessageWindow.h"
 #include "ui/Text.h"
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QStandardPaths>
 
-#include <array>
+#include <vector>
 
 namespace tavrel {
 
 namespace {
 
-QMessageBox::Icon boxIcon(MessageIcon icon)
-{
-    switch (icon) {
-    case MessageIcon::Question:
-        return QMessageBox::Question;
-    case MessageIcon::Exclamation:
-        return QMessageBox::Warning;
-    case MessageIcon::Critical:
-        return QMessageBox::Critical;
-    case MessageIcon::Information:
-        break;
-    }
-    return QMessageBox::Information;
-}
-
-struct AnswerButton
-{
-    Answer answer;
-    QMessageBox::StandardButton button;
-    BilingualText caption;
-};
-
-const std::array<AnswerButton, 4>& answerButtons()
-{
-    static const std::array<AnswerButton, 4> buttons = {{
-        {Answer::Yes, QMessageBox::Yes, {"&Yes", "&Oui"}},
-        {Answer::No, QMessageBox::No, {"&No", "&Non"}},
-        {Answer::Ok, QMessageBox::Ok, {"&OK", "&OK"}},
-        {Answer::Cancel, QMessageBox::Cancel, {"&Cancel", "&Annuler"}},
-    }};
-    return buttons;
-}
-
-QMessageBox::StandardButtons boxButtons(Buttons buttons)
+std::vector<Answer> offeredAnswers(Buttons buttons)
 {
     switch (buttons) {
     case Buttons::OkCancel:
-        return QMessageBox::Ok | QMessageBox::Cancel;
+        return {Answer::Ok, Answer::Cancel};
     case Buttons::YesNo:
-        return QMessageBox::Yes | QMessageBox::No;
+        return {Answer::Yes, Answer::No};
     case Buttons::YesNoCancel:
         break;
     }
-    return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-}
-
-void setUp(QMessageBox& box, const BilingualText& title, const BilingualText& text, Language language)
-{
-    box.setTextFormat(Qt::PlainText);
-    box.setWindowTitle(inLanguage(title, language));
-    box.setText(inLanguage(text, language));
-    for (const AnswerButton& entry : answerButtons()) {
-        if (auto* const button = qobject_cast<QPushButton*>(box.button(entry.button))) {
-            button->setText(inLanguage(entry.caption, language));
-            button->setIcon({});
-        }
-    }
+    return {Answer::Yes, Answer::No, Answer::Cancel};
 }
 
 QString existingFolder(const std::filesystem::path& folder)
@@ -87,33 +40,22 @@ QString existingFolder(const std::filesystem::path& folder)
 
 void QtDialogs::show(const Message& message)
 {
-    QMessageBox box(QApplication::activeWindow());
-    box.setIcon(boxIcon(message.icon));
-    box.setStandardButtons(QMessageBox::Ok);
-    setUp(box, message.title, message.text, m_language);
-    box.exec();
+    MessageWindow window(QApplication::activeWindow(), message.icon, inLanguage(message.title, m_language),
+                         inLanguage(message.text, m_language));
+    const Answer ok[] = {Answer::Ok};
+    window.offer(ok, Answer::Ok, m_language);
+    window.run(Answer::Ok);
 }
 
 Answer QtDialogs::ask(const Question& question)
 {
-    QMessageBox box(QApplication::activeWindow());
-    box.setIcon(QMessageBox::Question);
-    box.setStandardButtons(boxButtons(question.buttons));
-    const bool hasCancel = question.buttons != Buttons::YesNo;
-    box.setEscapeButton(hasCancel ? QMessageBox::Cancel : QMessageBox::No);
-    const QMessageBox::StandardButton agreement =
-        question.buttons == Buttons::OkCancel ? QMessageBox::Ok : QMessageBox::Yes;
-    const QMessageBox::StandardButton refusal =
-        question.buttons == Buttons::OkCancel ? QMessageBox::Cancel : QMessageBox::No;
-    box.setDefaultButton(question.refusalIsDefault ? refusal : agreement);
-    setUp(box, question.title, question.text, m_language);
-    const int pressed = box.exec();
-    for (const AnswerButton& entry : answerButtons()) {
-        if (entry.button == pressed) {
-            return entry.answer;
-        }
-    }
-    return hasCancel ? Answer::Cancel : Answer::No;
+    MessageWindow window(QApplication::activeWindow(), MessageIcon::Question,
+                         inLanguage(question.title, m_language), inLanguage(question.text, m_language));
+    const std::vector<Answer> answers = offeredAnswers(question.buttons);
+    const Answer refusal = question.buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+    const Answer cautious = question.buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
+    window.offer(answers, question.refusalIsDefault ? cautious : answers.front(), m_language);
+    return window.run(refusal);
 }
 
 std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestion& question)

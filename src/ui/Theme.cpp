@@ -96,7 +96,7 @@ QPushButton {
 }
 QPushButton:hover { background: #474C55; }
 QPushButton:pressed { background: #2A2D32; }
-QPushButton:focus { border-color: #E8A33D; }
+QPushButton:focus, QPushButton:default { border-color: #E8A33D; }
 QPushButton:disabled { background: #303338; color: #7C7B73; border-color: #232529; }
 QPushButton[attention="true"] { background: #5A4522; border-color: #E8A33D; }
 QPushButton[attention="true"]:hover { background: #6B5328; }

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tavrel {
@@ -26,14 +27,15 @@ bool systemMovesWindows()
     return QGuiApplication::platformName().startsWith("wayland");
 }
 
-// A row of sound bars that fades out to both sides.
+// A row of sound bars that fades out to both sides, where the title leaves it room.
 void paintWave(QPainter& painter, const QRect& area)
 {
     constexpr int step = 5;
-    constexpr int bars = 44;
+    constexpr int mostBars = 44;
+    const int bars = std::min(mostBars, (area.width() - 2 * margin) / step);
     constexpr int levels[] = {3, 5, 9, 6, 12, 8, 4, 10, 14, 7, 5};
     for (int i = 0; i < bars; ++i) {
-        const float fromMiddle = std::abs(2.0F * static_cast<float>(i) / bars - 1.0F);
+        const float fromMiddle = std::abs(2.0F * static_cast<float>(i) / static_cast<float>(bars) - 1.0F);
         QColor colour = theme::accent;
         colour.setAlphaF(0.4F * (1.0F - fromMiddle));
         const int level = levels[i % std::size(levels)];
@@ -64,7 +66,6 @@ void TitleImage::paintEvent(QPaintEvent* /*event*/)
     gradient.setColorAt(0, QColor(0x3B, 0x3F, 0x46));
     gradient.setColorAt(1, theme::window);
     painter.fillRect(rect(), gradient);
-    paintWave(painter, rect());
     const QRect icon(margin, (rect().height() - iconSize) / 2, iconSize, iconSize);
     programIcon().paint(&painter, icon);
     QFont font = this->font();
@@ -72,8 +73,10 @@ void TitleImage::paintEvent(QPaintEvent* /*event*/)
     font.setBold(true);
     painter.setFont(font);
     painter.setPen(theme::text);
+    QRect title;
     painter.drawText(rect().adjusted(icon.right() + margin, 0, -margin, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                     window()->windowTitle());
+                     window()->windowTitle(), &title);
+    paintWave(painter, rect().adjusted(title.right(), 0, 0, 0));
 }
 
 void TitleImage::mousePressEvent(QMouseEvent* event)

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "BenchmarkFolders.h"
+#include "app/FmSFX.h"
+
+#include <QApplication>
+#include <QListView>
+#include <benchmark/benchmark.h>
+
+using namespace tavrel;
+
+namespace {
+
+class NoDialogs : public Dialogs
+{
+public:
+    void show(const Message& /*message*/) override {}
+    Answer ask(const Question& /*question*/) override { return Answer::No; }
+    std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& /*question*/) override
+    {
+        return std::nullopt;
+    }
+};
+
+class NoPrograms : public Programs
+{
+public:
+    bool start(const std::filesystem::path& /*program*/,
+               const std::vector<std::string>& /*arguments*/) override
+    {
+        return false;
+    }
+    bool editText(const std::filesystem::path& /*file*/, WindowMode /*mode*/) override { return false; }
+};
+
+// Proves that the window was painted within the measured time.
+class PaintCounter : public QObject
+{
+public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    benchmark::IterationCount paints = 0;
+};
+
+// From the changed row to the repainted window.
+void selectLine(benchmark::State& state)
+{
+    const BenchmarkFolders folders;
+    folders.growTo(static_cast<std::size_t>(state.range(0)));
+    NoDialogs dialogs;
+    NoPrograms programs;
+    const FmSFXContext context{folders.program, dialogs, programs, [](Language) {}};
+    FmSFX window(context, {LoadSettings(folders.program).settings, false});
+    window.load();
+    window.show();
+    QApplication::processEvents();
+    auto* const list = window.findChild<QListView*>("LiSFX");
+    PaintCounter counter;
+    list->viewport()->installEventFilter(&counter);
+    int row = 0;
+    for (auto _ : state) {
+        row = (row + 1) % 20;
+        list->setCurrentIndex(list->model()->index(row, 0));
+        QApplication::sendPostedEvents(); // repaints what changed
+    }
+    if (counter.paints < state.iterations()) {
+        state.SkipWithError("not painted");
+    }
+}
+BENCHMARK(selectLine)->Arg(370)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+} // namespace

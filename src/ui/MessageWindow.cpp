@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/MessageWindow.h"
+
+#include "ui/Icons.h"
+#include "ui/Text.h"
+#include "ui/Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace {
+
+constexpr int iconSize = 36;
+constexpr int smallestWidth = 340;
+constexpr int widestText = 560;
+constexpr int gap = 14;
+
+QIcon iconOf(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Question:
+        return glyphIcon(Glyph::Help, theme::accent);
+    case MessageIcon::Exclamation:
+        return glyphIcon(Glyph::Exclamation, theme::accent);
+    case MessageIcon::Critical:
+        return glyphIcon(Glyph::Critical, QColor(0xE8, 0x6A, 0x52));
+    case MessageIcon::Information:
+        break;
+    }
+    return glyphIcon(Glyph::Information, theme::text);
+}
+
+BilingualText captionOf(Answer answer)
+{
+    switch (answer) {
+    case Answer::Yes:
+        return {"&Yes", "&Oui"};
+    case Answer::No:
+        return {"&No", "&Non"};
+    case Answer::Cancel:
+        return {"&Cancel", "&Annuler"};
+    case Answer::Ok:
+        break;
+    }
+    return {"&OK", "&OK"};
+}
+
+// Plain text, as wide as it needs to be, up to a width that still reads well.
+QLabel* makeText(const QString& text)
+{
+    auto* const label = new QLabel(text);
+    label->setObjectName("LbText");
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    const int needed = label->sizeHint().width();
+    label->setWordWrap(true);
+    label->setMinimumWidth(std::min(needed, widestText));
+    label->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum);
+    return label;
+}
+
+} // namespace
+
+MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text)
+    : TitledWindow(parent), m_buttons(new QHBoxLayout)
+{
+    setObjectName("FmMessage");
+    setWindowTitle(title);
+    setWindowModality(Qt::ApplicationModal);
+    auto* const picture = new QLabel;
+    picture->setPixmap(iconOf(icon).pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(gap);
+    row->addWidget(picture, 0, Qt::AlignTop);
+    row->addWidget(makeText(text), 1, Qt::AlignVCenter);
+    content().setContentsMargins(gap, gap, gap, gap);
+    content().setSpacing(gap);
+    content().addLayout(row, 1);
+    content().addLayout(m_buttons);
+    m_buttons->addStretch(1);
+    setMinimumWidth(smallestWidth);
+}
+
+void MessageWindow::offer(std::span<const Answer> answers, Answer byDefault, Language language)
+{
+    constexpr int buttonWidth = 84;
+    for (const Answer answer : answers) {
+        auto* const button = new QPushButton(inLanguage(captionOf(answer), language));
+        button->setMinimumWidth(buttonWidth);
+        button->setDefault(answer == byDefault);
+        connect(button, &QPushButton::clicked, this, [this, answer] {
+            m_answer = answer;
+            accept();
+        });
+        m_buttons->addWidget(button);
+        if (answer == byDefault) {
+            button->setFocus();
+        }
+    }
+}
+
+Answer MessageWindow::run(Answer refusal)
+{
+    m_answer = refusal;
+    exec();
+    return m_answer;
+}
+
+} // namespace tavrel

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Message.h"
+#include "ui/TitledWindow.h"
+
+#include <span>
+
+class QHBoxLayout;
+
+namespace tavrel {
+
+// A message or a question in a window of the program's own look. Esc and the keyboard's close are the
+// refusal.
+class MessageWindow : public TitledWindow
+{
+    Q_OBJECT
+
+public:
+    MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
+
+    // From left to right; the default answer is the one that Enter gives.
+    void offer(std::span<const Answer> answers, Answer byDefault, Language language);
+    // Shows the window and waits. Without a choice, `refusal`.
+    Answer run(Answer refusal);
+
+private:
+    QHBoxLayout* m_buttons;
+    Answer m_answer = Answer::Cancel;
+};
+
+} // namespace tavrel
