@@ -6,6 +6,7 @@
 #include "demo/DemoFolder.h"
 
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 
 namespace tavrel {
@@ -32,7 +33,9 @@ public:
         for (std::size_t i = 0; i < lineCount; ++i) {
             text += std::string(lines[i % lines.size()]) + "\r\n";
         }
-        writeFileSafely(creator / "Sounds.txt", text);
+        if (writeFileSafely(creator / "Sounds.txt", text)) {
+            throw std::runtime_error("no sounds.txt");
+        }
     }
 
     std::filesystem::path root = std::filesystem::temp_directory_path() / "tavrel-benchmark";

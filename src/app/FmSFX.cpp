@@ -81,8 +81,8 @@ private:
 
 } // namespace
 
-FmSFX::FmSFX(const FmSFXContext& context, const StartedSession& session)
-    : m_context(context), m_settings(session.settings), m_settingsDamaged(session.settingsDamaged),
+FmSFX::FmSFX(FmSFXContext context, const StartedSession& session)
+    : m_context(std::move(context)), m_settings(session.settings), m_settingsDamaged(session.settingsDamaged),
       m_paths(derivePaths(m_settings.LevelEditorFolder)), m_editor(m_catalogue),
       m_sounds(new SoundListModel(m_catalogue, this)),
       m_controls(layOutMainWindow(*this, titleRow(), content()))
@@ -629,11 +629,8 @@ void FmSFX::saveSettings()
 {
     m_settings.lastLetter = m_wad.letter;
     m_settings.lastWad = m_wad.wadName;
-    Problem problem =
-        m_settingsDamaged ? keepDamagedSettings(m_context.programFolder) : std::optional<Failure>();
-    if (!problem) {
-        problem = SaveSettings(m_context.programFolder, m_settings);
-    }
+    const Problem problem = m_settingsDamaged ? replaceDamagedSettings(m_context.programFolder, m_settings)
+                                              : SaveSettings(m_context.programFolder, m_settings);
     if (problem) {
         m_context.dialogs.show({MessageIcon::Exclamation, {"Quit", "Quitter"}, problem->text});
     }

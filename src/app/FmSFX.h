@@ -36,7 +36,7 @@ class FmSFX : public TitledWindow
     Q_OBJECT
 
 public:
-    FmSFX(const FmSFXContext& context, const StartedSession& session);
+    FmSFX(FmSFXContext context, const StartedSession& session);
 
     // Reads the catalogue and its register, and selects the first sound.
     void load();

@@ -25,6 +25,7 @@ Caption label(const char* control, const BilingualText& text, const BilingualTex
     return {control, text, toolTip};
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table
 std::vector<Caption> captions()
 {
     const BilingualText lineInFile("Line in sounds.txt", "Ligne dans sounds.txt");

@@ -21,14 +21,11 @@ constexpr std::size_t fieldCount = 28;
 constexpr std::size_t firstPanelField = 9;
 constexpr std::size_t firstColourField = 17;
 constexpr ColourValue largestColour = 0xFFFFFF;
-constexpr ColourValue keepsDefault = -1;
 
-// Folders written on another system, or by hand, may have the other separator.
+// A file that was written on Windows has backslashes.
 std::string withSystemSeparators(std::string folder)
 {
-    if (folderSeparator() == '/') {
-        std::ranges::replace(folder, '\\', '/');
-    }
+    std::ranges::replace(folder, '\\', folderSeparator());
     return folder;
 }
 
@@ -38,7 +35,7 @@ bool readColour(const RecordField& value, ColourValue& colour)
     if (!number) {
         return false;
     }
-    if (*number != keepsDefault && *number >= 0 && *number <= largestColour) {
+    if (*number >= 0 && *number <= largestColour) { // -1 stands for the default
         colour = static_cast<ColourValue>(*number);
     }
     return true;
@@ -176,7 +173,7 @@ Problem saveFirstSettings(const fs::path& programFolder, const ProgramSettings& 
     return writeFileSafely(settingsFile(programFolder), writer.bytes());
 }
 
-Problem keepDamagedSettings(const fs::path& programFolder)
+Problem replaceDamagedSettings(const fs::path& programFolder, const ProgramSettings& settings)
 {
     const fs::path file = settingsFile(programFolder);
     const Result<FileContent> content = readFile(file);
@@ -184,7 +181,7 @@ Problem keepDamagedSettings(const fs::path& programFolder)
         return content.failure();
     }
     const Result<fs::path> copy = keepCopyBeside(file, content->bytes);
-    return copy ? Problem() : Problem(copy.failure());
+    return copy ? SaveSettings(programFolder, settings) : Problem(copy.failure());
 }
 
 LevelEditorPaths derivePaths(std::string_view levelEditorFolder)

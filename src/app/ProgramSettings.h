@@ -63,11 +63,14 @@ struct LoadedSettings
 LoadedSettings LoadSettings(const std::filesystem::path& programFolder);
 
 // All 28 fields.
-Problem SaveSettings(const std::filesystem::path& programFolder, const ProgramSettings& settings);
+[[nodiscard]] Problem SaveSettings(const std::filesystem::path& programFolder,
+                                   const ProgramSettings& settings);
 // The file of the first start: where the level editor is.
-Problem saveFirstSettings(const std::filesystem::path& programFolder, const ProgramSettings& settings);
-// Keeps a damaged settings file under another name.
-Problem keepDamagedSettings(const std::filesystem::path& programFolder);
+[[nodiscard]] Problem saveFirstSettings(const std::filesystem::path& programFolder,
+                                        const ProgramSettings& settings);
+// The same, in the place of a damaged file, which is kept under another name first.
+[[nodiscard]] Problem replaceDamagedSettings(const std::filesystem::path& programFolder,
+                                             const ProgramSettings& settings);
 
 // The folders below the level editor's, as they stand on the disk.
 struct LevelEditorPaths

@@ -2,6 +2,7 @@
 #include "app/StartUp.h"
 
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
@@ -107,6 +108,18 @@ std::optional<StartedSession> firstStart(const StartContext& context)
     return session;
 }
 
+void storeChoice(const StartContext& context, StartedSession& session)
+{
+    const Problem problem = session.settingsDamaged
+                                ? replaceDamagedSettings(context.programFolder, session.settings)
+                                : SaveSettings(context.programFolder, session.settings);
+    if (problem) {
+        show(context.dialogs, MessageIcon::Exclamation, problem->text);
+    } else {
+        session.settingsDamaged = false;
+    }
+}
+
 std::optional<StartedSession> laterStart(const StartContext& context)
 {
     LoadedSettings loaded = LoadSettings(context.programFolder);
@@ -115,18 +128,21 @@ std::optional<StartedSession> laterStart(const StartContext& context)
         show(context.dialogs, MessageIcon::Exclamation, loaded.damage->text);
     }
     StartedSession session{std::move(loaded.settings), loaded.damage.has_value()};
-    const std::string& folder = session.settings.LevelEditorFolder;
+    const std::string folder = session.settings.LevelEditorFolder;
     if (!nativePath(folder).is_absolute()) {
         show(context.dialogs, MessageIcon::Exclamation,
-             {"The settings do not say where the level editor is. Please choose it.",
-              "Les paramètres n'indiquent pas où se trouve l'éditeur de niveaux. Veuillez le choisir."});
-        if (!chooseInto(session.settings, context)) {
-            return std::nullopt;
-        }
-    } else if (!isFolder(derivePaths(folder).creator) && wantsAnotherFolder(folder, context.dialogs) &&
-               !chooseInto(session.settings, context)) {
+             wrongContent(fileIn(context.programFolder, settingsFileName),
+                          {"The settings do not say where the level editor is. Please choose it.",
+                           "Les paramètres n'indiquent pas où se trouve l'éditeur de niveaux. Veuillez le "
+                           "choisir."})
+                 .text);
+    } else if (isFolder(derivePaths(folder).creator) || !wantsAnotherFolder(folder, context.dialogs)) {
+        return session;
+    }
+    if (!chooseInto(session.settings, context)) {
         return std::nullopt;
     }
+    storeChoice(context, session);
     return session;
 }
 
@@ -161,7 +177,7 @@ std::optional<LevelEditorChoice> chooseLevelEditor(Dialogs& dialogs, const fs::p
                  "peuvent pas lire. Déplacez l'éditeur dans un répertoire au nom simple."});
             continue;
         }
-        const std::optional<LevelEditorChoice> choice = levelEditorFromProgram(path.bytes);
+        std::optional<LevelEditorChoice> choice = levelEditorFromProgram(path.bytes);
         if (choice && isFolder(derivePaths(choice->folder).creator)) {
             return choice;
         }

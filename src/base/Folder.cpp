@@ -55,6 +55,16 @@ std::optional<fs::path> findEntry(const fs::path& folder, std::string_view name)
     return entry ? std::optional(entry->path) : std::nullopt;
 }
 
+Result<bool> holdsEntry(const fs::path& folder, std::string_view name)
+{
+    const Result<std::vector<FolderEntry>> entries = listFolder(folder);
+    if (!entries) {
+        return entries.failure();
+    }
+    return std::ranges::any_of(*entries,
+                               [name](const FolderEntry& entry) { return sameName(entry.name, name); });
+}
+
 std::optional<fs::path> findFile(const fs::path& folder, std::string_view name)
 {
     const std::optional<FolderEntry> entry = findByName(folder, name);

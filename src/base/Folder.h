@@ -27,6 +27,10 @@ Result<std::vector<FolderEntry>> listFolder(const std::filesystem::path& folder)
 std::optional<std::filesystem::path> findEntry(const std::filesystem::path& folder, std::string_view name);
 std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name);
 
+// Whether the folder holds an entry of that name. Other than the two above, it tells a folder that cannot be
+// listed from one that does not hold it.
+Result<bool> holdsEntry(const std::filesystem::path& folder, std::string_view name);
+
 // Where the file stands, or where it would be created.
 std::filesystem::path fileIn(const std::filesystem::path& folder, std::string_view name);
 

@@ -10,14 +10,14 @@
 namespace tavrel {
 
 // Why something could not be done, in words for the user: names the file, and the line where there is one.
-struct Failure
+struct [[nodiscard]] Failure
 {
     BilingualText text;
 };
 
 // A value, or why there is none.
 template <typename Value>
-class Result
+class [[nodiscard]] Result
 {
 public:
     Result(Value value) : m_content(std::move(value)) {}

@@ -26,17 +26,20 @@ fs::path withEnding(fs::path file)
 // A chain that is longer than this is a ring.
 constexpr int longestLinkChain = 40;
 
-fs::path behindLinks(fs::path file)
+std::error_code followLinks(fs::path& file)
 {
     std::error_code error;
-    for (int i = 0; i < longestLinkChain && fs::is_symlink(file, error); ++i) {
+    for (int i = 0; i < longestLinkChain; ++i) {
+        if (!fs::is_symlink(fs::symlink_status(file, error))) {
+            return {};
+        }
         const fs::path next = fs::read_symlink(file, error);
         if (error) {
-            break;
+            return error;
         }
         file = file.parent_path() / next; // an absolute target replaces the left side
     }
-    return file;
+    return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }
 
 template <typename Step>
@@ -50,21 +53,16 @@ std::error_code withRetries(Step step)
     return error;
 }
 
-std::error_code replaceWith(const fs::path& target, std::string_view bytes)
+// Writes the bytes beside the target, then lets `putInPlace` move them there.
+template <typename PutInPlace>
+std::error_code writeBeside(const fs::path& target, std::string_view bytes, PutInPlace putInPlace)
 {
     std::error_code ignored;
-    const fs::file_status old = fs::status(target, ignored);
-    if (fs::exists(old) && !system::isWritable(target)) {
-        return std::make_error_code(std::errc::permission_denied);
-    }
     const fs::path unfinished = withEnding(target);
     fs::remove(unfinished, ignored);
     std::error_code error = system::writeNewFile(unfinished, bytes);
     if (!error) {
-        if (fs::exists(old)) {
-            fs::permissions(unfinished, old.permissions(), ignored);
-        }
-        error = withRetries([&] { return system::replaceFile(unfinished, target); });
+        error = withRetries([&] { return putInPlace(unfinished); });
     }
     if (error) {
         fs::remove(unfinished, ignored);
@@ -72,11 +70,47 @@ std::error_code replaceWith(const fs::path& target, std::string_view bytes)
     return error;
 }
 
+std::error_code replaceWith(fs::path target, std::string_view bytes)
+{
+    if (const std::error_code error = followLinks(target)) {
+        return error;
+    }
+    std::error_code statusError;
+    const fs::file_status old = fs::status(target, statusError);
+    if (old.type() == fs::file_type::none) {
+        return statusError;
+    }
+    if (fs::exists(old) && !system::isWritable(target)) {
+        return std::make_error_code(std::errc::permission_denied);
+    }
+    return writeBeside(target, bytes, [&](const fs::path& unfinished) {
+        std::error_code ignored;
+        if (fs::exists(old)) {
+            fs::permissions(unfinished, old.permissions(), ignored);
+        }
+        return system::replaceFile(unfinished, target);
+    });
+}
+
+std::error_code createWith(const fs::path& target, std::string_view bytes)
+{
+    return writeBeside(target, bytes,
+                       [&](const fs::path& unfinished) { return system::moveToNewName(unfinished, target); });
+}
+
 } // namespace
 
 Problem writeFileSafely(const fs::path& target, std::string_view bytes)
 {
-    if (const std::error_code error = replaceWith(behindLinks(target), bytes)) {
+    if (const std::error_code error = replaceWith(target, bytes)) {
+        return cannotWrite(target, error);
+    }
+    return std::nullopt;
+}
+
+Problem createFileSafely(const fs::path& target, std::string_view bytes)
+{
+    if (const std::error_code error = createWith(target, bytes)) {
         return cannotWrite(target, error);
     }
     return std::nullopt;
@@ -84,17 +118,17 @@ Problem writeFileSafely(const fs::path& target, std::string_view bytes)
 
 Result<fs::path> keepCopyBeside(const fs::path& file, std::string_view bytes)
 {
-    std::error_code ignored;
+    constexpr int mostCopies = 9999;
     fs::path copy;
-    int number = 0;
-    do {
-        ++number;
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int number = 1; number <= mostCopies && error == std::errc::file_exists; ++number) {
         copy = file.parent_path() / file.stem();
         copy += "_copy" + std::to_string(number);
         copy += file.extension();
-    } while (fs::exists(copy, ignored));
-    if (Problem problem = writeFileSafely(copy, bytes)) {
-        return std::move(*problem);
+        error = createWith(copy, bytes);
+    }
+    if (error) {
+        return cannotWrite(copy, error);
     }
     return copy;
 }
@@ -104,9 +138,12 @@ void removeUnfinishedWrites(const fs::path& folder)
     std::error_code error;
     for (fs::directory_iterator it(folder, error); !error && it != fs::directory_iterator();
          it.increment(error)) {
-        if (it->path().extension() == unfinishedEnding) {
-            std::error_code ignored;
-            fs::remove(it->path(), ignored);
+        std::error_code ignored;
+        fs::path file = it->path();
+        if (file.extension() == unfinishedEnding) {
+            fs::remove(file, ignored);
+        } else if (it->is_symlink(ignored) && !followLinks(file)) {
+            fs::remove(withEnding(file), ignored);
         }
     }
 }

@@ -12,12 +12,16 @@ namespace tavrel {
 // the disk, and take the target's place in one step. Whatever happens, the target is the old file or the new
 // one, whole. Links are followed; a read-only target is refused; one that another program holds is tried
 // again for a moment.
-Problem writeFileSafely(const std::filesystem::path& target, std::string_view bytes);
+[[nodiscard]] Problem writeFileSafely(const std::filesystem::path& target, std::string_view bytes);
+
+// The same for a file that must not exist yet: whatever stands there under that name is never replaced.
+[[nodiscard]] Problem createFileSafely(const std::filesystem::path& target, std::string_view bytes);
 
 // A copy beside the file under a name that is free: "Sounds_copy1.txt" for "Sounds.txt".
 Result<std::filesystem::path> keepCopyBeside(const std::filesystem::path& file, std::string_view bytes);
 
-// What an interrupted write left in a folder. Called at the start, when no write is under way.
+// What an interrupted write left in a folder, or beside the files to which links in the folder lead. Called
+// at the start, when no write is under way.
 void removeUnfinishedWrites(const std::filesystem::path& folder);
 
 } // namespace tavrel

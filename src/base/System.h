@@ -14,6 +14,9 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
 // Puts `from` in the place of `to` in one step: at every moment `to` is the old file or the new one.
 std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
+// The same, but fails when there is a `to` already.
+std::error_code moveToNewName(const std::filesystem::path& from, const std::filesystem::path& to);
+
 // Another program holds the file right now; it may let go of it in a moment.
 bool isPassing(const std::error_code& error);
 
@@ -29,5 +32,8 @@ bool isHidden(const std::filesystem::path& file);
 // The private copy that the system keeps for programs which may not write to the real file; empty where there
 // is none.
 std::filesystem::path redirectedCopy(const std::filesystem::path& file);
+
+// The file of the running program.
+std::filesystem::path ownProgram();
 
 } // namespace tavrel::system

@@ -2,6 +2,7 @@
 #include "base/System.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -92,6 +93,23 @@ std::error_code replaceFile(const std::filesystem::path& from, const std::filesy
     return {};
 }
 
+std::error_code moveToNewName(const std::filesystem::path& from, const std::filesystem::path& to)
+{
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
+        flushFolder(to.parent_path());
+        return {};
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return lastError();
+    }
+    // A file system without such a rename: look first.
+    struct stat status = {};
+    if (::lstat(to.c_str(), &status) == 0) {
+        return std::make_error_code(std::errc::file_exists);
+    }
+    return errno == ENOENT ? replaceFile(from, to) : lastError();
+}
+
 bool isPassing(const std::error_code& error)
 {
     return error == std::errc::device_or_resource_busy || error == std::errc::text_file_busy ||
@@ -119,6 +137,12 @@ bool isHidden(const std::filesystem::path& file)
 std::filesystem::path redirectedCopy(const std::filesystem::path& /*file*/)
 {
     return {};
+}
+
+std::filesystem::path ownProgram()
+{
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/exe", ignored);
 }
 
 } // namespace tavrel::system

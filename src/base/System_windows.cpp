@@ -57,6 +57,12 @@ std::error_code replaceFile(const std::filesystem::path& from, const std::filesy
     return MoveFileExW(from.c_str(), to.c_str(), flags) != 0 ? std::error_code() : lastError();
 }
 
+std::error_code moveToNewName(const std::filesystem::path& from, const std::filesystem::path& to)
+{
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0 ? std::error_code()
+                                                                              : lastError();
+}
+
 bool isPassing(const std::error_code& error)
 {
     // A virus scanner or indexer that looks at a fresh file shows as either.
@@ -105,6 +111,14 @@ std::filesystem::path redirectedCopy(const std::filesystem::path& file)
     const std::filesystem::path copy = std::filesystem::path(local) / L"VirtualStore" / file.relative_path();
     std::error_code ignored;
     return std::filesystem::is_regular_file(copy, ignored) ? copy : std::filesystem::path();
+}
+
+std::filesystem::path ownProgram()
+{
+    constexpr DWORD longestPath = 32768;
+    std::wstring path(longestPath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), longestPath));
+    return path;
 }
 
 } // namespace tavrel::system

@@ -75,21 +75,40 @@ bool confirm(Dialogs& dialogs)
     return dialogs.ask(question) == Answer::Yes;
 }
 
-bool confirmOverwriting(const FileOnDisk& onDisk, const SoundCatalogue::File& loaded, Dialogs& dialogs)
+bool confirmOverwriting(bool fileIsThere, Dialogs& dialogs)
 {
-    if (onDisk.content && onDisk.content->stamp == loaded.stamp) {
-        return true;
-    }
     const BilingualText text =
-        onDisk.content
-            ? BilingualText(
-                  "[sounds.txt] was changed by another program since it was loaded.\nOverwrite "
-                  "those changes?",
-                  "[sounds.txt] a été modifié par un autre programme depuis son chargement.\nÉcraser "
-                  "ces modifications ?")
-            : BilingualText("[sounds.txt] is no longer in its folder.\nWrite it anew?",
-                            "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
+        fileIsThere ? BilingualText(
+                          "[sounds.txt] was changed by another program since it was loaded.\nOverwrite "
+                          "those changes?",
+                          "[sounds.txt] a été modifié par un autre programme depuis son chargement.\nÉcraser "
+                          "ces modifications ?")
+                    : BilingualText("[sounds.txt] is no longer in its folder.\nWrite it anew?",
+                                    "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
     return dialogs.ask({title, text, Buttons::YesNo, true}) == Answer::Yes;
+}
+
+// The file as it stands once the user has agreed to overwrite just that file. It may change while a question
+// is on the screen. Nothing when the user refuses or the file cannot be read.
+std::optional<FileOnDisk> agreeOnFile(const SoundCatalogue::File& loaded, Dialogs& dialogs)
+{
+    std::optional<FileStamp> agreed = loaded.stamp;
+    while (true) {
+        Result<FileOnDisk> onDisk = lookAtDisk(loaded.path);
+        if (!onDisk) {
+            report(onDisk.failure(), dialogs);
+            return std::nullopt;
+        }
+        const std::optional<FileStamp> found =
+            onDisk->content ? std::optional(onDisk->content->stamp) : std::nullopt;
+        if (found == agreed) {
+            return std::move(*onDisk);
+        }
+        if (!confirmOverwriting(found.has_value(), dialogs)) {
+            return std::nullopt;
+        }
+        agreed = found;
+    }
 }
 
 // The first apply keeps the file as it was before this program; later ones keep what would be lost.
@@ -99,7 +118,7 @@ Problem keepBackup(const FileOnDisk& onDisk, const fs::path& file, bool backupEx
         return std::nullopt;
     }
     if (!backupExists) {
-        return writeFileSafely(file.parent_path() / nativePath(firstBackupName), onDisk.content->bytes);
+        return createFileSafely(file.parent_path() / nativePath(firstBackupName), onDisk.content->bytes);
     }
     if (onDisk.linesWithoutSound > 0) {
         const Result<fs::path> copy = keepCopyBeside(file, onDisk.content->bytes);
@@ -138,13 +157,16 @@ Problem writeChangedLines(const ApplyTarget& target, const std::string& text)
     if (!isPlainFileName(target.wadName)) {
         return std::nullopt;
     }
-    const fs::path file = fileIn(folder, target.wadName + ".tor");
+    const std::string name = target.wadName + ".tor";
     if (!text.empty()) {
-        return writeFileSafely(file, text);
+        return writeFileSafely(fileIn(folder, name), text);
     }
     std::error_code error;
-    fs::remove(file, error);
-    return error ? Problem(cannotWrite(file, error)) : Problem();
+    const std::optional<fs::path> old = findFile(folder, name);
+    if (old) {
+        fs::remove(*old, error);
+    }
+    return error ? Problem(cannotWrite(*old, error)) : Problem();
 }
 
 } // namespace
@@ -154,19 +176,23 @@ bool applyChanges(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs&
     const fs::path file = catalogue.file().path;
     const std::string newSounds = soundsText(catalogue);
     const std::string changedLines = changedLinesText(catalogue);
-    const Result<FileOnDisk> onDisk = lookAtDisk(file);
+    const Result<FileOnDisk> before = lookAtDisk(file);
+    const Result<bool> backupExists = holdsEntry(file.parent_path(), firstBackupName);
+    if (!before || !backupExists) {
+        report(!before ? before.failure() : backupExists.failure(), dialogs);
+        return false;
+    }
+    if (before->linesWithoutSound > 0) {
+        announceDroppedLines(before->linesWithoutSound, *backupExists, dialogs);
+    }
+    if (!confirm(dialogs)) {
+        return false;
+    }
+    const std::optional<FileOnDisk> onDisk = agreeOnFile(catalogue.file(), dialogs);
     if (!onDisk) {
-        report(onDisk.failure(), dialogs);
         return false;
     }
-    const bool backupExists = findEntry(file.parent_path(), firstBackupName).has_value();
-    if (onDisk->linesWithoutSound > 0) {
-        announceDroppedLines(onDisk->linesWithoutSound, backupExists, dialogs);
-    }
-    if (!confirm(dialogs) || !confirmOverwriting(*onDisk, catalogue.file(), dialogs)) {
-        return false;
-    }
-    if (const Problem problem = keepBackup(*onDisk, file, backupExists)) {
+    if (const Problem problem = keepBackup(*onDisk, file, *backupExists)) {
         report(*problem, dialogs);
         return false;
     }

@@ -37,6 +37,9 @@ LoadedDoubles parseDoubles(const TextFile& file, std::span<const std::size_t> pr
     std::size_t lineNumber = 0;
     for (const std::string_view line : file.lines()) {
         ++lineNumber;
+        if (line.empty()) {
+            continue;
+        }
         const std::optional<DoublesRecord> record = readRecord(line);
         if (!record) {
             loaded.notices.push_back(

@@ -4,7 +4,7 @@
 #include "base/CodePage.h"
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 
 namespace tavrel {
 
@@ -25,9 +25,8 @@ std::optional<std::size_t> findNextLine(const SoundCatalogue& catalogue, std::sp
         return found == listed.end() ? std::nullopt : std::optional(*found);
     }
     const auto last = from ? std::ranges::lower_bound(listed, *from) : listed.end();
-    const auto upwards = std::ranges::subrange(listed.begin(), last) | std::views::reverse;
-    const auto found = std::ranges::find_if(upwards, matches);
-    return found == upwards.end() ? std::nullopt : std::optional(*found);
+    const auto found = std::find_if(std::make_reverse_iterator(last), listed.rend(), matches);
+    return found == listed.rend() ? std::nullopt : std::optional(*found);
 }
 
 } // namespace tavrel

@@ -12,7 +12,7 @@ namespace tavrel {
 
 namespace {
 
-// VOL8 and VOL08 are the same value.
+// VOL8 and VOL08 are the same value, PIT-0 and PIT00 too.
 std::string normalised(std::string_view word)
 {
     for (const std::string_view keyword : {"VOL", "CH", "PIT", "RAD"}) {
@@ -22,7 +22,10 @@ std::string normalised(std::string_view word)
         std::string_view digits = word.substr(keyword.size());
         const std::string_view sign = keyword == "PIT" && digits.starts_with('-') ? "-" : "";
         digits.remove_prefix(sign.size());
-        if (digits.size() == 1 && digits[0] >= '0' && digits[0] <= '9') {
+        if (digits == "0" || digits == "00") {
+            return std::string(keyword) + "00";
+        }
+        if (digits.size() == 1 && digits[0] >= '1' && digits[0] <= '9') {
             return std::string(keyword).append(sign).append("0").append(digits);
         }
     }

@@ -59,7 +59,7 @@ public:
 
     // The only way to change a line. Refused, with the line as it was: a text without ":", with a line end or
     // a NUL, or with more than 50 samples; each would shift or break the sounds behind it at the next load.
-    Problem setCurrentLine(std::size_t number, std::string text);
+    [[nodiscard]] Problem setCurrentLine(std::size_t number, std::string text);
 
     // Lines have changed since the file was read or written.
     bool pending() const { return m_pending; }

@@ -39,7 +39,7 @@ std::string correctedPitch(std::string_view text, bool userIsTyping)
         return userIsTyping && (text == "-" || text == "-0") ? std::string(text) : std::string();
     }
     const int kept = std::clamp(value, -largestValue, largestValue);
-    return kept == value ? std::string(text) : std::to_string(kept);
+    return kept == value ? std::string(text.substr(0, maximumLength(ValueBox::Pit))) : std::to_string(kept);
 }
 
 std::string correctedVolume(std::string_view text)
@@ -64,7 +64,7 @@ std::string correctedBoxText(ValueBox box, std::string_view typed, bool userIsTy
     case ValueBox::Vol:
         return correctedVolume(text);
     case ValueBox::Pit:
-        return correctedPitch(text, userIsTyping);
+        return correctedPitch(typed, userIsTyping);
     case ValueBox::Rad:
     case ValueBox::Ch:
         return valueOf(text) <= 0 ? std::string() : std::string(text);

@@ -3,6 +3,7 @@
 #include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
+#include "base/System.h"
 #include "companion/EmbeddedFiles.h"
 
 #include <cstdlib>
@@ -46,7 +47,7 @@ std::optional<fs::path> programFolder(int argc, char* argv[])
     if (argc != 1) {
         return std::nullopt;
     }
-    return fs::absolute(argv[0]).parent_path();
+    return tavrel::system::ownProgram().parent_path();
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace tavrel {
 // What a control says, found by its object name. An empty text leaves the control's own (an icon, a value).
 struct Caption
 {
-    const char* control;
+    const char* control = nullptr;
     BilingualText text;
     BilingualText toolTip;
 };

@@ -258,7 +258,8 @@ public:
         const double scale = side / gridSide;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.x() + (rect.width() - side) / 2, rect.y() + (rect.height() - side) / 2);
+        const QPoint whole((rect.width() - side) / 2, (rect.height() - side) / 2); // keeps the pixel grid
+        painter->translate(rect.topLeft() + whole);
         painter->scale(scale, scale);
         if (mode == QIcon::Disabled) {
             painter->setOpacity(painter->opacity() * disabledOpacity);

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFile.h"
+#include "support/Files.h"
+
+#include <gtest/gtest.h>
+
+using namespace tavrel;
+namespace fs = std::filesystem;
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(SafeFile, WritesAndReplacesWithoutATrace)
+{
+    const TemporaryFolder root;
+    std::string all;
+    for (int i = 0; i < 256; ++i) {
+        all += static_cast<char>(i);
+    }
+    for (const std::string& bytes : {std::string("first"), std::string(), all, std::string(300'000, 'x')}) {
+        EXPECT_FALSE(writeFileSafely(root / "file", bytes));
+        EXPECT_EQ(readBytes(root / "file"), bytes);
+    }
+    EXPECT_EQ(namesIn(root.path()), Names{"file"});
+}
+
+TEST(SafeFile, IsNotStoppedByAnUnfinishedWrite)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "file", "old");
+    writeBytes(root / "file.tavrel-new", "half of someth");
+    EXPECT_FALSE(writeFileSafely(root / "file", "new"));
+    EXPECT_EQ(readBytes(root / "file"), "new");
+    EXPECT_EQ(namesIn(root.path()), Names{"file"});
+}
+
+TEST(SafeFile, ClearsUpWhatInterruptedWritesLeft)
+{
+    const TemporaryFolder root;
+    for (const char* name : {"a.txt", "a.txt.tavrel-new", "b.tavrel-new", "c.tavrel-new.txt", "tavrel-new"}) {
+        writeBytes(root / name, "");
+    }
+    removeUnfinishedWrites(root.path());
+    EXPECT_EQ(namesIn(root.path()), (Names{"a.txt", "c.tavrel-new.txt", "tavrel-new"}));
+    removeUnfinishedWrites(root / "missing");
+}
+
+TEST(SafeFile, KeepsTheOldFileAndSaysSo)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "file", "old");
+    fs::permissions(root / "file", fs::perms::owner_read);
+    fs::create_directories(root / "folder" / "inside");
+    for (const fs::path& target : {root / "file", root / "folder", root / "missing" / "file"}) {
+        const Problem problem = writeFileSafely(target, "new");
+        ASSERT_TRUE(problem) << target;
+        EXPECT_NE(problem->text.english.find(target.string()), std::string::npos);
+        EXPECT_NE(problem->text.french.find(target.string()), std::string::npos);
+    }
+    EXPECT_EQ(readBytes(root / "file"), "old");
+    EXPECT_EQ(namesIn(root.path()), (Names{"file", "folder"}));
+}
+
+TEST(SafeFile, CopiesUnderTheFirstFreeName)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "Sounds_copy2.txt", "two");
+    for (const char* expected : {"Sounds_copy1.txt", "Sounds_copy3.txt"}) {
+        const Result<fs::path> copy = keepCopyBeside(root / "Sounds.txt", expected);
+        ASSERT_TRUE(copy);
+        EXPECT_EQ(*copy, root / expected);
+        EXPECT_EQ(readBytes(*copy), expected);
+    }
+    EXPECT_EQ(readBytes(root / "Sounds_copy2.txt"), "two");
+    EXPECT_FALSE(keepCopyBeside(root / "missing" / "Sounds.txt", ""));
+}
+
+#ifndef _WIN32
+TEST(SafeFile, KeepsThePermissions)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "file", "old");
+    for (const auto mode : {fs::perms(0600), fs::perms(0664), fs::perms(0755)}) {
+        fs::permissions(root / "file", mode);
+        EXPECT_FALSE(writeFileSafely(root / "file", "new"));
+        EXPECT_EQ(fs::status(root / "file").permissions(), mode);
+    }
+}
+
+TEST(SafeFile, FollowsLinks)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "real" / "file", "old");
+    fs::create_directory(root / "links");
+    fs::create_symlink("../real/file", root / "links" / "relative");
+    fs::create_symlink(root / "links" / "relative", root / "links" / "chained");
+    fs::create_symlink("../real/new", root / "links" / "dangling");
+    for (const char* link : {"relative", "chained", "dangling"}) {
+        EXPECT_FALSE(writeFileSafely(root / "links" / link, link));
+        EXPECT_TRUE(fs::is_symlink(root / "links" / link));
+        EXPECT_EQ(readBytes(root / "links" / link), link);
+    }
+    EXPECT_EQ(readBytes(root / "real" / "file"), "chained");
+    EXPECT_EQ(namesIn(root / "real"), (Names{"file", "new"}));
+}
+#endif
+
+} // namespace

@@ -1,0 +1,330 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/ApplyChanges.h"
+#include "catalogue/CatalogueLoading.h"
+#include "support/Files.h"
+#include "support/ScriptedDialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using namespace tavrel;
+namespace fs = std::filesystem;
+
+namespace {
+
+const char* const confirmation = "Yes/No | Modification | Confirm modification\n"
+                                 "All the changes will be applied to the [sounds.txt] file";
+const char* const confirmationFrench = "Yes/No | Modification | Confirmer la modification\n"
+                                       "Tous les changements seront appliqués au fichier [sounds.txt]";
+
+std::map<fs::path, std::string> everyFile(const fs::path& folder)
+{
+    std::map<fs::path, std::string> files;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
+        files[entry.path()] = entry.is_directory() ? "folder" : readBytes(entry.path());
+    }
+    return files;
+}
+
+class ApplyChanges : public testing::Test
+{
+protected:
+    ApplyChanges() { reload(); }
+
+    void reload()
+    {
+        Result<LoadedCatalogue> loaded = loadCatalogue({demo.program, demo.creator, false});
+        if (!loaded) {
+            throw std::runtime_error(loaded.failure().text.english);
+        }
+        catalogue = std::move(loaded->catalogue);
+    }
+    // sounds.txt with nothing but sounds, so that the confirmation is all that is said.
+    void loadPlain()
+    {
+        writeBytes(demo.sounds, textOf(stockLines()));
+        reload();
+    }
+    void change(std::size_t number, const char* line)
+    {
+        ASSERT_FALSE(catalogue.setCurrentLine(number, withTabs(line)));
+        lines.at(number) = withTabs(line);
+    }
+    bool apply(Dialogs& dialogs, const std::string& wad = "oasis")
+    {
+        return applyChanges(catalogue, {demo.program, wad}, dialogs);
+    }
+    fs::path tor(const std::string& name = "oasis.tor") const { return demo.program / "sounds" / name; }
+
+    DemoFolders demo;
+    SoundCatalogue catalogue;
+    std::vector<std::string> lines = stockLines();
+    fs::path firstBackup = demo.creator / "Orig_Sounds.txt";
+};
+
+TEST_F(ApplyChanges, WritesEveryLineAndKeepsTheFileOfTheFirstTime)
+{
+    const std::string before = readBytes(demo.sounds);
+    change(3, "LARA_SLIPPING:>>other>>>>VOL11>>>>RAD13>#g #\xE9x");
+    change(7, "VALUES_ONLY:>x>");
+    change(7, stockLines()[7].c_str());
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(apply(dialogs));
+
+    ASSERT_EQ(dialogs.said().size(), 2U); // the comment lines of the demo file come first
+    EXPECT_EQ(dialogs.conversation(Language::English)[0].find("information | Modification | 4 line(s)"), 0U);
+    EXPECT_EQ(dialogs.conversation(Language::French)[0].find("information | Modification | 4 ligne(s)"), 0U);
+    EXPECT_EQ(dialogs.conversation(Language::English)[1], confirmation);
+    EXPECT_EQ(dialogs.conversation(Language::French)[1], confirmationFrench);
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+    EXPECT_EQ(firstDifference(readBytes(firstBackup), before), "");
+    EXPECT_EQ(readBytes(tor()), "3,\"" + lines[3] + "\"\r\n");
+    EXPECT_FALSE(catalogue.pending());
+    EXPECT_TRUE(catalogue.isModified(3));
+
+    change(0, "LARA_FEET:>>one two>>>VOL44>>>>>");
+    ScriptedDialogs again{Answer::Yes};
+    EXPECT_TRUE(apply(again));
+    EXPECT_EQ(again.conversation(Language::English), std::vector<std::string>{confirmation});
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+    EXPECT_EQ(firstDifference(readBytes(firstBackup), before), "");
+    EXPECT_EQ(readBytes(tor()), "0,\"" + lines[0] + "\"\r\n3,\"" + lines[3] + "\"\r\n");
+    EXPECT_EQ(namesIn(demo.creator), (std::vector<std::string>{"Orig_Sounds.txt", "Sounds.txt"}));
+}
+
+TEST_F(ApplyChanges, LeavesNoRecordWhereNoSamplesDiffer)
+{
+    loadPlain();
+    writeBytes(tor(), "old");
+    writeBytes(tor("other.tor"), "other");
+    change(1, "LARA_CLIMB2:>clim_up2>VOL99>>#ab"); // values and letters, not samples
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(apply(dialogs));
+    EXPECT_EQ(namesIn(tor().parent_path()), std::vector<std::string>{"other.tor"});
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+}
+
+TEST_F(ApplyChanges, KeepsRecordsOfPlainWadNamesOnly)
+{
+    loadPlain();
+    change(1, "LARA_CLIMB2:>new>VOL99>>#ab");
+    writeBytes(demo.program / "evil.tor", "outside");
+    writeBytes(tor(".tor"), "nameless");
+    const auto outside = [this] {
+        auto files = everyFile(demo.root.path());
+        std::erase_if(files, [this](const auto& file) {
+            return file.first == demo.sounds || file.first == firstBackup;
+        });
+        return files;
+    };
+    const auto before = outside();
+    for (const char* wad :
+         {"", "..", ".", "../evil", "..\\evil", "a/b", "C:evil", "con", "nul.x", "evil*", "a\nb"}) {
+        SCOPED_TRACE(wad);
+        ScriptedDialogs dialogs{Answer::Yes, Answer::Yes};
+        EXPECT_TRUE(apply(dialogs, wad));
+        change(1, stockLines()[1].c_str()); // with nothing to record, none is deleted either
+        EXPECT_TRUE(apply(dialogs, wad));
+        change(1, "LARA_CLIMB2:>new>VOL99>>#ab");
+        EXPECT_EQ(outside(), before);
+    }
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(apply(dialogs, "caf\xE9"));
+    EXPECT_TRUE(fs::exists(tor("caf\u00E9.tor")));
+}
+
+TEST_F(ApplyChanges, ChangesNothingWithoutAYes)
+{
+    change(3, "N:>other>");
+    const auto before = everyFile(demo.root.path());
+    ScriptedDialogs dialogs{Answer::No};
+    EXPECT_FALSE(apply(dialogs));
+    EXPECT_EQ(everyFile(demo.root.path()), before);
+    EXPECT_TRUE(catalogue.pending());
+}
+
+TEST_F(ApplyChanges, AsksBeforeItOverwritesAFileThatChangedSince)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    // The same size and time: only the content tells.
+    const fs::file_time_type time = fs::last_write_time(demo.sounds);
+    std::string changed = readBytes(demo.sounds);
+    changed[0] = changed[0] == 'X' ? 'Y' : 'X';
+    writeBytes(demo.sounds, changed);
+    fs::last_write_time(demo.sounds, time);
+
+    ScriptedDialogs dialogs{Answer::Yes, Answer::No, Answer::Yes, Answer::Yes};
+    EXPECT_FALSE(apply(dialogs));
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), changed), "");
+    EXPECT_FALSE(fs::exists(firstBackup));
+    EXPECT_TRUE(catalogue.pending());
+    ASSERT_EQ(dialogs.said().size(), 2U);
+    EXPECT_TRUE(dialogs.said()[1].refusalIsDefault);
+    EXPECT_NE(dialogs.said()[1].text.english.find("[sounds.txt]"), std::string::npos);
+
+    EXPECT_TRUE(apply(dialogs));
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+    EXPECT_EQ(firstDifference(readBytes(firstBackup), changed), "");
+    // Its own write is no change by another program.
+    ScriptedDialogs again{Answer::Yes};
+    EXPECT_TRUE(apply(again));
+}
+
+// The editor in another window saves while the confirmation stands.
+TEST_F(ApplyChanges, AsksAboutAChangeInTheLastMoment)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    const std::string changed = textOf(stockLines()) + "NEW:\ta\t\r\n";
+    ScriptedDialogs dialogs{Answer::Yes, Answer::No};
+    dialogs.whileAsking([&] { writeBytes(demo.sounds, changed); });
+    EXPECT_FALSE(apply(dialogs));
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), changed), "");
+    EXPECT_TRUE(catalogue.pending());
+}
+
+TEST_F(ApplyChanges, AsksBeforeItWritesAFileThatIsGone)
+{
+    change(3, "N:>other>");
+    fs::remove(demo.sounds);
+    ScriptedDialogs dialogs{Answer::Yes, Answer::No, Answer::Yes, Answer::Yes};
+    EXPECT_FALSE(apply(dialogs));
+    EXPECT_TRUE(namesIn(demo.creator).empty());
+    EXPECT_TRUE(apply(dialogs));
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+    EXPECT_FALSE(fs::exists(firstBackup));
+}
+
+TEST_F(ApplyChanges, KeepsLaterCommentsInACopy)
+{
+    const std::string first = "the first one";
+    writeBytes(firstBackup, first);
+    writeBytes(demo.creator / "Sounds_copy1.txt", "taken");
+    const std::string before = readBytes(demo.sounds);
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(apply(dialogs));
+    EXPECT_EQ(readBytes(firstBackup), first);
+    EXPECT_EQ(readBytes(demo.creator / "Sounds_copy1.txt"), "taken");
+    EXPECT_EQ(firstDifference(readBytes(demo.creator / "Sounds_copy2.txt"), before), "");
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+}
+
+TEST_F(ApplyChanges, TakesABackupOfAnyLetterCase)
+{
+    loadPlain();
+    writeBytes(demo.creator / "ORIG_SOUNDS.TXT", "first");
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(apply(dialogs));
+    EXPECT_EQ(namesIn(demo.creator), (std::vector<std::string>{"ORIG_SOUNDS.TXT", "Sounds.txt"}));
+    EXPECT_EQ(readBytes(demo.creator / "ORIG_SOUNDS.TXT"), "first");
+}
+
+TEST_F(ApplyChanges, SaysWhenTheFileCannotBeWritten)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    const std::string before = readBytes(demo.sounds);
+
+    fs::permissions(demo.sounds, fs::perms::owner_read);
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_FALSE(apply(dialogs));
+    ASSERT_EQ(dialogs.said().size(), 2U);
+    EXPECT_EQ(dialogs.said()[1].kind, "critical");
+    EXPECT_NE(dialogs.said()[1].text.english.find(demo.sounds.string()), std::string::npos);
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), before), "");
+    EXPECT_TRUE(catalogue.pending());
+
+    fs::remove(demo.sounds);
+    fs::create_directory(demo.sounds);
+    ScriptedDialogs folder;
+    EXPECT_FALSE(apply(folder));
+    ASSERT_EQ(folder.said().size(), 1U);
+    EXPECT_NE(folder.said()[0].text.french.find(demo.sounds.string()), std::string::npos);
+    EXPECT_TRUE(fs::is_directory(demo.sounds));
+    EXPECT_TRUE(catalogue.pending());
+}
+
+TEST_F(ApplyChanges, ReportsAFailedRecordOnItsOwn)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    fs::create_directories(tor() / "in the way");
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(apply(dialogs));
+    ASSERT_EQ(dialogs.said().size(), 2U);
+    EXPECT_NE(dialogs.said()[1].text.english.find("oasis.tor"), std::string::npos);
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+    EXPECT_FALSE(catalogue.pending());
+    EXPECT_TRUE(fs::is_directory(tor()));
+}
+
+#ifndef _WIN32
+TEST_F(ApplyChanges, WritesThroughALink)
+{
+    const fs::path real = demo.root / "elsewhere" / "real.txt";
+    fs::create_directory(real.parent_path());
+    fs::rename(demo.sounds, real);
+    fs::create_symlink("../../../elsewhere/real.txt", demo.sounds);
+    reload();
+    change(3, "N:>other>");
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(apply(dialogs));
+    EXPECT_TRUE(fs::is_symlink(demo.sounds));
+    EXPECT_EQ(firstDifference(readBytes(real), textOf(lines)), "");
+    EXPECT_FALSE(fs::is_symlink(firstBackup));
+    EXPECT_EQ(namesIn(real.parent_path()), std::vector<std::string>{"real.txt"});
+}
+
+// In a child process: applies under a handicap, and ends with 0 when the apply said so and failed.
+template <typename Handicap>
+void applyAndFail(SoundCatalogue& catalogue, const fs::path& program, Handicap handicap)
+{
+    handicap();
+    ScriptedDialogs dialogs{Answer::Yes};
+    const bool applied = applyChanges(catalogue, {program, "oasis"}, dialogs);
+    const bool said = dialogs.said().size() == 2 && dialogs.said()[1].kind == "critical";
+    ::_exit(!applied && said && catalogue.pending() ? 0 : 1);
+}
+
+TEST_F(ApplyChanges, LeavesEverythingOnAFullDisk)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    const auto before = everyFile(demo.root.path());
+    EXPECT_EXIT(applyAndFail(catalogue, demo.program,
+                             [] {
+                                 std::signal(SIGXFSZ, SIG_IGN);
+                                 constexpr rlimit small{1'000, 1'000};
+                                 ::setrlimit(RLIMIT_FSIZE, &small);
+                             }),
+                testing::ExitedWithCode(0), "");
+    EXPECT_EQ(everyFile(demo.root.path()), before);
+}
+
+TEST_F(ApplyChanges, LeavesEverythingInAFolderThatIsNotOurs)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    const auto before = everyFile(demo.root.path());
+    fs::permissions(demo.creator, fs::perms(0555));
+    EXPECT_EXIT(applyAndFail(catalogue, demo.program,
+                             [] {
+                                 if (::geteuid() == 0 && ::setuid(65'534) != 0) {
+                                     ::_exit(2);
+                                 }
+                             }),
+                testing::ExitedWithCode(0), "");
+    fs::permissions(demo.creator, fs::perms(0755));
+    EXPECT_EQ(everyFile(demo.root.path()), before);
+}
+#endif
+
+} // namespace

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Changes the samples of sound 0 and applies, as a user does who says Yes to everything. The tests watch what
+// its system calls leave behind when they fail.
+#include "catalogue/ApplyChanges.h"
+#include "catalogue/CatalogueLoading.h"
+
+#include <cstdio>
+
+namespace {
+
+class YesToAll : public tavrel::Dialogs
+{
+public:
+    void show(const tavrel::Message& message) override { std::puts(message.text.english.c_str()); }
+    tavrel::Answer ask(const tavrel::Question& /*question*/) override { return tavrel::Answer::Yes; }
+    std::optional<std::filesystem::path> chooseFile(const tavrel::OpenFileQuestion& /*question*/) override
+    {
+        return std::nullopt;
+    }
+};
+
+} // namespace
+
+// 0 when sounds.txt was written, 1 when not, 2 when there was nothing to write.
+int main(int argc, char* argv[])
+{
+    if (argc != 4) {
+        std::puts("Usage: apply_once PROGRAM_FOLDER CREATOR_FOLDER LINE");
+        return 2;
+    }
+    tavrel::Result<tavrel::LoadedCatalogue> loaded = tavrel::loadCatalogue({argv[1], argv[2], false});
+    if (!loaded || loaded->catalogue.empty() || loaded->catalogue.setCurrentLine(0, argv[3])) {
+        return 2;
+    }
+    YesToAll dialogs;
+    return tavrel::applyChanges(loaded->catalogue, {argv[1], "oasis"}, dialogs) ? 0 : 1;
+}

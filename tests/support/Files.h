@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+// A fresh folder, removed with everything in it at the end.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder();
+
+    const std::filesystem::path& path() const { return m_path; }
+    std::filesystem::path operator/(const std::filesystem::path& name) const { return m_path / name; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+// Both throw when the file cannot be read or written; writing makes the folders on the way.
+std::string readBytes(const std::filesystem::path& file);
+void writeBytes(const std::filesystem::path& file, std::string_view bytes);
+
+// The names in a folder, sorted; none when there is no such folder.
+std::vector<std::string> namesIn(const std::filesystem::path& folder);
+
+// Spells a TAB as ">", so that tables of lines stay readable.
+std::string withTabs(std::string text);
+
+// Lines, CR LF after each.
+std::string textOf(const std::vector<std::string>& lines);
+
+// The first line in which two texts differ, as "old" against "new"; empty when they are the same.
+std::string firstDifference(const std::string& text, const std::string& expected);
+
+// The 370 lines of the stock catalogue.
+const std::vector<std::string>& stockLines();
+
+std::filesystem::path dataFolder();
+
+// A level editor and a program folder as a user has them, without samples.
+struct DemoFolders
+{
+    TemporaryFolder root;
+    std::filesystem::path levelEditor = root / "trle";
+    std::filesystem::path program = root / "program";
+    std::filesystem::path creator = levelEditor / "sound" / "LevelSFX Creator";
+    std::filesystem::path sounds = creator / "Sounds.txt";
+
+    DemoFolders();
+};
+
+} // namespace tavrel

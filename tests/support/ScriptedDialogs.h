@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Dialogs.h"
+
+#include <deque>
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+// Answers from a prepared list and records the whole conversation. A question that was not prepared fails the
+// test, and so does an answer that nobody asked for.
+class ScriptedDialogs : public Dialogs
+{
+public:
+    struct Said
+    {
+        std::string
+            kind; // "information", "exclamation", "critical", or "Yes/No", "Yes/No/Cancel", "OK/Cancel"
+        BilingualText title;
+        BilingualText text;
+        bool refusalIsDefault = false;
+    };
+
+    ScriptedDialogs() = default;
+    ScriptedDialogs(std::initializer_list<Answer> answers) : m_answers(answers) {}
+    ScriptedDialogs(const ScriptedDialogs&) = delete;
+    ScriptedDialogs& operator=(const ScriptedDialogs&) = delete;
+    ~ScriptedDialogs() override;
+
+    void prepareAnswer(Answer answer) { m_answers.push_back(answer); }
+    // Nothing stands for a cancelled file dialog.
+    void prepareFile(std::optional<std::filesystem::path> file) { m_files.push_back(std::move(file)); }
+    // Called while each question stands, for what happens outside in the meantime.
+    void whileAsking(std::function<void()> action) { m_whileAsking = std::move(action); }
+
+    const std::vector<Said>& said() const { return m_said; }
+    // Each exchange as "kind | title | text".
+    std::vector<std::string> conversation(Language language) const;
+    const std::vector<OpenFileQuestion>& fileQuestions() const { return m_fileQuestions; }
+
+    void show(const Message& message) override;
+    Answer ask(const Question& question) override;
+    std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) override;
+
+private:
+    std::deque<Answer> m_answers;
+    std::deque<std::optional<std::filesystem::path>> m_files;
+    std::function<void()> m_whileAsking;
+    std::vector<Said> m_said;
+    std::vector<OpenFileQuestion> m_fileQuestions;
+};
+
+} // namespace tavrel

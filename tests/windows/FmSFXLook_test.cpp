@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the main window shows: captions, tool tips, colours, and that everything fits.
+#include "MainWindow.h"
+#include "ui/Colours.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <set>
+
+using namespace tavrel;
+
+namespace {
+
+struct Shown
+{
+    const char* control;
+    BilingualText text;    // empty: the control has no caption of its own
+    BilingualText toolTip; // empty: not looked at
+};
+
+// A sample of every kind of control, odd spellings included.
+const Shown captions[] = {
+    {"CdEdit", {"Open Sounds.txt file", "Ouvrir Sounds.txt"}, {"Open Sounds.txt file", "Ouvrir Sounds.txt"}},
+    {"CdCopyLine",
+     {"Copy line to clipboard", "Copier la ligne dans le presse papiers"},
+     {"Copy line to clipboard", "Copier la ligne dans le presse papiers"}},
+    {"LbModif", {"Modifyed", "Modifiée"}, {}},
+    {"LbReplacL", {"Replace WAD Letter by...............", "Remplacer la Lettre du WAD par"}, {}},
+    {"CdErase", {}, {"Remove letter from every lines", "Enlever la lettre de toutes les lignes"}},
+    {"CkCase", {"Upper/Lower Case sensitive", "Respecter la casse"}, {}},
+    {"TxCH", {}, {"Probability", "Probabilité en % que le son soit entendu"}},
+    {"CkR", {}, {"Random Radius", "Rayon d'écoute aléatoire"}},
+    {"ImPanelL", {"Line in sounds.txt", "Ligne dans sounds.txt"}, {}},
+    {"OpLangE", {"English display", "Affichage en Anglais"}, {}},
+};
+
+QString captionOf(const QWidget& control)
+{
+    if (const auto* const label = qobject_cast<const QLabel*>(&control)) {
+        return label->text();
+    }
+    return dynamic_cast<const QAbstractButton&>(control).text();
+}
+
+} // namespace
+
+class MainWindowLookTest : public MainWindowTest
+{
+protected:
+    template <typename Check>
+    void inBothLanguages(Check check)
+    {
+        for (const auto& [option, language] :
+             {std::pair{"OpLangF", Language::French}, {"OpLangE", Language::English}}) {
+            SCOPED_TRACE(option);
+            tick(option);
+            QCoreApplication::processEvents();
+            check(language);
+        }
+    }
+};
+
+TEST_F(MainWindowLookTest, switchesEveryCaptionAtOnce)
+{
+    open();
+    inBothLanguages([this](Language language) {
+        for (const Shown& shown : captions) {
+            SCOPED_TRACE(shown.control);
+            const QWidget& shownControl = control(shown.control);
+            if (!shown.text.empty()) {
+                EXPECT_EQ(captionOf(shownControl).toStdString(), shown.text.in(language));
+            }
+            if (!shown.toolTip.empty()) {
+                EXPECT_EQ(shownControl.toolTip().toStdString(), shown.toolTip.in(language));
+            }
+        }
+    });
+}
+
+TEST_F(MainWindowLookTest, everyControlHasAToolTip)
+{
+    open();
+    inBothLanguages([this](Language language) {
+        std::set<QString> without = {"CkN"};
+        if (language == Language::English) {
+            without.insert({"TxPIT", "TxRAD"});
+        }
+        for (const QWidget* const found : window->findChildren<QWidget*>()) {
+            const bool isOurs = !found->objectName().isEmpty() && !found->objectName().startsWith("qt_");
+            const bool isControl =
+                isOurs && found->focusPolicy() != Qt::NoFocus && !qobject_cast<const QLabel*>(found);
+            if (isControl) {
+                EXPECT_EQ(found->toolTip().isEmpty(), without.contains(found->objectName()))
+                    << found->objectName().toStdString();
+            }
+        }
+    });
+}
+
+TEST_F(MainWindowLookTest, nothingIsClippedAt1280By720)
+{
+    open();
+    ASSERT_LE(window->width(), 1280);
+    ASSERT_LE(window->height(), 720);
+    inBothLanguages([this](Language) {
+        int looked = 0;
+        for (const QWidget* const found : window->findChildren<QWidget*>()) {
+            const bool hasCaption =
+                qobject_cast<const QAbstractButton*>(found) || qobject_cast<const QLabel*>(found);
+            if (hasCaption && found->isVisible()) {
+                ++looked;
+                EXPECT_GE(found->width(), found->sizeHint().width()) << found->objectName().toStdString();
+                EXPECT_GE(found->height(), found->sizeHint().height()) << found->objectName().toStdString();
+                EXPECT_TRUE(
+                    window->rect().contains(QRect(found->mapTo(window.get(), QPoint()), found->size())))
+                    << found->objectName().toStdString();
+            }
+        }
+        EXPECT_GT(looked, 60);
+    });
+}
+
+TEST_F(MainWindowLookTest, listsTakeTheColoursOfTheirSlot)
+{
+    ProgramSettings settings = LoadSettings(folders.program).settings;
+    settings.colours.slots[0] = {0x102030, 0x0A0B0C}; // 0x00BBGGRR
+    ASSERT_FALSE(SaveSettings(folders.program, settings));
+    open();
+    for (const char* name : {"LiSFX", "LiWAD", "LiSamp", "TxOrig", "TxModif"}) {
+        const QPalette palette = control(name).palette();
+        EXPECT_EQ(palette.color(QPalette::Base), QColor(0x30, 0x20, 0x10)) << name;
+        EXPECT_EQ(palette.color(QPalette::Text), QColor(0x0C, 0x0B, 0x0A)) << name;
+    }
+    QWidget& list = control("LiSamp");
+    const QImage picture = list.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() - 10), QColor(0x30, 0x20, 0x10))
+        << "the colour is really painted";
+}
+
+TEST_F(MainWindowLookTest, aModifiedLineIsMarkedInTheList)
+{
+    open();
+    const QModelIndex index = sounds().model()->index(1, 0);
+    const auto barColour = [&] {
+        const QRect rect = sounds().visualRect(index);
+        return sounds().viewport()->grab().toImage().pixelColor(rect.left() + 1, rect.center().y());
+    };
+    const QColor before = barColour();
+    clickRow(1);
+    type("TxVOL", "33");
+    click("CdValidW");
+    clickRow(3);
+    EXPECT_NE(barColour(), before);
+    EXPECT_EQ(index.data().toString(), "  1: LARA_CLIMB2           ") << "a mark is no text";
+}
+
+TEST_F(MainWindowLookTest, panelsFoldByTheirTitleImage)
+{
+    open();
+    EXPECT_TRUE(control("CdCopy").isVisible());
+    click("ImPanelW");
+    EXPECT_FALSE(control("CdCopy").isVisible());
+    EXPECT_TRUE(control("CdQuit").isVisible());
+    click("ImPanelW");
+    EXPECT_TRUE(control("CdCopy").isVisible());
+}
