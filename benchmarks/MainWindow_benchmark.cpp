@@ -32,6 +32,13 @@ public:
     bool editText(const std::filesystem::path& /*file*/, WindowMode /*mode*/) override { return false; }
 };
 
+class NoPlayer : public SamplePlayer
+{
+public:
+    Problem play(const std::filesystem::path& /*file*/) override { return std::nullopt; }
+    void stop() override {}
+};
+
 // Proves that the window was painted within the measured time.
 class PaintCounter : public QObject
 {
@@ -52,7 +59,8 @@ void selectLine(benchmark::State& state)
     folders.growTo(static_cast<std::size_t>(state.range(0)));
     NoDialogs dialogs;
     NoPrograms programs;
-    const FmSFXContext context{folders.program, dialogs, programs, [](Language) {}};
+    NoPlayer player;
+    const FmSFXContext context{folders.program, dialogs, programs, player, [](Language) {}};
     FmSFX window(context, {LoadSettings(folders.program).settings, false});
     window.load();
     window.show();

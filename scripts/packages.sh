@@ -2,7 +2,7 @@
 # Sourced by the other scripts: installs Debian packages that are missing, or says which.
 
 # Qt without its unneeded helpers would still pull in a desktop; recommended packages are left out.
-build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev"
+build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev libsdl2-dev"
 run_packages="qt6-translations-l10n fonts-dejavu-core"
 test_packages="libgtest-dev strace util-linux fonts-dejavu-core"
 benchmark_packages="libbenchmark-dev"

@@ -161,7 +161,7 @@ void FmSFX::connectLineControls()
         connect(m_controls.flag(flag), &QCheckBox::toggled, this,
                 [this, flag](bool on) { flagChanged(flag, on); });
     }
-    connect(m_controls.LiSamp, &QListWidget::currentTextChanged, m_controls.TxSamp, &QLineEdit::setText);
+    connectSampleControls();
 }
 
 // Their commands are not in this version yet.
@@ -169,10 +169,9 @@ void FmSFX::disableLaterControls()
 {
     const FmSFXControls& c = m_controls;
     for (QWidget* const control : std::initializer_list<QWidget*>{
-             c.CdHlp,     c.CdParam,   c.CdCopy,   c.CdLoadSAM, c.CdLoadWAS,  c.CdViewWAD, c.CdRefW,
-             c.CdStats,   c.CdImport,  c.CdExport, c.CdPlay2,   c.CdStopS2,   c.CdPlay,    c.CdStopS,
-             c.CdAddSmp,  c.CdRename,  c.CdDelSmp, c.CdChSamp,  c.CdAddWAD,   c.CdDel,     c.CdErase,
-             c.TxReplacL, c.CdReplacL, c.CdObj,    c.CdEffObj,  c.CdSmpCheck, c.OpWAD[0],  c.OpWAD[1]}) {
+             c.CdHlp, c.CdParam, c.CdCopy, c.CdLoadSAM, c.CdLoadWAS, c.CdViewWAD, c.CdRefW, c.CdStats,
+             c.CdImport, c.CdExport, c.CdAddWAD, c.CdDel, c.CdErase, c.TxReplacL, c.CdReplacL, c.CdObj,
+             c.CdEffObj, c.OpWAD[0], c.OpWAD[1]}) {
         control->setEnabled(false);
     }
 }
@@ -369,8 +368,8 @@ void FmSFX::showSelectedLine()
 void FmSFX::enableLineControls(bool enable)
 {
     const FmSFXControls& c = m_controls;
-    for (QWidget* const control :
-         std::initializer_list<QWidget*>{c.CdValidW, c.CdRestore, c.CdCopyLine, c.TxSamp}) {
+    for (QWidget* const control : std::initializer_list<QWidget*>{
+             c.CdValidW, c.CdRestore, c.CdCopyLine, c.TxSamp, c.CdAddSmp, c.CdDelSmp, c.CdChSamp}) {
         control->setEnabled(enable);
     }
     for (QLineEdit* const box : c.values) {
@@ -411,11 +410,11 @@ void FmSFX::fillSamples()
 {
     const SoundLine& record = m_editor.record();
     m_controls.LiSamp->clear();
-    m_controls.TxSamp->clear();
     for (std::size_t i = 0; i < record.sampleCount(); ++i) {
         m_controls.LiSamp->addItem(fromCodePage(record.Samples[i]));
     }
     m_controls.LiSamp->setCurrentRow(0);
+    sampleSelected();
 }
 
 void FmSFX::fillLetters()

@@ -11,6 +11,8 @@
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
 #include "references/ReferenceRegister.h"
+#include "samples/SampleCommands.h"
+#include "samples/SamplesContext.h"
 #include "ui/TitledWindow.h"
 
 #include <filesystem>
@@ -27,6 +29,7 @@ struct FmSFXContext
     std::filesystem::path programFolder;
     Dialogs& dialogs;
     Programs& programs;
+    SamplePlayer& player;
     std::function<void(Language)> languageChanged; // for the boxes and whatever else stands outside
 };
 
@@ -79,6 +82,18 @@ private:
     void enableLineControls(bool enable);
     void showPending();
 
+    // Samples (FmSFXSamples.cpp)
+    void connectSampleControls();
+    void enableSampleControls();
+    void sampleSelected();
+    SampleInput sampleInput() const;
+    void changeSamples(SampleResult (*command)(LineEditor&, const SampleInput&, Dialogs&));
+    void playSample(QWidget& focusAfterwards);
+    void stopSample(QWidget& focusAfterwards);
+    void chooseSample();
+    void checkSamplesFolder();
+    SamplesContext samplesContext() const;
+
     void valueChanged(ValueBox box);
     void valueLeft(ValueBox box);
     void flagChanged(LineFlag flag, bool on);
@@ -101,6 +116,7 @@ private:
     ReferenceRegister m_references;
     CurrentWad m_wad;
     LineEditor m_editor;
+    std::string m_currentSample; // what the play buttons play
     SoundListModel* m_sounds;
     FmSFXControls m_controls;
     bool m_showGlobals = true;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FmSFXControls.h"
+#include "ui/Controls.h"
 #include "ui/FoldingPanel.h"
-#include "ui/Icons.h"
 #include "ui/Theme.h"
 
 #include <QButtonGroup>
@@ -22,27 +22,10 @@ namespace tavrel {
 
 namespace {
 
-constexpr int gap = 6;
+constexpr int gap = controlGap;
 constexpr int functionColumnWidth = 316;
 constexpr int listColumnWidth = 250;
-constexpr int iconSize = 16;
 constexpr int tabStop = 8;
-
-template <typename Control>
-Control* named(Control* control, const char* name)
-{
-    control->setObjectName(name);
-    return control;
-}
-
-QPushButton* makeButton(const char* name, Glyph glyph)
-{
-    auto* const button = named(new QPushButton, name);
-    button->setIcon(glyphIcon(glyph, theme::text));
-    button->setIconSize({iconSize, iconSize});
-    button->setAutoDefault(false); // Enter belongs to the control that has the focus
-    return button;
-}
 
 // With its caption, in a column of such buttons.
 QPushButton* makeRowButton(const char* name, Glyph glyph)
@@ -50,28 +33,6 @@ QPushButton* makeRowButton(const char* name, Glyph glyph)
     QPushButton* const button = makeButton(name, glyph);
     button->setProperty("row", true);
     return button;
-}
-
-QPushButton* makeIconButton(const char* name, Glyph glyph)
-{
-    QPushButton* const button = makeButton(name, glyph);
-    button->setProperty("iconOnly", true);
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    return button;
-}
-
-QLabel* makeHeading(const char* name)
-{
-    auto* const label = named(new QLabel, name);
-    label->setProperty("heading", true);
-    return label;
-}
-
-QLineEdit* makeReadOnly(const char* name)
-{
-    auto* const box = named(new QLineEdit, name);
-    box->setReadOnly(true);
-    return box;
 }
 
 // A line of sounds.txt as it stands, TABs at the level editor's stops.
@@ -91,16 +52,6 @@ QPlainTextEdit* makeLineView(const char* name)
     constexpr int frame = 8;
     view->setFixedHeight(static_cast<int>(metrics.lineSpacing()) + frame);
     return view;
-}
-
-QHBoxLayout* rowOf(std::initializer_list<QWidget*> controls)
-{
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(gap);
-    for (QWidget* const control : controls) {
-        row->addWidget(control);
-    }
-    return row;
 }
 
 QVBoxLayout* makeColumn()
@@ -271,8 +222,7 @@ QWidget* makeValues(FmSFXControls& c)
 
 void addSamplesPanel(FmSFXControls& c, QVBoxLayout& column)
 {
-    c.LiSamp = named(new QListWidget, "LiSamp");
-    c.LiSamp->setFont(fixedPitchFont());
+    c.LiSamp = makeFixedPitchList("LiSamp");
     c.TxSamp = named(new QLineEdit, "TxSamp");
     c.CdPlay = makeIconButton("CdPlay", Glyph::Play);
     c.CdStopS = makeIconButton("CdStopS", Glyph::Stop);
@@ -291,8 +241,7 @@ void addSamplesPanel(FmSFXControls& c, QVBoxLayout& column)
 
 void addWadsPanel(FmSFXControls& c, QVBoxLayout& column)
 {
-    c.LiWAD = named(new QListWidget, "LiWAD");
-    c.LiWAD->setFont(fixedPitchFont());
+    c.LiWAD = makeFixedPitchList("LiWAD");
     FoldingPanel* const panel = addPanel(c, Panel::Wads, "ImPanelD", column, 1);
     panel->content().addWidget(makeHeading("LbWADs"));
     panel->content().addWidget(c.LiWAD, 1);

@@ -2,6 +2,7 @@
 #include "app/FmLanguage.h"
 #include "app/FmSFX.h"
 #include "app/StartUp.h"
+#include "samples/SystemPlayer.h"
 #include "ui/Icons.h"
 #include "ui/QtDialogs.h"
 #include "ui/QtPrograms.h"
@@ -74,7 +75,8 @@ int main(int argc, char* argv[])
     }
     QApplication::setQuitOnLastWindowClosed(true);
 
-    tavrel::FmSFX window({programFolder, dialogs, programs, speak}, *session);
+    const std::unique_ptr<tavrel::SamplePlayer> player = tavrel::makeSystemPlayer();
+    tavrel::FmSFX window({programFolder, dialogs, programs, *player, speak}, *session);
     window.show();
     const auto paths = tavrel::derivePaths(session->settings.LevelEditorFolder);
     if (const auto warning = tavrel::writabilityWarning(programFolder, paths)) {

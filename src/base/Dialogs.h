@@ -16,6 +16,8 @@ struct OpenFileQuestion
     BilingualText filterName;
     std::vector<std::string> fileNames; // the names or patterns the filter lets through
     std::filesystem::path folder;       // where the dialog starts
+    std::string proposedName = {};
+    bool fileMustExist = true; // else only its folder must
 };
 
 // How commands talk to the user. The windows answer with boxes, scripts with the console, tests with a
@@ -31,7 +33,7 @@ public:
     virtual void show(const Message& message) = 0;
     // Closing the box without a choice is Cancel where there is one, else the refusal (No).
     virtual Answer ask(const Question& question) = 0;
-    // The chosen file, which exists; nothing when the user cancels.
+    // Nothing when the user cancels.
     virtual std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) = 0;
 };
 

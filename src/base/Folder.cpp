@@ -18,7 +18,8 @@ Result<std::vector<FolderEntry>> listFolder(const fs::path& folder)
     for (fs::directory_iterator it(folder, error); !error && it != fs::directory_iterator();
          it.increment(error)) {
         std::error_code ignored;
-        entries.push_back({codePagePath(it->path().filename()).bytes, it->path(), it->is_directory(ignored)});
+        entries.push_back(
+            {codePagePath(it->path().filename()).bytes, it->path(), it->is_regular_file(ignored)});
     }
     if (error) {
         return cannotRead(folder, error);
@@ -68,7 +69,7 @@ Result<bool> holdsEntry(const fs::path& folder, std::string_view name)
 std::optional<fs::path> findFile(const fs::path& folder, std::string_view name)
 {
     const std::optional<FolderEntry> entry = findByName(folder, name);
-    return entry && !entry->isFolder ? std::optional(entry->path) : std::nullopt;
+    return entry && entry->isFile ? std::optional(entry->path) : std::nullopt;
 }
 
 fs::path fileIn(const fs::path& folder, std::string_view name)

@@ -16,7 +16,7 @@ struct FolderEntry
 {
     std::string name;           // code page bytes
     std::filesystem::path path; // as it stands on the disk: what to open
-    bool isFolder = false;
+    bool isFile = false;        // a regular one, or a link to one
 };
 
 // In the system's own order. A folder that cannot be listed is a failure; a missing one as well.

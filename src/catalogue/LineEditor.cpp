@@ -100,11 +100,26 @@ bool LineEditor::accept(Dialogs& dialogs)
                        "d'abord un sample."}});
         return false;
     }
-    if (!confirmComposing(m_catalogue->currentLine(*m_selected), dialogs)) {
-        return false;
-    }
-    if (const Problem problem = m_catalogue->setCurrentLine(*m_selected, ComposeSoundLine(m_record))) {
-        dialogs.show({MessageIcon::Exclamation, {"Accept values", "Accepter les valeurs"}, problem->text});
+    return confirmComposing(dialogs) && store(m_record, {"Accept values", "Accepter les valeurs"}, dialogs);
+}
+
+bool LineEditor::confirmComposing(Dialogs& dialogs) const
+{
+    return tavrel::confirmComposing(m_catalogue->currentLine(m_selected.value()), dialogs);
+}
+
+bool LineEditor::storeSamples(std::vector<std::string> samples, Dialogs& dialogs)
+{
+    SoundLine record = m_record;
+    record.Samples = std::move(samples);
+    record.refreshSampleText();
+    return store(record, BilingualText::same("Samples"), dialogs);
+}
+
+bool LineEditor::store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs)
+{
+    if (const Problem problem = m_catalogue->setCurrentLine(m_selected.value(), ComposeSoundLine(record))) {
+        dialogs.show({MessageIcon::Exclamation, title, problem->text});
         return false;
     }
     select(m_selected);

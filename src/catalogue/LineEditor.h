@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavrel {
 
@@ -39,11 +40,17 @@ public:
     bool edited() const { return m_record != m_unedited; }
     // "Accept values": composes the record into the current line. False when it was refused.
     bool accept(Dialogs& dialogs);
+    // Asks when composing the line would lose or gain words. True when a command may go on.
+    bool confirmComposing(Dialogs& dialogs) const;
+    // Composes the record with other samples into the current line, after confirmComposing(). False when the
+    // catalogue refused it.
+    bool storeSamples(std::vector<std::string> samples, Dialogs& dialogs);
     // Before the line is left: asks about values that were not accepted. False when the user stays.
     bool mayLeave(Dialogs& dialogs);
 
 private:
     FixedText<2>& flagField(LineFlag flag);
+    bool store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs);
 
     SoundCatalogue* m_catalogue;
     std::optional<std::size_t> m_selected;

@@ -65,12 +65,14 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
         patterns += QString::fromStdString(name);
     }
     const QString filter = inLanguage(question.filterName, m_language) + " (" + patterns.join(' ') + ")";
-    const QString chosen =
-        QFileDialog::getOpenFileName(QApplication::activeWindow(), inLanguage(question.title, m_language),
-                                     existingFolder(question.folder), filter);
-    if (chosen.isEmpty()) {
+    QFileDialog dialog(QApplication::activeWindow(), inLanguage(question.title, m_language),
+                       existingFolder(question.folder), filter);
+    dialog.setFileMode(question.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.selectFile(QString::fromStdString(question.proposedName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().empty()) {
         return std::nullopt;
     }
+    const QString chosen = dialog.selectedFiles().front();
     return std::filesystem::path(chosen.toStdU16String()).make_preferred();
 }
 

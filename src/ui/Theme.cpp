@@ -135,6 +135,10 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 
 QLabel[muted="true"] { color: #A3A194; }
 QLabel[heading="true"] { color: #E8A33D; }
+QLabel[paper="true"] { background: #E6E3D2; border-radius: 3px; padding: 2px 6px; }
+
+QProgressBar { background: #1F2124; border: 1px solid #17181B; border-radius: 3px; }
+QProgressBar::chunk { background: #E8A33D; border-radius: 2px; }
 )";
 
 } // namespace

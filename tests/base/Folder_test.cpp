@@ -57,7 +57,7 @@ TEST(Folder, ListsOrSaysWhyNot)
     ASSERT_TRUE(entries);
     ASSERT_EQ(entries->size(), 2U);
     for (const FolderEntry& entry : *entries) {
-        EXPECT_EQ(entry.name, entry.isFolder ? "b" : "a\xE9");
+        EXPECT_EQ(entry.name, entry.isFile ? "a\xE9" : "b");
         EXPECT_TRUE(fs::exists(entry.path));
     }
     const Result<std::vector<FolderEntry>> missing = listFolder(root / "missing");

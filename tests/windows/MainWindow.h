@@ -34,6 +34,21 @@ public:
     std::vector<std::pair<std::filesystem::path, WindowMode>> edited;
 };
 
+class RecordedPlayer : public SamplePlayer
+{
+public:
+    Problem play(const std::filesystem::path& file) override
+    {
+        played.push_back(file);
+        return problem;
+    }
+    void stop() override { ++stops; }
+
+    Problem problem;
+    std::vector<std::filesystem::path> played;
+    int stops = 0;
+};
+
 // The main window on the demo folder, used by mouse and keys.
 class MainWindowTest : public testing::Test
 {
@@ -41,7 +56,7 @@ protected:
     void open()
     {
         const LoadedSettings loaded = LoadSettings(folders.program);
-        const FmSFXContext context{folders.program, dialogs, programs, [](Language) {}};
+        const FmSFXContext context{folders.program, dialogs, programs, player, [](Language) {}};
         window = std::make_unique<FmSFX>(context, StartedSession{loaded.settings, loaded.damage.has_value()});
         window->show();
         window->load();
@@ -92,6 +107,7 @@ protected:
     DemoFolders folders;
     ScriptedDialogs dialogs;
     RecordedPrograms programs;
+    RecordedPlayer player;
     std::unique_ptr<FmSFX> window;
 };
 

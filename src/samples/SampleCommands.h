@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Dialogs.h"
+#include "catalogue/LineEditor.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Changing the samples of the selected line. Each command composes the working record, the values in the
+// boxes included, into the current line at once.
+namespace tavrel {
+
+// What the user has in front of him: the name in the box and the entry selected in the list.
+struct SampleInput
+{
+    std::filesystem::path samplesFolder;
+    std::string typedName; // code page bytes, without ".wav"
+    std::optional<std::size_t> selected;
+};
+
+struct SampleResult
+{
+    bool changed = false;
+    // On a change: the entry to select.
+    std::size_t selected = 0;
+    // What the box has to show instead of what was typed.
+    std::optional<std::string> typedName;
+};
+
+// Puts the typed name behind the others.
+SampleResult addSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs);
+// Puts the typed name in the place of the selected one. With nothing typed, the selected name comes back.
+SampleResult renameSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs);
+// Takes the selected name off the line, after a question. One sample has to stay.
+SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs);
+
+enum class SampleChange { Add, Rename };
+
+// The rules for a name in a list of samples: no blank, room in the sample field, a file of the right format.
+// The first rule that is broken shows its message. For Rename an entry must be selected and a name typed.
+bool ValidateSampleName(SampleChange change, const std::vector<std::string>& names, const SampleInput& input,
+                        Dialogs& dialogs);
+
+} // namespace tavrel

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "samples/SampleFormat.h"
+
+#include "base/TextFile.h"
+#include "samples/SamplesFolder.h"
+
+#include <array>
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::size_t lookedAt = 40;
+
+// Names are cut or padded to this, then a blank separates them from the marks.
+constexpr std::size_t nameWidth = 27;
+constexpr std::size_t markWidth = 9;
+
+void appendMark(std::string& row, bool passes, std::string_view failure)
+{
+    std::string cell(passes ? std::string_view() : failure);
+    cell.resize(markWidth, ' ');
+    row += cell;
+}
+
+} // namespace
+
+SampleFormatVerdict CheckSampleFormatDetailed(const std::filesystem::path& file)
+{
+    std::array<char, lookedAt> header{};
+    if (!readStart(file, header)) {
+        return {};
+    }
+    SampleFormatVerdict verdict;
+    verdict.pcm = header[20] == 1;
+    verdict.mono = header[22] == 1;
+    verdict.rate22050 = header[24] == 0x22 && header[25] == 0x56;
+    verdict.plainHeader = std::string_view(&header[36], 4) == "data";
+    return verdict;
+}
+
+bool CheckSampleFormat(const std::filesystem::path& folder, std::string_view name)
+{
+    const std::optional<std::filesystem::path> file = findSample(folder, name);
+    return file && CheckSampleFormatDetailed(*file).valid();
+}
+
+const BilingualText& requiredSampleFormat()
+{
+    static const BilingualText text("Windows PCM 22050Hz 16bits Mono w/o header informations",
+                                    "Windows PCM 22050Hhz 16bits Mono sans informations d'en-tête");
+    return text;
+}
+
+BilingualText anomalyTitle()
+{
+    return {"List of wrong samples        ----------- ANOMALIES -----------",
+            "Liste des mauvais samples    ----------- ANOMALIES ------------"};
+}
+
+BilingualText anomalyColumns()
+{
+    return {"File name                    Mono     PCM      22050Khz Header",
+            "Nom fichier                  Mono     PCM      22050Khz En-tête"};
+}
+
+std::string anomalyRow(std::string_view fileName, const SampleFormatVerdict& verdict, Language language)
+{
+    std::string row(fileName.substr(0, fileName.rfind(".wav")));
+    row.resize(nameWidth, ' ');
+    row += ' ';
+    appendMark(row, verdict.mono, "  N");
+    appendMark(row, verdict.pcm, " N");
+    appendMark(row, verdict.rate22050, "    N");
+    // This column says that there is header information, so a failure is a yes.
+    appendMark(row, verdict.plainHeader, language == Language::French ? "   O" : "   Y");
+    return row;
+}
+
+} // namespace tavrel

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "samples/SamplePlayer.h"
+
+#include "base/CodePage.h"
+#include "samples/SamplesFolder.h"
+
+namespace tavrel {
+
+Problem PlaySample(SamplePlayer& player, const std::filesystem::path& folder, std::string_view name,
+                   Dialogs& dialogs)
+{
+    if (name.empty()) {
+        return std::nullopt;
+    }
+    if (const std::optional<std::filesystem::path> file = findSample(folder, name)) {
+        return player.play(*file);
+    }
+    dialogs.show({MessageIcon::Exclamation, {"Play", "Jouer"}, noSuchSample(folder, name)});
+    return std::nullopt;
+}
+
+void StopSample(SamplePlayer& player)
+{
+    player.stop();
+}
+
+BilingualText noSuchSample(const std::filesystem::path& folder, std::string_view name)
+{
+    const std::string file = "[" + utf8FromCodePage(name) + ".wav]";
+    return BilingualText("The sample " + file + " doesn't exist\nin ",
+                         "Le sample " + file + " n'existe pas\ndans ") +
+           displayPath(folder / "");
+}
+
+} // namespace tavrel

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/CodePage.h"
+#include "samples/SystemPlayer.h"
+
+#include <mmsystem.h>
+#include <windows.h>
+
+namespace tavrel {
+
+namespace {
+
+class WindowsPlayer : public SamplePlayer
+{
+public:
+    ~WindowsPlayer() override { WindowsPlayer::stop(); }
+
+    Problem play(const std::filesystem::path& file) override
+    {
+        if (sndPlaySoundA(codePagePath(file).bytes.c_str(), SND_ASYNC) == FALSE) {
+            return Failure{{"No sound", "Pas de son"}};
+        }
+        return std::nullopt;
+    }
+
+    void stop() override { sndPlaySoundA(nullptr, SND_ASYNC); }
+};
+
+} // namespace
+
+std::unique_ptr<SamplePlayer> makeSystemPlayer()
+{
+    return std::make_unique<WindowsPlayer>();
+}
+
+} // namespace tavrel

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/Controls.h"
+
+#include "ui/Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace tavrel {
+
+namespace {
+
+constexpr int iconSize = 16;
+const QColor calm(64, 64, 64);
+const QColor alarm(192, 0, 0);
+
+} // namespace
+
+QPushButton* makeButton(const char* name, Glyph glyph)
+{
+    auto* const button = named(new QPushButton, name);
+    button->setIcon(glyphIcon(glyph, theme::text));
+    button->setIconSize({iconSize, iconSize});
+    button->setAutoDefault(false);
+    return button;
+}
+
+QPushButton* makeIconButton(const char* name, Glyph glyph)
+{
+    QPushButton* const button = makeButton(name, glyph);
+    button->setProperty("iconOnly", true);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return button;
+}
+
+QLabel* makeHeading(const char* name)
+{
+    auto* const label = named(new QLabel, name);
+    label->setProperty("heading", true);
+    return label;
+}
+
+QLabel* makePaperLabel(const char* name)
+{
+    auto* const label = named(new QLabel, name);
+    label->setTextFormat(Qt::PlainText);
+    label->setProperty("paper", true);
+    // Its texts change quickly and must not move the rest of the window.
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setPaperText(*label, {});
+    return label;
+}
+
+void setPaperText(QLabel& label, const QString& text, bool alarming)
+{
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, alarming ? alarm : calm);
+    label.setPalette(palette);
+    label.setText(text);
+}
+
+QLineEdit* makeReadOnly(const char* name)
+{
+    auto* const box = named(new QLineEdit, name);
+    box->setReadOnly(true);
+    return box;
+}
+
+QListWidget* makeFixedPitchList(const char* name)
+{
+    auto* const list = named(new QListWidget, name);
+    list->setFont(fixedPitchFont());
+    list->setUniformItemSizes(true);
+    return list;
+}
+
+QHBoxLayout* rowOf(std::initializer_list<QWidget*> controls)
+{
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(controlGap);
+    for (QWidget* const control : controls) {
+        row->addWidget(control);
+    }
+    return row;
+}
+
+} // namespace tavrel

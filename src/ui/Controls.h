@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/Icons.h"
+
+#include <initializer_list>
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QWidget;
+
+// The controls of which the windows are built. Their object names are how tests, captions and assistive
+// technology find them.
+namespace tavrel {
+
+constexpr int controlGap = 6;
+
+template <typename Control>
+Control* named(Control* control, const char* name)
+{
+    control->setObjectName(name);
+    return control;
+}
+
+// Enter does not press it: that belongs to the control that has the focus.
+QPushButton* makeButton(const char* name, Glyph glyph);
+// Shows the icon alone.
+QPushButton* makeIconButton(const char* name, Glyph glyph);
+QLabel* makeHeading(const char* name);
+// A status line in dark text on light ground, for texts that are coloured by what they say.
+QLabel* makePaperLabel(const char* name);
+void setPaperText(QLabel& label, const QString& text, bool alarming = false);
+QLineEdit* makeReadOnly(const char* name);
+QListWidget* makeFixedPitchList(const char* name);
+
+QHBoxLayout* rowOf(std::initializer_list<QWidget*> controls);
+
+} // namespace tavrel

@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The samples of a line in the main window, the sample chooser, and the check of a folder.
+#include "MainWindow.h"
+#include "demo/WavFile.h"
+#include "samples/FmCheck.h"
+#include "samples/FmSamp.h"
+#include "ui/Text.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+
+using namespace tavrel;
+
+namespace {
+
+const std::string fixedTitle = "List of wrong samples        ----------- ANOMALIES -----------";
+
+class MainWindowSamplesTest : public MainWindowTest
+{
+protected:
+    MainWindowSamplesTest()
+    {
+        for (const char* name : {"foot01", "foot02", "foot03", "foot04", "rico_01", "rico_02", "extra"}) {
+            writeBytes(samplesFolder / (std::string(name) + ".wav"), wavBytes({.seconds = 0.01}));
+        }
+        writeBytes(samplesFolder / "wrong.wav", wavBytes({.channels = 2, .seconds = 0.01}));
+    }
+
+    QListWidget& samples() { return control<QListWidget>("LiSamp"); }
+    void clickSample(int row)
+    {
+        QTest::mouseClick(samples().viewport(), Qt::LeftButton, {},
+                          samples().visualItemRect(samples().item(row)).center());
+    }
+
+    std::filesystem::path samplesFolder = folders.levelEditor / "sound" / "Samples";
+};
+
+// Acts on the next modal window.
+template <typename Window, typename Act>
+void whenOpened(Act act)
+{
+    QTimer::singleShot(0, [act] {
+        auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget());
+        ASSERT_NE(window, nullptr);
+        act(*window);
+        if (window->isVisible()) {
+            window->close();
+        }
+    });
+}
+
+} // namespace
+
+TEST_F(MainWindowSamplesTest, changesReachTheLineAtOnce)
+{
+    open();
+    clickRow(10);
+    type("TxSamp", "extra");
+    click("CdAddSmp");
+    const std::string added = "LARA_RICOCHET:\t\trico_01 rico_02 extra\t\tVOL60\tP V\tCH10\tPIT30\tRAD13\t#g";
+    EXPECT_EQ(window->catalogue().currentLine(10), added);
+    EXPECT_EQ(samples().currentRow(), 2);
+    EXPECT_EQ(control<QLabel>("LbPending").text(), "Modifications not yet applied");
+
+    clickSample(0);
+    EXPECT_EQ(text("TxSamp"), "rico_01");
+    type("TxSamp", "foot01");
+    click("CdRename");
+    EXPECT_EQ(samples().item(0)->text(), "foot01");
+
+    dialogs.prepareAnswer(Answer::Yes);
+    clickSample(1);
+    click("CdDelSmp");
+    EXPECT_EQ(window->catalogue().currentLine(10),
+              "LARA_RICOCHET:\t\tfoot01 extra\t\t\tVOL60\tP V\tCH10\tPIT30\tRAD13\t#g");
+    EXPECT_EQ(samples().currentRow(), 0);
+
+    type("TxSamp", "wrong");
+    click("CdAddSmp");
+    EXPECT_EQ(dialogs.said().back().kind, "exclamation");
+    EXPECT_EQ(text("TxSamp"), "wrong");
+    EXPECT_TRUE(control("TxSamp").hasFocus());
+    EXPECT_EQ(samples().count(), 2);
+    dialogs.prepareAnswer(Answer::Yes);
+    window->close();
+}
+
+TEST_F(MainWindowSamplesTest, playsTheSelectedSample)
+{
+    open();
+    clickRow(0);
+    clickSample(2);
+    click("CdPlay");
+    EXPECT_TRUE(samples().hasFocus());
+    click("CdPlay2");
+    EXPECT_TRUE(sounds().hasFocus());
+    EXPECT_EQ(player.played, (std::vector{samplesFolder / "foot03.wav", samplesFolder / "foot03.wav"}));
+    click("CdStopS");
+    EXPECT_EQ(player.stops, 1);
+    player.problem = Failure{{"No sound: none", "Pas de son : rien"}};
+    click("CdPlay");
+    EXPECT_EQ(control<QLabel>("LbInfo").text(), "No sound: none");
+    EXPECT_TRUE(dialogs.said().empty()) << "no box where a machine has no sound";
+    samples().clearSelection();
+    for (const char* name : {"CdPlay", "CdPlay2", "CdStopS", "CdStopS2", "CdRename"}) {
+        EXPECT_FALSE(enabled(name)) << name;
+    }
+    EXPECT_TRUE(enabled("CdAddSmp"));
+}
+
+TEST_F(MainWindowSamplesTest, theChooserFillsTheNameBox)
+{
+    writeBytes(samplesFolder / "CAPITALS.WAV", wavBytes({.seconds = 0.01}));
+    open();
+    whenOpened<FmSamp>([this](FmSamp& chooser) {
+        auto& list = *chooser.findChild<QListWidget*>("LiSamp");
+        ASSERT_EQ(list.count(), 9);
+        auto& ok = *chooser.findChild<QPushButton*>("CdOK");
+        EXPECT_FALSE(ok.isEnabled());
+        list.setCurrentRow(0); // in the order of names
+        QTest::mouseClick(&ok, Qt::LeftButton);
+        EXPECT_TRUE(chooser.isVisible());
+        EXPECT_EQ(dialogs.said().back().text,
+                  BilingualText("Select a .wav file", "Sélectionnez un fichier .wav"));
+        list.setCurrentRow(1);
+        QTest::mouseClick(chooser.findChild<QPushButton*>("CdPlay"), Qt::LeftButton);
+        EXPECT_EQ(player.played.back(), samplesFolder / "extra.wav");
+        QTest::mouseClick(&ok, Qt::LeftButton);
+    });
+    click("CdChSamp");
+    EXPECT_EQ(text("TxSamp"), "extra");
+    EXPECT_FALSE(window->catalogue().pending()) << "a chosen name is not yet added";
+}
+
+TEST_F(MainWindowSamplesTest, theCheckOpensOnTheSamplesFolder)
+{
+    open();
+    whenOpened<FmCheck>([this](FmCheck& check) {
+        EXPECT_EQ(check.findChild<QLabel*>("LbRep")->text().toStdString(), (samplesFolder / "").string());
+    });
+    click("CdSmpCheck");
+}
+
+namespace {
+
+class FmCheckTest : public testing::Test
+{
+protected:
+    FmCheckTest()
+    {
+        writeBytes(folder / "good.wav", wavBytes({.seconds = 0.01}));
+        writeBytes(folder / "stereo.wav", wavBytes({.channels = 2, .seconds = 0.01}));
+        writeBytes(folder / "other.txt", "");
+    }
+
+    void open(Language language = Language::English)
+    {
+        window = std::make_unique<FmCheck>(
+            nullptr, SamplesContext{language, ColourScheme(), folder.path(), dialogs, player});
+        window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        QApplication::setActiveWindow(window.get());
+    }
+    void run(const char* button)
+    {
+        click(button);
+        EXPECT_TRUE(find<QWidget>("PnInfo").isVisible());
+        click("ImPlus");
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !find<QProgressBar>("PbCheck").isVisible(); }));
+    }
+    template <typename Control>
+    Control& find(const char* name)
+    {
+        return *window->findChild<Control*>(name);
+    }
+    void click(const char* name) { QTest::mouseClick(&find<QPushButton>(name), Qt::LeftButton); }
+    std::string label(const char* name) { return find<QLabel>(name).text().toStdString(); }
+    QListWidget& list() { return find<QListWidget>("LiCheck"); }
+    QColor indicationColour() { return find<QLabel>("LbIndic").palette().color(QPalette::WindowText); }
+
+    TemporaryFolder folder;
+    ScriptedDialogs dialogs;
+    RecordedPlayer player;
+    std::unique_ptr<FmCheck> window;
+};
+
+} // namespace
+
+TEST_F(FmCheckTest, listsWrongFilesInColumns)
+{
+    open();
+    EXPECT_EQ(label("LbTip1").substr(0, 22), "Run NG_CENTER v1.2.2.7");
+    EXPECT_FALSE(find<QLabel>("LbTip1").isVisible());
+    run("CdLook");
+    EXPECT_EQ(label("LbCheckL"), fixedTitle);
+    ASSERT_EQ(list().count(), 1);
+    EXPECT_EQ(list().item(0)->text().toStdString(),
+              "stereo                        N                                 ");
+    EXPECT_EQ(label("LbIndic"), "1 file(s) found");
+    EXPECT_EQ(indicationColour(), QColor(192, 0, 0));
+    EXPECT_TRUE(find<QLabel>("LbTip1").isVisible());
+
+    std::filesystem::remove(folder / "stereo.wav");
+    run("CdLook");
+    EXPECT_EQ(label("LbIndic"), "No problem found");
+    EXPECT_EQ(indicationColour(), QColor(64, 64, 64));
+    EXPECT_FALSE(find<QLabel>("LbTip1").isVisible());
+    EXPECT_EQ(list().count(), 0);
+}
+
+TEST_F(FmCheckTest, visualizesAndPlaysByKeys)
+{
+    open(Language::French);
+    click("CdLireSmp");
+    EXPECT_EQ(label("LbInfoTitle"), "INFO - VISUALISER");
+    click("ImPlus");
+    EXPECT_EQ(label("LbCheckL"), "                          S A M P L E S");
+    EXPECT_EQ(label("LbCheckL2"), "Nom du fichier");
+    EXPECT_EQ(label("LbIndic"), "2 fichier(s) listé(s)");
+    EXPECT_FALSE(find<QPushButton>("CdPlay").isEnabled());
+    list().setCurrentRow(0);
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Space);
+    ASSERT_EQ(player.played.size(), 1U);
+    EXPECT_EQ(player.played[0].filename().string(), list().item(1)->text().toStdString());
+    click("CdStopS");
+    EXPECT_EQ(player.stops, 1);
+
+    std::filesystem::remove(player.played[0]);
+    click("CdPlay");
+    EXPECT_EQ(dialogs.said().back().title.french, "Jouer");
+}
+
+TEST_F(FmCheckTest, worksOnTheFolderOfAnyChosenName)
+{
+    open();
+    writeBytes(folder / "sub" / "only.wav", wavBytes({.seconds = 0.01}));
+    dialogs.prepareFile(folder / "sub" / "temp");
+    click("CdChSamp");
+    EXPECT_EQ(dialogs.fileQuestions()[0].proposedName, "temp");
+    EXPECT_FALSE(dialogs.fileQuestions()[0].fileMustExist);
+    EXPECT_EQ(label("LbRep"), (folder / "sub" / "").string());
+    run("CdLireSmp");
+    EXPECT_EQ(label("LbIndic"), "1 file(s) listed");
+
+    std::filesystem::remove_all(folder / "sub");
+    run("CdLook");
+    EXPECT_EQ(dialogs.said().back().kind, "exclamation");
+}
+
+TEST_F(FmCheckTest, aLongCheckListensAndCanBeCancelled)
+{
+    for (int i = 0; i < 3000; ++i) {
+        writeBytes(folder / (std::to_string(i) + ".wav"), "");
+    }
+    open();
+    // Comes to its turn between two slices of the check.
+    const auto meanwhile = [this](const std::function<void()>& act) {
+        click("CdLook");
+        bool acted = false;
+        QTimer::singleShot(0, window.get(), [&] {
+            EXPECT_TRUE(find<QProgressBar>("PbCheck").isVisible());
+            EXPECT_FALSE(find<QPushButton>("CdLireSmp").isEnabled());
+            EXPECT_NE(QApplication::overrideCursor(), nullptr);
+            act();
+            acted = true;
+        });
+        click("ImPlus");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return acted; }));
+        EXPECT_LT(list().count(), 3001);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    };
+    meanwhile([this] { click("CdCancelCheck"); });
+    EXPECT_NE(label("LbIndic").find("not finished"), std::string::npos);
+    EXPECT_TRUE(find<QPushButton>("CdLireSmp").isEnabled());
+    meanwhile([this] { window->close(); });
+    EXPECT_FALSE(window->isVisible()) << "a close ends the check first";
+}
