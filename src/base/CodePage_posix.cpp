@@ -121,6 +121,10 @@ std::string utf8FromCodePage(std::string_view bytes)
 
 CodePageText codePageFromUtf8(std::string_view utf8)
 {
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (std::ranges::all_of(utf8, isAscii)) {
+        return {std::string(utf8), true};
+    }
     CodePageText result;
     while (!utf8.empty()) {
         const std::optional<char32_t> character = takeCharacter(utf8);

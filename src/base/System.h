@@ -2,11 +2,16 @@
 #pragma once
 
 #include <filesystem>
+#include <span>
 #include <string_view>
 #include <system_error>
 
 // What the standard library has no words for. One implementation for each operating system.
 namespace tavrel::system {
+
+// Fills the buffer from the start of the file, with a single read; what lies beyond its end stays as it is.
+// False when the file cannot be opened or read.
+bool readStart(const std::filesystem::path& file, std::span<char> buffer);
 
 // Creates a file that must not exist yet, and returns once its bytes are on the disk.
 std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes);

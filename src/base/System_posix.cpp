@@ -69,6 +69,12 @@ void flushFolder(const std::filesystem::path& folder)
 
 } // namespace
 
+bool readStart(const std::filesystem::path& file, std::span<char> buffer)
+{
+    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    return descriptor.isOpen() && ::read(descriptor.number(), buffer.data(), buffer.size()) >= 0;
+}
+
 std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes)
 {
     Descriptor descriptor(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));

@@ -36,6 +36,20 @@ bool hasAttribute(const std::filesystem::path& file, DWORD attributes)
 
 } // namespace
 
+bool readStart(const std::filesystem::path& file, std::span<char> buffer)
+{
+    constexpr DWORD othersMay = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_READ, othersMay, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    DWORD count = 0;
+    const BOOL read = ReadFile(handle, buffer.data(), static_cast<DWORD>(buffer.size()), &count, nullptr);
+    CloseHandle(handle);
+    return read != FALSE;
+}
+
 std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes)
 {
     const HANDLE handle =

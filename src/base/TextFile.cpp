@@ -59,15 +59,6 @@ Result<FileContent> readFile(const fs::path& file)
     return content;
 }
 
-bool readStart(const fs::path& file, std::span<char> buffer)
-{
-    std::ifstream stream;
-    stream.rdbuf()->pubsetbuf(nullptr, 0); // or it would read blocks
-    stream.open(file, std::ios::binary);
-    stream.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    return stream.is_open() && !stream.bad();
-}
-
 std::vector<std::string_view> TextFile::lines() const
 {
     std::vector<std::string_view> result;

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,10 +28,6 @@ struct FileContent
 };
 
 Result<FileContent> readFile(const std::filesystem::path& file);
-
-// Fills the buffer from the start of the file with a single read; what lies beyond its end stays as it is.
-// False when the file cannot be opened.
-bool readStart(const std::filesystem::path& file, std::span<char> buffer);
 
 // 8-bit text. A file with NUL bytes (UTF-16 among them) is no such text and fails.
 struct TextFile

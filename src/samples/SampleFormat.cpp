@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/SampleFormat.h"
 
-#include "base/TextFile.h"
+#include "base/System.h"
 #include "samples/SamplesFolder.h"
 
 #include <array>
@@ -28,7 +28,7 @@ void appendMark(std::string& row, bool passes, std::string_view failure)
 SampleFormatVerdict CheckSampleFormatDetailed(const std::filesystem::path& file)
 {
     std::array<char, lookedAt> header{};
-    if (!readStart(file, header)) {
+    if (!system::readStart(file, header)) {
         return {};
     }
     SampleFormatVerdict verdict;
