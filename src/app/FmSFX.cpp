@@ -124,8 +124,7 @@ void FmSFX::connectControls()
         m_settings.language = french ? Language::French : Language::English;
         showLanguage();
     });
-    connect(c.CbTWad, &QComboBox::activated, this,
-            [this] { selectWad(toCodePage(m_controls.CbTWad->currentText())); });
+    connectLetterControls();
     for (std::size_t i = 0; i < panelCount; ++i) {
         connect(c.panels[i], &FoldingPanel::openChanged, this,
                 [this, i](bool open) { m_settings.panels[i] = open; });
@@ -168,10 +167,9 @@ void FmSFX::connectLineControls()
 void FmSFX::disableLaterControls()
 {
     const FmSFXControls& c = m_controls;
-    for (QWidget* const control : std::initializer_list<QWidget*>{
-             c.CdHlp, c.CdParam, c.CdCopy, c.CdLoadSAM, c.CdLoadWAS, c.CdViewWAD, c.CdRefW, c.CdStats,
-             c.CdImport, c.CdExport, c.CdAddWAD, c.CdDel, c.CdErase, c.TxReplacL, c.CdReplacL, c.CdObj,
-             c.CdEffObj, c.OpWAD[0], c.OpWAD[1]}) {
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{c.CdHlp, c.CdParam, c.CdCopy, c.CdLoadSAM, c.CdLoadWAS, c.CdViewWAD,
+                                         c.CdStats, c.CdImport, c.CdExport, c.OpWAD[0], c.OpWAD[1]}) {
         control->setEnabled(false);
     }
 }
@@ -226,11 +224,18 @@ void FmSFX::changeEvent(QEvent* event)
 
 void FmSFX::load()
 {
-    const bool loaded = loadFiles();
+    m_loaded = loadFiles();
+    m_object.clear();
     m_sounds->rebuild(m_showGlobals);
-    m_controls.CdApply->setEnabled(loaded);
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{m_controls.CdApply, m_controls.CdRefW, m_controls.CdErase,
+                                         m_controls.CdReplacL, m_controls.TxReplacL}) {
+        control->setEnabled(m_loaded);
+    }
+    selectWad(m_references.findUserWad(m_settings.lastWad) ? m_settings.lastWad : std::string());
     fillWadChooser();
     selectFirstLine();
+    showObject();
     showPending();
 }
 
@@ -270,28 +275,6 @@ void FmSFX::showNotices(const std::vector<Failure>& notices)
         text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
     }
     m_context.dialogs.show({MessageIcon::Information, BilingualText::same("sounds.txt"), text});
-}
-
-void FmSFX::fillWadChooser()
-{
-    m_controls.CbTWad->clear();
-    const std::vector<WadReference>& references = m_references.all();
-    for (std::size_t i = m_references.builtInCount(); i < references.size(); ++i) {
-        m_controls.CbTWad->addItem(fromCodePage(references[i].wadName));
-    }
-    selectWad(m_references.findUserWad(m_settings.lastWad) ? m_settings.lastWad : std::string());
-}
-
-void FmSFX::selectWad(const std::string& wadName)
-{
-    const WadReference* const reference = wadName.empty() ? nullptr : m_references.findWad(wadName);
-    m_wad = reference ? CurrentWad{reference->wadName, reference->letter, reference->title} : CurrentWad();
-    m_controls.CbTWad->setCurrentIndex(m_controls.CbTWad->findText(fromCodePage(m_wad.wadName)));
-    m_controls.TxWAD->setText(fromCodePage(m_wad.wadName));
-    m_controls.TxLett->setText(fromCodePage(m_wad.letter));
-    m_controls.TxTitre->setText(fromCodePage(m_wad.title));
-    fillLetters();
-    showTitle();
 }
 
 // Selecting a line
@@ -341,9 +324,12 @@ void FmSFX::selectFirstLine()
 void FmSFX::selectLine(std::optional<std::size_t> number)
 {
     m_editor.select(number);
+    m_justAdded.clear();
     showSelectedLine();
     if (number && m_catalogue.isProtected(*number)) {
         QTimer::singleShot(0, this, &FmSFX::showProtectedRefusal);
+    } else if (!m_object.empty()) {
+        QTimer::singleShot(0, this, &FmSFX::warnAboutObject);
     }
 }
 
@@ -368,6 +354,10 @@ void FmSFX::showSelectedLine()
 void FmSFX::enableLineControls(bool enable)
 {
     const FmSFXControls& c = m_controls;
+    for (QPushButton* const button : {c.CdAddWAD, c.CdDel, c.CdObj}) {
+        button->setEnabled(enable);
+    }
+    enable = enable && m_object.empty();
     for (QWidget* const control : std::initializer_list<QWidget*>{
              c.CdValidW, c.CdRestore, c.CdCopyLine, c.TxSamp, c.CdAddSmp, c.CdDelSmp, c.CdChSamp}) {
         control->setEnabled(enable);
@@ -420,7 +410,7 @@ void FmSFX::fillSamples()
 void FmSFX::fillLetters()
 {
     m_controls.LiWAD->clear();
-    for (const std::string& entry : letterEntries(m_editor.record(), m_references, m_wad)) {
+    for (const std::string& entry : letterEntries(m_editor.record(), m_references, m_wad, m_justAdded)) {
         m_controls.LiWAD->addItem(fromCodePage(entry));
     }
 }
@@ -626,8 +616,10 @@ void FmSFX::closeEvent(QCloseEvent* event)
 
 void FmSFX::saveSettings()
 {
-    m_settings.lastLetter = m_wad.letter;
-    m_settings.lastWad = m_wad.wadName;
+    if (m_loaded) { // else the WAD is only not known
+        m_settings.lastLetter = m_wad.letter;
+        m_settings.lastWad = m_wad.wadName;
+    }
     const Problem problem = m_settingsDamaged ? replaceDamagedSettings(m_context.programFolder, m_settings)
                                               : SaveSettings(m_context.programFolder, m_settings);
     if (problem) {

@@ -15,6 +15,8 @@
 #include "samples/SamplesContext.h"
 #include "ui/TitledWindow.h"
 
+#include <QTimer>
+
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -64,9 +66,6 @@ private:
 
     bool loadFiles();
     void showNotices(const std::vector<Failure>& notices);
-    void fillWadChooser();
-    void selectWad(const std::string& wadName);
-
     void currentRowChanged();
     void leaveForCurrentRow();
     void selectFirstLine();
@@ -94,6 +93,25 @@ private:
     void checkSamplesFolder();
     SamplesContext samplesContext() const;
 
+    // Letters, references and objects (FmSFXLetters.cpp)
+    void connectLetterControls();
+    void fillWadChooser();
+    void selectWad(const std::string& wadName);
+    void showWad();
+    void updateReminder();
+    void blinkReminder();
+    void paintWadPanel(ColourValue text, ColourValue chooser);
+    void refreshAllLines();
+    void addLetter();
+    void removeLetter();
+    void eraseLetterEverywhere();
+    void replaceLetterOfWad();
+    void openRegister();
+    void chooseObject();
+    void eraseObject();
+    void showObject();
+    void warnAboutObject();
+
     void valueChanged(ValueBox box);
     void valueLeft(ValueBox box);
     void flagChanged(LineFlag flag, bool on);
@@ -115,6 +133,12 @@ private:
     SoundCatalogue m_catalogue;
     ReferenceRegister m_references;
     CurrentWad m_wad;
+    std::string m_justAdded; // the letter that was put on the selected line last
+    std::string m_object;    // letters go to all its sounds; empty when single lines are edited
+    std::optional<std::size_t> m_warnedLine;
+    QTimer m_reminder; // TmWAD
+    ColourValue m_chooserColour = 0;
+    bool m_loaded = false;
     LineEditor m_editor;
     std::string m_currentSample; // what the play buttons play
     SoundListModel* m_sounds;

@@ -89,6 +89,7 @@ struct FmSFXControls
 
     // Its levels.
     QListWidget* LiWAD = nullptr;
+    QWidget* PnWad = nullptr; // around what names the current WAD
     QComboBox* CbTWad = nullptr;
     QLineEdit* TxWAD = nullptr;
     QLineEdit* TxLett = nullptr;

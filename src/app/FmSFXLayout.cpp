@@ -265,7 +265,11 @@ void addCurrentWad(FmSFXControls& c, QVBoxLayout& column)
     grid->addWidget(c.TxLett, 1, 3);
     grid->addWidget(named(new QLabel, "LbTitre"), 2, 0);
     grid->addWidget(c.TxTitre, 2, 1, 1, 3);
-    column.addLayout(grid);
+    c.PnWad = named(new QWidget, "PnWad");
+    c.PnWad->setAttribute(Qt::WA_StyledBackground);
+    grid->setContentsMargins(gap, gap, gap, gap);
+    c.PnWad->setLayout(grid);
+    column.addWidget(c.PnWad);
 }
 
 void addLettersPanel(FmSFXControls& c, QVBoxLayout& column)

@@ -31,7 +31,7 @@ void FmSFX::connectSampleControls()
 void FmSFX::enableSampleControls()
 {
     const FmSFXControls& c = m_controls;
-    const bool selected = m_editor.canEdit() && !c.LiSamp->selectedItems().empty();
+    const bool selected = m_editor.canEdit() && m_object.empty() && !c.LiSamp->selectedItems().empty();
     for (QPushButton* const button : {c.CdPlay, c.CdPlay2, c.CdStopS, c.CdStopS2, c.CdRename}) {
         button->setEnabled(selected);
     }

@@ -31,6 +31,13 @@ void SoundListModel::refresh(std::size_t number)
     }
 }
 
+void SoundListModel::refreshAll()
+{
+    if (!m_numbers.empty()) {
+        Q_EMIT dataChanged(index(0), index(static_cast<int>(m_numbers.size()) - 1));
+    }
+}
+
 std::optional<std::size_t> SoundListModel::numberAt(const QModelIndex& index) const
 {
     return index.isValid() ? std::optional(m_numbers.at(static_cast<std::size_t>(index.row())))

@@ -89,18 +89,23 @@ bool LineEditor::hasFlag(LineFlag flag) const
 
 bool LineEditor::accept(Dialogs& dialogs)
 {
-    if (!canEdit()) {
-        return false;
+    return canEdit() && hasSampleForValues(dialogs) && confirmComposing(dialogs) &&
+           store(m_record, {"Accept values", "Accepter les valeurs"}, dialogs);
+}
+
+// Without a sample before them, the values would be read as one: a message then.
+bool LineEditor::hasSampleForValues(Dialogs& dialogs) const
+{
+    if (m_record.sampleCount() > 0 || !hasValuesOrFlags(m_record)) {
+        return true;
     }
-    if (m_record.sampleCount() == 0 && hasValuesOrFlags(m_record)) {
-        dialogs.show({MessageIcon::Exclamation,
-                      {"Accept values", "Accepter les valeurs"},
-                      {"This line has no sample: its values would be read as one. Add a sample first.",
-                       "Cette ligne n'a pas de sample : ses valeurs seraient lues comme un sample. Ajoutez "
-                       "d'abord un sample."}});
-        return false;
-    }
-    return confirmComposing(dialogs) && store(m_record, {"Accept values", "Accepter les valeurs"}, dialogs);
+    dialogs.show(
+        {MessageIcon::Exclamation,
+         {"Accept values", "Accepter les valeurs"},
+         {"This line has no sample: its values would be read as one. Add a sample first.",
+          "Cette ligne n'a pas de sample : ses valeurs seraient lues comme un sample. Ajoutez d'abord un "
+          "sample."}});
+    return false;
 }
 
 bool LineEditor::confirmComposing(Dialogs& dialogs) const
@@ -114,6 +119,13 @@ bool LineEditor::storeSamples(std::vector<std::string> samples, Dialogs& dialogs
     record.Samples = std::move(samples);
     record.refreshSampleText();
     return store(record, BilingualText::same("Samples"), dialogs);
+}
+
+bool LineEditor::storeLetters(std::string letters, Dialogs& dialogs)
+{
+    SoundLine record = m_record;
+    record.Letters = std::move(letters);
+    return hasSampleForValues(dialogs) && store(record, {"Letter", "Lettre"}, dialogs);
 }
 
 bool LineEditor::store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs)

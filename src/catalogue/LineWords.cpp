@@ -77,6 +77,25 @@ WordChanges wordsChangedByComposing(std::string_view line)
     return {missingFrom(before, after), missingFrom(after, before)};
 }
 
+bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs)
+{
+    std::string numbers;
+    for (const ComposedLine& line : lines) {
+        if (!wordsChangedByComposing(line.text).none()) {
+            numbers += (numbers.empty() ? "" : ", ") + std::to_string(line.number);
+        }
+    }
+    if (numbers.empty()) {
+        return true;
+    }
+    const BilingualText text(
+        "These sounds have lines with words that Tavrel reads in another way. Writing them anew changes them: " +
+            numbers + "\nWrite the lines anew?",
+        "Les lignes de ces sons contiennent des mots que Tavrel lit autrement. Les réécrire les modifie : " +
+            numbers + "\nRéécrire les lignes ?");
+    return dialogs.ask({{"Lines", "Lignes"}, text, Buttons::YesNo, true}) == Answer::Yes;
+}
+
 bool confirmComposing(std::string_view line, Dialogs& dialogs)
 {
     const WordChanges changes = wordsChangedByComposing(line);

@@ -3,6 +3,8 @@
 
 #include "base/Dialogs.h"
 
+#include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +23,17 @@ struct WordChanges
 };
 
 WordChanges wordsChangedByComposing(std::string_view line);
+
+// A line that a command is about to recompose.
+struct ComposedLine
+{
+    std::size_t number; // of the sound
+    std::string_view text;
+};
+
+// The same for a command over many lines: asks once, with the sounds' numbers, about the lines that would
+// lose or gain words. True when the command may go on with all of them.
+bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs);
 
 // Asks before a command recomposes a line that would lose or gain words. True when the command may go on.
 bool confirmComposing(std::string_view line, Dialogs& dialogs);

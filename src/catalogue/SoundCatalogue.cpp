@@ -71,16 +71,30 @@ bool SoundCatalogue::isProtected(std::size_t number) const
 
 Problem SoundCatalogue::setCurrentLine(std::size_t number, std::string text)
 {
-    if (const std::optional<BilingualText> reason = whyNoSoundLine(text)) {
-        return Failure{*reason};
+    return setCurrentLines({{number, std::move(text)}});
+}
+
+Problem SoundCatalogue::setCurrentLines(std::vector<LineChange> changes)
+{
+    for (const LineChange& change : changes) {
+        if (const std::optional<BilingualText> reason = whyNoSoundLine(change.text)) {
+            return Failure{*reason};
+        }
     }
+    for (LineChange& change : changes) {
+        replaceLine(change.number, std::move(change.text));
+    }
+    return std::nullopt;
+}
+
+void SoundCatalogue::replaceLine(std::size_t number, std::string text)
+{
     Sound& sound = m_sounds.at(number);
     if (sound.current != text) {
         sound.current = std::move(text);
         sound.listEntry = makeListEntry(number, sound.current);
         m_pending = true;
     }
-    return std::nullopt;
 }
 
 void SoundCatalogue::markApplied(const FileStamp& stamp)

@@ -61,6 +61,14 @@ public:
     // a NUL, or with more than 50 samples; each would shift or break the sounds behind it at the next load.
     [[nodiscard]] Problem setCurrentLine(std::size_t number, std::string text);
 
+    // The same for several lines: all of them or, on the first refusal, none.
+    struct LineChange
+    {
+        std::size_t number;
+        std::string text;
+    };
+    [[nodiscard]] Problem setCurrentLines(std::vector<LineChange> changes);
+
     // Lines have changed since the file was read or written.
     bool pending() const { return m_pending; }
     void markApplied(const FileStamp& stamp);
@@ -74,6 +82,7 @@ private:
         std::size_t lineInFile;
     };
 
+    void replaceLine(std::size_t number, std::string text);
     std::string makeListEntry(std::size_t number, std::string_view line) const;
 
     File m_file;

@@ -16,17 +16,26 @@ std::string_view readableName(std::string_view letter, const ReferenceRegister& 
 
 } // namespace
 
-std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
-                                       const CurrentWad& current)
+std::vector<std::string> lettersOf(const SoundLine& line)
 {
-    std::vector<std::string> entries;
+    std::vector<std::string> found;
     const std::string_view letters = line.Letters;
     for (std::size_t hash = letters.find('#'); hash != std::string_view::npos;
          hash = letters.find('#', hash + 1)) {
         const std::string_view rest = letters.substr(hash + 1);
-        const std::string_view letter = rest.substr(0, rest.find_first_of("# "));
-        entries.push_back(
-            std::string("#").append(letter).append(" - ").append(readableName(letter, references, current)));
+        found.emplace_back(rest.substr(0, rest.find_first_of("# ")));
+    }
+    return found;
+}
+
+std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
+                                       const CurrentWad& current, std::string_view justAdded)
+{
+    std::vector<std::string> entries;
+    for (const std::string& letter : lettersOf(line)) {
+        const bool showsWad = !letter.empty() && letter == justAdded && letter == current.letter;
+        entries.push_back(std::string("#").append(letter).append(" - ").append(
+            showsWad ? std::string_view(current.wadName) : readableName(letter, references, current)));
     }
     return entries;
 }

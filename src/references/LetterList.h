@@ -17,9 +17,14 @@ struct CurrentWad
     std::string title;
 };
 
-// The levels that a line belongs to, an entry a letter: "#ab - My level". The current letter, when no
-// reference holds it, shows its WAD name; any other letter without a reference shows "**NO REF**".
+// The letters of a line, without "#".
+std::vector<std::string> lettersOf(const SoundLine& line);
+
+// The levels that a line belongs to, an entry a letter: "#ab - My level". The letter that was added last
+// shows the WAD's name, and so does the current letter when no reference holds it; any other letter without a
+// reference shows
+// "**NO REF**".
 std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
-                                       const CurrentWad& current);
+                                       const CurrentWad& current, std::string_view justAdded = {});
 
 } // namespace tavrel

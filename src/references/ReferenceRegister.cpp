@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/ReferenceRegister.h"
 
+#include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/QuotedRecords.h"
+#include "base/SafeFile.h"
+#include "base/TextFile.h"
+#include "references/LineLetters.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace tavrel {
 
@@ -18,8 +23,9 @@ const WadReference* firstMatch(Iterator first, Iterator last, Matches matches)
     return found == last ? nullptr : &*found;
 }
 
-template <typename Append>
-void readReferences(const TextFile& file, std::vector<Failure>& notices, Append append)
+// `keep` gets the lines that are no references.
+template <typename Append, typename Keep>
+void readReferences(const TextFile& file, std::vector<Failure>& notices, Append append, Keep keep)
 {
     std::size_t lineNumber = 0;
     for (const std::string_view line : file.lines()) {
@@ -29,10 +35,46 @@ void readReferences(const TextFile& file, std::vector<Failure>& notices, Append 
             append(WadReference{std::move(record->wadName), std::move(record->letter),
                                 std::move(record->title)});
         } else if (!line.empty()) {
+            keep(std::string(line));
             notices.push_back(wrongLine(file.path, lineNumber,
                                         {"This is no reference of three fields. It is passed over.",
                                          "Ce n'est pas une référence de trois champs. Elle est ignorée."}));
         }
+    }
+}
+
+void noteOddities(const ReferenceRegister& references, const std::filesystem::path& file,
+                  std::vector<Failure>& notices)
+{
+    if (references.userBegin() != BuiltInReferenceCount) {
+        notices.push_back(
+            wrongContent(file, {"The file does not hold 42 references. The first 42 of the register "
+                                "count as built-in all the same.",
+                                "Le fichier ne contient pas 42 références. Les 42 premières du "
+                                "registre comptent malgré tout comme intégrées."}));
+    }
+}
+
+// Letters of the user's references that would not be accepted today, or that stand twice.
+void noteLetters(const ReferenceRegister& references, const std::filesystem::path& file,
+                 std::vector<Failure>& notices)
+{
+    std::unordered_set<std::string_view> seen;
+    for (std::size_t i = 0; i < references.size(); ++i) {
+        const std::string& letter = references.at(i).letter;
+        const bool isSecond = !seen.insert(letter).second;
+        const bool isOdd = !isLetterOfOneLevel(letter);
+        if (i < references.userBegin() || (!isSecond && !isOdd)) {
+            continue;
+        }
+        const std::string shown =
+            "[" + utf8FromCodePage(references.at(i).wadName) + "] : #" + utf8FromCodePage(letter);
+        notices.push_back(
+            wrongContent(file, BilingualText::same(shown + "\n") +
+                                   (isOdd ? BilingualText("This is no letter of one level.",
+                                                          "Ce n'est pas une lettre de niveau.")
+                                          : BilingualText("The letter stands in the register twice.",
+                                                          "La lettre figure deux fois dans le registre."))));
     }
 }
 
@@ -63,6 +105,48 @@ const WadReference* ReferenceRegister::findUserWad(std::string_view wadName) con
                       [wadName](const WadReference& reference) { return reference.wadName == wadName; });
 }
 
+void ReferenceRegister::keepUserLine(std::string line)
+{
+    m_keptLines.push_back({m_references.size() - m_builtInCount, std::move(line)});
+}
+
+void ReferenceRegister::remove(std::size_t index)
+{
+    m_references.erase(m_references.begin() + static_cast<std::ptrdiff_t>(index));
+    for (KeptLine& line : m_keptLines) {
+        if (line.userIndex + m_builtInCount > index) {
+            --line.userIndex;
+        }
+    }
+}
+
+void ReferenceRegister::replaceLetter(std::string_view oldLetter, std::string_view newLetter)
+{
+    for (std::size_t i = m_builtInCount; i < m_references.size(); ++i) {
+        if (m_references[i].letter == oldLetter) {
+            m_references[i].letter = newLetter;
+        }
+    }
+}
+
+std::string ReferenceRegister::userFileText() const
+{
+    std::string text;
+    auto kept = m_keptLines.begin();
+    for (std::size_t i = m_builtInCount; i <= m_references.size(); ++i) {
+        for (; kept != m_keptLines.end() && kept->userIndex + m_builtInCount <= i; ++kept) {
+            text += kept->text + "\r\n";
+        }
+        if (i < m_references.size()) {
+            const WadReference& reference = m_references[i];
+            RecordWriter record;
+            record.text(reference.title).text(reference.letter).text(reference.wadName).endRecord();
+            text += record.bytes();
+        }
+    }
+    return text;
+}
+
 Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
 {
     const Result<TextFile> builtIn = readTextFile(programFolder, builtInReferencesFileName);
@@ -71,19 +155,40 @@ Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
     }
     LoadedRegister loaded;
     ReferenceRegister& references = loaded.references;
-    readReferences(*builtIn, loaded.notices,
-                   [&references](WadReference reference) { references.appendBuiltIn(std::move(reference)); });
-    if (!findEntry(programFolder, userReferencesFileName)) {
+    readReferences(
+        *builtIn, loaded.notices,
+        [&references](WadReference reference) { references.appendBuiltIn(std::move(reference)); },
+        [](const std::string&) {});
+    noteOddities(references, builtIn->path, loaded.notices);
+    const Result<bool> hasUserFile = holdsEntry(programFolder, userReferencesFileName);
+    if (hasUserFile && !*hasUserFile) {
         return loaded;
     }
     const Result<TextFile> user = readTextFile(programFolder, userReferencesFileName);
     if (!user) {
+        references.protectUserFile();
         loaded.notices.push_back(user.failure());
         return loaded;
     }
-    readReferences(*user, loaded.notices,
-                   [&references](WadReference reference) { references.appendUser(std::move(reference)); });
+    readReferences(
+        *user, loaded.notices,
+        [&references](WadReference reference) { references.appendUser(std::move(reference)); },
+        [&references](std::string line) { references.keepUserLine(std::move(line)); });
+    noteLetters(references, user->path, loaded.notices);
     return loaded;
+}
+
+Problem saveRegister(const std::filesystem::path& programFolder, const ReferenceRegister& references)
+{
+    const std::filesystem::path file = fileIn(programFolder, userReferencesFileName);
+    if (references.isUserFileProtected()) {
+        return wrongContent(file,
+                            {"The file could not be read at the start and is therefore not replaced. The "
+                             "references are kept until the program ends.",
+                             "Le fichier n'a pas pu être lu au démarrage et n'est donc pas remplacé. Les "
+                             "références sont conservées jusqu'à la fin du programme."});
+    }
+    return writeFileSafely(file, references.userFileText());
 }
 
 } // namespace tavrel

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "base/Result.h"
-#include "base/TextFile.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -23,24 +22,53 @@ struct WadReference
     friend bool operator==(const WadReference&, const WadReference&) = default;
 };
 
+// The installed file is taken to hold so many references. They cannot be edited.
+constexpr std::size_t BuiltInReferenceCount = 42;
+
 // The references that come with the program, then the user's own, each in the order of its file.
 class ReferenceRegister
 {
 public:
     void appendBuiltIn(WadReference reference);
     void appendUser(WadReference reference) { m_references.push_back(std::move(reference)); }
+    // A line of the user's file that is no reference. It is written back where it stood.
+    void keepUserLine(std::string line);
+    // The user's file is there but could not be read: it must not be replaced.
+    void protectUserFile() { m_userFileProtected = true; }
+    bool isUserFileProtected() const { return m_userFileProtected; }
 
     const std::vector<WadReference>& all() const { return m_references; }
-    std::size_t builtInCount() const { return m_builtInCount; }
+    std::size_t size() const { return m_references.size(); }
+    const WadReference& at(std::size_t index) const { return m_references.at(index); }
+    // The first of the user's own references.
+    std::size_t userBegin() const { return m_builtInCount; }
+    // By their place alone, whatever the installed file holds.
+    static bool isEditable(std::size_t index) { return index >= BuiltInReferenceCount; }
+
+    void replace(std::size_t index, WadReference reference) { m_references.at(index) = std::move(reference); }
+    void remove(std::size_t index);
+    // In the user's own references.
+    void replaceLetter(std::string_view oldLetter, std::string_view newLetter);
 
     // The first that matches exactly, or null.
     const WadReference* findLetter(std::string_view letter) const;
     const WadReference* findWad(std::string_view wadName) const;
     const WadReference* findUserWad(std::string_view wadName) const;
 
+    // The user's references and the kept lines, as the file holds them.
+    std::string userFileText() const;
+
 private:
+    struct KeptLine
+    {
+        std::size_t userIndex; // stands before the user's reference of this number
+        std::string text;
+    };
+
     std::vector<WadReference> m_references;
     std::size_t m_builtInCount = 0;
+    std::vector<KeptLine> m_keptLines;
+    bool m_userFileProtected = false;
 };
 
 constexpr std::string_view builtInReferencesFileName = "Tavrel.tow";
@@ -49,10 +77,14 @@ constexpr std::string_view userReferencesFileName = "Tavrel.paw";
 struct LoadedRegister
 {
     ReferenceRegister references;
-    std::vector<Failure> notices; // lines that were passed over, a user file that cannot be read
+    std::vector<Failure> notices; // lines that are no references, a user file that cannot be read
 };
 
 // The installed references must be there; the user's file may be missing.
 Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder);
+
+// Writes the user's own references.
+[[nodiscard]] Problem saveRegister(const std::filesystem::path& programFolder,
+                                   const ReferenceRegister& references);
 
 } // namespace tavrel

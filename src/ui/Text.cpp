@@ -20,6 +20,11 @@ bool fitsCodePage(const QString& text)
     return codePageFromUtf8(text.toStdString()).exact;
 }
 
+QValidator::State CodePageValidator::validate(QString& text, int& /*position*/) const
+{
+    return fitsCodePage(text) ? Acceptable : Invalid;
+}
+
 QString inLanguage(const BilingualText& text, Language language)
 {
     return QString::fromStdString(text.in(language));

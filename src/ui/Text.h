@@ -4,6 +4,7 @@
 #include "base/BilingualText.h"
 
 #include <QString>
+#include <QValidator>
 
 #include <string>
 #include <string_view>
@@ -15,6 +16,15 @@ QString fromCodePage(std::string_view bytes);
 // A character without a place in the code page becomes "?".
 std::string toCodePage(const QString& text);
 bool fitsCodePage(const QString& text);
+
+// Lets no character into a text box that the code page cannot hold.
+class CodePageValidator : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& text, int& position) const override;
+};
 
 QString inLanguage(const BilingualText& text, Language language);
 

@@ -137,6 +137,9 @@ QLabel[muted="true"] { color: #A3A194; }
 QLabel[heading="true"] { color: #E8A33D; }
 QLabel[paper="true"] { background: #E6E3D2; border-radius: 3px; padding: 2px 6px; }
 
+QWidget#PnWad { background: #E6E3D2; border-radius: 4px; }
+QWidget#PnWad QLineEdit:read-only { background: #F6F4E8; border-color: #BDB99F; }
+
 QProgressBar { background: #1F2124; border: 1px solid #17181B; border-radius: 3px; }
 QProgressBar::chunk { background: #E8A33D; border-radius: 2px; }
 )";

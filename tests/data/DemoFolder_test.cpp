@@ -100,7 +100,7 @@ TEST(DemoFolder, LooksLikeAUsersFolder)
     EXPECT_TRUE(references->notices.empty());
     const std::vector<WadReference>& all = references->references.all();
     ASSERT_EQ(all.size(), 44U);
-    for (std::size_t i = references->references.builtInCount(); i < all.size(); ++i) {
+    for (std::size_t i = references->references.userBegin(); i < all.size(); ++i) {
         for (const char* ending : {".wad", ".was", ".sam"}) {
             EXPECT_TRUE(findFile(demo.levelEditor / "graphics" / "wads", all[i].wadName + ending))
                 << all[i].wadName;

@@ -45,7 +45,7 @@ TEST(WorkingFiles, TieEachBuiltInReferenceToALetterOfItsOwn)
     EXPECT_TRUE(loaded->notices.empty());
     const std::vector<WadReference>& references = loaded->references.all();
     ASSERT_EQ(references.size(), 42U);
-    EXPECT_EQ(loaded->references.builtInCount(), 42U);
+    EXPECT_EQ(loaded->references.userBegin(), 42U);
     const char* const stockLevels[] = {"catacomb", "city",    "cleopal", "coastal", "guard", "karnak",
                                        "library",  "newcity", "settomb", "title",   "tut1"};
     for (std::size_t i = 0; i < std::size(stockLevels); ++i) {

@@ -9,12 +9,21 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::string builtIn = "\"Karnak\",\"9F\",\"karnak\"\r\n\"All levels\",\"g\",\"all levels\"\r\n";
+// The first two of 42 count in these tests.
+std::string builtIn(int rows)
+{
+    std::string text = "\"Karnak\",\"9F\",\"karnak\"\r\n\"All levels\",\"g\",\"all levels\"\r\n";
+    for (int i = 2; i < rows; ++i) {
+        const std::string number = std::to_string(i + 10);
+        text += "\"Title " + number + "\",\"" + number + "\",\"wad" + number + "\"\r\n";
+    }
+    return text;
+}
 
 class ReferenceRegisterTest : public testing::Test
 {
 protected:
-    ReferenceRegisterTest() { writeBytes(root / "TAVREL.TOW", builtIn); }
+    ReferenceRegisterTest() { writeBytes(root / "TAVREL.TOW", builtIn(42)); }
 
     LoadedRegister load() const
     {
@@ -30,17 +39,16 @@ protected:
 
 TEST_F(ReferenceRegisterTest, HoldsTheInstalledReferencesThenTheUsers)
 {
-    EXPECT_EQ(load().references.all().size(), 2U);
+    EXPECT_EQ(load().references.size(), 42U);
     writeBytes(root / "tavrel.PAW",
-               "\"A \"quoted\", title\",\"oa\",\"oasis\"\n\r\n\"Mine\",\"9F\",\"karnak\"");
+               "\"A \"quoted\", title\",\"oa\",\"oasis\"\n\r\n\"Mine\",\"mk\",\"karnak\"");
     const LoadedRegister loaded = load();
     const ReferenceRegister& references = loaded.references;
-    const std::vector<WadReference> expected = {{"karnak", "9F", "Karnak"},
-                                                {"all levels", "g", "All levels"},
-                                                {"oasis", "oa", "A \"quoted\", title"},
-                                                {"karnak", "9F", "Mine"}};
-    EXPECT_EQ(references.all(), expected);
-    EXPECT_EQ(references.builtInCount(), 2U);
+    ASSERT_EQ(references.size(), 44U);
+    EXPECT_EQ(references.at(1), (WadReference{"all levels", "g", "All levels"}));
+    EXPECT_EQ(references.at(42), (WadReference{"oasis", "oa", "A \"quoted\", title"}));
+    EXPECT_EQ(references.at(43), (WadReference{"karnak", "mk", "Mine"}));
+    EXPECT_EQ(references.userBegin(), 42U);
     EXPECT_TRUE(loaded.notices.empty());
     EXPECT_EQ(references.findLetter("9F")->title, "Karnak");
     EXPECT_EQ(references.findWad("karnak")->title, "Karnak");
@@ -56,7 +64,7 @@ TEST_F(ReferenceRegisterTest, PassesOverWhatIsNoReferenceAndSaysWhere)
     writeBytes(root / "Tavrel.paw",
                "\"a\",\"aa\",\"a\"\r\nnonsense\r\n\"b\",\"bb\"\r\n\"c\",\"cc\",\"c\"\r\n");
     const LoadedRegister loaded = load();
-    EXPECT_EQ(loaded.references.all().size(), 4U);
+    EXPECT_EQ(loaded.references.size(), 44U);
     ASSERT_EQ(loaded.notices.size(), 2U);
     for (std::size_t i = 0; i < 2; ++i) {
         const std::string& text = loaded.notices[i].text.english;
@@ -68,12 +76,53 @@ TEST_F(ReferenceRegisterTest, PassesOverWhatIsNoReferenceAndSaysWhere)
 TEST_F(ReferenceRegisterTest, NeedsTheInstalledFileOnly)
 {
     fs::create_directory(root / "Tavrel.paw");
-    EXPECT_EQ(load().references.all().size(), 2U);
+    EXPECT_EQ(load().references.size(), 42U);
     EXPECT_EQ(load().notices.size(), 1U);
+    EXPECT_TRUE(saveRegister(root.path(), load().references)) << "what could not be read is not replaced";
     fs::remove(root / "TAVREL.TOW");
     const Result<LoadedRegister> loaded = loadRegister(root.path());
     ASSERT_FALSE(loaded);
     EXPECT_NE(loaded.failure().text.english.find("Tavrel.tow"), std::string::npos);
+}
+
+TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
+{
+    writeBytes(root / "Tavrel.paw",
+               "\"A\",\"9F\",\"a\"\r\n\"B\",\"abc\",\"b\"\r\n\"C\",\"gx\",\"c\"\r\n\"D\",\"dd\",\"d\"\r\n");
+    EXPECT_EQ(load().notices.size(), 3U);
+    for (const int rows : {40, 44}) {
+        writeBytes(root / "TAVREL.TOW", builtIn(rows));
+        const LoadedRegister loaded = load();
+        EXPECT_EQ(loaded.notices.size(), 4U);
+        EXPECT_EQ(loaded.references.userBegin(), static_cast<std::size_t>(rows));
+        ASSERT_FALSE(saveRegister(root.path(), loaded.references));
+        EXPECT_TRUE(readBytes(root / "Tavrel.paw").starts_with("\"A\",\"9F\",\"a\"\r\n"))
+            << "the user's rows are written by where they came from";
+    }
+}
+
+TEST_F(ReferenceRegisterTest, WritesTheUsersRowsAndWhatItCouldNotReadInPlace)
+{
+    writeBytes(root / "Tavrel.paw",
+               "; mine\n\"A\",\"aa\",\"a\"\n\"broken\",\"x\n\"B \"x\"\",\"bb\",\"b\"\n; end\n");
+    ReferenceRegister references = load().references;
+    const auto saved = [&] {
+        EXPECT_FALSE(saveRegister(root.path(), references));
+        return readBytes(root / "Tavrel.paw");
+    };
+    EXPECT_EQ(saved(), textOf({"; mine", "\"A\",\"aa\",\"a\"", "\"broken\",\"x", "\"B \"x\"\",\"bb\",\"b\"",
+                               "; end"}));
+    references.appendUser({"c", "cc", "C"});
+    references.remove(42);
+    references.replaceLetter("bb", "zz");
+    references.replaceLetter("9F", "qq"); // installed ones never change
+    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", "\"B \"x\"\",\"zz\",\"b\"", "; end",
+                               "\"C\",\"cc\",\"c\""}));
+    EXPECT_EQ(references.at(0).letter, "9F");
+    references.remove(42);
+    references.remove(42);
+    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", "; end"}));
+    EXPECT_EQ(readBytes(root / "TAVREL.TOW"), builtIn(42));
 }
 
 // However the rows come in, the installed ones stand first.
@@ -85,7 +134,7 @@ TEST(ReferenceRegister, KeepsTheInstalledReferencesInFront)
     references.appendBuiltIn({"b", "bb", "B"});
     EXPECT_EQ(references.all().at(1).wadName, "b");
     EXPECT_EQ(references.all().at(2).wadName, "u");
-    EXPECT_EQ(references.builtInCount(), 2U);
+    EXPECT_EQ(references.userBegin(), 2U);
 }
 
 } // namespace

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "references/FmObject.h"
+
+#include "ui/Captions.h"
+#include "ui/Colours.h"
+#include "ui/Controls.h"
+#include "ui/Text.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tavrel {
+
+FmObject::FmObject(QWidget* parent, const SoundCatalogue& catalogue, const ColourScheme& colours,
+                   Language language)
+    : TitledWindow(parent), m_catalogue(catalogue), m_types(makeFixedPitchList("LiType")),
+      m_objects(makeFixedPitchList("LiOBJ")), m_sounds(makeFixedPitchList("LiSID")),
+      m_ok(makeButton("CdOK", Glyph::Accept)), m_cancel(makeButton("CdCancel", Glyph::Close))
+{
+    setObjectName("FmObject");
+    setWindowModality(Qt::ApplicationModal);
+    layOut(colours);
+    showCaptions(language);
+    connect(m_types, &QListWidget::currentRowChanged, this, &FmObject::fillObjects);
+    connect(m_objects, &QListWidget::currentRowChanged, this, &FmObject::fillSounds);
+    connect(m_objects, &QListWidget::itemDoubleClicked, this, &FmObject::choose);
+    connect(m_ok, &QPushButton::clicked, this, &FmObject::choose);
+    connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    m_ok->setDefault(true);
+    fillTypes();
+}
+
+void FmObject::layOut(const ColourScheme& colours)
+{
+    constexpr int margin = 2 * controlGap;
+    auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(2 * controlGap);
+    grid->setVerticalSpacing(controlGap);
+    const struct
+    {
+        const char* heading;
+        QListWidget* list;
+    } columns[] = {{"LbType", m_types}, {"LbOBJ", m_objects}, {"LbSID", m_sounds}};
+    int column = 0;
+    for (const auto& [heading, list] : columns) {
+        grid->addWidget(makeHeading(heading), 0, column);
+        grid->addWidget(list, 1, column);
+        paintWith(*list, colours.slots[ColourScheme::mainWindowSlot]);
+        ++column;
+    }
+    m_sounds->setSelectionMode(QAbstractItemView::NoSelection);
+    m_sounds->setFocusPolicy(Qt::NoFocus);
+    auto* const buttons = rowOf({m_ok, m_cancel});
+    buttons->insertStretch(0, 1);
+    content().setContentsMargins(margin, margin, margin, margin);
+    content().setSpacing(2 * controlGap);
+    content().addLayout(grid, 1);
+    content().addLayout(buttons);
+    resize(760, 460);
+}
+
+void FmObject::showCaptions(Language language)
+{
+    const Caption captions[] = {
+        {"LbType", {"Object type", "Type d'objet"}, {}},
+        {"LbOBJ", {"Object name", "Nom d'objet"}, {}},
+        {"LbSID", {"Sound ID", "ID sons"}, {}},
+        {"LiType", {}, {"Object type", "Type d'objet"}},
+        {"LiOBJ", {}, {"Object name", "Nom d'objet"}},
+        {"LiSID", {}, {"Sounds of the object", "Sons de l'objet"}},
+        {"CdOK",
+         {"Select", "Sélectionner"},
+         {"Work on the sounds of this object", "Travailler sur les sons de cet objet"}},
+        {"CdCancel", {"Cancel", "Annuler"}, {"Close without a choice", "Fermer sans choisir"}},
+    };
+    tavrel::showCaptions(*this, captions, language);
+    setWindowTitle(inLanguage({"Object selection", "Sélection d'objets"}, language));
+}
+
+void FmObject::fillTypes()
+{
+    for (const SoundObject& object : m_catalogue.objects()) {
+        const QString type = fromCodePage(object.type);
+        if (m_types->findItems(type, Qt::MatchExactly).empty()) {
+            m_types->addItem(type);
+        }
+    }
+    m_types->setCurrentRow(0);
+    fillObjects();
+}
+
+void FmObject::fillObjects()
+{
+    m_objects->clear();
+    const std::string type =
+        m_types->currentItem() ? toCodePage(m_types->currentItem()->text()) : std::string();
+    for (const SoundObject& object : m_catalogue.objects()) {
+        if (object.type == type) {
+            m_objects->addItem(fromCodePage(object.name));
+        }
+    }
+    m_objects->setCurrentRow(0);
+    fillSounds();
+}
+
+const SoundObject* FmObject::selectedObject() const
+{
+    if (m_objects->currentItem() == nullptr) {
+        return nullptr;
+    }
+    const std::string name = toCodePage(m_objects->currentItem()->text());
+    const auto found = std::ranges::find(m_catalogue.objects(), name, &SoundObject::name);
+    return found == m_catalogue.objects().end() ? nullptr : &*found;
+}
+
+void FmObject::fillSounds()
+{
+    m_sounds->clear();
+    const SoundObject* const object = selectedObject();
+    m_ok->setEnabled(object != nullptr);
+    if (object == nullptr) {
+        return;
+    }
+    for (const std::size_t number : object->sounds) {
+        if (number < m_catalogue.size()) {
+            m_sounds->addItem(fromCodePage(m_catalogue.listEntry(number)));
+        }
+    }
+}
+
+void FmObject::choose()
+{
+    if (const SoundObject* const object = selectedObject()) {
+        m_chosenName = object->name;
+        accept();
+    }
+}
+
+} // namespace tavrel

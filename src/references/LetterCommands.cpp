@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "references/LetterCommands.h"
+
+#include "base/CodePage.h"
+#include "catalogue/LineWords.h"
+#include "catalogue/SoundLine.h"
+#include "references/LetterTexts.h"
+#include "references/LineLetters.h"
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace {
+
+using LineChanges = std::vector<SoundCatalogue::LineChange>;
+
+const BilingualText addTitle("Add", "Ajouter");
+const BilingualText removeTitle("Remove", "Enlever");
+const BilingualText removeAllTitle("Remove all", "Enlever tout");
+const BilingualText replaceTitle("Replace", "Remplacer");
+
+bool refuse(const BilingualText& title, const BilingualText& text, Dialogs& dialogs)
+{
+    dialogs.show({MessageIcon::Exclamation, title, text});
+    return false;
+}
+
+bool reported(const Problem& problem, const BilingualText& title, Dialogs& dialogs)
+{
+    return problem && !refuse(title, problem->text, dialogs);
+}
+
+std::string shown(std::string_view bytes)
+{
+    return utf8FromCodePage(bytes);
+}
+
+template <typename Rewrite>
+LineChanges rewrittenLines(const SoundCatalogue& catalogue, Rewrite rewrite)
+{
+    LineChanges changes;
+    for (std::size_t k = 0; k < catalogue.size(); ++k) {
+        std::string text = rewrite(catalogue.currentLine(k));
+        if (text != catalogue.currentLine(k)) {
+            changes.push_back({k, std::move(text)});
+        }
+    }
+    return changes;
+}
+
+// A letter that a walk over all lines may look for; a message when it is not.
+bool isWalkable(std::string_view letter, Dialogs& dialogs)
+{
+    if (isLetterOfOneLevel(letter)) {
+        return true;
+    }
+    return refuse(letterTexts::letterTitle,
+                  letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::twoCharacters, dialogs);
+}
+
+bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
+                           const ReferenceRegister& references, Dialogs& dialogs)
+{
+    constexpr std::size_t length = 2;
+    if (newLetter.empty()) {
+        return refuse(replaceTitle, {"Type a 'Replace by' letter", "Entrer une lettre de remplacement"},
+                      dialogs);
+    }
+    if (newLetter.size() != length || hasForbiddenLetterCharacter(newLetter)) {
+        return refuse(letterTexts::letterTitle, letterTexts::twoCharacters, dialogs);
+    }
+    if (newLetter.starts_with('g')) {
+        return refuse(letterTexts::letterTitle, letterTexts::startsWithG, dialogs);
+    }
+    if (newLetter == wad.letter) {
+        return refuse(
+            replaceTitle,
+            {"Same Replace letter as Wad letter", "Lettre de remplacement identique à la lettre du Wad"},
+            dialogs);
+    }
+    if (const WadReference* const user = references.findLetter(newLetter)) {
+        const std::string letter = "[#" + shown(newLetter) + "]";
+        const std::string name = "[" + shown(user->wadName) + "]";
+        return refuse(replaceTitle,
+                      {"The letter " + letter + " is already used for " + name,
+                       "La lettre " + letter + " est déjà assignée à " + name},
+                      dialogs);
+    }
+    return true;
+}
+
+// The sounds of an object that a command may change.
+std::vector<std::size_t> soundsOfObject(const SoundCatalogue& catalogue, std::string_view object)
+{
+    std::vector<std::size_t> sounds;
+    for (const SoundObject& candidate : catalogue.objects()) {
+        if (candidate.name == object) {
+            std::ranges::copy_if(candidate.sounds, std::back_inserter(sounds),
+                                 [&catalogue](std::size_t number) {
+                                     return number < catalogue.size() && !catalogue.isGlobal(number) &&
+                                            !catalogue.isProtected(number);
+                                 });
+            break;
+        }
+    }
+    return sounds;
+}
+
+// The lines of the sounds that the rewrite would change.
+template <typename Rewrite>
+LineChanges changesOf(const SoundCatalogue& catalogue, const std::vector<std::size_t>& sounds,
+                      Rewrite rewrite)
+{
+    LineChanges changes;
+    for (const std::size_t number : sounds) {
+        std::string text = rewrite(catalogue.currentLine(number));
+        if (text != catalogue.currentLine(number)) {
+            changes.push_back({number, std::move(text)});
+        }
+    }
+    return changes;
+}
+
+bool applyToObject(SoundCatalogue& catalogue, LineChanges changes, const BilingualText& title,
+                   Dialogs& dialogs)
+{
+    std::vector<ComposedLine> composed;
+    composed.reserve(changes.size());
+    for (const SoundCatalogue::LineChange& change : changes) {
+        composed.push_back({change.number, catalogue.currentLine(change.number)});
+    }
+    if (!confirmComposing(composed, dialogs)) {
+        return false;
+    }
+    const std::string count = std::to_string(changes.size());
+    if (reported(catalogue.setCurrentLines(std::move(changes)), title, dialogs)) {
+        return false;
+    }
+    dialogs.show({MessageIcon::Information, title,
+                  BilingualText(count + " line(s) changed", count + " ligne(s) modifiée(s)")});
+    return true;
+}
+
+} // namespace
+
+bool RequireCurrentReference(const CurrentWad& wad, const BilingualText& title, Dialogs& dialogs)
+{
+    return (!wad.letter.empty() && !wad.wadName.empty()) ||
+           refuse(title,
+                  {"Select a WAD/Letter reference first", "Sélectionnez d'abord une référence WAD/Lettre"},
+                  dialogs);
+}
+
+AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& dialogs)
+{
+    if (!editor.canEdit() || !RequireCurrentReference(wad, addTitle, dialogs)) {
+        return AddedLetter::Refused;
+    }
+    const std::string marked = "#" + wad.letter;
+    std::string letters;
+    for (const std::string& letter : lettersOf(editor.record())) {
+        // A longer letter that starts like the current one counts as it, too.
+        if (letter == "g" || ("#" + letter).find(marked) != std::string::npos) {
+            refuse(addTitle,
+                   {"WAD (letter) already allocated to this sound", "WAD (lettre) déjà assigné à ce son"},
+                   dialogs);
+            return letter == "g" ? AddedLetter::SoundOfAllLevels : AddedLetter::Refused;
+        }
+        letters += "#" + letter + " ";
+    }
+    if (!editor.confirmComposing(dialogs) || !editor.storeLetters(letters + marked, dialogs)) {
+        return AddedLetter::Refused;
+    }
+    return AddedLetter::Added;
+}
+
+bool removeLetterFromLine(LineEditor& editor, std::optional<std::size_t> entry, Dialogs& dialogs)
+{
+    if (!editor.canEdit()) {
+        return false;
+    }
+    std::vector<std::string> letters = lettersOf(editor.record());
+    if (!entry || *entry >= letters.size()) {
+        return refuse(
+            removeTitle,
+            {"Select a letter in the [Assigned WADs] list", "Sélectionner une lettre dans la liste"},
+            dialogs);
+    }
+    if (letters[*entry].starts_with('g')) {
+        return refuse(removeTitle,
+                      {"Letter [#g] shoudn't be removed", "La Lettre [#g] ne peut pas être retirée"},
+                      dialogs);
+    }
+    letters.erase(letters.begin() + static_cast<std::ptrdiff_t>(*entry));
+    std::string remaining;
+    for (const std::string& letter : letters) {
+        remaining += (remaining.empty() ? "#" : " #") + letter;
+    }
+    return editor.confirmComposing(dialogs) && editor.storeLetters(remaining, dialogs);
+}
+
+bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Dialogs& dialogs)
+{
+    if (!RequireCurrentReference(wad, removeAllTitle, dialogs) || !isWalkable(wad.letter, dialogs)) {
+        return false;
+    }
+    const std::string letter = "[#" + shown(wad.letter) + "]";
+    const Question question{removeAllTitle,
+                            {"Remove all " + letter + " from Sound ID list",
+                             "Enlever toutes les lettres " + letter + " de la liste ID Sons"},
+                            Buttons::OkCancel};
+    return dialogs.ask(question) == Answer::Ok &&
+           !reported(eraseLetterFromAllLines(catalogue, wad.letter), removeAllTitle, dialogs);
+}
+
+ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
+                                       CurrentWad& wad, std::string_view newLetter,
+                                       const std::filesystem::path& programFolder, Dialogs& dialogs)
+{
+    if (!RequireCurrentReference(wad, replaceTitle, dialogs) || !isWalkable(wad.letter, dialogs) ||
+        !ValidateReplaceLetter(newLetter, wad, references, dialogs)) {
+        return ReplacedLetter::Refused;
+    }
+    const std::string oldShown = "#" + shown(wad.letter);
+    const std::string newShown = "#" + shown(newLetter);
+    const std::string name = "[" + shown(wad.wadName) + "]";
+    const Question question{
+        replaceTitle,
+        {"Replace " + oldShown + " letter by " + newShown + " for all the sounds of the wad " + name +
+             "\nDon't forget to apply modifications to sounds.txt to validate the new letter",
+         "Remplacer la lettre " + oldShown + " par " + newShown + " pour tous les sons du wad " + name +
+             "\nN'oubliez pas d'appliquer les modifications à sounds.txt pour valider la nouvelle lettre"},
+        Buttons::YesNo};
+    if (dialogs.ask(question) != Answer::Yes) {
+        return ReplacedLetter::Declined;
+    }
+    if (reported(replaceLetterOnAllLines(catalogue, wad.letter, newLetter), replaceTitle, dialogs)) {
+        return ReplacedLetter::Refused;
+    }
+    references.replaceLetter(wad.letter, newLetter);
+    wad.letter = newLetter;
+    reported(saveRegister(programFolder, references), replaceTitle, dialogs);
+    return ReplacedLetter::Replaced;
+}
+
+Problem replaceLetterOnAllLines(SoundCatalogue& catalogue, std::string_view oldLetter,
+                                std::string_view newLetter)
+{
+    if (!isLetterOfOneLevel(oldLetter)) {
+        return std::nullopt;
+    }
+    return catalogue.setCurrentLines(rewrittenLines(
+        catalogue, [&](const std::string& line) { return replaceLetter(line, oldLetter, newLetter); }));
+}
+
+Problem eraseLetterFromAllLines(SoundCatalogue& catalogue, std::string_view letter)
+{
+    if (!isLetterOfOneLevel(letter)) {
+        return std::nullopt;
+    }
+    return catalogue.setCurrentLines(
+        rewrittenLines(catalogue, [&](const std::string& line) { return eraseLetter(line, letter); }));
+}
+
+std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter)
+{
+    std::size_t count = 0;
+    for (std::size_t k = 0; k < catalogue.size(); ++k) {
+        const std::vector<std::string> letters = lettersOf(ParseSoundLine(catalogue.currentLine(k)));
+        if (std::ranges::find(letters, letter) != letters.end()) {
+            ++count;
+        }
+    }
+    return count;
+}
+
+bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
+                       Dialogs& dialogs)
+{
+    if (!RequireCurrentReference(wad, addTitle, dialogs)) {
+        return false;
+    }
+    const auto add = [&wad](const std::string& line) {
+        const std::vector<std::string> letters = lettersOf(ParseSoundLine(line));
+        const bool isThere = std::ranges::find(letters, wad.letter) != letters.end();
+        return isThere ? line : AddLetterByRecord(line, wad.letter);
+    };
+    return applyToObject(catalogue, changesOf(catalogue, soundsOfObject(catalogue, object), add), addTitle,
+                         dialogs);
+}
+
+bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
+                            Dialogs& dialogs)
+{
+    if (!RequireCurrentReference(wad, removeTitle, dialogs)) {
+        return false;
+    }
+    // Taking a letter out from between two others can glue them; reading and composing parts them again.
+    const auto remove = [&wad](const std::string& line) {
+        const std::string removed = RemoveLetter(line, wad.letter);
+        return removed == line ? line : ComposeSoundLine(ParseSoundLine(removed));
+    };
+    return applyToObject(catalogue, changesOf(catalogue, soundsOfObject(catalogue, object), remove),
+                         removeTitle, dialogs);
+}
+
+std::string correctedLetter(std::string_view typed)
+{
+    constexpr std::size_t length = 2;
+    return std::string(typed.substr(typed.starts_with('#') ? 1 : 0, length));
+}
+
+} // namespace tavrel

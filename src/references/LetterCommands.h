@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Dialogs.h"
+#include "catalogue/LineEditor.h"
+#include "catalogue/SoundCatalogue.h"
+#include "references/LetterList.h"
+#include "references/ReferenceRegister.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+// Giving the current level's letter to sounds and taking it back. Only the lines in memory change.
+namespace tavrel {
+
+// Every command on letters needs a current WAD with a letter; a message when there is none.
+bool RequireCurrentReference(const CurrentWad& wad, const BilingualText& title, Dialogs& dialogs);
+
+enum class AddedLetter {
+    Added,
+    Refused,
+    SoundOfAllLevels // refused, and the line is one of "#g"
+};
+// Puts the current letter behind the selected line's others.
+AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& dialogs);
+// Takes the letter of an entry of the line's letter list off the line.
+bool removeLetterFromLine(LineEditor& editor, std::optional<std::size_t> entry, Dialogs& dialogs);
+
+// Takes the current letter off every line, after a question.
+bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Dialogs& dialogs);
+
+// Gives the current WAD another letter, on every line and in the register, whose file is written at once.
+enum class ReplacedLetter {
+    Replaced,
+    Refused, // the typed letter is wrong and stays in its box
+    Declined // the user said No
+};
+ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
+                                       CurrentWad& wad, std::string_view newLetter,
+                                       const std::filesystem::path& programFolder, Dialogs& dialogs);
+
+// Walks over all lines; only a letter of one level is ever looked for.
+[[nodiscard]] Problem replaceLetterOnAllLines(SoundCatalogue& catalogue, std::string_view oldLetter,
+                                              std::string_view newLetter);
+[[nodiscard]] Problem eraseLetterFromAllLines(SoundCatalogue& catalogue, std::string_view letter);
+// How many lines carry the letter.
+std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter);
+
+// All sounds of an object of the object table. Lines of all levels and protected ones are left alone. One
+// message tells how many lines changed.
+bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
+                       Dialogs& dialogs);
+bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
+                            Dialogs& dialogs);
+
+// What a box for a letter makes of its text after each change: a leading "#" is dropped, two characters stay.
+std::string correctedLetter(std::string_view typed);
+
+} // namespace tavrel

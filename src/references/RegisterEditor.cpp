@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "references/RegisterEditor.h"
+
+#include "base/CodePage.h"
+#include "base/Folder.h"
+#include "catalogue/SoundLine.h"
+#include "references/LetterCommands.h"
+#include "references/LetterTexts.h"
+#include "references/LineLetters.h"
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::size_t letterWidth = 4;
+constexpr std::size_t titleColumn = longestWadName + letterWidth;
+constexpr std::size_t shownTitle = 50;
+
+const BilingualText addCaption("Add Reference", "Ajouter la Référence");
+const BilingualText modifyCaption("Modify Reference", "Modifier la Référence");
+const BilingualText deleteTitle("Delete reference", "Supprimer la référence");
+
+std::string padded(std::string_view text, std::size_t width)
+{
+    std::string result(text.substr(0, width));
+    result.resize(width, ' ');
+    return result;
+}
+
+std::string shown(std::string_view bytes)
+{
+    return utf8FromCodePage(bytes);
+}
+
+bool isMissing(std::string_view text)
+{
+    return text.empty() || text.starts_with(' ');
+}
+
+} // namespace
+
+std::string referenceRow(const WadReference& reference)
+{
+    std::string letter = reference.letter;
+    if (letter.size() < letterWidth) {
+        letter.resize(letterWidth, ' ');
+    }
+    return padded(reference.wadName, longestWadName) + letter + reference.title;
+}
+
+WadReference fieldsOfRow(std::string_view row)
+{
+    const auto columns = [row](std::size_t from, std::size_t width) {
+        return std::string(from < row.size() ? RTrimBlanks(row.substr(from, width)) : std::string_view());
+    };
+    return {columns(0, longestWadName), columns(longestWadName, letterWidth),
+            columns(titleColumn, shownTitle)};
+}
+
+std::optional<std::string> wadNameFromPath(std::string_view path)
+{
+    const std::size_t separator = path.find_last_of("\\/");
+    const std::string_view name = separator == std::string_view::npos ? path : path.substr(separator + 1);
+    std::size_t ending = name.find(".WAD");
+    if (ending == std::string_view::npos) {
+        ending = name.find(".wad");
+    }
+    if (ending == std::string_view::npos) {
+        return std::nullopt;
+    }
+    return std::string(name.substr(0, ending));
+}
+
+bool RegisterEditor::refuse(ReferenceField field, const BilingualText& title, const BilingualText& text)
+{
+    m_focus = field;
+    m_context.dialogs.show({MessageIcon::Exclamation, title, text});
+    return false;
+}
+
+bool RegisterEditor::reported(const Problem& problem, const BilingualText& title)
+{
+    return problem && !refuse(ReferenceField::None, title, problem->text);
+}
+
+WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announceBuiltIn)
+{
+    m_focus = ReferenceField::None;
+    const bool isBuiltIn = row && !ReferenceRegister::isEditable(*row);
+    if (isBuiltIn && announceBuiltIn) {
+        m_context.dialogs.show(
+            {MessageIcon::Information,
+             {"Reference", "Référence"},
+             {"This reference shouldn't be modified", "Cette référence ne doit pas être modifiée"}});
+    }
+    m_selected = isBuiltIn ? std::nullopt : row;
+    const WadReference fields =
+        m_selected ? fieldsOfRow(referenceRow(m_context.references.at(*m_selected))) : WadReference();
+    m_selectedLetter = fields.letter;
+    m_selectedWadName = fields.wadName;
+    return fields;
+}
+
+bool RegisterEditor::hasWadFile(std::string_view wadName, std::string_view ending,
+                                const BilingualText& caption)
+{
+    if (findFile(m_context.wadFolder, std::string(wadName).append(lowerCase(ending)))) {
+        return true;
+    }
+    const std::string file = "[" + shown(wadName) + std::string(ending) + "]";
+    const std::string folder = displayPath(m_context.wadFolder / "");
+    return refuse(ReferenceField::WadName, caption,
+                  {"No " + file + " File\nin " + folder, "Aucun Fichier " + file + "\ndans " + folder});
+}
+
+bool RegisterEditor::isFreeWadName(const std::string& wadName, const BilingualText& caption)
+{
+    for (const WadReference& reference : m_context.references.all()) {
+        const WadReference row = fieldsOfRow(referenceRow(reference));
+        if (row.wadName == wadName) {
+            const std::string name = "[" + shown(wadName) + "]";
+            // The English text ends without its bracket.
+            return refuse(ReferenceField::WadName, caption,
+                          {"Wad Name " + name + " already assigned to [#" + shown(row.letter),
+                           "Nom de WAD " + name + " déjà assigné à [#" + shown(row.letter) + "]"});
+        }
+    }
+    return true;
+}
+
+bool RegisterEditor::isFreeLetter(const std::string& letter, const BilingualText& caption)
+{
+    for (const WadReference& reference : m_context.references.all()) {
+        const WadReference row = fieldsOfRow(referenceRow(reference));
+        if (row.letter == letter) {
+            const std::string name = "[" + shown(row.wadName) + "]";
+            return refuse(ReferenceField::Letter, caption,
+                          {"Letter #" + shown(letter) + " already assigned to " + name,
+                           "Lettre #" + shown(letter) + " déjà assignée à " + name});
+        }
+    }
+    return true;
+}
+
+bool RegisterEditor::ValidateReference(const WadReference& fields, bool adding, const BilingualText& caption)
+{
+    m_focus = ReferenceField::None;
+    if (isMissing(fields.wadName)) {
+        return refuse(ReferenceField::WadName, caption,
+                      {"Type a correct WAD name or Choose it from a directory",
+                       "Tapez un nom de WAD correct ou sélectionnez-le depuis le répertoire"});
+    }
+    if (!hasWadFile(fields.wadName, ".WAS", caption) || !hasWadFile(fields.wadName, ".SAM", caption)) {
+        return false;
+    }
+    constexpr std::size_t letterLength = 2;
+    if (fields.letter.size() != letterLength || hasForbiddenLetterCharacter(fields.letter)) {
+        return refuse(ReferenceField::Letter, letterTexts::letterTitle, letterTexts::twoCharacters);
+    }
+    if (fields.letter.starts_with('g')) {
+        return refuse(ReferenceField::Letter, letterTexts::letterTitle, letterTexts::startsWithG);
+    }
+    if (isMissing(fields.title) || fields.title.find_first_of("\r\n") != std::string::npos) {
+        return refuse(ReferenceField::Title, caption, {"Type a correct Title", "Tapez un titre correct"});
+    }
+    return (!adding && fields.wadName == m_selectedWadName ? true : isFreeWadName(fields.wadName, caption)) &&
+           (!adding && fields.letter == m_selectedLetter ? true : isFreeLetter(fields.letter, caption));
+}
+
+bool RegisterEditor::add(const WadReference& fields)
+{
+    if (!ValidateReference(fields, true, addCaption)) {
+        return false;
+    }
+    m_context.references.appendUser(fields);
+    select(std::nullopt, false);
+    return true;
+}
+
+RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
+{
+    if (!m_selected) {
+        m_context.dialogs.show({MessageIcon::Information,
+                                {"Modify reference", "modifier la référence"},
+                                {"Nothing to modify", "Rien à modifier"}});
+        return Modified::Refused;
+    }
+    if (!ValidateReference(fields, false, modifyCaption)) {
+        return Modified::Refused;
+    }
+    const BilingualText title("Modify reference", "Modifier référence");
+    if (fields.letter != m_selectedLetter) {
+        const std::string before = "[#" + shown(m_selectedLetter) + "]";
+        const std::string after = "[#" + shown(fields.letter) + "]";
+        const std::string name = "[" + shown(m_selectedWadName) + "]";
+        const Question question{
+            title,
+            {"Replace letter " + before + " by " + after + "\n for all the sounds of " + name + " Wad",
+             "Remplacer la lettre " + before + " par " + after + "\n pour tous les sons du wad " + name},
+            Buttons::YesNo};
+        if (m_context.dialogs.ask(question) != Answer::Yes) {
+            return Modified::LetterTakenBack;
+        }
+        if (reported(replaceLetterOnAllLines(m_context.catalogue, m_selectedLetter, fields.letter), title)) {
+            return Modified::Refused;
+        }
+        m_linesChanged = true;
+    }
+    const WadReference& before = m_context.references.at(*m_selected);
+    WadReference wanted = fields;
+    if (fields.title == fieldsOfRow(referenceRow(before)).title) {
+        wanted.title = before.title; // the field shows only its beginning
+    }
+    if (m_context.wad.wadName == m_selectedWadName) {
+        m_context.wad = {wanted.wadName, wanted.letter, wanted.title};
+    }
+    m_context.references.replace(*m_selected, wanted);
+    m_selectedLetter = fields.letter;
+    m_selectedWadName = fields.wadName;
+    return Modified::Done;
+}
+
+bool RegisterEditor::remove()
+{
+    if (!m_selected) {
+        m_context.dialogs.show(
+            {MessageIcon::Information, deleteTitle, {"Nothing to delete", "Rien à supprimer"}});
+        return false;
+    }
+    const std::string letter = shown(m_selectedLetter);
+    const std::string name = shown(m_selectedWadName);
+    const Question question{
+        deleteTitle,
+        {"Delete [" + name + "/#" + letter + "] reference\nRemove all [#" + letter + "] from Sound ID list",
+         "Supprimer la référence [" + name + "/#" + letter + "]\nEnlever toutes les lettres [#" + letter +
+             "] de la liste ID Sons"},
+        Buttons::YesNo};
+    if (m_context.dialogs.ask(question) != Answer::Yes ||
+        reported(eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter), deleteTitle)) {
+        return false;
+    }
+    m_context.references.remove(*m_selected);
+    if (m_context.wad.wadName == m_selectedWadName) {
+        m_context.wad = {};
+    }
+    m_linesChanged = true;
+    select(std::nullopt, false);
+    return true;
+}
+
+} // namespace tavrel
