@@ -60,7 +60,7 @@ void selectLine(benchmark::State& state)
     NoDialogs dialogs;
     NoPrograms programs;
     NoPlayer player;
-    const FmSFXContext context{folders.program, dialogs, programs, player, [](Language) {}};
+    const FmSFXContext context{folders.program, dialogs, programs, player, false, [](Language) {}};
     FmSFX window(context, {LoadSettings(folders.program).settings, false});
     window.load();
     window.show();

@@ -32,6 +32,7 @@ struct FmSFXContext
     Dialogs& dialogs;
     Programs& programs;
     SamplePlayer& player;
+    bool systemLikesMotion;
     std::function<void(Language)> languageChanged; // for the boxes and whatever else stands outside
 };
 

@@ -6,7 +6,6 @@
 #include "references/FmRefW.h"
 #include "references/LetterCommands.h"
 #include "ui/Colours.h"
-#include "ui/Motion.h"
 #include "ui/Text.h"
 
 #include <QComboBox>
@@ -90,7 +89,7 @@ void FmSFX::showWad()
 void FmSFX::updateReminder()
 {
     paintWadPanel(wadTextColour, chooserColour);
-    if (m_controls.CbTWad->count() == 0 && systemLikesMotion()) {
+    if (m_controls.CbTWad->count() == 0 && m_context.systemLikesMotion) {
         m_reminder.start();
     } else {
         m_reminder.stop();

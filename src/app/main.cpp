@@ -4,6 +4,7 @@
 #include "app/StartUp.h"
 #include "samples/SystemPlayer.h"
 #include "ui/Icons.h"
+#include "ui/Motion.h"
 #include "ui/QtDialogs.h"
 #include "ui/QtPrograms.h"
 #include "ui/Theme.h"
@@ -76,7 +77,8 @@ int main(int argc, char* argv[])
     QApplication::setQuitOnLastWindowClosed(true);
 
     const std::unique_ptr<tavrel::SamplePlayer> player = tavrel::makeSystemPlayer();
-    tavrel::FmSFX window({programFolder, dialogs, programs, *player, speak}, *session);
+    tavrel::FmSFX window({programFolder, dialogs, programs, *player, tavrel::systemLikesMotion(), speak},
+                         *session);
     window.show();
     const auto paths = tavrel::derivePaths(session->settings.LevelEditorFolder);
     if (const auto warning = tavrel::writabilityWarning(programFolder, paths)) {

@@ -2,6 +2,7 @@
 #include "ui/Motion.h"
 
 #include <QApplication>
+#include <QStyle>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -16,7 +17,7 @@ bool systemLikesMotion()
     SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &animates, 0);
     return animates != FALSE;
 #else
-    return QApplication::isEffectEnabled(Qt::UI_General);
+    return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
 #endif
 }
 

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -49,6 +50,20 @@ public:
     int stops = 0;
 };
 
+// Acts on the next modal window.
+template <typename Window, typename Act>
+void whenOpened(Act act)
+{
+    QTimer::singleShot(0, [act] {
+        auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget());
+        ASSERT_NE(window, nullptr);
+        act(*window);
+        if (window->isVisible()) {
+            window->close();
+        }
+    });
+}
+
 // The main window on the demo folder, used by mouse and keys.
 class MainWindowTest : public testing::Test
 {
@@ -56,7 +71,7 @@ protected:
     void open()
     {
         const LoadedSettings loaded = LoadSettings(folders.program);
-        const FmSFXContext context{folders.program, dialogs, programs, player, [](Language) {}};
+        const FmSFXContext context{folders.program, dialogs, programs, player, likesMotion, [](Language) {}};
         window = std::make_unique<FmSFX>(context, StartedSession{loaded.settings, loaded.damage.has_value()});
         window->show();
         window->load();
@@ -108,6 +123,7 @@ protected:
     ScriptedDialogs dialogs;
     RecordedPrograms programs;
     RecordedPlayer player;
+    bool likesMotion = true;
     std::unique_ptr<FmSFX> window;
 };
 

@@ -39,20 +39,6 @@ protected:
     std::filesystem::path samplesFolder = folders.levelEditor / "sound" / "Samples";
 };
 
-// Acts on the next modal window.
-template <typename Window, typename Act>
-void whenOpened(Act act)
-{
-    QTimer::singleShot(0, [act] {
-        auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget());
-        ASSERT_NE(window, nullptr);
-        act(*window);
-        if (window->isVisible()) {
-            window->close();
-        }
-    });
-}
-
 } // namespace
 
 TEST_F(MainWindowSamplesTest, changesReachTheLineAtOnce)
