@@ -2,8 +2,9 @@
 #include "base/CodePage.h"
 #include "base/CodePageTables.h"
 
-#include <cstdint>
 #include <windows.h>
+
+#include <cstdint>
 
 namespace tavrel {
 
@@ -78,7 +79,7 @@ CodePageText codePageFromUtf8(std::string_view utf8)
 
 std::filesystem::path nativePath(std::string_view bytes)
 {
-    return bytes.empty() ? std::filesystem::path() : wideFrom(systemCodePage(), bytes);
+    return bytes.empty() ? std::filesystem::path() : std::filesystem::path(wideFrom(systemCodePage(), bytes));
 }
 
 CodePageText codePagePath(const std::filesystem::path& path)

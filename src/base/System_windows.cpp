@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/System.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <cstdlib>
-#include <windows.h>
 
 namespace tavrel::system {
 

@@ -2,8 +2,9 @@
 #include "base/CodePage.h"
 #include "samples/SystemPlayer.h"
 
-#include <mmsystem.h>
 #include <windows.h>
+
+#include <mmsystem.h>
 
 namespace tavrel {
 
