@@ -125,6 +125,7 @@ void FmSFX::connectControls()
         showLanguage();
     });
     connectLetterControls();
+    connectImportControls();
     for (std::size_t i = 0; i < panelCount; ++i) {
         connect(c.panels[i], &FoldingPanel::openChanged, this,
                 [this, i](bool open) { m_settings.panels[i] = open; });
@@ -167,9 +168,8 @@ void FmSFX::connectLineControls()
 void FmSFX::disableLaterControls()
 {
     const FmSFXControls& c = m_controls;
-    for (QWidget* const control :
-         std::initializer_list<QWidget*>{c.CdHlp, c.CdParam, c.CdCopy, c.CdLoadSAM, c.CdLoadWAS, c.CdViewWAD,
-                                         c.CdStats, c.CdImport, c.CdExport, c.OpWAD[0], c.OpWAD[1]}) {
+    for (QWidget* const control : std::initializer_list<QWidget*>{c.CdHlp, c.CdParam, c.CdCopy, c.CdViewWAD,
+                                                                  c.CdStats, c.CdImport, c.CdExport}) {
         control->setEnabled(false);
     }
 }
@@ -189,6 +189,7 @@ void FmSFX::showLanguage()
     const QSignalBlocker blocker(m_controls.OpLangF);
     (m_settings.language == Language::French ? m_controls.OpLangF : m_controls.OpLangE)->setChecked(true);
     showMainWindowCaptions(*this, m_settings.language);
+    enableImports(); // their tool tips say more than their captions
     m_controls.CbTWad->setPlaceholderText(
         inLanguage({"Choose a WAD", "Choisissez un WAD"}, m_settings.language));
     showInfo(m_info);
@@ -427,6 +428,7 @@ void FmSFX::refreshLine()
 void FmSFX::showPending()
 {
     const bool pending = m_catalogue.pending();
+    enableImports();
     drawAttention(*m_controls.CdApply, pending);
     drawAttention(*m_controls.CdValidW, m_editor.edited());
     m_controls.LbPending->setText(

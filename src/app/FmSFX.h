@@ -11,6 +11,7 @@
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
 #include "references/ReferenceRegister.h"
+#include "references/WadImport.h"
 #include "samples/SampleCommands.h"
 #include "samples/SamplesContext.h"
 #include "ui/TitledWindow.h"
@@ -102,6 +103,7 @@ private:
     void updateReminder();
     void blinkReminder();
     void paintWadPanel(ColourValue text, ColourValue chooser);
+    void greyWadPanel();
     void refreshAllLines();
     void addLetter();
     void removeLetter();
@@ -112,6 +114,11 @@ private:
     void eraseObject();
     void showObject();
     void warnAboutObject();
+
+    // Lists of a WAD (FmSFXImport.cpp)
+    void connectImportControls();
+    void enableImports();
+    void importList(WadListKind kind);
 
     void valueChanged(ValueBox box);
     void valueLeft(ValueBox box);

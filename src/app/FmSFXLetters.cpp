@@ -83,6 +83,7 @@ void FmSFX::showWad()
     m_controls.TxTitre->setText(fromCodePage(m_wad.title));
     showTitle();
     updateReminder();
+    enableImports();
 }
 
 // The chooser blinks while there is nothing to choose.
@@ -108,6 +109,13 @@ void FmSFX::paintWadPanel(ColourValue text, ColourValue chooser)
         QString("QLabel, QLineEdit { color: %1; } QComboBox { background: %2; color: %3; }")
             .arg(colourFrom(text).name(), colourFrom(chooser).name(),
                  chooser == reminderColour ? "#FFFFDF" : "#1B1C1F"));
+}
+
+// While another window works on the current WAD.
+void FmSFX::greyWadPanel()
+{
+    m_reminder.stop();
+    paintWadPanel(greyedColour, greyedColour);
 }
 
 void FmSFX::refreshAllLines()
@@ -190,14 +198,12 @@ void FmSFX::openRegister()
         return;
     }
     refreshLine();
-    m_reminder.stop();
-    paintWadPanel(greyedColour, greyedColour);
+    greyWadPanel();
     m_controls.CdQuit->setEnabled(false);
     const auto changed = [this] {
         m_justAdded.clear();
         fillWadChooser();
-        paintWadPanel(greyedColour, greyedColour);
-        m_reminder.stop();
+        greyWadPanel();
         refreshAllLines();
     };
     FmRefW window(this, {m_settings.language,

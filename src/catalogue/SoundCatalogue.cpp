@@ -74,6 +74,11 @@ Problem SoundCatalogue::setCurrentLine(std::size_t number, std::string text)
     return setCurrentLines({{number, std::move(text)}});
 }
 
+bool SoundCatalogue::accepts(std::string_view text)
+{
+    return !whyNoSoundLine(text);
+}
+
 Problem SoundCatalogue::setCurrentLines(std::vector<LineChange> changes)
 {
     for (const LineChange& change : changes) {

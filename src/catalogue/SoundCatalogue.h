@@ -61,6 +61,7 @@ public:
     // a NUL, or with more than 50 samples; each would shift or break the sounds behind it at the next load.
     [[nodiscard]] Problem setCurrentLine(std::size_t number, std::string text);
 
+    static bool accepts(std::string_view text);
     // The same for several lines: all of them or, on the first refusal, none.
     struct LineChange
     {

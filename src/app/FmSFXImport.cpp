@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's imports of the lists that the level editor writes beside a WAD.
+#include "app/FmSFX.h"
+#include "app/SoundListModel.h"
+#include "samples/FmSplInc.h"
+#include "ui/Text.h"
+
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace tavrel {
+
+void FmSFX::connectImportControls()
+{
+    connect(m_controls.CdLoadSAM, &QPushButton::clicked, this, [this] { importList(WadListKind::Samples); });
+    connect(m_controls.CdLoadWAS, &QPushButton::clicked, this, [this] { importList(WadListKind::Objects); });
+    // They show which list was imported last; the buttons set them.
+    for (QRadioButton* const option : m_controls.OpWAD) {
+        option->setEnabled(false);
+    }
+}
+
+// An import starts from the lines saved for the WAD, so the settings may forbid it once there is work to
+// lose.
+void FmSFX::enableImports()
+{
+    const bool hasWork = m_catalogue.pending() || hasSavedLines(m_context.programFolder, m_wad.wadName);
+    const bool forbidden = !m_settings.loadWadAfterChanges && hasWork;
+    const BilingualText why("\nNot once modifications are made or applied (Parameters)",
+                            "\nPas une fois des modifications apportées ou appliquées (Paramètres)");
+    const struct
+    {
+        QPushButton* button;
+        WadListKind kind;
+    } imports[] = {{m_controls.CdLoadSAM, WadListKind::Samples},
+                   {m_controls.CdLoadWAS, WadListKind::Objects}};
+    for (const auto& [button, kind] : imports) {
+        button->setEnabled(m_loaded && !forbidden);
+        button->setToolTip(
+            inLanguage(forbidden ? importTitle(kind) + why : importTitle(kind), m_settings.language));
+    }
+}
+
+void FmSFX::importList(WadListKind kind)
+{
+    if (!m_editor.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    m_controls.OpWAD[kind == WadListKind::Samples ? 0 : 1]->setChecked(true);
+    const ImportResult result =
+        importWadList(m_catalogue, m_wad, kind, {m_context.programFolder, m_paths.wads}, m_context.dialogs);
+    refreshAllLines();
+    if (!result.imported) {
+        return;
+    }
+    if (!result.unknownSamples.empty()) {
+        greyWadPanel();
+        FmSplInc(this, result.unknownSamples, m_settings.colours, m_settings.language).exec();
+        updateReminder();
+    }
+    m_sounds->rebuild(m_showGlobals);
+    selectFirstLine();
+}
+
+} // namespace tavrel

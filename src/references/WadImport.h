@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Dialogs.h"
+#include "catalogue/SoundCatalogue.h"
+#include "references/LetterList.h"
+#include "references/WadLists.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+enum class WadListKind { Samples, Objects };
+
+// What an import would do, worked out on a copy: nothing changes before it is complete.
+struct ImportPlan
+{
+    std::vector<SoundCatalogue::LineChange> changes;
+    std::size_t linesWithNewLetter = 0;
+    std::vector<std::string> unknownSamples;      // in the order of the list
+    std::vector<std::size_t> soundsLosingLetters; // of other levels, by the saved lines
+    std::vector<Failure> notices;                 // values and records that were passed over
+};
+
+// The saved lines of the WAD come back first; then every line that uses a listed sample, and that the doubles
+// register lets take part, gets the letter.
+ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+                             const std::string& letter);
+// The same for every sound of a listed object. The sound of being under water always gets the letter.
+ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+                             const std::string& letter);
+
+struct ImportFolders
+{
+    std::filesystem::path program;
+    std::filesystem::path wads;
+};
+
+struct ImportResult
+{
+    bool imported = false;
+    std::vector<std::string> unknownSamples;
+};
+
+// Gives the current WAD's letter to all that its list names, after a question, and says what was done.
+ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, WadListKind kind,
+                           const ImportFolders& folders, Dialogs& dialogs);
+
+// "Import SAM (samples) file"
+BilingualText importTitle(WadListKind kind);
+
+} // namespace tavrel
