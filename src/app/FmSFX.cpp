@@ -400,10 +400,19 @@ void FmSFX::fillFlags()
 void FmSFX::fillSamples()
 {
     const SoundLine& record = m_editor.record();
-    m_controls.LiSamp->clear();
+    QStringList names;
     for (std::size_t i = 0; i < record.sampleCount(); ++i) {
-        m_controls.LiSamp->addItem(fromCodePage(record.Samples[i]));
+        names += fromCodePage(record.Samples[i]);
     }
+    const auto shown = std::exchange(m_shownSamples, {m_editor.selected(), names});
+    if (shown == m_shownSamples) { // what the user selected and typed there stays
+        enableSampleControls();
+        return;
+    }
+    // The list is never seen empty, or its buttons would lose the focus.
+    const QSignalBlocker blocker(m_controls.LiSamp);
+    m_controls.LiSamp->clear();
+    m_controls.LiSamp->addItems(names);
     m_controls.LiSamp->setCurrentRow(0);
     sampleSelected();
 }

@@ -148,7 +148,8 @@ private:
     ColourValue m_chooserColour = 0;
     bool m_loaded = false;
     LineEditor m_editor;
-    std::string m_currentSample; // what the play buttons play
+    std::pair<std::optional<std::size_t>, QStringList> m_shownSamples; // of which sound
+    std::string m_currentSample;                                       // what the play buttons play
     SoundListModel* m_sounds;
     FmSFXControls m_controls;
     bool m_showGlobals = true;

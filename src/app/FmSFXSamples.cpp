@@ -19,7 +19,12 @@ void FmSFX::connectSampleControls()
     connect(c.LiSamp, &QListWidget::itemClicked, this, &FmSFX::sampleSelected);
     connect(c.CdAddSmp, &QPushButton::clicked, this, [this] { changeSamples(addSample); });
     connect(c.CdRename, &QPushButton::clicked, this, [this] { changeSamples(renameSample); });
-    connect(c.CdDelSmp, &QPushButton::clicked, this, [this] { changeSamples(removeSample); });
+    connect(c.CdDelSmp, &QPushButton::clicked, this, [this] {
+        if (m_controls.LiSamp->count() > 1) {
+            sampleSelected(); // the question is about the selected one, whatever was typed since
+        }
+        changeSamples(removeSample);
+    });
     connect(c.CdChSamp, &QPushButton::clicked, this, &FmSFX::chooseSample);
     connect(c.CdPlay, &QPushButton::clicked, this, [this] { playSample(*m_controls.LiSamp); });
     connect(c.CdPlay2, &QPushButton::clicked, this, [this] { playSample(*m_controls.LiSFX); });

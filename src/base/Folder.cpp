@@ -18,8 +18,8 @@ Result<std::vector<FolderEntry>> listFolder(const fs::path& folder)
     for (fs::directory_iterator it(folder, error); !error && it != fs::directory_iterator();
          it.increment(error)) {
         std::error_code ignored;
-        entries.push_back(
-            {codePagePath(it->path().filename()).bytes, it->path(), it->is_regular_file(ignored)});
+        const CodePageText name = codePagePath(it->path().filename());
+        entries.push_back({name.bytes, name.exact, it->path(), it->is_regular_file(ignored)});
     }
     if (error) {
         return cannotRead(folder, error);
@@ -38,6 +38,9 @@ std::optional<FolderEntry> findByName(const fs::path& folder, std::string_view n
     const std::string wanted = upperCase(name);
     const FolderEntry* best = nullptr;
     for (const FolderEntry& entry : *entries) {
+        if (!entry.exactName) {
+            continue; // its "?" stand for something else
+        }
         if (entry.name == name) {
             return entry;
         }

@@ -15,6 +15,7 @@ namespace tavrel {
 struct FolderEntry
 {
     std::string name;           // code page bytes
+    bool exactName = true;      // false when the name has characters that the code page lacks
     std::filesystem::path path; // as it stands on the disk: what to open
     bool isFile = false;        // a regular one, or a link to one
 };

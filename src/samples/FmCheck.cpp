@@ -60,8 +60,8 @@ FmCheck::FmCheck(QWidget* parent, const SamplesContext& context)
       m_list(makeFixedPitchList("LiCheck")), m_indication(makePaperLabel("LbIndic")),
       m_progress(named(new QProgressBar, "PbCheck")),
       m_cancelCheck(makeButton("CdCancelCheck", Glyph::Close)), m_tip(makeWrappedText("LbTip1")),
-      m_play(makeButton("CdPlay", Glyph::Play)), m_stop(makeButton("CdStopS", Glyph::Stop)),
-      m_close(makeButton("CdClose", Glyph::Close))
+      m_soundInfo(makePaperLabel("LbInfo")), m_play(makeButton("CdPlay", Glyph::Play)),
+      m_stop(makeButton("CdStopS", Glyph::Stop)), m_close(makeButton("CdClose", Glyph::Close))
 {
     setObjectName("FmCheck");
     setWindowModality(Qt::ApplicationModal);
@@ -119,8 +119,10 @@ void FmCheck::layOut()
     content().addWidget(m_list, 1);
     content().addLayout(indication);
     content().addWidget(m_tip);
+    content().addWidget(m_soundInfo);
     content().addLayout(buttons);
-    for (QWidget* const hidden : std::initializer_list<QWidget*>{m_progress, m_cancelCheck, m_tip}) {
+    for (QWidget* const hidden :
+         std::initializer_list<QWidget*>{m_progress, m_cancelCheck, m_tip, m_soundInfo}) {
         hidden->hide();
     }
     resize(680, 600);
@@ -135,13 +137,14 @@ void FmCheck::connectControls()
     connect(m_cancelCheck, &QPushButton::clicked, this, [this] { endCheck(true); });
     connect(&m_checkTimer, &QTimer::timeout, this, &FmCheck::checkSome);
     connect(m_list, &QListWidget::itemSelectionChanged, this, &FmCheck::selectionChanged);
-    connect(m_list, &QListWidget::itemDoubleClicked, this, &FmCheck::play);
+    connect(m_list, &QListWidget::itemClicked, this, &FmCheck::selectionChanged);
+    connect(m_list, &QListWidget::itemDoubleClicked, m_play, &QPushButton::click);
     connect(m_play, &QPushButton::clicked, this, &FmCheck::play);
     connect(m_stop, &QPushButton::clicked, this, [this] { StopSample(m_context.player); });
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
     auto* const space = new QShortcut(QKeySequence(Qt::Key_Space), m_list);
     space->setContext(Qt::WidgetShortcut);
-    connect(space, &QShortcut::activated, this, &FmCheck::play);
+    connect(space, &QShortcut::activated, m_play, &QPushButton::click);
 }
 
 void FmCheck::showCaptions()
@@ -204,6 +207,7 @@ void FmCheck::chooseFolder()
     if (const std::optional<std::filesystem::path> file = m_context.dialogs.chooseFile(question)) {
         m_folder = file->parent_path();
         showFolder();
+        emptyLists({}, {}); // the rows were another folder's
     }
 }
 
@@ -355,8 +359,9 @@ void FmCheck::endCheck(bool cancelled)
 
 void FmCheck::enableModes(bool enable)
 {
-    for (QPushButton* const button : {m_chooseFolder, m_visualize, m_checkButton}) {
-        button->setEnabled(enable);
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{m_chooseFolder, m_visualize, m_checkButton, m_list}) {
+        control->setEnabled(enable);
     }
 }
 
@@ -369,15 +374,14 @@ void FmCheck::selectionChanged()
 
 void FmCheck::play()
 {
-    const int row = m_list->currentRow();
-    if (row < 0) {
+    const QList<QListWidgetItem*> selected = m_list->selectedItems();
+    if (selected.empty()) {
         return;
     }
-    const std::string& file = m_files.at(static_cast<std::size_t>(row));
-    if (const Problem problem =
-            PlaySample(m_context.player, m_folder, sampleNameOf(file), m_context.dialogs)) {
-        showIndication(problem->text);
-    }
+    const std::string& file = m_files.at(static_cast<std::size_t>(m_list->row(selected.front())));
+    const Problem problem = PlaySample(m_context.player, m_folder, sampleNameOf(file), m_context.dialogs);
+    setPaperText(*m_soundInfo, problem ? inLanguage(problem->text, m_context.language) : QString());
+    m_soundInfo->setVisible(problem.has_value());
 }
 
 void FmCheck::reject()

@@ -78,6 +78,7 @@ private:
     QProgressBar* m_progress;
     QPushButton* m_cancelCheck;
     QLabel* m_tip;
+    QLabel* m_soundInfo;
     QPushButton* m_play;
     QPushButton* m_stop;
     QPushButton* m_close;

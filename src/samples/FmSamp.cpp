@@ -83,7 +83,9 @@ void FmSamp::fillList()
     // By name: some systems list in no order at all.
     std::ranges::sort(*samples, {}, [](const SampleFile& file) { return upperCase(file.name); });
     for (const SampleFile& file : *samples) {
-        m_list->addItem(fromCodePage(file.name));
+        if (file.exactName) {
+            m_list->addItem(fromCodePage(file.name));
+        }
     }
 }
 

@@ -34,7 +34,7 @@ std::vector<std::string> namesOf(const LineEditor& editor)
 // Characters that would end the name in a line of sounds.txt, or lead out of the folder.
 bool hasForbiddenCharacter(std::string_view name)
 {
-    return name.find_first_of(" \t#:\"/\\") != std::string_view::npos;
+    return name.find_first_of(" \t#:\"/\\?*") != std::string_view::npos;
 }
 
 std::size_t fieldLength(SampleChange change, const std::vector<std::string>& names, const SampleInput& input)
@@ -156,7 +156,9 @@ SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs&
     }
     names.erase(names.begin() + static_cast<std::ptrdiff_t>(*input.selected));
     SampleResult result = store(editor, std::move(names), 0, input, dialogs);
-    result.typedName = editor.record().Samples.front();
+    if (result.changed) {
+        result.typedName = editor.record().Samples.front();
+    }
     return result;
 }
 

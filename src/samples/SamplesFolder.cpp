@@ -29,7 +29,7 @@ Result<std::vector<SampleFile>> listSamples(const fs::path& folder)
     std::vector<SampleFile> samples;
     for (FolderEntry& entry : *entries) {
         if (hasSampleEnding(entry.name) && entry.isFile && !system::isHidden(entry.path)) {
-            samples.push_back({std::move(entry.name), std::move(entry.path)});
+            samples.push_back({std::move(entry.name), std::move(entry.path), entry.exactName});
         }
     }
     return samples;
@@ -37,7 +37,8 @@ Result<std::vector<SampleFile>> listSamples(const fs::path& folder)
 
 std::optional<fs::path> findSample(const fs::path& folder, std::string_view name)
 {
-    return findFile(folder, std::string(name).append(ending));
+    const std::optional<fs::path> file = findFile(folder, std::string(name).append(ending));
+    return file && !system::isHidden(*file) ? file : std::nullopt;
 }
 
 std::string sampleNameOf(std::string_view fileName)

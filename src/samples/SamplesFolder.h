@@ -18,6 +18,7 @@ struct SampleFile
 {
     std::string name; // with its ending, code page bytes
     std::filesystem::path path;
+    bool exactName = true; // false when the name has characters that no line of sounds.txt can hold
 };
 
 // Every regular file with the ending ".wav" in any letter case, hidden ones left out, in the system's order.

@@ -25,6 +25,7 @@ public:
     Problem play(const std::filesystem::path& file) override
     {
         stop();
+        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // or nobody could end the program by a signal
         // Each time: a sound device may have been plugged in since.
         if (SDL_WasInit(SDL_INIT_AUDIO) == 0 && SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
             return soundFailure();

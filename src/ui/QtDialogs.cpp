@@ -69,11 +69,18 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
                        existingFolder(question.folder), filter);
     dialog.setFileMode(question.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.selectFile(QString::fromStdString(question.proposedName));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().empty()) {
-        return std::nullopt;
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().empty()) {
+        const QString chosen = dialog.selectedFiles().front();
+        const std::filesystem::path file = std::filesystem::path(chosen.toStdU16String()).make_preferred();
+        std::error_code ignored;
+        if (std::filesystem::is_directory(file.parent_path(), ignored)) {
+            return file;
+        }
+        show({MessageIcon::Exclamation, question.title,
+              BilingualText("There is no folder ", "Il n'y a pas de répertoire ") +
+                  displayPath(file.parent_path())});
     }
-    const QString chosen = dialog.selectedFiles().front();
-    return std::filesystem::path(chosen.toStdU16String()).make_preferred();
+    return std::nullopt;
 }
 
 } // namespace tavrel

@@ -80,6 +80,8 @@ TEST_F(SampleCommands, AddAndRenameRefuseWithTheirMessages)
         {add, "A BB", 0, "n\"ew", blank, blankFrench},
         {add, "A BB", 0, "../new", blank, blankFrench},
         {add, "A BB", 0, "sub\\new", blank, blankFrench},
+        {add, "A BB", 0, "n?w", blank, blankFrench},
+        {add, "A BB", 0, name32 + "nowhere", tooLong, tooLongFrench},
         {add, "A BB", 0, "BB", "Sample name already in the list", "Nom de sample déjà dans la liste"},
         {add, "A FOOT", 0, "foot", "", ""},
         {rename, "A BB", 0, "BB", "", ""},

@@ -35,10 +35,13 @@ TEST(SamplesFolder, NamesNeverLeaveTheFolder)
 {
     const TemporaryFolder root;
     writeBytes(root / "outside.wav", "");
+    writeBytes(root / "samples" / ".dot.wav", "");
+    writeBytes(root / "samples" / "\xE6\x97\xA5.wav", ""); // one character that the code page lacks
     writeBytes(root / "samples" / "Step.WAV", "");
     const fs::path samples = root / "samples";
     EXPECT_EQ(findSample(samples, "step"), samples / "Step.WAV");
-    for (const char* name : {"../outside", "..\\outside", "sub/../../outside", "step.wav", "st*", "", "."}) {
+    for (const char* name :
+         {"../outside", "..\\outside", "sub/../../outside", "step.wav", "st*", "", ".", ".dot", "?"}) {
         EXPECT_FALSE(findSample(samples, name)) << name;
     }
     EXPECT_FALSE(findSample(samples, (root / "outside").string()));

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <thread>
 
@@ -67,6 +68,17 @@ TEST_F(SystemPlayer, PlaysEverySampleOfTheFileAndANewOneInItsPlace)
     const std::string atStop = readBytes(output);
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_EQ(readBytes(output), atStop);
+}
+
+TEST_F(SystemPlayer, LeavesTheProgramItsSignals)
+{
+    useDriver("dummy");
+    writeBytes(folder / "good.wav", wavBytes({}));
+    const std::unique_ptr<SamplePlayer> player = makeSystemPlayer();
+    ASSERT_FALSE(player->play(folder / "good.wav"));
+    struct sigaction action = {};
+    ASSERT_EQ(::sigaction(SIGTERM, nullptr, &action), 0);
+    EXPECT_EQ(action.sa_handler, SIG_DFL);
 }
 
 TEST_F(SystemPlayer, SaysWhyNothingSounds)

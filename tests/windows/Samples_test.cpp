@@ -16,8 +16,6 @@ using namespace tavrel;
 
 namespace {
 
-const std::string fixedTitle = "List of wrong samples        ----------- ANOMALIES -----------";
-
 class MainWindowSamplesTest : public MainWindowTest
 {
 protected:
@@ -55,8 +53,13 @@ TEST_F(MainWindowSamplesTest, changesReachTheLineAtOnce)
     clickSample(0);
     EXPECT_EQ(text("TxSamp"), "rico_01");
     type("TxSamp", "foot01");
-    click("CdRename");
+    control("CdRename").setFocus();
+    QTest::keyClick(&control("CdRename"), Qt::Key_Space);
     EXPECT_EQ(samples().item(0)->text(), "foot01");
+    EXPECT_TRUE(control("CdRename").hasFocus());
+    type("TxSamp", "");
+    click("CdRename");
+    EXPECT_EQ(text("TxSamp"), "foot01") << "an empty name brings the selected one back";
 
     dialogs.prepareAnswer(Answer::Yes);
     clickSample(1);
@@ -64,6 +67,11 @@ TEST_F(MainWindowSamplesTest, changesReachTheLineAtOnce)
     EXPECT_EQ(window->catalogue().currentLine(10),
               "LARA_RICOCHET:\t\tfoot01 extra\t\t\tVOL60\tP V\tCH10\tPIT30\tRAD13\t#g");
     EXPECT_EQ(samples().currentRow(), 0);
+
+    type("TxSamp", "waiting");
+    type("TxVOL", "61");
+    click("CdValidW");
+    EXPECT_EQ(text("TxSamp"), "waiting") << "accepting values leaves the samples alone";
 
     type("TxSamp", "wrong");
     click("CdAddSmp");
@@ -86,11 +94,20 @@ TEST_F(MainWindowSamplesTest, playsTheSelectedSample)
     EXPECT_TRUE(sounds().hasFocus());
     EXPECT_EQ(player.played, (std::vector{samplesFolder / "foot03.wav", samplesFolder / "foot03.wav"}));
     click("CdStopS");
-    EXPECT_EQ(player.stops, 1);
+    EXPECT_TRUE(samples().hasFocus());
+    click("CdStopS2");
+    EXPECT_TRUE(sounds().hasFocus());
+    EXPECT_EQ(player.stops, 2);
     player.problem = Failure{{"No sound: none", "Pas de son : rien"}};
     click("CdPlay");
     EXPECT_EQ(control<QLabel>("LbInfo").text(), "No sound: none");
     EXPECT_TRUE(dialogs.said().empty()) << "no box where a machine has no sound";
+    player.problem.reset();
+    click("CdPlay");
+    EXPECT_EQ(control<QLabel>("LbInfo").text(), "");
+    type("TxSamp", "typed");
+    clickSample(2);
+    EXPECT_EQ(text("TxSamp"), "foot03") << "a click on the selected entry brings its name back";
     samples().clearSelection();
     for (const char* name : {"CdPlay", "CdPlay2", "CdStopS", "CdStopS2", "CdRename"}) {
         EXPECT_FALSE(enabled(name)) << name;
@@ -176,21 +193,92 @@ protected:
 
 } // namespace
 
-TEST_F(FmCheckTest, listsWrongFilesInColumns)
+TEST_F(FmCheckTest, saysEverythingInBothLanguages)
 {
+    writeBytes(folder / "long.wav", wavBytes({.listChunk = true}));
+    writeBytes(folder / "another.wav", "");
+    struct Case
+    {
+        const char* button;
+        const char* label;
+        BilingualText text;
+    };
+    const Case cases[] = {
+        {"CdLook", "LbInfoTitle", {"INFO - CHECK", "INFO - CONTROLER"}},
+        {"CdLook",
+         "LbInfoText",
+         {"This tool checks if all the wave files of the selected directory are in the right format. If the list "
+          "below is not empty, convert the listed files to the right format Windows PCM 22050hz 16 bits mono w/o "
+          "header informations.",
+          "Cet outil contôle le format de tous les fichiers wav contenus dans le répertoire sélectionné. Si la liste "
+          "ci-dessous n'est pas vide, convertissez chaque fichier listé au bon format Windows PCM 22050hz 16 bits "
+          "mono sans informations d'en-tête."}},
+        {"CdLook",
+         "LbCheckL",
+         {"List of wrong samples        ----------- ANOMALIES -----------",
+          "Liste des mauvais samples    ----------- ANOMALIES ------------"}},
+        {"CdLook",
+         "LbCheckL2",
+         {"File name                    Mono     PCM      22050Khz Header",
+          "Nom fichier                  Mono     PCM      22050Khz En-tête"}},
+        {"CdLook", "LbIndic", {"3 file(s) found", "3 fichier(s) trouvé(s)"}},
+        {"CdLook",
+         "LbTip1",
+         {"Run NG_CENTER v1.2.2.7, go to [Tools3] panel, then click on [Audio converter] button to convert each wrong "
+          "sample",
+          "Lancez NG_CENTER v1.2.2.7, allez sur [Tools3] puis cliquez sur [Audio converter] pour convertir chaque "
+          "sample"}},
+        {"CdLireSmp", "LbInfoTitle", {"INFO - VISUALIZE", "INFO - VISUALISER"}},
+        {"CdLireSmp",
+         "LbInfoText",
+         {"This function simply lists all the samples contained in the selected directory. You can play each sample by "
+          "clicking on it, then 'play'. Press 'down'/'up' key to go to the next/previous sample.",
+          "Cette fonction liste simplement les samples contenus dans le répertoire sélectionné. Vous pouvez jouer "
+          "chaque sample en cliquant dessus puis sur 'Jouer'. Appuyer sur les flèches 'bas'/'haut' pour passer au "
+          "sample suivant/précédent."}},
+        {"CdLireSmp", "LbCheckL", BilingualText::same("                          S A M P L E S")},
+        {"CdLireSmp", "LbCheckL2", {"File name", "Nom du fichier"}},
+        {"CdLireSmp", "LbIndic", {"4 file(s) listed", "4 fichier(s) listé(s)"}},
+    };
+    for (const Language language : {Language::English, Language::French}) {
+        open(language);
+        const char* done = "";
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.text.in(language));
+            if (std::string(done) != c.button) {
+                run(c.button);
+                done = c.button;
+            }
+            EXPECT_EQ(label(c.label), c.text.in(language));
+        }
+        EXPECT_EQ(indicationColour(), QColor(64, 64, 64)) << "grey again after a failed check";
+        EXPECT_FALSE(find<QLabel>("LbTip1").isVisible());
+    }
+}
+
+TEST_F(FmCheckTest, listsWrongFilesInTheOrderOfTheListing)
+{
+    writeBytes(folder / "long.wav", wavBytes({.listChunk = true}));
+    writeBytes(folder / "another.wav", "");
     open();
-    EXPECT_EQ(label("LbTip1").substr(0, 22), "Run NG_CENTER v1.2.2.7");
-    EXPECT_FALSE(find<QLabel>("LbTip1").isVisible());
     run("CdLook");
-    EXPECT_EQ(label("LbCheckL"), fixedTitle);
-    ASSERT_EQ(list().count(), 1);
-    EXPECT_EQ(list().item(0)->text().toStdString(),
-              "stereo                        N                                 ");
-    EXPECT_EQ(label("LbIndic"), "1 file(s) found");
+    std::vector<std::string> expected;
+    const auto files = listSamples(folder.path());
+    for (const SampleFile& file : *files) {
+        const SampleFormatVerdict verdict = CheckSampleFormatDetailed(file.path);
+        if (!verdict.valid()) {
+            expected.push_back(anomalyRow(file.name, verdict, Language::English));
+        }
+    }
+    ASSERT_EQ(list().count(), 3);
+    for (int row = 0; row < 3; ++row) {
+        EXPECT_EQ(list().item(row)->text().toStdString(), expected[static_cast<std::size_t>(row)]);
+    }
     EXPECT_EQ(indicationColour(), QColor(192, 0, 0));
     EXPECT_TRUE(find<QLabel>("LbTip1").isVisible());
-
-    std::filesystem::remove(folder / "stereo.wav");
+    for (const char* name : {"stereo", "long", "another"}) {
+        std::filesystem::remove(folder / (std::string(name) + ".wav"));
+    }
     run("CdLook");
     EXPECT_EQ(label("LbIndic"), "No problem found");
     EXPECT_EQ(indicationColour(), QColor(64, 64, 64));
@@ -201,12 +289,7 @@ TEST_F(FmCheckTest, listsWrongFilesInColumns)
 TEST_F(FmCheckTest, visualizesAndPlaysByKeys)
 {
     open(Language::French);
-    click("CdLireSmp");
-    EXPECT_EQ(label("LbInfoTitle"), "INFO - VISUALISER");
-    click("ImPlus");
-    EXPECT_EQ(label("LbCheckL"), "                          S A M P L E S");
-    EXPECT_EQ(label("LbCheckL2"), "Nom du fichier");
-    EXPECT_EQ(label("LbIndic"), "2 fichier(s) listé(s)");
+    run("CdLireSmp");
     EXPECT_FALSE(find<QPushButton>("CdPlay").isEnabled());
     list().setCurrentRow(0);
     QTest::keyClick(&list(), Qt::Key_Down);
@@ -215,6 +298,12 @@ TEST_F(FmCheckTest, visualizesAndPlaysByKeys)
     EXPECT_EQ(player.played[0].filename().string(), list().item(1)->text().toStdString());
     click("CdStopS");
     EXPECT_EQ(player.stops, 1);
+    click("CdLireSmp");
+    EXPECT_FALSE(find<QPushButton>("CdPlay").isEnabled()) << "another list is about to come";
+    QTest::keyClick(&list(), Qt::Key_Space);
+    EXPECT_EQ(player.played.size(), 1U);
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, list().visualItemRect(list().item(1)).center());
+    EXPECT_TRUE(find<QPushButton>("CdPlay").isEnabled());
 
     std::filesystem::remove(player.played[0]);
     click("CdPlay");
