@@ -33,7 +33,6 @@ namespace tavrel {
 
 namespace {
 
-constexpr QSize smallestSize(1240, 680);
 constexpr QSize usualSize(1272, 712);
 
 constexpr std::array<ValueBox, valueBoxCount> allValueBoxes = {ValueBox::Vol, ValueBox::Pit, ValueBox::Rad,
@@ -64,6 +63,20 @@ void drawAttention(QPushButton& button, bool wanted)
         button.style()->unpolish(&button);
         button.style()->polish(&button);
     }
+}
+
+BilingualText listOf(const std::vector<Failure>& notices)
+{
+    constexpr std::size_t mostShown = 8;
+    BilingualText text;
+    for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
+        text += (i == 0 ? BilingualText() : BilingualText::same("\n\n")) + notices[i].text;
+    }
+    if (notices.size() > mostShown) {
+        const std::string rest = std::to_string(notices.size() - mostShown);
+        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
+    }
+    return text;
 }
 
 class Flagged
@@ -99,8 +112,11 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& session)
     }
     applyMainColours();
     showLanguage();
+    m_leaving.setSingleShot(true);
+    m_refusing.setSingleShot(true);
+    connect(&m_leaving, &QTimer::timeout, this, &FmSFX::leaveForCurrentRow);
+    connect(&m_refusing, &QTimer::timeout, this, &FmSFX::sayWhatIsRefused);
     selectLine(std::nullopt);
-    setMinimumSize(smallestSize);
     resize(usualSize);
 }
 
@@ -120,6 +136,13 @@ void FmSFX::connectControls()
     connect(c.CdQuit, &QPushButton::clicked, this, &QWidget::close);
     connect(c.TxSearch, &QLineEdit::returnPressed, this, &FmSFX::search);
     connect(c.LiSFX->selectionModel(), &QItemSelectionModel::currentChanged, this, &FmSFX::currentRowChanged);
+    connect(c.LiSFX->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        // Ctrl and a click would take the mark off the line that is still shown.
+        QItemSelectionModel& selection = *m_controls.LiSFX->selectionModel();
+        if (!selection.hasSelection() && selection.currentIndex().isValid()) {
+            selection.select(selection.currentIndex(), QItemSelectionModel::Select);
+        }
+    });
     connect(c.OpLangF, &QRadioButton::toggled, this, [this](bool french) {
         m_settings.language = french ? Language::French : Language::English;
         showLanguage();
@@ -154,9 +177,9 @@ void FmSFX::connectLineControls()
     for (const ValueBox box : allValueBoxes) {
         QLineEdit* const edit = m_controls.value(box);
         connect(edit, &QLineEdit::textChanged, this, [this, box] { valueChanged(box); });
-        connect(edit, &QLineEdit::editingFinished, this, [this, box] { valueLeft(box); });
         connect(edit, &QLineEdit::returnPressed, this, &FmSFX::acceptValues);
     }
+    connect(m_controls.value(ValueBox::Pit), &QLineEdit::editingFinished, this, &FmSFX::pitchLeft);
     for (const LineFlag flag : allLineFlags) {
         connect(m_controls.flag(flag), &QCheckBox::toggled, this,
                 [this, flag](bool on) { flagChanged(flag, on); });
@@ -225,7 +248,7 @@ void FmSFX::changeEvent(QEvent* event)
 
 void FmSFX::load()
 {
-    m_loaded = loadFiles();
+    const std::vector<Message> messages = loadFiles();
     m_object.clear();
     m_sounds->rebuild(m_showGlobals);
     for (QWidget* const control :
@@ -233,49 +256,40 @@ void FmSFX::load()
                                          m_controls.CdReplacL, m_controls.TxReplacL}) {
         control->setEnabled(m_loaded);
     }
-    selectWad(m_references.findUserWad(m_settings.lastWad) ? m_settings.lastWad : std::string());
+    const WadReference* const wad = m_references.findUserWad(m_settings.lastWad);
+    m_wad = wad ? CurrentWad{wad->wadName, wad->letter, wad->title} : CurrentWad();
     fillWadChooser();
     selectFirstLine();
     showObject();
-    showPending();
+    m_controls.LiSFX->setFocus();
+    // Last: while a box is up, the window paints what was loaded.
+    for (const Message& message : messages) {
+        m_context.dialogs.show(message);
+    }
 }
 
-bool FmSFX::loadFiles()
+// What the user has to know; shown when the window is in order again.
+std::vector<Message> FmSFX::loadFiles()
 {
+    const BilingualText title = BilingualText::same("sounds.txt");
     const CatalogueSources sources{m_context.programFolder, m_paths.creator,
                                    m_settings.protectedLinesEditable};
     Result<LoadedRegister> references = loadRegister(m_context.programFolder);
     Result<LoadedCatalogue> catalogue =
         references ? loadCatalogue(sources) : Result<LoadedCatalogue>(references.failure());
-    if (!catalogue) {
+    m_loaded = static_cast<bool>(catalogue);
+    if (!m_loaded) {
         m_catalogue = SoundCatalogue();
-        m_context.dialogs.show(
-            {MessageIcon::Critical, BilingualText::same("sounds.txt"), catalogue.failure().text});
-        return false;
+        return {{MessageIcon::Critical, title, catalogue.failure().text}};
     }
     m_references = std::move(references->references);
     m_catalogue = std::move(catalogue->catalogue);
     std::vector<Failure> notices = std::move(references->notices);
     notices.insert(notices.end(), catalogue->notices.begin(), catalogue->notices.end());
-    showNotices(notices);
-    return true;
-}
-
-void FmSFX::showNotices(const std::vector<Failure>& notices)
-{
     if (notices.empty()) {
-        return;
+        return {};
     }
-    constexpr std::size_t mostShown = 8;
-    BilingualText text;
-    for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
-        text += (i == 0 ? BilingualText() : BilingualText::same("\n\n")) + notices[i].text;
-    }
-    if (notices.size() > mostShown) {
-        const std::string rest = std::to_string(notices.size() - mostShown);
-        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
-    }
-    m_context.dialogs.show({MessageIcon::Information, BilingualText::same("sounds.txt"), text});
+    return {{MessageIcon::Information, title, listOf(notices)}};
 }
 
 // Selecting a line
@@ -286,8 +300,8 @@ void FmSFX::currentRowChanged()
         return;
     }
     if (m_editor.edited()) {
-        // The mouse button is still down in the list: ask when it has finished with the click.
-        QTimer::singleShot(0, this, &FmSFX::leaveForCurrentRow);
+        // The mouse button is still down in the list, or a key repeats: ask once, when that is done with.
+        m_leaving.start();
         return;
     }
     selectLine(m_sounds->numberAt(m_controls.LiSFX->currentIndex()));
@@ -295,17 +309,18 @@ void FmSFX::currentRowChanged()
 
 void FmSFX::leaveForCurrentRow()
 {
-    const std::optional<std::size_t> wanted = m_sounds->numberAt(m_controls.LiSFX->currentIndex());
-    if (wanted == m_editor.selected()) {
+    const std::optional<std::size_t> left = m_editor.selected();
+    const auto wanted = [this] { return m_sounds->numberAt(m_controls.LiSFX->currentIndex()); };
+    if (m_asking || wanted() == left) {
         return;
     }
-    const std::optional<std::size_t> left = m_editor.selected();
+    const Flagged asking(m_asking);
     const bool mayLeave = m_editor.mayLeave(m_context.dialogs);
     if (left) {
         m_sounds->refresh(*left);
     }
     if (mayLeave) {
-        selectLine(wanted);
+        selectLine(wanted());
     } else {
         const Flagged selecting(m_selecting);
         m_controls.LiSFX->setCurrentIndex(left ? m_sounds->indexOf(*left) : QModelIndex());
@@ -326,29 +341,37 @@ void FmSFX::selectLine(std::optional<std::size_t> number)
 {
     m_editor.select(number);
     m_justAdded.clear();
+    showInfo({});
     showSelectedLine();
-    if (number && m_catalogue.isProtected(*number)) {
-        QTimer::singleShot(0, this, &FmSFX::showProtectedRefusal);
-    } else if (!m_object.empty()) {
-        QTimer::singleShot(0, this, &FmSFX::warnAboutObject);
-    }
+    m_refusing.start();
 }
 
-void FmSFX::showProtectedRefusal()
+// What the user may not do with the line that is selected by now.
+void FmSFX::sayWhatIsRefused()
 {
-    m_context.dialogs.show({MessageIcon::Exclamation,
-                            {"Select", "Sélection"},
-                            {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}});
+    const std::optional<std::size_t> number = m_editor.selected();
+    if (m_asking || !number) {
+        return;
+    }
+    const Flagged asking(m_asking);
+    if (m_catalogue.isProtected(*number)) {
+        m_context.dialogs.show(
+            {MessageIcon::Exclamation,
+             {"Select", "Sélection"},
+             {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}});
+    } else {
+        warnAboutObject();
+    }
 }
 
 void FmSFX::showSelectedLine()
 {
-    enableLineControls(m_editor.canEdit());
     fillLineTexts();
     fillValues();
     fillFlags();
     fillSamples();
     fillLetters();
+    enableLineControls(m_editor.canEdit()); // last: a box that loses the focus must hold this line's value
     showPending();
 }
 
@@ -465,11 +488,14 @@ void FmSFX::valueChanged(ValueBox box)
 }
 
 // A sign alone may stand in the pitch only while the user is typing.
-void FmSFX::valueLeft(ValueBox box)
+void FmSFX::pitchLeft()
 {
-    const Flagged filling(m_filling);
-    QLineEdit* const edit = m_controls.value(box);
-    edit->setText(fromCodePage(m_editor.setValue(box, toCodePage(edit->text()), false)));
+    QLineEdit* const edit = m_controls.value(ValueBox::Pit);
+    if (m_editor.canEdit() && edit->text().startsWith('-')) {
+        const Flagged filling(m_filling);
+        edit->setText(fromCodePage(m_editor.setValue(ValueBox::Pit, toCodePage(edit->text()), false)));
+        showPending();
+    }
 }
 
 void FmSFX::flagChanged(LineFlag flag, bool on)
@@ -487,6 +513,7 @@ void FmSFX::flagChanged(LineFlag flag, bool on)
 void FmSFX::acceptValues()
 {
     if (m_editor.accept(m_context.dialogs)) {
+        showInfo({});
         refreshLine();
     }
 }
@@ -499,6 +526,7 @@ void FmSFX::restoreSelectedLine()
     const std::size_t number = *m_editor.selected();
     if (restoreLine(m_catalogue, number, m_context.dialogs)) {
         m_editor.select(number);
+        showInfo({});
         refreshLine();
     }
 }
@@ -508,10 +536,11 @@ void FmSFX::apply()
     if (!m_editor.mayLeave(m_context.dialogs)) {
         return;
     }
-    if (applyChanges(m_catalogue, {m_context.programFolder, m_wad.wadName}, m_context.dialogs)) {
-        showInfo({"[sounds.txt] is written", "[sounds.txt] est écrit"});
-    }
     refreshLine();
+    const bool applied =
+        applyChanges(m_catalogue, {m_context.programFolder, m_wad.wadName}, m_context.dialogs);
+    refreshLine();
+    showInfo(applied ? BilingualText("[sounds.txt] is written", "[sounds.txt] est écrit") : BilingualText());
 }
 
 void FmSFX::copyLine()
@@ -611,7 +640,8 @@ bool FmSFX::mayClose()
     const Question question{{"Quit", "Quitter"},
                             {"Modifications not applied. Would you like to quit anyway",
                              "Des modifications n'ont pas été appliquées. Voulez-vous quitter quand même"},
-                            Buttons::YesNo};
+                            Buttons::YesNo,
+                            true};
     return m_context.dialogs.ask(question) == Answer::Yes;
 }
 

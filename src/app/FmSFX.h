@@ -66,14 +66,13 @@ private:
     void showInfo(const BilingualText& text);
     void applyMainColours();
 
-    bool loadFiles();
-    void showNotices(const std::vector<Failure>& notices);
+    std::vector<Message> loadFiles();
     void currentRowChanged();
     void leaveForCurrentRow();
     void selectFirstLine();
     void selectLine(std::optional<std::size_t> number);
     void showSelectedLine();
-    void showProtectedRefusal();
+    void sayWhatIsRefused();
     void fillLineTexts();
     void fillValues();
     void fillFlags();
@@ -121,7 +120,7 @@ private:
     void importList(WadListKind kind);
 
     void valueChanged(ValueBox box);
-    void valueLeft(ValueBox box);
+    void pitchLeft();
     void flagChanged(LineFlag flag, bool on);
 
     void acceptValues();
@@ -145,6 +144,9 @@ private:
     std::string m_object;    // letters go to all its sounds; empty when single lines are edited
     std::optional<std::size_t> m_warnedLine;
     QTimer m_reminder; // TmWAD
+    QTimer m_leaving;  // for questions that wait until a click or key is done with
+    QTimer m_refusing;
+    bool m_asking = false; // one of them is on the screen
     ColourValue m_chooserColour = 0;
     bool m_loaded = false;
     LineEditor m_editor;

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSizeGrip>
 
 namespace tavrel {
 
@@ -249,7 +250,7 @@ void addWadsPanel(FmSFXControls& c, QVBoxLayout& column)
 
 void addCurrentWad(FmSFXControls& c, QVBoxLayout& column)
 {
-    c.CbTWad = named(new QComboBox, "CbTWad");
+    c.CbTWad = makeComboBox("CbTWad");
     c.TxWAD = makeReadOnly("TxWAD");
     c.TxLett = makeReadOnly("TxLett");
     c.TxTitre = makeReadOnly("TxTitre");
@@ -317,17 +318,16 @@ QHBoxLayout* makeLineColumns(FmSFXControls& c)
     return columns;
 }
 
-void addStatusRow(FmSFXControls& c, QVBoxLayout& content)
+void addStatusRow(FmSFXControls& c, QVBoxLayout& content, QWidget& window)
 {
-    c.LbInfo = named(new QLabel, "LbInfo");
-    c.LbInfo->setTextFormat(Qt::PlainText);
+    c.LbInfo = makeElidedLabel("LbInfo");
     c.LbPending = makeHeading("LbPending");
-    c.LbPath = named(new QLabel, "LbPath");
-    c.LbPath->setTextFormat(Qt::PlainText);
+    c.LbPath = makeElidedLabel("LbPath");
     c.LbPath->setProperty("muted", true);
     auto* const row = rowOf({c.LbPath, c.LbInfo, c.LbPending});
-    row->insertStretch(1, 1);
-    row->insertStretch(3, 1);
+    row->setStretch(0, 1);
+    row->setStretch(1, 1);
+    row->addWidget(new QSizeGrip(&window), 0, Qt::AlignBottom);
     content.addLayout(row);
 }
 
@@ -370,7 +370,7 @@ FmSFXControls layOutMainWindow(QWidget& window, QHBoxLayout& titleRow, QVBoxLayo
     content.setContentsMargins(2 * gap, gap, 2 * gap, gap);
     content.setSpacing(gap);
     content.addLayout(columns, 1);
-    addStatusRow(controls, content);
+    addStatusRow(controls, content, window);
 
     // Radio buttons are exclusive among all of one parent; these are three separate choices.
     const auto group = [&window](std::initializer_list<QRadioButton*> options) {

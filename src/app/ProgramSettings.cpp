@@ -180,6 +180,9 @@ Problem replaceDamagedSettings(const fs::path& programFolder, const ProgramSetti
     if (!content) {
         return content.failure();
     }
+    if (content->bytes.empty()) {
+        return SaveSettings(programFolder, settings);
+    }
     const Result<fs::path> copy = keepCopyBeside(file, content->bytes);
     return copy ? SaveSettings(programFolder, settings) : Problem(copy.failure());
 }

@@ -61,7 +61,7 @@ int SoundListModel::rowCount(const QModelIndex& parent) const
 QVariant SoundListModel::data(const QModelIndex& index, int role) const
 {
     const std::optional<std::size_t> number = numberAt(index);
-    if (!number) {
+    if (!number || *number >= m_catalogue.size()) {
         return {};
     }
     switch (role) {

@@ -80,6 +80,14 @@ bool chooseInto(ProgramSettings& settings, const StartContext& context)
     return true;
 }
 
+// Says why the settings could not be kept, unless the warning of the start is about to say it better.
+void reportUnlessWarned(const Problem& problem, const StartContext& context, const ProgramSettings& settings)
+{
+    if (problem && !writabilityWarning(context.programFolder, derivePaths(settings.LevelEditorFolder))) {
+        show(context.dialogs, MessageIcon::Exclamation, problem->text);
+    }
+}
+
 // The folder may be on a disk that is not connected just now, so the user decides.
 bool wantsAnotherFolder(const std::string& folder, Dialogs& dialogs)
 {
@@ -102,9 +110,7 @@ std::optional<StartedSession> firstStart(const StartContext& context)
     if (!chooseInto(session.settings, context)) {
         return std::nullopt;
     }
-    if (const Problem problem = saveFirstSettings(context.programFolder, session.settings)) {
-        show(context.dialogs, MessageIcon::Exclamation, problem->text);
-    }
+    reportUnlessWarned(saveFirstSettings(context.programFolder, session.settings), context, session.settings);
     return session;
 }
 
@@ -113,11 +119,8 @@ void storeChoice(const StartContext& context, StartedSession& session)
     const Problem problem = session.settingsDamaged
                                 ? replaceDamagedSettings(context.programFolder, session.settings)
                                 : SaveSettings(context.programFolder, session.settings);
-    if (problem) {
-        show(context.dialogs, MessageIcon::Exclamation, problem->text);
-    } else {
-        session.settingsDamaged = false;
-    }
+    reportUnlessWarned(problem, context, session.settings);
+    session.settingsDamaged = session.settingsDamaged && problem.has_value();
 }
 
 std::optional<StartedSession> laterStart(const StartContext& context)
@@ -130,6 +133,7 @@ std::optional<StartedSession> laterStart(const StartContext& context)
     StartedSession session{std::move(loaded.settings), loaded.damage.has_value()};
     const std::string folder = session.settings.LevelEditorFolder;
     if (!nativePath(folder).is_absolute()) {
+        session.settingsDamaged = true; // whatever the file is, a copy of it stays
         show(context.dialogs, MessageIcon::Exclamation,
              wrongContent(fileIn(context.programFolder, settingsFileName),
                           {"The settings do not say where the level editor is. Please choose it.",

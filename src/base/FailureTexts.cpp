@@ -2,15 +2,15 @@
 #include "base/FailureTexts.h"
 
 #include "base/CodePage.h"
+#include "base/System.h"
 
 namespace tavrel {
 
 namespace {
 
-// The system words its errors in its own code page.
 std::string reason(const std::error_code& error)
 {
-    return error ? "\n" + utf8FromCodePage(error.message()) : std::string();
+    return error ? "\n" + system::errorText(error) : std::string();
 }
 
 std::string bracketed(const std::filesystem::path& file)

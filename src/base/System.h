@@ -3,8 +3,10 @@
 
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 // What the standard library has no words for. One implementation for each operating system.
 namespace tavrel::system {
@@ -37,6 +39,13 @@ bool isHidden(const std::filesystem::path& file);
 // The private copy that the system keeps for programs which may not write to the real file; empty where there
 // is none.
 std::filesystem::path redirectedCopy(const std::filesystem::path& file);
+
+// In the words of the system, UTF-8.
+std::string errorText(const std::error_code& error);
+
+// The program's arguments, UTF-8, without the program itself; and a console that shows such text.
+std::vector<std::string> utf8Arguments(int argc, char* argv[]);
+void useUtf8Console();
 
 // The file of the running program.
 std::filesystem::path ownProgram();

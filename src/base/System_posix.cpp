@@ -145,6 +145,18 @@ std::filesystem::path redirectedCopy(const std::filesystem::path& /*file*/)
     return {};
 }
 
+std::string errorText(const std::error_code& error)
+{
+    return error.message();
+}
+
+std::vector<std::string> utf8Arguments(int argc, char* argv[])
+{
+    return {argv + 1, argv + argc};
+}
+
+void useUtf8Console() {}
+
 std::filesystem::path ownProgram()
 {
     std::error_code ignored;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/CodePage.h"
 #include "base/System.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <shellapi.h>
 
 namespace tavrel::system {
 
@@ -126,6 +128,29 @@ std::filesystem::path redirectedCopy(const std::filesystem::path& file)
     const std::filesystem::path copy = std::filesystem::path(local) / L"VirtualStore" / file.relative_path();
     std::error_code ignored;
     return std::filesystem::is_regular_file(copy, ignored) ? copy : std::filesystem::path();
+}
+
+std::string errorText(const std::error_code& error)
+{
+    return utf8FromCodePage(error.message());
+}
+
+std::vector<std::string> utf8Arguments(int /*argc*/, char* /*argv*/[])
+{
+    // The ones that come with main() have lost what the code page lacks.
+    std::vector<std::string> arguments;
+    int count = 0;
+    wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    for (int i = 1; i < count; ++i) {
+        arguments.push_back(displayPath(std::filesystem::path(wide[i])));
+    }
+    LocalFree(wide);
+    return arguments;
+}
+
+void useUtf8Console()
+{
+    SetConsoleOutputCP(CP_UTF8);
 }
 
 std::filesystem::path ownProgram()

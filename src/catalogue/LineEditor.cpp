@@ -13,14 +13,6 @@ char letterOf(LineFlag flag)
     return letters[static_cast<std::size_t>(flag)];
 }
 
-bool hasValuesOrFlags(const SoundLine& record)
-{
-    const bool noValues = record.Vol.empty() && record.Ch.empty() && record.Pit.empty() && record.Rad.empty();
-    const bool noFlags =
-        record.FlagP.empty() && record.FlagV.empty() && record.FlagRN.empty() && record.FlagL.empty();
-    return !noValues || !noFlags;
-}
-
 } // namespace
 
 void LineEditor::select(std::optional<std::size_t> number)
@@ -89,23 +81,8 @@ bool LineEditor::hasFlag(LineFlag flag) const
 
 bool LineEditor::accept(Dialogs& dialogs)
 {
-    return canEdit() && hasSampleForValues(dialogs) && confirmComposing(dialogs) &&
+    return canEdit() && confirmComposing(dialogs) &&
            store(m_record, {"Accept values", "Accepter les valeurs"}, dialogs);
-}
-
-// Without a sample before them, the values would be read as one: a message then.
-bool LineEditor::hasSampleForValues(Dialogs& dialogs) const
-{
-    if (m_record.sampleCount() > 0 || !hasValuesOrFlags(m_record)) {
-        return true;
-    }
-    dialogs.show(
-        {MessageIcon::Exclamation,
-         {"Accept values", "Accepter les valeurs"},
-         {"This line has no sample: its values would be read as one. Add a sample first.",
-          "Cette ligne n'a pas de sample : ses valeurs seraient lues comme un sample. Ajoutez d'abord un "
-          "sample."}});
-    return false;
 }
 
 bool LineEditor::confirmComposing(Dialogs& dialogs) const
@@ -125,12 +102,22 @@ bool LineEditor::storeLetters(std::string letters, Dialogs& dialogs)
 {
     SoundLine record = m_record;
     record.Letters = std::move(letters);
-    return hasSampleForValues(dialogs) && store(record, {"Letter", "Lettre"}, dialogs);
+    return store(record, {"Letter", "Lettre"}, dialogs);
 }
 
 bool LineEditor::store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs)
 {
-    if (const Problem problem = m_catalogue->setCurrentLine(m_selected.value(), ComposeSoundLine(record))) {
+    const std::string line = ComposeSoundLine(record);
+    if (ParseSoundLine(line).sampleCount() > record.sampleCount()) {
+        dialogs.show(
+            {MessageIcon::Exclamation,
+             title,
+             {"This line has no sample: its values or letters would be read as one. Add a sample first.",
+              "Cette ligne n'a pas de sample : ses valeurs ou ses lettres seraient lues comme un sample. "
+              "Ajoutez d'abord un sample."}});
+        return false;
+    }
+    if (const Problem problem = m_catalogue->setCurrentLine(m_selected.value(), line)) {
         dialogs.show({MessageIcon::Exclamation, title, problem->text});
         return false;
     }

@@ -45,14 +45,13 @@ public:
     // Composes the record with other samples into the current line, after confirmComposing(). False when the
     // catalogue refused it.
     bool storeSamples(std::vector<std::string> samples, Dialogs& dialogs);
-    // The same with other letters ("#g #ab"). A line without samples may not get the values in the boxes.
+    // The same with other letters ("#g #ab").
     bool storeLetters(std::string letters, Dialogs& dialogs);
     // Before the line is left: asks about values that were not accepted. False when the user stays.
     bool mayLeave(Dialogs& dialogs);
 
 private:
     FixedText<2>& flagField(LineFlag flag);
-    bool hasSampleForValues(Dialogs& dialogs) const;
     bool store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs);
 
     SoundCatalogue* m_catalogue;

@@ -60,12 +60,15 @@ std::vector<std::string> missingFrom(const std::vector<std::string>& words,
 
 std::string listed(const std::vector<std::string>& words)
 {
+    constexpr std::size_t mostWords = 20;
+    constexpr std::size_t longestWord = 60;
     std::string list;
-    for (const std::string& word : words) {
-        list += list.empty() ? "[" : " [";
-        list += utf8FromCodePage(word) + "]";
+    for (std::size_t i = 0; i < std::min(words.size(), mostWords); ++i) {
+        list += i == 0 ? "[" : " [";
+        list += utf8FromCodePage(words[i].substr(0, longestWord));
+        list += words[i].size() > longestWord ? "...]" : "]";
     }
-    return list;
+    return words.size() > mostWords ? list + " ..." : list;
 }
 
 } // namespace

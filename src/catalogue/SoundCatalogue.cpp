@@ -106,6 +106,9 @@ void SoundCatalogue::markApplied(const FileStamp& stamp)
 {
     m_file.stamp = stamp;
     m_pending = false;
+    for (std::size_t k = 0; k < m_sounds.size(); ++k) {
+        m_sounds[k].lineInFile = k + 1; // lines that are no sounds were not written back
+    }
 }
 
 } // namespace tavrel

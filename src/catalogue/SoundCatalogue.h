@@ -43,7 +43,7 @@ public:
     const std::string& originalLine(std::size_t number) const { return m_sounds.at(number).original; }
     // What the main list shows: the number and the name.
     const std::string& listEntry(std::size_t number) const { return m_sounds.at(number).listEntry; }
-    // 1-based, in the file as it was read.
+    // 1-based, in the file as it was last read or written.
     std::size_t lineInFile(std::size_t number) const { return m_sounds.at(number).lineInFile; }
     bool isModified(std::size_t number) const { return currentLine(number) != originalLine(number); }
     // Part of every level: the line carries "#g".

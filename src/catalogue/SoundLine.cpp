@@ -239,6 +239,11 @@ std::string RemoveLetter(std::string_view line, std::string_view letter)
     return ComposeSoundLine(record);
 }
 
+bool haveSameSampleCount(std::string_view before, std::string_view after)
+{
+    return ParseSoundLine(before).sampleCount() == ParseSoundLine(after).sampleCount();
+}
+
 std::string AddLetterByRecord(std::string_view line, std::string_view letter)
 {
     SoundLine record = ParseSoundLine(line);

@@ -65,6 +65,10 @@ std::string AddLetter(std::string_view line, std::string_view letter);
 // for a substring, and one character on each side of the letter goes with it.
 std::string RemoveLetter(std::string_view line, std::string_view letter);
 
+// Whether both lines are read with the same number of samples. A line without samples reads what is put
+// behind its name as one as soon as a blank follows.
+bool haveSameSampleCount(std::string_view before, std::string_view after);
+
 // As for a set of lines: the letter goes in front of the line's other letters, and the line is composed anew.
 std::string AddLetterByRecord(std::string_view line, std::string_view letter);
 

@@ -9,7 +9,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <string_view>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -37,14 +39,12 @@ bool unpackInto(const fs::path& folder)
 }
 
 // Without the option, the folder of this program.
-std::optional<fs::path> programFolder(int argc, char* argv[])
+std::optional<fs::path> programFolder(const std::vector<std::string>& arguments)
 {
-    constexpr std::string_view option = "--program-folder";
-    if (argc == 3 && argv[1] == option) {
-        const std::string_view utf8 = argv[2];
-        return fs::path(std::u8string(utf8.begin(), utf8.end()));
+    if (arguments.size() == 2 && arguments[0] == "--program-folder") {
+        return fs::path(std::u8string(arguments[1].begin(), arguments[1].end()));
     }
-    if (argc != 1) {
+    if (!arguments.empty()) {
         return std::nullopt;
     }
     return tavrel::system::ownProgram().parent_path();
@@ -54,7 +54,8 @@ std::optional<fs::path> programFolder(int argc, char* argv[])
 
 int main(int argc, char* argv[])
 {
-    const std::optional<fs::path> folder = programFolder(argc, argv);
+    tavrel::system::useUtf8Console();
+    const std::optional<fs::path> folder = programFolder(tavrel::system::utf8Arguments(argc, argv));
     if (!folder) {
         std::cerr << "Usage: Tavrel_Files [--program-folder DIR]\n";
         return EXIT_FAILURE;

@@ -114,8 +114,9 @@ LineChanges changesOf(const SoundCatalogue& catalogue, const std::vector<std::si
 {
     LineChanges changes;
     for (const std::size_t number : sounds) {
-        std::string text = rewrite(catalogue.currentLine(number));
-        if (text != catalogue.currentLine(number)) {
+        const std::string& line = catalogue.currentLine(number);
+        std::string text = rewrite(line);
+        if (text != line && haveSameSampleCount(line, text)) {
             changes.push_back({number, std::move(text)});
         }
     }

@@ -94,7 +94,7 @@ WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announc
              {"This reference shouldn't be modified", "Cette référence ne doit pas être modifiée"}});
     }
     m_selected = isBuiltIn ? std::nullopt : row;
-    const WadReference fields =
+    WadReference fields =
         m_selected ? fieldsOfRow(referenceRow(m_context.references.at(*m_selected))) : WadReference();
     m_selectedLetter = fields.letter;
     m_selectedWadName = fields.wadName;

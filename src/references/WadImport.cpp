@@ -54,7 +54,16 @@ public:
             return;
         }
         std::string changed = withLetter(m_lines[number], m_letter);
-        if (changed != m_lines[number]) {
+        if (changed == m_lines[number]) {
+            return;
+        }
+        if (!haveSameSampleCount(m_lines[number], changed)) {
+            const std::string sound = std::to_string(number);
+            m_plan.notices.push_back({{"Sound " + sound + " has no sample and cannot take a second letter.",
+                                       "Le son " + sound +
+                                           " n'a pas de sample et ne peut recevoir une deuxième "
+                                           "lettre."}});
+        } else {
             m_lines[number] = std::move(changed);
             m_gotLetter[number] = true;
         }

@@ -36,7 +36,7 @@ public:
         if (SDL_LoadWAV(displayPath(file).c_str(), &format, &sound, &size) == nullptr) {
             return soundFailure();
         }
-        const Problem problem = start(format, sound, size);
+        Problem problem = start(format, sound, size);
         SDL_FreeWAV(sound);
         return problem;
     }

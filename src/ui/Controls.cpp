@@ -3,15 +3,66 @@
 
 #include "ui/Theme.h"
 
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyle>
+#include <QToolTip>
+#include <QWheelEvent>
 
 namespace tavrel {
 
 namespace {
+
+class CalmComboBox : public QComboBox
+{
+public:
+    CalmComboBox() { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus()) {
+            QComboBox::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
+
+class ElidedLabel : public QLabel
+{
+public:
+    ElidedLabel()
+    {
+        setTextFormat(Qt::PlainText);
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    }
+
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+        style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                              shown, foregroundRole());
+    }
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip && fontMetrics().horizontalAdvance(text()) > width()) {
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+            return true;
+        }
+        return QLabel::event(event);
+    }
+};
 
 constexpr int iconSize = 16;
 const QColor calm(64, 64, 64);
@@ -67,6 +118,16 @@ QLineEdit* makeReadOnly(const char* name)
     auto* const box = named(new QLineEdit, name);
     box->setReadOnly(true);
     return box;
+}
+
+QComboBox* makeComboBox(const char* name)
+{
+    return named(new CalmComboBox, name);
+}
+
+QLabel* makeElidedLabel(const char* name)
+{
+    return named(new ElidedLabel, name);
 }
 
 QListWidget* makeFixedPitchList(const char* name)

@@ -5,6 +5,7 @@
 
 #include <initializer_list>
 
+class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -34,6 +35,10 @@ QLabel* makeHeading(const char* name);
 QLabel* makePaperLabel(const char* name);
 void setPaperText(QLabel& label, const QString& text, bool alarming = false);
 QLineEdit* makeReadOnly(const char* name);
+// The wheel turns it only while it has the focus.
+QComboBox* makeComboBox(const char* name);
+// Cuts a text that is too long, and shows all of it as tool tip.
+QLabel* makeElidedLabel(const char* name);
 QListWidget* makeFixedPitchList(const char* name);
 
 QHBoxLayout* rowOf(std::initializer_list<QWidget*> controls);

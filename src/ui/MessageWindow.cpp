@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -65,6 +66,22 @@ QLabel* makeText(const QString& text)
     return label;
 }
 
+// A text that would not fit the screen scrolls.
+QWidget* makeTextArea(QLabel* text)
+{
+    constexpr int tallest = 420;
+    if (text->heightForWidth(text->minimumWidth()) <= tallest) {
+        return text;
+    }
+    auto* const area = new QScrollArea;
+    area->setWidget(text);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFixedHeight(tallest);
+    area->setMinimumWidth(text->minimumWidth() + 2 * gap);
+    return area;
+}
+
 } // namespace
 
 MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text)
@@ -78,7 +95,7 @@ MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& t
     auto* const row = new QHBoxLayout;
     row->setSpacing(gap);
     row->addWidget(picture, 0, Qt::AlignTop);
-    row->addWidget(makeText(text), 1, Qt::AlignVCenter);
+    row->addWidget(makeTextArea(makeText(text)), 1);
     content().setContentsMargins(gap, gap, gap, gap);
     content().setSpacing(gap);
     content().addLayout(row, 1);

@@ -126,7 +126,7 @@ TEST_F(LetterCommands, AddTheLetterBehindTheOthers)
 
 TEST_F(LetterCommands, StoreTheBoxesWithTheLetter)
 {
-    start({plain, "E:>>>>>>>>>>"});
+    start({plain, "E:>>>>>>>>>>>>"});
     ScriptedDialogs dialogs;
     editor.setValue(ValueBox::Vol, "44", true);
     EXPECT_EQ(addLetterToLine(editor, wad, dialogs), AddedLetter::Added);
@@ -137,6 +137,9 @@ TEST_F(LetterCommands, StoreTheBoxesWithTheLetter)
     EXPECT_FALSE(catalogue.isModified(1));
     editor.select(1);
     EXPECT_EQ(addLetterToLine(editor, wad, dialogs), AddedLetter::Added);
+    EXPECT_EQ(addLetterToLine(editor, {"w", "tw", "t"}, dialogs), AddedLetter::Refused)
+        << "the first letter would be read as a sample";
+    EXPECT_EQ(line(1), "E:>>>>>>>>>>>>#ab");
 }
 
 TEST_F(LetterCommands, RemoveTheSelectedEntry)

@@ -67,6 +67,9 @@ std::vector<std::string> ScriptedDialogs::conversation(Language language) const
 void ScriptedDialogs::show(const Message& message)
 {
     m_said.push_back({kindOf(message.icon), message.title, message.text});
+    if (m_whileShowing) {
+        m_whileShowing();
+    }
 }
 
 Answer ScriptedDialogs::ask(const Question& question)

@@ -37,6 +37,8 @@ public:
     void prepareFile(std::optional<std::filesystem::path> file) { m_files.push_back(std::move(file)); }
     // Called while each question stands, for what happens outside in the meantime.
     void whileAsking(std::function<void()> action) { m_whileAsking = std::move(action); }
+    // The same for messages.
+    void whileShowing(std::function<void()> action) { m_whileShowing = std::move(action); }
 
     const std::vector<Said>& said() const { return m_said; }
     // Each exchange as "kind | title | text".
@@ -51,6 +53,7 @@ private:
     std::deque<Answer> m_answers;
     std::deque<std::optional<std::filesystem::path>> m_files;
     std::function<void()> m_whileAsking;
+    std::function<void()> m_whileShowing;
     std::vector<Said> m_said;
     std::vector<OpenFileQuestion> m_fileQuestions;
 };

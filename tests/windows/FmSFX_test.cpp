@@ -305,3 +305,83 @@ TEST_F(MainWindowTest, theWadChooserFillsLetterAndTitle)
     open();
     EXPECT_EQ(text("TxWAD") + text("TxLett") + text("TxTitre"), "");
 }
+
+TEST_F(MainWindowTest, TheWindowIsInOrderWhileAMessageAboutLoadingStands)
+{
+    open();
+    clickRow(300);
+    writeBytes(folders.sounds, std::string("X:\0", 3));
+    int rowsWhileShown = -1;
+    dialogs.whileShowing([&] {
+        rowsWhileShown = sounds().model()->rowCount();
+        window->resize(window->size() + QSize(20, 20));
+        window->grab();
+    });
+    dialogs.prepareAnswer(Answer::Yes);
+    click("CdEdit");
+    EXPECT_EQ(rowsWhileShown, 0);
+    EXPECT_EQ(dialogs.said().back().kind, "critical");
+}
+
+TEST_F(MainWindowTest, LeavingABoxChangesNothing)
+{
+    std::vector<std::string> lines = stockLines();
+    lines[1] = "LARA_CLIMB2:\t\tclim_up2\t\t\tVOL00\t\tCH00\tPIT00\tRAD00\t#g";
+    writeBytes(folders.sounds, textOf(lines));
+    open();
+    EXPECT_TRUE(sounds().hasFocus()) << "the arrow keys go through the sounds";
+    clickRow(1);
+    for (const char* name : {"TxVOL", "TxPIT", "TxRAD", "TxCH", "LiSFX"}) {
+        control(name).setFocus();
+    }
+    EXPECT_EQ(text("TxVOL") + text("TxPIT") + text("TxRAD") + text("TxCH"), "00000000");
+    clickRow(2);
+    EXPECT_TRUE(dialogs.said().empty());
+
+    // A box that loses the focus to a protected line takes nothing along.
+    type("TxVOL", "55");
+    click("CdValidW");
+    control("TxVOL").setFocus();
+    type("TxSearch", "WATER_LOOP_NOTINUSE");
+    control("TxVOL").setFocus();
+    QTest::keyClick(window.get(), Qt::Key_F3);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(row(), 59);
+    EXPECT_EQ(text("TxVOL"), "");
+    clickRow(60);
+    EXPECT_EQ(dialogs.said().size(), 1U) << "the refusal of the protected line alone";
+    dialogs.prepareAnswer(Answer::Yes);
+    window->close();
+}
+
+TEST_F(MainWindowTest, KeysThatRepeatAskOnceAndRefuseOnlyWhereTheyEnd)
+{
+    open();
+    clickRow(184); // two protected lines follow
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(&sounds(), Qt::Key_Down);
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(row(), 187);
+    EXPECT_TRUE(dialogs.said().empty());
+
+    type("TxVOL", "33");
+    dialogs.prepareAnswer(Answer::No);
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(&sounds(), Qt::Key_Down);
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(row(), 190);
+    EXPECT_EQ(dialogs.said().size(), 1U);
+    EXPECT_EQ(text("TxVOL"), "70");
+}
+
+TEST_F(MainWindowTest, TheLineNumberFollowsTheFile)
+{
+    open();
+    clickRow(80);
+    EXPECT_EQ(text("TxLine"), "85");
+    dialogs.prepareAnswer(Answer::Yes);
+    click("CdApply"); // leaves the comments out
+    EXPECT_EQ(text("TxLine"), "81");
+}

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QWheelEvent>
 
 using namespace tavrel;
 
@@ -130,6 +131,16 @@ TEST_F(ReferencesTest, ALetterLivesFromItsReferenceToItsDeletion)
     }
     dialogs.prepareAnswer(Answer::Yes);
     window->close();
+}
+
+TEST_F(ReferencesTest, TheWheelOverTheChooserLeavesTheWadAlone)
+{
+    open();
+    auto& chooser = control<QComboBox>("CbTWad");
+    QWheelEvent turn(QPointF(5, 5), chooser.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&chooser, &turn);
+    EXPECT_EQ(text("TxWAD"), "oasis");
 }
 
 TEST_F(ReferencesTest, GlobalSoundsTakeNoLetter)
