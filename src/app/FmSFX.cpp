@@ -282,7 +282,9 @@ std::vector<Message> FmSFX::loadFiles()
         m_catalogue = SoundCatalogue();
         return {{MessageIcon::Critical, title, catalogue.failure().text}};
     }
-    m_references = std::move(references->references);
+    if (!m_registerUnsaved) { // else the file does not hold what the user has done
+        m_references = std::move(references->references);
+    }
     m_catalogue = std::move(catalogue->catalogue);
     std::vector<Failure> notices = std::move(references->notices);
     notices.insert(notices.end(), catalogue->notices.begin(), catalogue->notices.end());
@@ -454,6 +456,7 @@ void FmSFX::refreshLine()
     if (const std::optional<std::size_t> number = m_editor.selected()) {
         m_sounds->refresh(*number);
     }
+    showInfo({});
     showSelectedLine();
 }
 
@@ -513,7 +516,6 @@ void FmSFX::flagChanged(LineFlag flag, bool on)
 void FmSFX::acceptValues()
 {
     if (m_editor.accept(m_context.dialogs)) {
-        showInfo({});
         refreshLine();
     }
 }
@@ -526,7 +528,6 @@ void FmSFX::restoreSelectedLine()
     const std::size_t number = *m_editor.selected();
     if (restoreLine(m_catalogue, number, m_context.dialogs)) {
         m_editor.select(number);
-        showInfo({});
         refreshLine();
     }
 }

@@ -118,6 +118,7 @@ private:
     void connectImportControls();
     void enableImports();
     void importList(WadListKind kind);
+    void viewWadLists();
 
     void valueChanged(ValueBox box);
     void pitchLeft();
@@ -149,6 +150,7 @@ private:
     bool m_asking = false; // one of them is on the screen
     ColourValue m_chooserColour = 0;
     bool m_loaded = false;
+    bool m_registerUnsaved = false;
     LineEditor m_editor;
     std::pair<std::optional<std::size_t>, QStringList> m_shownSamples; // of which sound
     std::string m_currentSample;                                       // what the play buttons play

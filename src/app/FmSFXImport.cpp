@@ -2,6 +2,8 @@
 // The main window's imports of the lists that the level editor writes beside a WAD.
 #include "app/FmSFX.h"
 #include "app/SoundListModel.h"
+#include "references/FmView.h"
+#include "references/LetterCommands.h"
 #include "samples/FmSplInc.h"
 #include "ui/Text.h"
 
@@ -14,6 +16,7 @@ void FmSFX::connectImportControls()
 {
     connect(m_controls.CdLoadSAM, &QPushButton::clicked, this, [this] { importList(WadListKind::Samples); });
     connect(m_controls.CdLoadWAS, &QPushButton::clicked, this, [this] { importList(WadListKind::Objects); });
+    connect(m_controls.CdViewWAD, &QPushButton::clicked, this, &FmSFX::viewWadLists);
     // They show which list was imported last; the buttons set them.
     for (QRadioButton* const option : m_controls.OpWAD) {
         option->setEnabled(false);
@@ -60,6 +63,15 @@ void FmSFX::importList(WadListKind kind)
     }
     m_sounds->rebuild(m_showGlobals);
     selectFirstLine();
+}
+
+void FmSFX::viewWadLists()
+{
+    const BilingualText title("View SAM/WAS file", "Voir le fichier SAM/WAS");
+    if (RequireCurrentReference(m_wad, title, m_context.dialogs)) {
+        const WadView view = viewWad(m_catalogue, m_wad, {m_context.programFolder, m_paths.wads});
+        FmView(this, m_catalogue, m_wad, view, m_settings.colours, m_settings.language).exec();
+    }
 }
 
 } // namespace tavrel

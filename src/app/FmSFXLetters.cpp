@@ -5,6 +5,7 @@
 #include "references/FmObject.h"
 #include "references/FmRefW.h"
 #include "references/LetterCommands.h"
+#include "references/LineLetters.h"
 #include "ui/Colours.h"
 #include "ui/Text.h"
 
@@ -44,7 +45,11 @@ void FmSFX::connectLetterControls()
     c.TxReplacL->setValidator(new CodePageValidator(c.TxReplacL));
     connect(c.TxReplacL, &QLineEdit::returnPressed, this, &FmSFX::replaceLetterOfWad);
     connect(c.TxReplacL, &QLineEdit::textChanged, this, [this](const QString& typed) {
-        m_controls.TxReplacL->setText(fromCodePage(correctedLetter(toCodePage(typed))));
+        const QString corrected = fromCodePage(correctedLetter(toCodePage(typed)));
+        if (corrected != typed) {
+            m_controls.TxReplacL->setText(corrected);
+        }
+        showInfo(looksLikeFlagOrValue(toCodePage(corrected)) ? flagLetterHint() : BilingualText());
     });
     connect(c.CbTWad, &QComboBox::activated, this, [this] {
         m_settings.lastWad = toCodePage(m_controls.CbTWad->currentText());
@@ -90,7 +95,7 @@ void FmSFX::showWad()
 void FmSFX::updateReminder()
 {
     paintWadPanel(wadTextColour, chooserColour);
-    if (m_controls.CbTWad->count() == 0 && m_context.systemLikesMotion) {
+    if (m_loaded && m_controls.CbTWad->count() == 0 && m_context.systemLikesMotion) {
         m_reminder.start();
     } else {
         m_reminder.stop();
@@ -106,7 +111,8 @@ void FmSFX::paintWadPanel(ColourValue text, ColourValue chooser)
 {
     m_chooserColour = chooser;
     m_controls.PnWad->setStyleSheet(
-        QString("QLabel, QLineEdit { color: %1; } QComboBox { background: %2; color: %3; }")
+        QString("QLabel, QLineEdit { color: %1; } QComboBox { background: %2; color: %3; } "
+                "QComboBox QAbstractItemView { background: #1F2124; color: #EEECDA; }")
             .arg(colourFrom(text).name(), colourFrom(chooser).name(),
                  chooser == reminderColour ? "#FFFFDF" : "#1B1C1F"));
 }
@@ -142,7 +148,8 @@ void FmSFX::addLetter()
         m_controls.LiWAD->setCurrentRow(m_controls.LiWAD->count() - 1);
         break;
     case AddedLetter::SoundOfAllLevels:
-        m_controls.LiSFX->setCurrentIndex({});
+        m_controls.LiSFX->selectionModel()->clearCurrentIndex();
+        m_controls.LiSFX->clearSelection();
         break;
     case AddedLetter::Refused:
         break;
@@ -211,7 +218,9 @@ void FmSFX::openRegister()
                          {m_catalogue, m_references, m_wad, m_paths.wads, m_context.dialogs},
                          changed});
     window.exec();
-    if (const Problem problem = saveRegister(m_context.programFolder, m_references)) {
+    const Problem problem = saveRegister(m_context.programFolder, m_references);
+    m_registerUnsaved = problem.has_value();
+    if (problem) {
         m_context.dialogs.show({MessageIcon::Exclamation, {"Reference", "Référence"}, problem->text});
     }
     m_controls.CdQuit->setEnabled(true);

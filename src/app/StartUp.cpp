@@ -43,7 +43,8 @@ void show(Dialogs& dialogs, MessageIcon icon, const BilingualText& text)
 void startCompanion(const StartContext& context)
 {
     const std::string name = std::string(companionName) + std::string(programEnding);
-    const fs::path companion = fileIn(context.programFolder, name);
+    const std::optional<fs::path> inFolder = findFile(context.programFolder, name);
+    const fs::path companion = inFolder.value_or(fileIn(system::ownProgram().parent_path(), name));
     if (!context.programs.start(companion, {"--program-folder", displayPath(context.programFolder)})) {
         show(context.dialogs, MessageIcon::Critical,
              BilingualText(

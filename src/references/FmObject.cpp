@@ -115,7 +115,10 @@ const SoundObject* FmObject::selectedObject() const
         return nullptr;
     }
     const std::string name = toCodePage(m_objects->currentItem()->text());
-    const auto found = std::ranges::find(m_catalogue.objects(), name, &SoundObject::name);
+    const std::string type = toCodePage(m_types->currentItem()->text());
+    const auto found = std::ranges::find_if(m_catalogue.objects(), [&](const SoundObject& object) {
+        return object.name == name && object.type == type;
+    });
     return found == m_catalogue.objects().end() ? nullptr : &*found;
 }
 

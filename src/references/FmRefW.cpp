@@ -206,7 +206,8 @@ WadReference FmRefW::typedFields() const
 
 void FmRefW::rowClicked()
 {
-    const int row = m_list->currentRow();
+    // Ctrl and a click takes the selection away but leaves the row current.
+    const int row = m_list->selectedItems().empty() ? -1 : m_list->currentRow();
     const auto index = row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row));
     showFields(m_editor.select(index, true));
     if (!m_editor.selected()) {
@@ -238,9 +239,7 @@ void FmRefW::showInfo()
     const std::string letter = toCodePage(m_letter->text());
     BilingualText text;
     if (looksLikeFlagOrValue(letter) && letter != m_editor.selectedLetter()) {
-        text = {
-            "This letter can be read as a flag or a value of the line; another one is safer.",
-            "Cette lettre peut être lue comme un indicateur ou une valeur de la ligne ; préférez-en une autre."};
+        text = flagLetterHint();
     } else if (m_editor.selected()) {
         const std::size_t count = linesWithLetter(m_context.editing.catalogue, m_editor.selectedLetter());
         const std::string shown = std::to_string(count);

@@ -104,6 +104,8 @@ std::vector<std::size_t> soundsOfObject(const SoundCatalogue& catalogue, std::st
             break;
         }
     }
+    std::ranges::sort(sounds);
+    sounds.erase(std::unique(sounds.begin(), sounds.end()), sounds.end());
     return sounds;
 }
 
@@ -159,14 +161,16 @@ AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& 
         return AddedLetter::Refused;
     }
     const std::string marked = "#" + wad.letter;
+    const std::vector<std::string> present = lettersOf(editor.record());
     std::string letters;
-    for (const std::string& letter : lettersOf(editor.record())) {
+    for (const std::string& letter : present) {
         // A longer letter that starts like the current one counts as it, too.
         if (letter == "g" || ("#" + letter).find(marked) != std::string::npos) {
             refuse(addTitle,
                    {"WAD (letter) already allocated to this sound", "WAD (lettre) déjà assigné à ce son"},
                    dialogs);
-            return letter == "g" ? AddedLetter::SoundOfAllLevels : AddedLetter::Refused;
+            const bool isGlobal = std::ranges::find(present, "g") != present.end();
+            return isGlobal ? AddedLetter::SoundOfAllLevels : AddedLetter::Refused;
         }
         letters += "#" + letter + " ";
     }
@@ -219,8 +223,8 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
                                        CurrentWad& wad, std::string_view newLetter,
                                        const std::filesystem::path& programFolder, Dialogs& dialogs)
 {
-    if (!RequireCurrentReference(wad, replaceTitle, dialogs) || !isWalkable(wad.letter, dialogs) ||
-        !ValidateReplaceLetter(newLetter, wad, references, dialogs)) {
+    if (!RequireCurrentReference(wad, replaceTitle, dialogs) ||
+        !ValidateReplaceLetter(newLetter, wad, references, dialogs) || !isWalkable(wad.letter, dialogs)) {
         return ReplacedLetter::Refused;
     }
     const std::string oldShown = "#" + shown(wad.letter);
@@ -283,8 +287,7 @@ bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const
         return false;
     }
     const auto add = [&wad](const std::string& line) {
-        const std::vector<std::string> letters = lettersOf(ParseSoundLine(line));
-        const bool isThere = std::ranges::find(letters, wad.letter) != letters.end();
+        const bool isThere = ParseSoundLine(line).Letters.find("#" + wad.letter) != std::string::npos;
         return isThere ? line : AddLetterByRecord(line, wad.letter);
     };
     return applyToObject(catalogue, changesOf(catalogue, soundsOfObject(catalogue, object), add), addTitle,

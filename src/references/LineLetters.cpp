@@ -61,4 +61,11 @@ bool looksLikeFlagOrValue(std::string_view letter)
            (!letter.empty() && std::string_view("PVRNL").find(letter.back()) != std::string_view::npos);
 }
 
+BilingualText flagLetterHint()
+{
+    return {
+        "This letter can be read as a flag or a value of the line; another one is safer.",
+        "Cette lettre peut être lue comme un indicateur ou une valeur de la ligne ; préférez-en une autre."};
+}
+
 } // namespace tavrel

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/BilingualText.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -28,5 +30,6 @@ bool hasForbiddenLetterCharacter(std::string_view letter);
 
 // The line grammar can read a letter with such an end as a flag or a value.
 bool looksLikeFlagOrValue(std::string_view letter);
+BilingualText flagLetterHint();
 
 } // namespace tavrel

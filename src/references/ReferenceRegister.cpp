@@ -10,7 +10,6 @@
 #include "references/LineLetters.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace tavrel {
 
@@ -32,8 +31,9 @@ void readReferences(const TextFile& file, std::vector<Failure>& notices, Append 
         ++lineNumber;
         std::optional<RegisterRecord> record = splitRegisterRecord(line);
         if (record) {
-            append(WadReference{std::move(record->wadName), std::move(record->letter),
-                                std::move(record->title)});
+            append(
+                WadReference{std::move(record->wadName), std::move(record->letter), std::move(record->title)},
+                lineNumber);
         } else if (!line.empty()) {
             keep(std::string(line));
             notices.push_back(wrongLine(file.path, lineNumber,
@@ -55,26 +55,19 @@ void noteOddities(const ReferenceRegister& references, const std::filesystem::pa
     }
 }
 
-// Letters of the user's references that would not be accepted today, or that stand twice.
-void noteLetters(const ReferenceRegister& references, const std::filesystem::path& file,
-                 std::vector<Failure>& notices)
+// A letter of the user's that would not be accepted today, or that stands in the register already.
+void noteLetter(const ReferenceRegister& references, const WadReference& added,
+                const std::filesystem::path& file, std::size_t line, std::vector<Failure>& notices)
 {
-    std::unordered_set<std::string_view> seen;
-    for (std::size_t i = 0; i < references.size(); ++i) {
-        const std::string& letter = references.at(i).letter;
-        const bool isSecond = !seen.insert(letter).second;
-        const bool isOdd = !isLetterOfOneLevel(letter);
-        if (i < references.userBegin() || (!isSecond && !isOdd)) {
-            continue;
-        }
-        const std::string shown =
-            "[" + utf8FromCodePage(references.at(i).wadName) + "] : #" + utf8FromCodePage(letter);
-        notices.push_back(
-            wrongContent(file, BilingualText::same(shown + "\n") +
-                                   (isOdd ? BilingualText("This is no letter of one level.",
-                                                          "Ce n'est pas une lettre de niveau.")
-                                          : BilingualText("The letter stands in the register twice.",
-                                                          "La lettre figure deux fois dans le registre."))));
+    const BilingualText shown = BilingualText::same("#" + utf8FromCodePage(added.letter) + " : ");
+    if (!isLetterOfOneLevel(added.letter)) {
+        notices.push_back(wrongLine(
+            file, line,
+            shown + BilingualText("This is no letter of one level.", "Ce n'est pas une lettre de niveau.")));
+    } else if (references.findLetter(added.letter) != nullptr) {
+        notices.push_back(wrongLine(file, line,
+                                    shown + BilingualText("The letter stands in the register twice.",
+                                                          "La lettre figure deux fois dans le registre.")));
     }
 }
 
@@ -113,6 +106,10 @@ void ReferenceRegister::keepUserLine(std::string line)
 void ReferenceRegister::remove(std::size_t index)
 {
     m_references.erase(m_references.begin() + static_cast<std::ptrdiff_t>(index));
+    if (index < m_builtInCount) { // an installed file of more than 42
+        --m_builtInCount;
+        return;
+    }
     for (KeptLine& line : m_keptLines) {
         if (line.userIndex + m_builtInCount > index) {
             --line.userIndex;
@@ -157,7 +154,9 @@ Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
     ReferenceRegister& references = loaded.references;
     readReferences(
         *builtIn, loaded.notices,
-        [&references](WadReference reference) { references.appendBuiltIn(std::move(reference)); },
+        [&references](WadReference reference, std::size_t) {
+            references.appendBuiltIn(std::move(reference));
+        },
         [](const std::string&) {});
     noteOddities(references, builtIn->path, loaded.notices);
     const Result<bool> hasUserFile = holdsEntry(programFolder, userReferencesFileName);
@@ -172,9 +171,11 @@ Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
     }
     readReferences(
         *user, loaded.notices,
-        [&references](WadReference reference) { references.appendUser(std::move(reference)); },
+        [&](WadReference reference, std::size_t line) {
+            noteLetter(references, reference, user->path, line, loaded.notices);
+            references.appendUser(std::move(reference));
+        },
         [&references](std::string line) { references.keepUserLine(std::move(line)); });
-    noteLetters(references, user->path, loaded.notices);
     return loaded;
 }
 

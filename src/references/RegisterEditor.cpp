@@ -179,6 +179,7 @@ bool RegisterEditor::add(const WadReference& fields)
 
 RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
 {
+    m_focus = ReferenceField::None;
     if (!m_selected) {
         m_context.dialogs.show({MessageIcon::Information,
                                 {"Modify reference", "modifier la référence"},
@@ -211,7 +212,7 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
     if (fields.title == fieldsOfRow(referenceRow(before)).title) {
         wanted.title = before.title; // the field shows only its beginning
     }
-    if (m_context.wad.wadName == m_selectedWadName) {
+    if (m_context.wad.wadName == before.wadName) {
         m_context.wad = {wanted.wadName, wanted.letter, wanted.title};
     }
     m_context.references.replace(*m_selected, wanted);
@@ -239,10 +240,10 @@ bool RegisterEditor::remove()
         reported(eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter), deleteTitle)) {
         return false;
     }
-    m_context.references.remove(*m_selected);
-    if (m_context.wad.wadName == m_selectedWadName) {
+    if (m_context.wad.wadName == m_context.references.at(*m_selected).wadName) {
         m_context.wad = {};
     }
+    m_context.references.remove(*m_selected);
     m_linesChanged = true;
     select(std::nullopt, false);
     return true;

@@ -96,6 +96,8 @@ FoldingPanel::FoldingPanel(const QString& name, QWidget* parent)
     layout->addWidget(m_body);
     connect(m_title, &QAbstractButton::toggled, this, [this](bool open) {
         m_body->setVisible(open);
+        // Folded, it leaves its room to what is below.
+        setMaximumHeight(open ? QWIDGETSIZE_MAX : titleHeight);
         Q_EMIT openChanged(open);
     });
 }

@@ -6,6 +6,7 @@
 #include "ui/Theme.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -120,6 +121,17 @@ void MessageWindow::offer(std::span<const Answer> answers, Answer byDefault, Lan
             button->setFocus();
         }
     }
+}
+
+void MessageWindow::keyPressEvent(QKeyEvent* event)
+{
+    for (QPushButton* const button : findChildren<QPushButton*>()) {
+        if (!event->text().isEmpty() && button->text().startsWith("&" + event->text(), Qt::CaseInsensitive)) {
+            button->click();
+            return;
+        }
+    }
+    TitledWindow::keyPressEvent(event);
 }
 
 Answer MessageWindow::run(Answer refusal)

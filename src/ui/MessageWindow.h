@@ -24,6 +24,10 @@ public:
     // Shows the window and waits. Without a choice, `refusal`.
     Answer run(Answer refusal);
 
+protected:
+    // The underlined letters work without Alt: there is nothing here to type.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QHBoxLayout* m_buttons;
     Answer m_answer = Answer::Cancel;

@@ -6,7 +6,9 @@
 #include "ui/TitleImage.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -51,6 +53,16 @@ void TitledWindow::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), theme::window);
     painter.setPen(QColor(0x4A, 0x4E, 0x56));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void TitledWindow::keyPressEvent(QKeyEvent* event)
+{
+    auto* const button = qobject_cast<QPushButton*>(focusWidget());
+    if (button != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        button->click();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 } // namespace tavrel

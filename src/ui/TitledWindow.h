@@ -24,6 +24,8 @@ protected:
     QVBoxLayout& content() { return *m_content; }
 
     void paintEvent(QPaintEvent* event) override;
+    // Enter presses the button that has the focus.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void addMoveShortcut(Qt::Key arrow, QPoint step);

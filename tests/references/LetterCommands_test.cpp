@@ -104,6 +104,7 @@ TEST_F(LetterCommands, AddTheLetterBehindTheOthers)
                           {"#cd #ab", AddedLetter::Refused, "#cd #ab"},
                           {"#g", AddedLetter::SoundOfAllLevels, "#g"},
                           {"#cd #g", AddedLetter::SoundOfAllLevels, "#cd #g"},
+                          {"#ab #g", AddedLetter::SoundOfAllLevels, "#ab #g"},
                           {"#gx", AddedLetter::Added, "#gx #ab"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.letters);

@@ -98,6 +98,9 @@ TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
         ASSERT_FALSE(saveRegister(root.path(), loaded.references));
         EXPECT_TRUE(readBytes(root / "Tavrel.paw").starts_with("\"A\",\"9F\",\"a\"\r\n"))
             << "the user's rows are written by where they came from";
+        ReferenceRegister shortened = loaded.references;
+        shortened.remove(static_cast<std::size_t>(rows) - 1); // an installed one
+        EXPECT_EQ(shortened.userFileText(), loaded.references.userFileText());
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/WadImport.h"
+#include "references/WadView.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
 
@@ -187,6 +188,34 @@ TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
         "OK/Cancel | Charger fichier WAS | Ouvrir [oasis.WAS] et assigner [#oa] aux objets incorporés.\nLes "
         "modifications déjà apportées seront perdues");
     EXPECT_FALSE(catalogue.pending());
+}
+
+TEST_F(WadImportTest, TheViewShowsWhatLacksTheLetter)
+{
+    lines[1] += "#oa";
+    lines[2] += "#g";
+    lines[5] += "#oa";
+    lines[60] += "#oa";
+    load();
+    writeBytes(folders / "wads" / "oasis.sam",
+               "sample1.wav\r\nsample2.wav\r\nsample4.wav\r\nnowhere.wav\r\n\r\n");
+    writeBytes(folders / "wads" / "oasis.was", "BATTLE:x\r\nLARA:x\r\n");
+    save("4,\"" + lines[4] + "\"\r\n");
+    const WadView view = viewWad(catalogue, wad, {folders / "program", folders / "wads"});
+    const auto shown = [](const std::vector<WadViewRow>& rows) {
+        std::string text;
+        for (const WadViewRow& row : rows) {
+            text += row.name + (row.sound ? ":" + std::to_string(*row.sound) : "") +
+                    (row.lacking ? "!" : "") + (row.changed ? "*" : "") + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(shown(view.samples), "sample1:1 sample2:2 sample4:4!* nowhere! ");
+    EXPECT_EQ(shown(view.objects), "BATTLE:1 BATTLE:2 BATTLE:3! LARA ");
+    EXPECT_EQ(shown(view.surplus), ":5 ") << "the sound under water is always asked for";
+    EXPECT_TRUE(view.notices.empty());
+    EXPECT_EQ(viewWad(catalogue, {"other", "oa", ""}, {folders / "program", folders / "wads"}).notices.size(),
+              2U);
 }
 
 TEST_F(WadImportTest, AListThatCannotBeReadChangesNothing)

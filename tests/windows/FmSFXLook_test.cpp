@@ -164,6 +164,14 @@ TEST_F(MainWindowLookTest, panelsFoldByTheirTitleImage)
     click("ImPanelW");
     EXPECT_FALSE(control("CdCopy").isVisible());
     EXPECT_TRUE(control("CdQuit").isVisible());
+    for (const char* name : {"ImPanelS", "ImPanelD", "ImPanelO"}) {
+        QCoreApplication::processEvents();
+        const QPoint place = control(name).mapTo(window.get(), QPoint());
+        click(name);
+        QCoreApplication::processEvents();
+        EXPECT_LE(control(name).mapTo(window.get(), QPoint()).y(), place.y())
+            << name << " stays under the mouse";
+    }
     click("ImPanelW");
     EXPECT_TRUE(control("CdCopy").isVisible());
 }

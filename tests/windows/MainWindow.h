@@ -54,14 +54,18 @@ public:
 template <typename Window, typename Act>
 void whenOpened(Act act)
 {
-    QTimer::singleShot(0, [act] {
-        auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget());
-        ASSERT_NE(window, nullptr);
-        act(*window);
-        if (window->isVisible()) {
-            window->close();
+    auto* const waiting = new QTimer(qApp);
+    QObject::connect(waiting, &QTimer::timeout, waiting, [waiting, act] {
+        if (auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget())) {
+            waiting->stop();
+            waiting->deleteLater();
+            act(*window);
+            if (window->isVisible()) {
+                window->close();
+            }
         }
     });
+    waiting->start(0);
 }
 
 // The main window on the demo folder, used by mouse and keys.

@@ -150,6 +150,7 @@ TEST_F(ReferencesTest, GlobalSoundsTakeNoLetter)
     click("CdAddWAD");
     EXPECT_EQ(dialogs.said().back().text.english, "WAD (letter) already allocated to this sound");
     EXPECT_FALSE(sounds().currentIndex().isValid()) << "the line is deselected";
+    EXPECT_FALSE(sounds().selectionModel()->hasSelection());
     clickRow(2);
     click("CdDel");
     EXPECT_EQ(dialogs.said().back().text.english, "Select a letter in the [Assigned WADs] list");

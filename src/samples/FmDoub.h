@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/BilingualText.h"
+#include "base/ColourScheme.h"
+#include "base/Dialogs.h"
+#include "samples/DoublesRegister.h"
+#include "ui/TitledWindow.h"
+
+#include <filesystem>
+#include <optional>
+
+class QListWidget;
+class QPushButton;
+
+namespace tavrel {
+
+// Which of the sounds that share samples take part in an import. Accepted when the register was written.
+class FmDoub : public TitledWindow
+{
+    Q_OBJECT
+
+public:
+    FmDoub(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
+           Language language, Dialogs& dialogs);
+
+private:
+    void layOut();
+    void showCaptions(Language language);
+    void fillList();
+    void tickAll(bool ticked);
+    void apply();
+
+    std::optional<DoublesRegister> m_register; // none when it could not be read
+    Dialogs& m_dialogs;
+    QListWidget* m_list;
+    QPushButton* m_tickAll;
+    QPushButton* m_untickAll;
+    QPushButton* m_ok;
+    QPushButton* m_close;
+};
+
+} // namespace tavrel

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/MessageWindow.h"
+
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace tavrel;
+
+TEST(MessageWindow, AnswersByTheKeyboard)
+{
+    struct Case
+    {
+        Qt::Key key;
+        Answer byDefault;
+        Answer answer;
+    };
+    for (const Case& c : {Case{Qt::Key_Return, Answer::Yes, Answer::Yes},
+                          {Qt::Key_Return, Answer::No, Answer::No},
+                          {Qt::Key_O, Answer::No, Answer::Yes},
+                          {Qt::Key_N, Answer::Yes, Answer::No},
+                          {Qt::Key_A, Answer::Yes, Answer::Cancel},
+                          {Qt::Key_Escape, Answer::Yes, Answer::Cancel}}) {
+        MessageWindow window(nullptr, MessageIcon::Question, "T", "text");
+        const Answer answers[] = {Answer::Yes, Answer::No, Answer::Cancel};
+        window.offer(answers, c.byDefault, Language::French);
+        QTimer::singleShot(0, &window, [&] { QTest::keyClick(&window, c.key); });
+        EXPECT_EQ(window.run(Answer::Cancel), c.answer) << c.key;
+    }
+}
+
+TEST(MessageWindow, ALongTextStaysOnTheScreen)
+{
+    MessageWindow window(nullptr, MessageIcon::Question, "T", QString("some words ").repeated(900));
+    window.show();
+    EXPECT_LT(window.height(), 600);
+    EXPECT_LT(window.width(), 900);
+}
