@@ -191,8 +191,8 @@ void FmSFX::connectLineControls()
 void FmSFX::disableLaterControls()
 {
     const FmSFXControls& c = m_controls;
-    for (QWidget* const control : std::initializer_list<QWidget*>{c.CdHlp, c.CdParam, c.CdCopy, c.CdViewWAD,
-                                                                  c.CdStats, c.CdImport, c.CdExport}) {
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{c.CdHlp, c.CdParam, c.CdCopy, c.CdStats, c.CdImport, c.CdExport}) {
         control->setEnabled(false);
     }
 }
@@ -252,8 +252,8 @@ void FmSFX::load()
     m_object.clear();
     m_sounds->rebuild(m_showGlobals);
     for (QWidget* const control :
-         std::initializer_list<QWidget*>{m_controls.CdApply, m_controls.CdRefW, m_controls.CdErase,
-                                         m_controls.CdReplacL, m_controls.TxReplacL}) {
+         std::initializer_list<QWidget*>{m_controls.CdApply, m_controls.CdViewWAD, m_controls.CdRefW,
+                                         m_controls.CdErase, m_controls.CdReplacL, m_controls.TxReplacL}) {
         control->setEnabled(m_loaded);
     }
     const WadReference* const wad = m_references.findUserWad(m_settings.lastWad);

@@ -55,9 +55,11 @@ template <typename Window, typename Act>
 void whenOpened(Act act)
 {
     auto* const waiting = new QTimer(qApp);
+    waiting->setObjectName("waiting for a window");
     QObject::connect(waiting, &QTimer::timeout, waiting, [waiting, act] {
         if (auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget())) {
             waiting->stop();
+            waiting->setObjectName({});
             waiting->deleteLater();
             act(*window);
             if (window->isVisible()) {
@@ -72,6 +74,14 @@ void whenOpened(Act act)
 class MainWindowTest : public testing::Test
 {
 protected:
+    ~MainWindowTest() override
+    {
+        for (QTimer* const waiting : qApp->findChildren<QTimer*>("waiting for a window")) {
+            ADD_FAILURE() << "a window that should have opened did not";
+            delete waiting;
+        }
+    }
+
     void open()
     {
         const LoadedSettings loaded = LoadSettings(folders.program);
