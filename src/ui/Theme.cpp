@@ -57,6 +57,13 @@ public:
         }
     }
 
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override
+    {
+        // A list under the box; a menu would take the box's own colours.
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
 private:
     static void drawIndicator(bool isRound, const QStyleOption& option, QPainter& painter)
     {
