@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by the other scripts: installs Debian packages that are missing, or says which.
 
-# Qt without its unneeded helpers would still pull in a desktop; recommended packages are left out.
+# Recommended packages are left out: they would bring a whole desktop.
 build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev libsdl2-dev"
 run_packages="qt6-translations-l10n fonts-dejavu-core"
 test_packages="libgtest-dev strace util-linux fonts-dejavu-core"
