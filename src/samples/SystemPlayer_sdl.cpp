@@ -16,6 +16,9 @@ Failure soundFailure()
 class SdlPlayer : public SamplePlayer
 {
 public:
+    SdlPlayer() = default;
+    SdlPlayer(const SdlPlayer&) = delete;
+    SdlPlayer& operator=(const SdlPlayer&) = delete;
     ~SdlPlayer() override
     {
         SdlPlayer::stop();

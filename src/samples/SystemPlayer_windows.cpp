@@ -13,6 +13,9 @@ namespace {
 class WindowsPlayer : public SamplePlayer
 {
 public:
+    WindowsPlayer() = default;
+    WindowsPlayer(const WindowsPlayer&) = delete;
+    WindowsPlayer& operator=(const WindowsPlayer&) = delete;
     ~WindowsPlayer() override { WindowsPlayer::stop(); }
 
     Problem play(const std::filesystem::path& file) override
