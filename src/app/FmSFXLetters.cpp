@@ -111,8 +111,9 @@ void FmSFX::paintWadPanel(ColourValue text, ColourValue chooser)
 {
     m_chooserColour = chooser;
     m_controls.PnWad->setStyleSheet(
-        QString("QLabel, QLineEdit { color: %1; } QComboBox { background: %2; color: %3; } "
-                "QComboBox QAbstractItemView { background: #1F2124; color: #EEECDA; selection-color: #1B1C1F; }")
+        QString(
+            "QLabel, QLineEdit { color: %1; } QComboBox { background: %2; color: %3; } "
+            "QComboBox QAbstractItemView { background: #1F2124; color: #EEECDA; selection-color: #1B1C1F; }")
             .arg(colourFrom(text).name(), colourFrom(chooser).name(),
                  chooser == reminderColour ? "#FFFFDF" : "#1B1C1F"));
 }
