@@ -4,6 +4,7 @@
 #include "app/SoundListDelegate.h"
 #include "app/SoundListModel.h"
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
@@ -40,21 +41,6 @@ constexpr std::array<ValueBox, valueBoxCount> allValueBoxes = {ValueBox::Vol, Va
 constexpr std::array<LineFlag, lineFlagCount> allLineFlags = {LineFlag::P, LineFlag::V, LineFlag::R,
                                                               LineFlag::N, LineFlag::L};
 
-std::string_view fieldOf(const SoundLine& record, ValueBox box)
-{
-    switch (box) {
-    case ValueBox::Vol:
-        return record.Vol.trimmed();
-    case ValueBox::Pit:
-        return record.Pit.trimmed();
-    case ValueBox::Rad:
-        return record.Rad.trimmed();
-    case ValueBox::Ch:
-        return record.Ch.trimmed();
-    }
-    return {};
-}
-
 // A look that the style sheet knows by this name.
 void drawAttention(QPushButton& button, bool wanted)
 {
@@ -63,20 +49,6 @@ void drawAttention(QPushButton& button, bool wanted)
         button.style()->unpolish(&button);
         button.style()->polish(&button);
     }
-}
-
-BilingualText listOf(const std::vector<Failure>& notices)
-{
-    constexpr std::size_t mostShown = 8;
-    BilingualText text;
-    for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
-        text += (i == 0 ? BilingualText() : BilingualText::same("\n\n")) + notices[i].text;
-    }
-    if (notices.size() > mostShown) {
-        const std::string rest = std::to_string(notices.size() - mostShown);
-        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
-    }
-    return text;
 }
 
 class Flagged
@@ -165,11 +137,10 @@ void FmSFX::connectControls()
     });
 }
 
-void FmSFX::addShortcut(const QKeySequence& keys, QWidget& control)
+void FmSFX::addShortcut(const QKeySequence& keys, QPushButton& button)
 {
-    auto* const button = qobject_cast<QPushButton*>(&control);
     auto* const shortcut = new QShortcut(keys, this);
-    connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+    connect(shortcut, &QShortcut::activated, &button, &QPushButton::click);
 }
 
 void FmSFX::connectLineControls()
@@ -410,7 +381,7 @@ void FmSFX::fillValues()
 {
     const Flagged filling(m_filling);
     for (const ValueBox box : allValueBoxes) {
-        m_controls.value(box)->setText(fromCodePage(boxFromField(box, fieldOf(m_editor.record(), box))));
+        m_controls.value(box)->setText(fromCodePage(m_editor.boxText(box)));
     }
 }
 

@@ -60,7 +60,7 @@ private:
     void connectControls();
     void connectLineControls();
     void disableLaterControls();
-    void addShortcut(const QKeySequence& keys, QWidget& control);
+    void addShortcut(const QKeySequence& keys, QPushButton& button);
     void showLanguage();
     void showTitle();
     void showInfo(const BilingualText& text);

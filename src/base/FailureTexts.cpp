@@ -4,6 +4,8 @@
 #include "base/CodePage.h"
 #include "base/System.h"
 
+#include <algorithm>
+
 namespace tavrel {
 
 namespace {
@@ -47,6 +49,20 @@ Failure wrongLine(const std::filesystem::path& file, std::size_t line, const Bil
     const std::string number = std::to_string(line);
     const BilingualText where(", line " + number + "\n", ", ligne " + number + "\n");
     return {BilingualText::same(bracketed(file)) + where + what};
+}
+
+BilingualText listOf(const std::vector<Failure>& notices)
+{
+    constexpr std::size_t mostShown = 8;
+    BilingualText text;
+    for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
+        text += (i == 0 ? BilingualText() : BilingualText::same("\n\n")) + notices[i].text;
+    }
+    if (notices.size() > mostShown) {
+        const std::string rest = std::to_string(notices.size() - mostShown);
+        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
+    }
+    return text;
 }
 
 } // namespace tavrel

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace tavrel {
 
@@ -17,5 +18,8 @@ Failure fileMissing(const std::filesystem::path& folder, std::string_view name);
 // What is wrong, then the file and the line (1-based) where it stands.
 Failure wrongContent(const std::filesystem::path& file, const BilingualText& what);
 Failure wrongLine(const std::filesystem::path& file, std::size_t line, const BilingualText& what);
+
+// The first of them, an empty line between each two, and how many more there are.
+BilingualText listOf(const std::vector<Failure>& notices);
 
 } // namespace tavrel

@@ -13,6 +13,40 @@ char letterOf(LineFlag flag)
     return letters[static_cast<std::size_t>(flag)];
 }
 
+// For a record that may be changed and for one that may not.
+template <typename Record>
+auto& valueField(Record& record, ValueBox box)
+{
+    switch (box) {
+    case ValueBox::Vol:
+        return record.Vol;
+    case ValueBox::Pit:
+        return record.Pit;
+    case ValueBox::Rad:
+        return record.Rad;
+    case ValueBox::Ch:
+        break;
+    }
+    return record.Ch;
+}
+
+template <typename Record>
+auto& flagField(Record& record, LineFlag flag)
+{
+    switch (flag) {
+    case LineFlag::P:
+        return record.FlagP;
+    case LineFlag::V:
+        return record.FlagV;
+    case LineFlag::R:
+    case LineFlag::N:
+        return record.FlagRN;
+    case LineFlag::L:
+        break;
+    }
+    return record.FlagL;
+}
+
 } // namespace
 
 void LineEditor::select(std::optional<std::size_t> number)
@@ -30,53 +64,28 @@ bool LineEditor::canEdit() const
 std::string LineEditor::setValue(ValueBox box, std::string_view typed, bool userIsTyping)
 {
     std::string text = correctedBoxText(box, typed, userIsTyping);
-    const std::string field = fieldFromBox(box, text);
-    switch (box) {
-    case ValueBox::Vol:
-        m_record.Vol = field;
-        break;
-    case ValueBox::Pit:
-        m_record.Pit = field;
-        break;
-    case ValueBox::Rad:
-        m_record.Rad = field;
-        break;
-    case ValueBox::Ch:
-        m_record.Ch = field;
-        break;
-    }
+    valueField(m_record, box) = fieldFromBox(box, text);
     return text;
 }
 
-FixedText<2>& LineEditor::flagField(LineFlag flag)
+std::string LineEditor::boxText(ValueBox box) const
 {
-    switch (flag) {
-    case LineFlag::P:
-        return m_record.FlagP;
-    case LineFlag::V:
-        return m_record.FlagV;
-    case LineFlag::R:
-    case LineFlag::N:
-        return m_record.FlagRN;
-    case LineFlag::L:
-        break;
-    }
-    return m_record.FlagL;
+    return boxFromField(box, valueField(m_record, box).trimmed());
 }
 
 void LineEditor::setFlag(LineFlag flag, bool on)
 {
     const char letter = letterOf(flag);
     if (on) {
-        flagField(flag) = std::string_view(&letter, 1);
+        flagField(m_record, flag) = std::string_view(&letter, 1);
     } else if (hasFlag(flag)) { // clearing R leaves an N in the shared field alone
-        flagField(flag) = "";
+        flagField(m_record, flag) = "";
     }
 }
 
 bool LineEditor::hasFlag(LineFlag flag) const
 {
-    return const_cast<LineEditor*>(this)->flagField(flag).view().front() == letterOf(flag);
+    return flagField(m_record, flag).view().front() == letterOf(flag);
 }
 
 bool LineEditor::accept(Dialogs& dialogs)

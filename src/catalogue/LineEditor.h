@@ -32,6 +32,8 @@ public:
 
     // The corrected text of the box.
     std::string setValue(ValueBox box, std::string_view typed, bool userIsTyping);
+    // What the box shows of the record: the digits as they stand.
+    std::string boxText(ValueBox box) const;
     // R and N clear each other.
     void setFlag(LineFlag flag, bool on);
     bool hasFlag(LineFlag flag) const;
@@ -51,7 +53,6 @@ public:
     bool mayLeave(Dialogs& dialogs);
 
 private:
-    FixedText<2>& flagField(LineFlag flag);
     bool store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs);
 
     SoundCatalogue* m_catalogue;

@@ -15,8 +15,6 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t underwaterSound = 60;
-
 constexpr std::string_view separators = " \t";
 
 // A letter must not stick to the last word of its line.
@@ -198,19 +196,6 @@ bool confirmImport(const CurrentWad& wad, const KindTexts& texts, Dialogs& dialo
     return dialogs.ask(question) == Answer::Ok;
 }
 
-void appendNotices(BilingualText& text, const std::vector<Failure>& notices)
-{
-    constexpr std::size_t mostShown = 6;
-    for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
-        text += "\n\n";
-        text += notices[i].text;
-    }
-    if (notices.size() > mostShown) {
-        const std::string rest = std::to_string(notices.size() - mostShown);
-        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
-    }
-}
-
 void sayWhatWasDone(const ImportPlan& plan, WadListKind kind, const KindTexts& texts, Dialogs& dialogs)
 {
     const std::string lines = std::to_string(plan.linesWithNewLetter);
@@ -229,7 +214,9 @@ void sayWhatWasDone(const ImportPlan& plan, WadListKind kind, const KindTexts& t
                               "\nLes lignes enregistrées ont ôté des lettres d'autres WADs à ces sons : ") +
                 numbers;
     }
-    appendNotices(text, plan.notices);
+    if (!plan.notices.empty()) {
+        text += BilingualText::same("\n\n") + listOf(plan.notices);
+    }
     dialogs.show({MessageIcon::Information, texts.title, text});
 }
 

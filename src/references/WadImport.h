@@ -13,6 +13,9 @@
 
 namespace tavrel {
 
+// Every import of objects gives it the letter, whatever the list holds.
+constexpr std::size_t underwaterSound = 60;
+
 enum class WadListKind { Samples, Objects };
 
 // What an import would do, worked out on a copy: nothing changes before it is complete.

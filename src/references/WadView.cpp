@@ -61,7 +61,6 @@ public:
 
     void addSurplus()
     {
-        constexpr std::size_t underwaterSound = 60; // every import of objects asks for it
         m_asked.insert(underwaterSound);
         for (std::size_t k = 0; k < m_catalogue.size(); ++k) {
             if (m_carries[k] && !m_asked.contains(k)) {
