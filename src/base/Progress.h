@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+
+namespace tavrel {
+
+// How a long command tells where it is.
+class Progress
+{
+public:
+    Progress() = default;
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+    virtual ~Progress() = default;
+
+    // Before each step and once at the end (done == total). False when the user wants to stop; a command that
+    // cannot stop between steps ignores it.
+    virtual bool show(std::size_t done, std::size_t total) = 0;
+};
+
+} // namespace tavrel
