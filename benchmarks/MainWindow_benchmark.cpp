@@ -19,6 +19,7 @@ public:
     {
         return std::nullopt;
     }
+    std::optional<ColourValue> chooseColour(ColourValue /*current*/) override { return std::nullopt; }
 };
 
 class NoPrograms : public Programs

@@ -10,7 +10,8 @@
 
 namespace tavrel {
 
-FmLanguage::FmLanguage() : m_french(new QRadioButton("Français"))
+FmLanguage::FmLanguage(HelpOpener openHelp)
+    : m_openHelp(std::move(openHelp)), m_french(new QRadioButton("Français"))
 {
     setObjectName("FmLanguage");
     setWindowTitle("Tavrel");
@@ -46,6 +47,11 @@ FmLanguage::FmLanguage() : m_french(new QRadioButton("Français"))
     buttons->addWidget(quit);
     content().addLayout(buttons);
     setMinimumWidth(320);
+}
+
+void FmLanguage::showHelp()
+{
+    m_openHelp(*this, language());
 }
 
 Language FmLanguage::language() const

@@ -4,6 +4,8 @@
 #include "base/BilingualText.h"
 #include "ui/TitledWindow.h"
 
+#include <functional>
+
 class QRadioButton;
 
 namespace tavrel {
@@ -14,11 +16,17 @@ class FmLanguage : public TitledWindow
     Q_OBJECT
 
 public:
-    FmLanguage();
+    using HelpOpener = std::function<void(QWidget& parent, Language language)>;
+
+    explicit FmLanguage(HelpOpener openHelp);
 
     Language language() const;
 
+protected:
+    void showHelp() override;
+
 private:
+    HelpOpener m_openHelp;
     QRadioButton* m_french;
 };
 

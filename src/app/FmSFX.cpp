@@ -3,11 +3,7 @@
 
 #include "app/SoundListDelegate.h"
 #include "app/SoundListModel.h"
-#include "base/CodePage.h"
-#include "base/FailureTexts.h"
-#include "base/Folder.h"
 #include "catalogue/ApplyChanges.h"
-#include "catalogue/CatalogueLoading.h"
 #include "ui/Colours.h"
 #include "ui/FoldingPanel.h"
 #include "ui/Text.h"
@@ -15,7 +11,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -79,9 +74,7 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& session)
     connectControls();
     connectLineControls();
     disableLaterControls();
-    for (std::size_t i = 0; i < panelCount; ++i) {
-        m_controls.panels[i]->setOpen(m_settings.panels[i]);
-    }
+    showPanels();
     applyMainColours();
     showLanguage();
     m_leaving.setSingleShot(true);
@@ -102,7 +95,9 @@ void FmSFX::connectControls()
     onClick(c.CdRestore, &FmSFX::restoreSelectedLine);
     onClick(c.CdApply, &FmSFX::apply);
     onClick(c.CdCopyLine, &FmSFX::copyLine);
-    onClick(c.CdEdit, &FmSFX::editInNotepad);
+    onClick(c.CdEdit, &FmSFX::editSounds);
+    onClick(c.CdParam, &FmSFX::openPreferences);
+    onClick(c.CdHlp, &FmSFX::showHelp);
     onClick(c.CdShowG, &FmSFX::showOrHideGlobals);
     onClick(c.CdSearch, &FmSFX::search);
     connect(c.CdQuit, &QPushButton::clicked, this, &QWidget::close);
@@ -115,10 +110,8 @@ void FmSFX::connectControls()
             selection.select(selection.currentIndex(), QItemSelectionModel::Select);
         }
     });
-    connect(c.OpLangF, &QRadioButton::toggled, this, [this](bool french) {
-        m_settings.language = french ? Language::French : Language::English;
-        showLanguage();
-    });
+    connect(c.OpLangF, &QRadioButton::toggled, this,
+            [this](bool french) { switchLanguage(french ? Language::French : Language::English); });
     connectLetterControls();
     connectImportControls();
     for (std::size_t i = 0; i < panelCount; ++i) {
@@ -129,7 +122,6 @@ void FmSFX::connectControls()
     addShortcut(QKeySequence::Save, *c.CdApply);
     addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), *c.CdValidW);
     addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), *c.CdQuit);
-    addShortcut(QKeySequence::HelpContents, *c.CdHlp);
     auto* const find = new QShortcut(QKeySequence::Find, this);
     connect(find, &QShortcut::activated, this, [this] {
         m_controls.TxSearch->setFocus(Qt::ShortcutFocusReason);
@@ -163,17 +155,8 @@ void FmSFX::disableLaterControls()
 {
     const FmSFXControls& c = m_controls;
     for (QWidget* const control :
-         std::initializer_list<QWidget*>{c.CdHlp, c.CdParam, c.CdCopy, c.CdStats, c.CdImport, c.CdExport}) {
+         std::initializer_list<QWidget*>{c.CdCopy, c.CdStats, c.CdImport, c.CdExport}) {
         control->setEnabled(false);
-    }
-}
-
-void FmSFX::applyMainColours()
-{
-    const ColourPair& pair = m_settings.colours.slots[ColourScheme::mainWindowSlot];
-    for (QWidget* const area : std::initializer_list<QWidget*>{
-             m_controls.LiSFX, m_controls.LiWAD, m_controls.LiSamp, m_controls.TxOrig, m_controls.TxModif}) {
-        paintWith(*area, pair);
     }
 }
 
@@ -213,56 +196,6 @@ void FmSFX::changeEvent(QEvent* event)
         showTitle();
     }
     TitledWindow::changeEvent(event);
-}
-
-// Loading
-
-void FmSFX::load()
-{
-    const std::vector<Message> messages = loadFiles();
-    m_object.clear();
-    m_sounds->rebuild(m_showGlobals);
-    for (QWidget* const control :
-         std::initializer_list<QWidget*>{m_controls.CdApply, m_controls.CdViewWAD, m_controls.CdRefW,
-                                         m_controls.CdErase, m_controls.CdReplacL, m_controls.TxReplacL}) {
-        control->setEnabled(m_loaded);
-    }
-    const WadReference* const wad = m_references.findUserWad(m_settings.lastWad);
-    m_wad = wad ? CurrentWad{wad->wadName, wad->letter, wad->title} : CurrentWad();
-    fillWadChooser();
-    selectFirstLine();
-    showObject();
-    m_controls.LiSFX->setFocus();
-    // Last: while a box is up, the window paints what was loaded.
-    for (const Message& message : messages) {
-        m_context.dialogs.show(message);
-    }
-}
-
-// What the user has to know; shown when the window is in order again.
-std::vector<Message> FmSFX::loadFiles()
-{
-    const BilingualText title = BilingualText::same("sounds.txt");
-    const CatalogueSources sources{m_context.programFolder, m_paths.creator,
-                                   m_settings.protectedLinesEditable};
-    Result<LoadedRegister> references = loadRegister(m_context.programFolder);
-    Result<LoadedCatalogue> catalogue =
-        references ? loadCatalogue(sources) : Result<LoadedCatalogue>(references.failure());
-    m_loaded = static_cast<bool>(catalogue);
-    if (!m_loaded) {
-        m_catalogue = SoundCatalogue();
-        return {{MessageIcon::Critical, title, catalogue.failure().text}};
-    }
-    if (!m_registerUnsaved) { // else the file does not hold what the user has done
-        m_references = std::move(references->references);
-    }
-    m_catalogue = std::move(catalogue->catalogue);
-    std::vector<Failure> notices = std::move(references->notices);
-    notices.insert(notices.end(), catalogue->notices.begin(), catalogue->notices.end());
-    if (notices.empty()) {
-        return {};
-    }
-    return {{MessageIcon::Information, title, listOf(notices)}};
 }
 
 // Selecting a line
@@ -523,39 +456,6 @@ void FmSFX::copyLine()
     }
 }
 
-void FmSFX::editInNotepad()
-{
-    const BilingualText title("Notepad", "Bloc note");
-    if (!m_editor.mayLeave(m_context.dialogs)) {
-        return;
-    }
-    refreshLine();
-    if (m_catalogue.pending()) {
-        m_context.dialogs.show(
-            {MessageIcon::Information,
-             title,
-             {"Modifications are not yet applied: the file does not hold them. Apply them first.",
-              "Des modifications ne sont pas encore appliquées : le fichier ne les contient pas. "
-              "Appliquez-les d'abord."}});
-        return;
-    }
-    const std::filesystem::path file = fileIn(m_paths.creator, soundsFileName);
-    if (!m_context.programs.editText(file, m_settings.notepadMode)) {
-        m_context.dialogs.show({MessageIcon::Exclamation, title,
-                                BilingualText("No text editor could be started for\n",
-                                              "Aucun éditeur de texte n'a pu être lancé pour\n") +
-                                    displayPath(file)});
-        return;
-    }
-    const Question reload{title,
-                          {"Reload [sounds.txt]\nand reboot program",
-                           "Faut-il recharger le fichier sounds.txt\net réinitialiser le programme"},
-                          Buttons::YesNo};
-    if (m_context.dialogs.ask(reload) == Answer::Yes) {
-        load();
-    }
-}
-
 void FmSFX::showOrHideGlobals()
 {
     if (!m_editor.mayLeave(m_context.dialogs)) {
@@ -596,48 +496,6 @@ void FmSFX::search()
     showInfo({});
     m_controls.LiSFX->setCurrentIndex(m_sounds->indexOf(*found));
     m_controls.LiSFX->scrollTo(m_controls.LiSFX->currentIndex(), QAbstractItemView::PositionAtCenter);
-}
-
-// Closing
-
-bool FmSFX::mayClose()
-{
-    if (!m_editor.mayLeave(m_context.dialogs)) {
-        return false;
-    }
-    refreshLine();
-    if (!m_catalogue.pending()) {
-        return true;
-    }
-    const Question question{{"Quit", "Quitter"},
-                            {"Modifications not applied. Would you like to quit anyway",
-                             "Des modifications n'ont pas été appliquées. Voulez-vous quitter quand même"},
-                            Buttons::YesNo,
-                            true};
-    return m_context.dialogs.ask(question) == Answer::Yes;
-}
-
-void FmSFX::closeEvent(QCloseEvent* event)
-{
-    if (!mayClose()) {
-        event->ignore();
-        return;
-    }
-    saveSettings();
-    event->accept();
-}
-
-void FmSFX::saveSettings()
-{
-    if (m_loaded) { // else the WAD is only not known
-        m_settings.lastLetter = m_wad.letter;
-        m_settings.lastWad = m_wad.wadName;
-    }
-    const Problem problem = m_settingsDamaged ? replaceDamagedSettings(m_context.programFolder, m_settings)
-                                              : SaveSettings(m_context.programFolder, m_settings);
-    if (problem) {
-        m_context.dialogs.show({MessageIcon::Exclamation, {"Quit", "Quitter"}, problem->text});
-    }
 }
 
 } // namespace tavrel

@@ -3,6 +3,7 @@
 
 #include "app/FmSFXControls.h"
 #include "app/ProgramSettings.h"
+#include "app/SessionLoading.h"
 #include "app/StartUp.h"
 #include "base/Dialogs.h"
 #include "base/Programs.h"
@@ -55,6 +56,7 @@ protected:
     void reject() override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showHelp() override;
 
 private:
     void connectControls();
@@ -64,9 +66,30 @@ private:
     void showLanguage();
     void showTitle();
     void showInfo(const BilingualText& text);
-    void applyMainColours();
 
-    std::vector<Message> loadFiles();
+    // Files (FmSFXLoading.cpp)
+    CatalogueSources sources(const LevelEditorPaths& paths) const;
+    void adopt(LoadedSession loaded);
+    void showLoaded();
+    void reload();
+    std::string chooseOtherLevelEditor();
+    bool mayLoadOther();
+    void editSounds();
+    void viewSounds();
+    void editInNotepad();
+    bool mayClose();
+    void saveSettings(const BilingualText& title);
+
+    // Options (FmSFXPreferences.cpp)
+    void openPreferences();
+    void followProtectedOption();
+    void switchLanguage(Language language);
+    void showPanels();
+    void openColours(QWidget& parent);
+    void applyMainColours();
+    void paintMainColours(const ColourPair& pair);
+    void openDoubles(QWidget& parent);
+
     void currentRowChanged();
     void leaveForCurrentRow();
     void selectFirstLine();
@@ -128,11 +151,8 @@ private:
     void restoreSelectedLine();
     void apply();
     void copyLine();
-    void editInNotepad();
     void showOrHideGlobals();
     void search();
-    bool mayClose();
-    void saveSettings();
 
     FmSFXContext m_context;
     ProgramSettings m_settings;

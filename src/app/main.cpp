@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FmLanguage.h"
 #include "app/FmSFX.h"
+#include "app/HelpWindow.h"
 #include "app/StartUp.h"
 #include "samples/SystemPlayer.h"
 #include "ui/Icons.h"
@@ -35,9 +36,11 @@ fs::path programFolderFrom(const QCommandLineParser& parser, const QCommandLineO
     return fs::absolute(folder.toStdU16String());
 }
 
-std::optional<tavrel::Language> askForLanguage()
+std::optional<tavrel::Language> askForLanguage(const fs::path& programFolder)
 {
-    tavrel::FmLanguage window;
+    tavrel::FmLanguage window([&programFolder](QWidget& parent, tavrel::Language language) {
+        tavrel::showHelpWindow(&parent, programFolder, {}, language);
+    });
     return window.exec() == QDialog::Accepted ? std::optional(window.language()) : std::nullopt;
 }
 
@@ -70,7 +73,9 @@ int main(int argc, char* argv[])
     };
     // Between the windows of the first start there are moments without any.
     QApplication::setQuitOnLastWindowClosed(false);
-    const auto session = tavrel::startSession({programFolder, dialogs, programs, askForLanguage, speak});
+    const auto session =
+        tavrel::startSession({programFolder, dialogs, programs,
+                              [&programFolder] { return askForLanguage(programFolder); }, speak});
     if (!session) {
         return EXIT_SUCCESS;
     }

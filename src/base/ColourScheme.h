@@ -18,11 +18,17 @@ struct ColourPair
     friend bool operator==(const ColourPair&, const ColourPair&) = default;
 };
 
+// From 1 (the same lightness) to 21 (black and white), as the accessibility guidelines for the web define it.
+double contrastOf(const ColourPair& pair);
+// Below it a text is hard to read.
+constexpr double leastContrast = 3.0;
+
 // The colours of the lists and text areas; each window takes them from fixed slots.
 struct ColourScheme
 {
     static constexpr std::size_t slotCount = 6;
     static constexpr std::size_t mainWindowSlot = 0;
+    static constexpr std::size_t textSlot = 5; // long texts: the help, sounds.txt
 
     std::array<ColourPair, slotCount> slots = {{{0x404040, 0xDFFFFF},
                                                 {0x001020, 0xDFFFFF},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ColourScheme.h"
 #include "base/Message.h"
 
 #include <filesystem>
@@ -35,6 +36,8 @@ public:
     virtual Answer ask(const Question& question) = 0;
     // Nothing when the user cancels.
     virtual std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) = 0;
+    // Starts from a colour. Nothing when the user cancels.
+    virtual std::optional<ColourValue> chooseColour(ColourValue current) = 0;
 };
 
 } // namespace tavrel

@@ -59,6 +59,13 @@ void noteByteOrderMark(const TextFile& file, std::vector<Failure>& notices)
     }
 }
 
+std::vector<Failure> takeDoubles(SoundCatalogue& catalogue, const TextFile& file)
+{
+    LoadedDoubles doubles = parseDoubles(file, catalogue.protectedNumbers());
+    catalogue.setDoubles(doubles.status);
+    return std::move(doubles.notices);
+}
+
 void loadObjects(const CatalogueSources& sources, LoadedCatalogue& loaded)
 {
     const Result<TextFile> file = readTextFile(sources.programFolder, objectsFileName);
@@ -107,11 +114,20 @@ Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
         std::string original = k < originals.size() ? std::move(originals[k].text) : lines[k].text;
         loaded.catalogue.append(std::move(lines[k].text), std::move(original), lines[k].lineInFile);
     }
-    LoadedDoubles doubles = parseDoubles(*doublesFile, loaded.catalogue.protectedNumbers());
-    loaded.catalogue.setDoubles(doubles.status);
-    loaded.notices.insert(loaded.notices.end(), doubles.notices.begin(), doubles.notices.end());
+    const std::vector<Failure> notices = takeDoubles(loaded.catalogue, *doublesFile);
+    loaded.notices.insert(loaded.notices.end(), notices.begin(), notices.end());
     loadObjects(sources, loaded);
     return loaded;
+}
+
+Result<std::vector<Failure>> reloadDoubles(SoundCatalogue& catalogue,
+                                           const std::filesystem::path& programFolder)
+{
+    const Result<TextFile> file = readTextFile(programFolder, doublesFileName);
+    if (!file) {
+        return file.failure();
+    }
+    return takeDoubles(catalogue, *file);
 }
 
 } // namespace tavrel

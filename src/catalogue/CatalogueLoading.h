@@ -31,4 +31,8 @@ struct LoadedCatalogue
 // then stays empty with a notice.
 Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources);
 
+// Reads only which sounds take part in an import; the lines stay. Gives the notices.
+Result<std::vector<Failure>> reloadDoubles(SoundCatalogue& catalogue,
+                                           const std::filesystem::path& programFolder);
+
 } // namespace tavrel

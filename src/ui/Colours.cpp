@@ -12,6 +12,11 @@ QColor colourFrom(ColourValue value)
     return {value & byte, (value >> 8) & byte, (value >> 16) & byte};
 }
 
+ColourValue colourValue(const QColor& colour)
+{
+    return colour.red() | colour.green() << 8 | colour.blue() << 16;
+}
+
 void paintWith(QWidget& area, const ColourPair& pair)
 {
     QPalette palette = area.palette();

@@ -10,6 +10,7 @@ class QWidget;
 namespace tavrel {
 
 QColor colourFrom(ColourValue value);
+ColourValue colourValue(const QColor& colour);
 
 // Paints a list or text area with a slot of the scheme.
 void paintWith(QWidget& area, const ColourPair& pair);

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
 #include <QToolTip>
@@ -136,6 +137,17 @@ QListWidget* makeFixedPitchList(const char* name)
     list->setFont(fixedPitchFont());
     list->setUniformItemSizes(true);
     return list;
+}
+
+QPlainTextEdit* makeTextView(const char* name)
+{
+    auto* const view = named(new QPlainTextEdit, name);
+    view->setReadOnly(true);
+    view->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    view->setTabChangesFocus(true);
+    view->setLineWrapMode(QPlainTextEdit::NoWrap);
+    view->setFont(fixedPitchFont());
+    return view;
 }
 
 QHBoxLayout* rowOf(std::initializer_list<QWidget*> controls)

@@ -10,6 +10,7 @@ class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QPlainTextEdit;
 class QPushButton;
 class QWidget;
 
@@ -40,6 +41,8 @@ QComboBox* makeComboBox(const char* name);
 // Cuts a text that is too long, and shows all of it as tool tip.
 QLabel* makeElidedLabel(const char* name);
 QListWidget* makeFixedPitchList(const char* name);
+// A long text to read; TAB leaves it.
+QPlainTextEdit* makeTextView(const char* name);
 
 QHBoxLayout* rowOf(std::initializer_list<QWidget*> controls);
 

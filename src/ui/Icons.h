@@ -35,6 +35,8 @@ enum class Glyph {
     ObjectSelection,
     Help,
     Parameters,
+    Colours,
+    ToStart,
     Quit,
     PanelOpen,
     PanelClosed,

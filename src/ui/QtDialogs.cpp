@@ -83,4 +83,9 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
     return std::nullopt;
 }
 
+std::optional<ColourValue> QtDialogs::chooseColour(ColourValue current)
+{
+    return askForColour(QApplication::activeWindow(), current, m_keptColours, m_language);
+}
+
 } // namespace tavrel

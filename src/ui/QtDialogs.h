@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Dialogs.h"
+#include "ui/ColourDialog.h"
 
 class QWidget;
 
@@ -16,9 +17,11 @@ public:
     void show(const Message& message) override;
     Answer ask(const Question& question) override;
     std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) override;
+    std::optional<ColourValue> chooseColour(ColourValue current) override;
 
 private:
     Language m_language = Language::English;
+    KeptColours m_keptColours = {};
 };
 
 } // namespace tavrel

@@ -3,6 +3,7 @@
 
 #include "ui/Icons.h"
 #include "ui/Theme.h"
+#include "ui/TitledWindow.h"
 
 #include <QGuiApplication>
 #include <QLinearGradient>
@@ -46,12 +47,12 @@ void paintWave(QPainter& painter, const QRect& area)
 
 } // namespace
 
-TitleImage::TitleImage(QWidget* window) : QWidget(window)
+TitleImage::TitleImage(TitledWindow& window) : QWidget(&window), m_window(window)
 {
     setObjectName("Image1");
     setCursor(Qt::SizeAllCursor);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(window, &QWidget::windowTitleChanged, this, qOverload<>(&QWidget::update));
+    connect(&window, &QWidget::windowTitleChanged, this, qOverload<>(&QWidget::update));
 }
 
 QSize TitleImage::sizeHint() const
@@ -75,14 +76,14 @@ void TitleImage::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(theme::text);
     QRect title;
     painter.drawText(rect().adjusted(icon.right() + margin, 0, -margin, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                     window()->windowTitle(), &title);
+                     m_window.windowTitle(), &title);
     paintWave(painter, rect().adjusted(title.right(), 0, 0, 0));
 }
 
 void TitleImage::mousePressEvent(QMouseEvent* event)
 {
     if (systemMovesWindows()) {
-        window()->windowHandle()->startSystemMove();
+        m_window.windowHandle()->startSystemMove();
         return;
     }
     const QPointF position = mapFromGlobal(event->globalPosition());
@@ -100,13 +101,13 @@ void TitleImage::mouseMoveEvent(QMouseEvent* event)
 void TitleImage::mouseReleaseEvent(QMouseEvent* /*event*/)
 {
     m_drag.end();
+    m_window.moveIntoReach();
 }
 
 void TitleImage::moveWindow(DragState::Offset offset)
 {
-    QWidget* const moved = window();
-    moved->move(moved->x() + offset.x, moved->y());
-    moved->move(moved->x(), moved->y() + offset.y);
+    m_window.move(m_window.x() + offset.x, m_window.y());
+    m_window.move(m_window.x(), m_window.y() + offset.y);
 }
 
 } // namespace tavrel

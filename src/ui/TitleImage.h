@@ -7,13 +7,15 @@
 
 namespace tavrel {
 
+class TitledWindow;
+
 // The picture at the top of a window, by which the user drags it. It shows the window's title.
 class TitleImage : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit TitleImage(QWidget* window);
+    explicit TitleImage(TitledWindow& window);
 
     QSize sizeHint() const override;
 
@@ -26,6 +28,7 @@ protected:
 private:
     void moveWindow(DragState::Offset offset);
 
+    TitledWindow& m_window;
     DragState m_drag;
 };
 

@@ -2,13 +2,16 @@
 #include "ui/TitledWindow.h"
 
 #include "ui/Icons.h"
+#include "ui/Reach.h"
 #include "ui/Theme.h"
 #include "ui/TitleImage.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -21,15 +24,15 @@ constexpr int keyboardStep = 20;
 } // namespace
 
 TitledWindow::TitledWindow(QWidget* parent)
-    : QDialog(parent, Qt::Window | Qt::FramelessWindowHint), m_titleRow(new QHBoxLayout),
-      m_content(new QVBoxLayout)
+    : QDialog(parent, Qt::Window | Qt::FramelessWindowHint), m_titleImage(new TitleImage(*this)),
+      m_titleRow(new QHBoxLayout), m_content(new QVBoxLayout)
 {
     setWindowIcon(programIcon());
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(1, 1, 1, 1);
     outer->setSpacing(0);
     m_titleRow->setContentsMargins(0, 0, 0, 0);
-    m_titleRow->addWidget(new TitleImage(this), 1);
+    m_titleRow->addWidget(m_titleImage, 1);
     outer->addLayout(m_titleRow);
     outer->addLayout(m_content, 1);
 
@@ -39,12 +42,40 @@ TitledWindow::TitledWindow(QWidget* parent)
     addMoveShortcut(Qt::Key_Down, {0, keyboardStep});
     auto* const closing = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_F4), this);
     connect(closing, &QShortcut::activated, this, &QWidget::close);
+    auto* const help = new QShortcut(QKeySequence::HelpContents, this);
+    connect(help, &QShortcut::activated, this, &TitledWindow::showHelp);
 }
 
 void TitledWindow::addMoveShortcut(Qt::Key arrow, QPoint step)
 {
     auto* const shortcut = new QShortcut(QKeySequence(Qt::SHIFT | Qt::ALT | arrow), this);
-    connect(shortcut, &QShortcut::activated, this, [this, step] { move(pos() + step); });
+    connect(shortcut, &QShortcut::activated, this, [this, step] {
+        move(pos() + step);
+        moveIntoReach();
+    });
+}
+
+void TitledWindow::moveIntoReach()
+{
+    QList<QRect> screens;
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        screens += screen->availableGeometry();
+    }
+    const QRect title(m_titleImage->mapToGlobal(QPoint(0, 0)), m_titleImage->size());
+    const QPoint offset = offsetIntoReach(title, screens);
+    if (!offset.isNull()) {
+        move(pos() + offset);
+    }
+}
+
+void TitledWindow::showHelp()
+{
+    for (QWidget* widget = parentWidget(); widget != nullptr; widget = widget->parentWidget()) {
+        if (auto* const opener = qobject_cast<TitledWindow*>(widget)) {
+            opener->showHelp();
+            return;
+        }
+    }
 }
 
 void TitledWindow::paintEvent(QPaintEvent* /*event*/)

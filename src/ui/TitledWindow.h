@@ -9,7 +9,7 @@ class QVBoxLayout;
 namespace tavrel {
 
 // A window without the system's title bar: a title image to drag it by, and the keyboard to move it
-// (Shift+Alt and an arrow key) and to close it (Alt+F4, Esc in secondary windows).
+// (Shift+Alt and an arrow key), to close it (Alt+F4, Esc in secondary windows) and to open the help (F1).
 class TitledWindow : public QDialog
 {
     Q_OBJECT
@@ -17,7 +17,13 @@ class TitledWindow : public QDialog
 public:
     explicit TitledWindow(QWidget* parent = nullptr);
 
+    // Brings the window back when its title has left every screen.
+    void moveIntoReach();
+
 protected:
+    // Secondary windows ask the one that opened them.
+    virtual void showHelp();
+
     // Beside the title image.
     QHBoxLayout& titleRow() { return *m_titleRow; }
     // Below it.
@@ -30,6 +36,7 @@ protected:
 private:
     void addMoveShortcut(Qt::Key arrow, QPoint step);
 
+    QWidget* m_titleImage;
     QHBoxLayout* m_titleRow;
     QVBoxLayout* m_content;
 };

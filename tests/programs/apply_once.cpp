@@ -17,6 +17,10 @@ public:
     {
         return std::nullopt;
     }
+    std::optional<tavrel::ColourValue> chooseColour(tavrel::ColourValue /*current*/) override
+    {
+        return std::nullopt;
+    }
 };
 
 } // namespace

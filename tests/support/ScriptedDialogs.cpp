@@ -53,6 +53,7 @@ ScriptedDialogs::~ScriptedDialogs()
 {
     EXPECT_EQ(m_answers.size(), 0U) << "answers that nobody asked for";
     EXPECT_EQ(m_files.size(), 0U) << "chosen files that nobody asked for";
+    EXPECT_EQ(m_colours.size(), 0U) << "chosen colours that nobody asked for";
 }
 
 std::vector<std::string> ScriptedDialogs::conversation(Language language) const
@@ -98,6 +99,18 @@ std::optional<std::filesystem::path> ScriptedDialogs::chooseFile(const OpenFileQ
     std::optional<std::filesystem::path> file = std::move(m_files.front());
     m_files.pop_front();
     return file;
+}
+
+std::optional<ColourValue> ScriptedDialogs::chooseColour(ColourValue current)
+{
+    m_colourQuestions.push_back(current);
+    if (m_colours.empty()) {
+        ADD_FAILURE() << "asked for a colour without a prepared one";
+        return std::nullopt;
+    }
+    const std::optional<ColourValue> colour = m_colours.front();
+    m_colours.pop_front();
+    return colour;
 }
 
 } // namespace tavrel

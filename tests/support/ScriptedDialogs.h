@@ -35,6 +35,7 @@ public:
     void prepareAnswer(Answer answer) { m_answers.push_back(answer); }
     // Nothing stands for a cancelled file dialog.
     void prepareFile(std::optional<std::filesystem::path> file) { m_files.push_back(std::move(file)); }
+    void prepareColour(std::optional<ColourValue> colour) { m_colours.push_back(colour); }
     // Called while each question stands, for what happens outside in the meantime.
     void whileAsking(std::function<void()> action) { m_whileAsking = std::move(action); }
     // The same for messages.
@@ -44,18 +45,22 @@ public:
     // Each exchange as "kind | title | text".
     std::vector<std::string> conversation(Language language) const;
     const std::vector<OpenFileQuestion>& fileQuestions() const { return m_fileQuestions; }
+    const std::vector<ColourValue>& colourQuestions() const { return m_colourQuestions; }
 
     void show(const Message& message) override;
     Answer ask(const Question& question) override;
     std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) override;
+    std::optional<ColourValue> chooseColour(ColourValue current) override;
 
 private:
     std::deque<Answer> m_answers;
     std::deque<std::optional<std::filesystem::path>> m_files;
+    std::deque<std::optional<ColourValue>> m_colours;
     std::function<void()> m_whileAsking;
     std::function<void()> m_whileShowing;
     std::vector<Said> m_said;
     std::vector<OpenFileQuestion> m_fileQuestions;
+    std::vector<ColourValue> m_colourQuestions;
 };
 
 } // namespace tavrel

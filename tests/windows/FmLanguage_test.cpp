@@ -10,7 +10,7 @@ using namespace tavrel;
 
 TEST(FmLanguage, givesTheChosenLanguageOnOkAndNothingOnQuit)
 {
-    FmLanguage window;
+    FmLanguage window({});
     window.show();
     auto* const french = window.findChild<QRadioButton*>("OpLangF");
     QTest::mouseClick(french, Qt::LeftButton, {}, QPoint(8, french->height() / 2));

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/BilingualText.h"
+#include "base/ColourScheme.h"
+
+#include <filesystem>
+
+class QWidget;
+
+namespace tavrel {
+
+// Until the user closes it. A missing help file is logged and leaves the user without a window.
+void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
+                    Language language);
+
+} // namespace tavrel

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/ColourDialog.h"
+#include "ui/Colours.h"
+#include "ui/Text.h"
+
+#include <QColorDialog>
+
+namespace tavrel {
+
+std::optional<ColourValue> askForColour(QWidget* parent, ColourValue current, KeptColours& kept,
+                                        Language language)
+{
+    for (std::size_t i = 0; i < kept.size(); ++i) {
+        QColorDialog::setCustomColor(static_cast<int>(i), colourFrom(kept[i]));
+    }
+    QColorDialog dialog(colourFrom(current), parent);
+    dialog.setObjectName("ColourDialog");
+    dialog.setWindowTitle(inLanguage({"Colors", "Couleurs"}, language));
+    if (dialog.exec() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    for (std::size_t i = 0; i < kept.size(); ++i) {
+        kept[i] = colourValue(QColorDialog::customColor(static_cast<int>(i)));
+    }
+    return colourValue(dialog.selectedColor());
+}
+
+} // namespace tavrel
