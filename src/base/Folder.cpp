@@ -27,17 +27,11 @@ Result<std::vector<FolderEntry>> listFolder(const fs::path& folder)
     return entries;
 }
 
-namespace {
-
-std::optional<FolderEntry> findByName(const fs::path& folder, std::string_view name)
+std::optional<FolderEntry> findIn(const std::vector<FolderEntry>& entries, std::string_view name)
 {
-    const Result<std::vector<FolderEntry>> entries = listFolder(folder);
-    if (!entries) {
-        return std::nullopt;
-    }
     const std::string wanted = upperCase(name);
     const FolderEntry* best = nullptr;
-    for (const FolderEntry& entry : *entries) {
+    for (const FolderEntry& entry : entries) {
         if (!entry.exactName) {
             continue; // its "?" stand for something else
         }
@@ -49,6 +43,14 @@ std::optional<FolderEntry> findByName(const fs::path& folder, std::string_view n
         }
     }
     return best == nullptr ? std::nullopt : std::optional(*best);
+}
+
+namespace {
+
+std::optional<FolderEntry> findByName(const fs::path& folder, std::string_view name)
+{
+    const Result<std::vector<FolderEntry>> entries = listFolder(folder);
+    return entries ? findIn(*entries, name) : std::nullopt;
 }
 
 } // namespace

@@ -24,7 +24,8 @@ struct FolderEntry
 Result<std::vector<FolderEntry>> listFolder(const std::filesystem::path& folder);
 
 // The file or folder of that name, compared without regard to letter case. Where a disk holds several, the
-// exact name wins, then the first in byte order.
+// exact name wins, then the first in byte order. The first looks in a listing that was made before.
+std::optional<FolderEntry> findIn(const std::vector<FolderEntry>& entries, std::string_view name);
 std::optional<std::filesystem::path> findEntry(const std::filesystem::path& folder, std::string_view name);
 std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name);
 

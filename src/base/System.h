@@ -18,6 +18,9 @@ bool readStart(const std::filesystem::path& file, std::span<char> buffer);
 // Creates a file that must not exist yet, and returns once its bytes are on the disk.
 std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes);
 
+// Returns once the bytes of an existing file are on the disk.
+std::error_code flushFile(const std::filesystem::path& file);
+
 // Puts `from` in the place of `to` in one step: at every moment `to` is the old file or the new one.
 std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
 

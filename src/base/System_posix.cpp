@@ -90,6 +90,12 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
     return descriptor.close();
 }
 
+std::error_code flushFile(const std::filesystem::path& file)
+{
+    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    return descriptor.isOpen() && ::fsync(descriptor.number()) == 0 ? std::error_code() : lastError();
+}
+
 std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     if (::rename(from.c_str(), to.c_str()) != 0) {

@@ -68,6 +68,18 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
     return error;
 }
 
+std::error_code flushFile(const std::filesystem::path& file)
+{
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return lastError();
+    }
+    const std::error_code error = FlushFileBuffers(handle) == 0 ? lastError() : std::error_code();
+    CloseHandle(handle);
+    return error;
+}
+
 std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;

@@ -130,4 +130,13 @@ Result<std::vector<Failure>> reloadDoubles(SoundCatalogue& catalogue,
     return takeDoubles(catalogue, *file);
 }
 
+Result<std::size_t> countSounds(const TextFile& file)
+{
+    const std::vector<NumberedLine> lines = soundLines(file);
+    if (const Problem problem = firstUnreadableLine(file, lines)) {
+        return *problem;
+    }
+    return lines.size();
+}
+
 } // namespace tavrel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/TextFile.h"
 #include "catalogue/SoundCatalogue.h"
 
 #include <filesystem>
@@ -34,5 +35,8 @@ Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources);
 // Reads only which sounds take part in an import; the lines stay. Gives the notices.
 Result<std::vector<Failure>> reloadDoubles(SoundCatalogue& catalogue,
                                            const std::filesystem::path& programFolder);
+
+// How many sounds a file like sounds.txt holds; a failure when one of its lines cannot be read.
+Result<std::size_t> countSounds(const TextFile& file);
 
 } // namespace tavrel

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tavrel_Files: unpacks the working files beside the program. Files that are already there stay.
+// Tavrel_Files: unpacks the working files beside the program. Files that are already there stay. From an
+// untouched level editor, it also takes the copies that the program restores.
 #include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
 #include "companion/EmbeddedFiles.h"
+#include "generation/ReferenceCopies.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -38,16 +40,47 @@ bool unpackInto(const fs::path& folder)
     return complete;
 }
 
-// Without the option, the folder of this program.
-std::optional<fs::path> programFolder(const std::vector<std::string>& arguments)
+bool takeCopies(const fs::path& levelEditor, const fs::path& folder)
 {
-    if (arguments.size() == 2 && arguments[0] == "--program-folder") {
-        return fs::path(std::u8string(arguments[1].begin(), arguments[1].end()));
+    const tavrel::TakenCopies taken = tavrel::takeReferenceCopies(levelEditor, folder);
+    for (const tavrel::BilingualText& text : taken.said) {
+        say(text);
     }
-    if (!arguments.empty()) {
-        return std::nullopt;
+    return taken.complete;
+}
+
+struct Options
+{
+    fs::path programFolder = tavrel::system::ownProgram().parent_path();
+    std::optional<fs::path> levelEditor; // what to take copies from
+};
+
+// Nothing when they cannot be understood.
+std::optional<Options> readOptions(const std::vector<std::string>& arguments)
+{
+    Options options;
+    for (std::size_t i = 0; i < arguments.size(); i += 2) {
+        if (i + 1 == arguments.size()) {
+            return std::nullopt;
+        }
+        const fs::path value = fs::path(std::u8string(arguments[i + 1].begin(), arguments[i + 1].end()));
+        if (arguments[i] == "--program-folder") {
+            options.programFolder = value;
+        } else if (arguments[i] == "--from") {
+            options.levelEditor = fs::absolute(value);
+        } else {
+            return std::nullopt;
+        }
     }
-    return tavrel::system::ownProgram().parent_path();
+    return options;
+}
+
+int endInTrouble()
+{
+#ifdef _WIN32
+    std::cin.get(); // the console window would close before anyone could read it
+#endif
+    return EXIT_FAILURE;
 }
 
 } // namespace
@@ -55,16 +88,16 @@ std::optional<fs::path> programFolder(const std::vector<std::string>& arguments)
 int main(int argc, char* argv[])
 {
     tavrel::system::useUtf8Console();
-    const std::optional<fs::path> folder = programFolder(tavrel::system::utf8Arguments(argc, argv));
-    if (!folder) {
-        std::cerr << "Usage: Tavrel_Files [--program-folder DIR]\n";
+    const std::optional<Options> options = readOptions(tavrel::system::utf8Arguments(argc, argv));
+    if (!options) {
+        std::cerr << "Usage: Tavrel_Files [--program-folder DIR] [--from LEVEL_EDITOR_FOLDER]\n";
         return EXIT_FAILURE;
     }
-    if (!unpackInto(*folder)) {
-#ifdef _WIN32
-        std::cin.get(); // the console window would close before anyone could read it
-#endif
-        return EXIT_FAILURE;
+    if (!unpackInto(options->programFolder)) {
+        return endInTrouble();
+    }
+    if (options->levelEditor) {
+        return takeCopies(*options->levelEditor, options->programFolder) ? EXIT_SUCCESS : endInTrouble();
     }
     say({"The working files of Tavrel are in place. Start Tavrel again.",
          "Les fichiers de travail de Tavrel sont en place. Relancez Tavrel."});

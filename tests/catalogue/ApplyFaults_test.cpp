@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A full disk, or the plug pulled, at every system call of an apply.
 #include "base/SafeFile.h"
+#include "support/FaultyProgram.h"
 #include "support/Files.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdlib>
-#include <map>
-#include <sstream>
 #include <sys/wait.h>
 
 using namespace tavrel;
@@ -17,20 +14,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Every call with which the program touches files or folders.
-const char* const tracedCalls =
-    "openat,read,write,close,fsync,rename,renameat2,fchmodat,chmod,mkdir,unlink,unlinkat,newfstatat,"
-    "getdents64,access,readlink,lseek,writev,statx,ftruncate";
-
 const std::string newLine = "LARA_FEET:\tother\tVOL44\t";
 const std::string firstBackupText = "the very first file\r\n";
 const std::string earlierCopyText = "; an earlier remark\r\n";
 const std::string oldRecord = "5,\"an older record\"\r\n";
-
-std::string quoted(const std::string& text)
-{
-    return "'" + text + "'";
-}
 
 struct Scenario
 {
@@ -77,31 +64,7 @@ protected:
     {
         fs::remove_all(work);
         fs::copy(start, work, fs::copy_options::recursive);
-        // Under strace the leak check of a sanitized build cannot run.
-        const std::string command = "ASAN_OPTIONS=detect_leaks=0 " + quoted(TAVREL_STRACE) + " -f -qq " +
-                                    straceOptions + " " + quoted(TAVREL_APPLY_ONCE) + " " +
-                                    quoted((work / "program").string()) + " " +
-                                    quoted((work / "creator").string()) + " " + quoted(newLine) + " >'" +
-                                    (root / "said").string() + "' 2>&1";
-        return std::system(command.c_str());
-    }
-
-    // How often an undisturbed run makes each call.
-    std::map<std::string, int> countCalls() const
-    {
-        const fs::path log = root / "calls";
-        const int status = run("-o " + quoted(log.string()) + " -e trace=" + tracedCalls);
-        EXPECT_EQ(status, 0) << readBytes(root / "said");
-        std::map<std::string, int> counts;
-        std::istringstream lines(readBytes(log));
-        for (std::string line; std::getline(lines, line);) {
-            const std::size_t start = line.find_first_not_of("0123456789 ");
-            const std::size_t end = line.find('(');
-            if (start < end && end != std::string::npos) {
-                ++counts[line.substr(start, end - start)];
-            }
-        }
-        return counts;
+        return program.run(straceOptions);
     }
 
     void expectWholeFile(const fs::path& file, std::initializer_list<std::string> contents) const
@@ -111,22 +74,11 @@ protected:
             << file << " holds " << bytes.size() << " bytes: " << bytes.substr(0, 100);
     }
 
-    // A sanitized build reads and writes for itself. It ends, with any status, when the fault strikes there,
-    // and says so.
-    bool hitTheSanitizer() const
-    {
-        const std::string said = readBytes(root / "said");
-        return std::ranges::any_of(
-            std::array{"CHECK failed: sanitizer_", "does not point to an object of type",
-                       "LeakSanitizer has encountered"},
-            [&said](const char* complaint) { return said.find(complaint) != std::string::npos; });
-    }
-
     void expectSoundFolders(int status) const
     {
         const fs::path creator = work / "creator";
         const fs::path records = work / "program" / "sounds";
-        if (GetParam().isKill ? status != 0 : hitTheSanitizer()) {
+        if (GetParam().isKill ? status != 0 : program.hitTheSanitizer()) {
             expectWholeFile(creator / "Sounds.txt", {oldText, newText});
         } else {
             EXPECT_TRUE(WIFEXITED(status)) << "the program crashed";
@@ -167,11 +119,14 @@ protected:
     std::string oldText;
     std::string newText;
     std::string newRecord;
+    FaultyProgram program{
+        {TAVREL_APPLY_ONCE, (work / "program").string(), (work / "creator").string(), newLine}, root.path()};
 };
 
 TEST_P(ApplyFaults, LeaveTheOldFileOrTheNewOneWhole)
 {
-    const std::map<std::string, int> counts = countCalls();
+    const auto runWith = [this](const std::string& options) { return run(options); };
+    const std::map<std::string, int> counts = program.countCalls(runWith);
     expectSoundFolders(0);
     EXPECT_TRUE(fs::exists(work / "creator" / "Orig_Sounds.txt"));
     expectWholeFile(work / "program" / "sounds" / "oasis.tor", {newRecord});
@@ -185,20 +140,10 @@ TEST_P(ApplyFaults, LeaveTheOldFileOrTheNewOneWhole)
     EXPECT_GE(counts.at("fsync"), 3);
     EXPECT_GE(counts.at("write"), 3);
 
-    int runs = 0;
-    int failures = 0;
-    for (const auto& [call, count] : counts) {
-        for (int n = 1; n <= count; ++n) {
-            SCOPED_TRACE(call + " number " + std::to_string(n));
-            const int status = run("-o /dev/null -e trace=" + call + " -e inject=" + call + ":" +
-                                   GetParam().fault + ":when=" + std::to_string(n));
-            expectSoundFolders(status);
-            ++runs;
-            failures += status == 0 ? 0 : 1;
-        }
-    }
-    EXPECT_GT(runs, 50);
-    EXPECT_GT(failures, runs / 4) << "the faults did not reach the program";
+    const FaultCounts faults = program.withEachFault(counts, GetParam().fault, runWith,
+                                                     [this](int status) { expectSoundFolders(status); });
+    EXPECT_GT(faults.runs, 50);
+    EXPECT_GT(faults.failures, faults.runs / 4) << "the faults did not reach the program";
 }
 
 INSTANTIATE_TEST_SUITE_P(EachCall, ApplyFaults,

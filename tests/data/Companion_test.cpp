@@ -61,6 +61,30 @@ TEST(Companion, KnowsItsOwnFolder)
 }
 #endif
 
+TEST(Companion, TakesCopiesFromALevelEditor)
+{
+    const DemoFolders demo;
+    const fs::path program = demo.root / "fresh";
+    fs::create_directory(program);
+    const auto take = [&demo, &program](const std::string& editor) {
+        return std::system(("\"" TAVREL_COMPANION "\" --from \"" + editor + "\" --program-folder \"" +
+                            program.string() + "\" >\"" + (demo.root / "said").string() + "\" 2>&1")
+                               .c_str());
+    };
+    std::string sounds = readBytes(demo.sounds);
+    sounds += "; a remark\r\n";
+    writeBytes(demo.sounds, sounds);
+    EXPECT_NE(take(demo.levelEditor.string()), 0) << "the demo has no stock samples";
+    EXPECT_EQ(readBytes(program / "Tavrel.tos"), sounds);
+    EXPECT_EQ(namesIn(program), (std::vector<std::string>{"Tavrel.tod", "Tavrel.too", "Tavrel.tos",
+                                                          "Tavrel.tow", "Tavrel_copy1.tos"}));
+    const std::string said = readBytes(demo.root / "said");
+    for (const char* part : {"[Tavrel.tos] is taken from", "[Tavrel.tos] est pris dans",
+                             "[Samples_ORIG] is not filled", "[SFX_ORIG] n'est pas rempli"}) {
+        EXPECT_NE(said.find(part), std::string::npos) << part;
+    }
+}
+
 TEST(Companion, SaysWhenItCannot)
 {
     const TemporaryFolder root;

@@ -1,9 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/System.h"
 #include "demo/DemoFolder.h"
 
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+
+namespace {
+
+// Where the stand-in for the level editor's tool was built, the demo folder can generate.
+void addTool(const std::filesystem::path& levelEditor)
+{
+    constexpr const char* name = "pcwadsfx.exe";
+    const std::filesystem::path tool = tavrel::system::ownProgram().parent_path() / name;
+    if (std::filesystem::exists(tool)) {
+        std::filesystem::copy_file(tool, levelEditor / "sound" / "LevelSFX Creator" / name,
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+}
+
+} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -17,6 +33,7 @@ int main(int argc, char* argv[])
     const std::filesystem::path target = argv[2];
     try {
         tavrel::makeLevelEditorFolder(target / "trle", data, tavrel::DemoSamples::All);
+        addTool(target / "trle");
         tavrel::makeProgramFolder(target / "program", data, target / "trle");
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

@@ -1,0 +1,416 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "generation/ReferenceCopies.h"
+
+#include "base/CodePage.h"
+#include "base/FailureTexts.h"
+#include "base/SafeFile.h"
+#include "base/System.h"
+#include "base/TextFile.h"
+#include "catalogue/ApplyChanges.h"
+#include "catalogue/CatalogueLoading.h"
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t stockSounds = 370;
+
+fs::path withSuffix(fs::path folder, std::string_view suffix)
+{
+    return folder += suffix;
+}
+
+fs::path freeName(const fs::path& folder)
+{
+    std::error_code ignored;
+    fs::path name;
+    int number = 0;
+    do {
+        name = withSuffix(folder, "_" + std::to_string(++number));
+    } while (fs::exists(fs::symlink_status(name, ignored)));
+    return name;
+}
+
+// With the read-only files in it.
+void removeFolder(const fs::path& folder)
+{
+    std::error_code ignored;
+    for (fs::directory_iterator it(folder, ignored); it != fs::directory_iterator(); it.increment(ignored)) {
+        if (ignored) {
+            break;
+        }
+        fs::permissions(it->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+    }
+    fs::remove_all(folder, ignored);
+}
+
+bool isAmong(const std::vector<FolderEntry>& entries, const std::string& name)
+{
+    return std::ranges::any_of(entries, [&](const FolderEntry& entry) { return sameName(entry.name, name); });
+}
+
+// One run of replaceFiles().
+class Replacement
+{
+public:
+    Replacement(const std::vector<FolderEntry>& files, const fs::path& folder)
+        : m_files(files), m_folder(folder), m_incoming(withSuffix(folder, "_incoming")),
+          m_replaced(withSuffix(folder, "_replaced"))
+    {}
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+    ~Replacement() { removeFolder(m_incoming); }
+
+    Problem stage(Progress& progress)
+    {
+        const Result<FolderSize> wanted = sizeOf(m_files);
+        if (!wanted) {
+            return wanted.failure();
+        }
+        std::error_code error;
+        m_wasInterrupted = fs::exists(m_incoming, error);
+        removeFolder(m_incoming);
+        fs::create_directory(m_incoming, error);
+        if (error) {
+            return cannotWrite(m_incoming, error);
+        }
+        for (std::size_t i = 0; i < m_files.size() && !error; ++i) {
+            progress.show(i, steps());
+            error = copyIn(m_files[i].path);
+        }
+        // All in a row: one after each copy would take many times as long.
+        for (std::size_t i = 0; i < m_files.size() && !error; ++i) {
+            progress.show(m_files.size() + i, steps());
+            error = system::flushFile(m_incoming / m_files[i].path.filename());
+        }
+        if (error) {
+            return cannotWrite(m_incoming, error);
+        }
+        return checkCopies(*wanted);
+    }
+
+    // A copy and a flush for each file.
+    std::size_t steps() const { return 2 * m_files.size(); }
+
+    Problem moveIn(const std::vector<FolderEntry>& oldFiles)
+    {
+        const std::error_code error = moveAll(oldFiles);
+        if (!error) {
+            if (!m_wasInterrupted) { // else it holds what nobody has seen yet
+                removeFolder(m_setAside);
+            }
+            return std::nullopt;
+        }
+        moveBack();
+        return cannotWrite(m_folder, error);
+    }
+
+private:
+    // Without the read-only mark that the file may have.
+    std::error_code copyIn(const fs::path& file) const
+    {
+        const fs::path copy = m_incoming / file.filename();
+        std::error_code error;
+        fs::copy_file(file, copy, error);
+        if (!error) {
+            fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add, error);
+        }
+        return error;
+    }
+
+    Problem checkCopies(const FolderSize& wanted) const
+    {
+        const Result<std::vector<FolderEntry>> copies = filesIn(m_incoming);
+        if (!copies) {
+            return copies.failure();
+        }
+        const Result<FolderSize> size = sizeOf(*copies);
+        if (!size || *size != wanted) {
+            return cannotWrite(m_incoming, std::make_error_code(std::errc::io_error));
+        }
+        return std::nullopt;
+    }
+
+    std::error_code moveAll(const std::vector<FolderEntry>& oldFiles)
+    {
+        std::error_code error;
+        fs::create_directory(m_folder, error);
+        if (!error && fs::exists(m_replaced, error)) {
+            m_setAside = freeName(m_replaced);
+            fs::rename(m_replaced, m_setAside, error);
+        }
+        if (!error && !oldFiles.empty()) {
+            fs::create_directory(m_replaced, error);
+        }
+        for (std::size_t i = 0; i < oldFiles.size() && !error; ++i) {
+            error = move(oldFiles[i].path, m_replaced / oldFiles[i].path.filename());
+        }
+        for (std::size_t i = 0; i < m_files.size() && !error; ++i) {
+            const fs::path name = m_files[i].path.filename();
+            error = move(m_incoming / name, m_folder / name);
+        }
+        return error;
+    }
+
+    std::error_code move(const fs::path& from, const fs::path& to)
+    {
+        std::error_code error;
+        fs::rename(from, to, error);
+        if (!error) {
+            m_moved.push_back({from, to});
+        }
+        return error;
+    }
+
+    void moveBack()
+    {
+        std::error_code ignored;
+        for (auto it = m_moved.rbegin(); it != m_moved.rend(); ++it) {
+            fs::rename(it->to, it->from, ignored);
+        }
+        fs::remove(m_replaced, ignored); // stays when something is left in it
+        if (!m_setAside.empty() && !fs::exists(m_replaced, ignored)) {
+            fs::rename(m_setAside, m_replaced, ignored);
+        }
+    }
+
+    struct Move
+    {
+        fs::path from;
+        fs::path to;
+    };
+
+    const std::vector<FolderEntry>& m_files;
+    fs::path m_folder;
+    fs::path m_incoming;
+    fs::path m_replaced;
+    fs::path m_setAside; // what was replaced the time before
+    bool m_wasInterrupted = false;
+    std::vector<Move> m_moved;
+};
+
+// The old files, and whatever else has the name of a new one: hidden files, too, must not be written over.
+Result<std::vector<FolderEntry>> allThatLeave(const std::vector<FolderEntry>& files, const fs::path& folder,
+                                              const std::vector<FolderEntry>& oldFiles)
+{
+    std::vector<FolderEntry> leaving = oldFiles;
+    std::error_code error;
+    if (!fs::exists(folder, error) && !error) {
+        return leaving;
+    }
+    const Result<std::vector<FolderEntry>> present = listFolder(folder);
+    if (!present) {
+        return present.failure();
+    }
+    std::ranges::copy_if(*present, std::back_inserter(leaving), [&](const FolderEntry& entry) {
+        return entry.isFile && isAmong(files, entry.name) && !isAmong(oldFiles, entry.name);
+    });
+    return leaving;
+}
+
+BilingualText sizeText(const FolderSize& size)
+{
+    const std::string files = std::to_string(size.files);
+    const std::string bytes = std::to_string(size.bytes);
+    return {files + " files and " + bytes + " bytes", files + " fichiers et " + bytes + " octets"};
+}
+
+// Nobody waits at a window for these copies.
+class NoProgress : public Progress
+{
+public:
+    bool show(std::size_t /*done*/, std::size_t /*total*/) override { return true; }
+};
+
+void left(TakenCopies& taken, std::string_view name, const BilingualText& why)
+{
+    taken.complete = false;
+    taken.said.push_back(BilingualText("[" + std::string(name) + "] is not filled: ",
+                                       "[" + std::string(name) + "] n'est pas rempli : ") +
+                         why);
+}
+
+void tookFrom(TakenCopies& taken, std::string_view name, const fs::path& source)
+{
+    taken.said.push_back(BilingualText("[" + std::string(name) + "] is taken from ",
+                                       "[" + std::string(name) + "] est pris dans ") +
+                         displayPath(source));
+}
+
+void wasThere(TakenCopies& taken, std::string_view name)
+{
+    taken.said.push_back(BilingualText("[" + std::string(name) + "] is complete and was left as it is",
+                                       "[" + std::string(name) + "] est complet et reste tel quel"));
+}
+
+bool isComplete(const fs::path& folder, const FolderSize& wanted)
+{
+    const Result<std::vector<FolderEntry>> files = filesIn(folder);
+    const Result<FolderSize> size = files ? sizeOf(*files) : Result<FolderSize>(files.failure());
+    return size && *size == wanted;
+}
+
+void takeFolder(TakenCopies& taken, const ReferenceFolder& reference, const fs::path& programFolder,
+                const fs::path& source, bool stockLevelsOnly)
+{
+    const fs::path target = fileIn(programFolder, reference.name);
+    if (isComplete(target, reference.size)) {
+        wasThere(taken, reference.name);
+        return;
+    }
+    Result<std::vector<FolderEntry>> files = filesIn(source);
+    if (files && stockLevelsOnly) {
+        *files = stockLevelFiles(*files);
+    }
+    const Result<FolderSize> size = files ? sizeOf(*files) : Result<FolderSize>(files.failure());
+    if (!size) {
+        left(taken, reference.name, size.failure().text);
+        return;
+    }
+    if (*size != reference.size) {
+        left(taken, reference.name,
+             BilingualText::same(displayPath(source)) + BilingualText(" holds ", " contient ") +
+                 sizeText(*size) +
+                 BilingualText(", an untouched installation ", ", une installation intacte ") +
+                 sizeText(reference.size));
+        return;
+    }
+    const Result<std::vector<FolderEntry>> oldFiles = filesIn(target);
+    NoProgress progress;
+    const Problem problem = oldFiles ? replaceFiles(*files, target, *oldFiles, progress) : oldFiles.failure();
+    if (problem) {
+        left(taken, reference.name, problem->text);
+        return;
+    }
+    tookFrom(taken, reference.name, source);
+}
+
+void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::path& creatorFolder)
+{
+    const fs::path source =
+        findFile(creatorFolder, firstBackupName).value_or(fileIn(creatorFolder, soundsFileName));
+    const Result<TextFile> text = readTextFile(source);
+    const Result<std::size_t> sounds = text ? countSounds(*text) : Result<std::size_t>(text.failure());
+    if (!sounds) {
+        left(taken, originalLinesFileName, sounds.failure().text);
+        return;
+    }
+    if (*sounds != stockSounds) {
+        const std::string count = std::to_string(*sounds);
+        left(taken, originalLinesFileName,
+             BilingualText::same(displayPath(source)) +
+                 BilingualText(" has " + count + " sounds, an untouched one 370",
+                               " contient " + count + " sons, un fichier intact 370"));
+        return;
+    }
+    const fs::path target = fileIn(programFolder, originalLinesFileName);
+    const Result<FileContent> bytes = readFile(source);
+    const Result<FileContent> old = readFile(target);
+    if (old && bytes && old->bytes == bytes->bytes) {
+        wasThere(taken, originalLinesFileName);
+        return;
+    }
+    Problem problem = bytes ? std::nullopt : Problem(bytes.failure());
+    if (!problem && old) {
+        const Result<fs::path> kept = keepCopyBeside(target, old->bytes);
+        problem = kept ? std::nullopt : Problem(kept.failure());
+    }
+    if (!problem) {
+        problem = writeFileSafely(target, bytes->bytes);
+    }
+    if (problem) {
+        left(taken, originalLinesFileName, problem->text);
+        return;
+    }
+    tookFrom(taken, originalLinesFileName, source);
+}
+
+} // namespace
+
+Result<std::vector<FolderEntry>> filesIn(const fs::path& folder)
+{
+    std::error_code error;
+    if (!fs::exists(folder, error) && !error) {
+        return std::vector<FolderEntry>();
+    }
+    Result<std::vector<FolderEntry>> entries = listFolder(folder);
+    if (entries) {
+        std::erase_if(*entries,
+                      [](const FolderEntry& entry) { return !entry.isFile || system::isHidden(entry.path); });
+    }
+    return entries;
+}
+
+std::vector<FolderEntry> stockLevelFiles(const std::vector<FolderEntry>& files)
+{
+    std::vector<FolderEntry> result;
+    for (const std::string_view ending : {".sam", ".sfx"}) {
+        for (const std::string_view level : stockLevels) {
+            const std::string name = std::string(level).append(ending);
+            std::ranges::copy_if(files, std::back_inserter(result),
+                                 [&](const FolderEntry& file) { return sameName(file.name, name); });
+        }
+    }
+    return result;
+}
+
+Result<FolderSize> sizeOf(const std::vector<FolderEntry>& files)
+{
+    if (files.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) {
+        return Failure{{"There are too many files.", "Il y a trop de fichiers."}};
+    }
+    std::uintmax_t bytes = 0;
+    constexpr auto most = static_cast<std::uintmax_t>(std::numeric_limits<std::int32_t>::max());
+    for (const FolderEntry& file : files) {
+        std::error_code error;
+        const std::uintmax_t size = fs::file_size(file.path, error);
+        if (error) {
+            return cannotRead(file.path, error);
+        }
+        if (size > most - bytes) {
+            return Failure{{"The files are too large.", "Les fichiers sont trop grands."}};
+        }
+        bytes += size;
+    }
+    return FolderSize{static_cast<std::int16_t>(files.size()), static_cast<std::int32_t>(bytes)};
+}
+
+Problem replaceFiles(const std::vector<FolderEntry>& files, const fs::path& folder,
+                     const std::vector<FolderEntry>& oldFiles, Progress& progress)
+{
+    // Beside the folder itself, not beside a link to it: a move must stay on its disk.
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(folder, error);
+    if (error) {
+        return cannotWrite(folder, error);
+    }
+    Result<std::vector<FolderEntry>> leaving = allThatLeave(files, real, oldFiles);
+    if (!leaving) {
+        return leaving.failure();
+    }
+    Replacement replacement(files, real);
+    Problem problem = replacement.stage(progress);
+    if (!problem) {
+        problem = replacement.moveIn(*leaving);
+    }
+    progress.show(replacement.steps(), replacement.steps());
+    return problem;
+}
+
+TakenCopies takeReferenceCopies(const fs::path& levelEditorFolder, const fs::path& programFolder)
+{
+    TakenCopies taken;
+    takeCatalogue(taken, programFolder, folderIn(levelEditorFolder, {"sound", "LevelSFX Creator"}));
+    takeFolder(taken, samplesReference, programFolder, folderIn(levelEditorFolder, {"sound", "Samples"}),
+               false);
+    takeFolder(taken, sfxReference, programFolder, folderIn(levelEditorFolder, {"graphics", "wads"}), true);
+    return taken;
+}
+
+} // namespace tavrel

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "generation/RestoreDefaults.h"
+
+#include "base/Folder.h"
+#include "base/SafeFile.h"
+#include "base/TextFile.h"
+#include "catalogue/CatalogueLoading.h"
+#include "generation/ReferenceCopies.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const BilingualText aborted("Restore function aborted", "Fonction de restauration annulée");
+
+// The failure's texts but for the last one, which is always the same.
+using Refusal = std::optional<BilingualText>;
+
+Refusal restoreCatalogue(const RestoreContext& context)
+{
+    const std::optional<fs::path> original = findFile(context.programFolder, originalLinesFileName);
+    if (!original) {
+        return BilingualText("No defaults found. Check your installation of Tavrel.",
+                             "Aucun fichier d'origine trouvé. Vérifier l'installation de Tavrel.");
+    }
+    const Result<FileContent> content = readFile(*original);
+    if (!content) {
+        return content.failure().text;
+    }
+    const std::optional<fs::path> present = findEntry(context.creatorFolder, soundsFileName);
+    if (present) {
+        const Result<FileContent> old = readFile(*present);
+        if (!old) {
+            return old.failure().text;
+        }
+        // A second restore must not push out what the first one replaced.
+        if (old->bytes != content->bytes) {
+            const fs::path kept = fileIn(context.creatorFolder, replacedCatalogueName);
+            if (const Problem problem = writeFileSafely(kept, old->bytes)) {
+                return problem->text;
+            }
+        }
+    }
+    const fs::path target = present.value_or(context.creatorFolder / soundsFileName);
+    const Problem problem = writeFileSafely(target, content->bytes);
+    return problem ? Refusal(problem->text) : std::nullopt;
+}
+
+struct FolderRestore
+{
+    const ReferenceFolder& reference;
+    fs::path target;
+    bool stockLevelsOnly; // else everything in the target goes
+    BilingualText trouble;
+    BilingualText referenceNeeded;
+};
+
+BilingualText sizeNeeded(const ReferenceFolder& reference)
+{
+    const std::string name(reference.name);
+    const std::string files = std::to_string(reference.size.files);
+    const std::string bytes = std::to_string(reference.size.bytes);
+    return {"You must have a \\" + name + " directory installed in Tavrel directory with " + files +
+                " files and " + bytes + " bytes.\nCheck Your Tavrel installation.",
+            "Vous devriez avoir un répertoire \\" + name +
+                " installé dans le même répertoire que Tavrel avec " + files + " fichiers et " + bytes +
+                " octets.\nVérifiez votre installation de Tavrel."};
+}
+
+Refusal restoreFolder(const FolderRestore& restore, const RestoreContext& context)
+{
+    const BilingualText trapped = restore.trouble + "\n" + restore.referenceNeeded;
+    const Result<std::vector<FolderEntry>> files =
+        filesIn(fileIn(context.programFolder, restore.reference.name));
+    const Result<FolderSize> size = files ? sizeOf(*files) : Result<FolderSize>(files.failure());
+    if (!size) {
+        return trapped;
+    }
+    if (*size != restore.reference.size) {
+        return sizeNeeded(restore.reference);
+    }
+    Result<std::vector<FolderEntry>> oldFiles = filesIn(restore.target);
+    if (!oldFiles) {
+        return trapped;
+    }
+    if (restore.stockLevelsOnly) {
+        *oldFiles = stockLevelFiles(*oldFiles);
+    }
+    const Problem problem = replaceFiles(*files, restore.target, *oldFiles, context.progress);
+    return problem ? Refusal(trapped) : std::nullopt;
+}
+
+Refusal restoreSamples(const RestoreContext& context)
+{
+    context.stopPlayback();
+    return restoreFolder(
+        {samplesReference,
+         context.samplesFolder,
+         false,
+         {"A problem occured when restoring original samples directory.",
+          "Un problème a été rencontré durant la restauration du répertoire samples d'origine."},
+         {"You must have a \\Samples_ORIG directory installed in Tavrel directory.",
+          "Vous devriez avoir un répertoire \\Samples_ORIG installé dans le même répertoire que Tavrel"}},
+        context);
+}
+
+Refusal restoreSfx(const RestoreContext& context)
+{
+    return restoreFolder(
+        {sfxReference,
+         context.wadsFolder,
+         true,
+         {"A problem occured when restoring original SAM/SFX files.",
+          "Un problème a été rencontré durant la restauration des fichiers SAM/SFX d'origine."},
+         {"You must have a \\SFX_ORIG directory installed in Tavrel directory.",
+          "Vous devriez avoir un répertoire \\SFX_ORIG installé dans le même répertoire que Tavrel"}},
+        context);
+}
+
+// True when it is done; else the user knows why not.
+bool said(const Refusal& refusal, Dialogs& dialogs)
+{
+    if (refusal) {
+        dialogs.show({MessageIcon::Critical, restoreTitle(), *refusal + "\n" + aborted});
+    }
+    return !refusal;
+}
+
+void sayComplete(const RestoreChoice& choice, Dialogs& dialogs)
+{
+    BilingualText text("Restore of following elements :\n", "Restauration des éléments suivants :\n");
+    const struct
+    {
+        bool done;
+        BilingualText name;
+    } elements[] = {{choice.catalogue, {"- [Sounds.txt] File\n", "- Fichier [Sounds.txt]\n"}},
+                    {choice.samples, {"- [\\Samples] Directory\n", "- Répertoire [\\Samples]\n"}},
+                    {choice.sfx, {"- [SAM/SFX] Files\n", "- Fichiers [SAM/SFX]\n"}}};
+    for (const auto& [done, name] : elements) {
+        text += done ? name : BilingualText();
+    }
+    dialogs.show({MessageIcon::Information, restoreTitle(), text + BilingualText("complete.", "Terminée.")});
+}
+
+} // namespace
+
+const BilingualText& restoreTitle()
+{
+    static const BilingualText title("Restore", "Restaurer");
+    return title;
+}
+
+bool requireChoice(const RestoreChoice& choice, Dialogs& dialogs)
+{
+    if (!choice.any()) {
+        dialogs.show({MessageIcon::Exclamation,
+                      restoreTitle(),
+                      {"Choose what to restore", "Choisissez ce que vous voulez restaurer"}});
+    }
+    return choice.any();
+}
+
+RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext& context)
+{
+    RestoreResult result;
+    if (choice.catalogue) {
+        result.catalogueReplaced = said(restoreCatalogue(context), context.dialogs);
+        if (!result.catalogueReplaced) {
+            return result;
+        }
+    }
+    if ((choice.samples && !said(restoreSamples(context), context.dialogs)) ||
+        (choice.sfx && !said(restoreSfx(context), context.dialogs))) {
+        return result;
+    }
+    result.complete = true;
+    if (choice.any()) {
+        sayComplete(choice, context.dialogs);
+    }
+    return result;
+}
+
+} // namespace tavrel

@@ -1,0 +1,415 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "generation/SfxGeneration.h"
+
+#include "base/CodePage.h"
+#include "base/Folder.h"
+#include "base/SafeFile.h"
+#include "base/System.h"
+#include "base/TextFile.h"
+#include "catalogue/SoundLine.h"
+#include "references/LetterCommands.h"
+#include "samples/SampleFormat.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view batchFileName = "CreateSFX.bat";
+constexpr std::string_view outputFileName = "CreateSFX.log";
+constexpr std::string_view letterOfAllLevels = "#g";
+
+bool isFolder(const fs::path& path)
+{
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
+bool hasEnding(std::string_view name, std::string_view ending)
+{
+    return name.size() >= ending.size() && sameName(name.substr(name.size() - ending.size()), ending);
+}
+
+// One word to the command interpreter, which also reads batch files in another code page than the files' own.
+bool isOneWord(std::string_view text)
+{
+    static constexpr std::string_view special = "&|<>^%\"'";
+    return std::ranges::all_of(text, [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte > 0x20 && byte < 0x7F && special.find(c) == std::string_view::npos;
+    });
+}
+
+// The interpreter cannot stand in a network folder.
+bool canBeCurrentFolder(const fs::path& folder)
+{
+    const fs::path::string_type& path = folder.native();
+    const auto isSeparator = [](fs::path::value_type c) { return c == '/' || c == '\\'; };
+    const bool isNetwork = path.size() > 1 && isSeparator(path[0]) && isSeparator(path[1]);
+    return folder.is_absolute() && !isNetwork && isFolder(folder);
+}
+
+BilingualText impossible(const fs::path& folder)
+{
+    return BilingualText("Impossible to create SFX files from folder\n",
+                         "Impossible de créer les SFX à partir du répertoire\n") +
+           displayPath(folder) +
+           BilingualText("\nCheck your user authorizations for this folder",
+                         "\nVérifiez vos autorisations utilisateur concernant ce répertoire");
+}
+
+struct SampleOfWad
+{
+    std::string name;
+    std::optional<fs::path> file; // none is no fault: the tool itself will meet that
+};
+
+std::vector<SampleOfWad> samplesOfWad(const SoundCatalogue& catalogue, const CurrentWad& wad,
+                                      const fs::path& samplesFolder)
+{
+    const Result<std::vector<FolderEntry>> files = listFolder(samplesFolder);
+    std::vector<SampleOfWad> samples;
+    for (std::size_t i = 0; i < catalogue.size(); ++i) {
+        const std::string& line = catalogue.currentLine(i);
+        if (line.find("#" + wad.letter) == std::string::npos &&
+            line.find(letterOfAllLevels) == std::string::npos) {
+            continue;
+        }
+        for (const std::string& name : ParseSoundLine(line).Samples) {
+            if (name.empty() || name.front() == ' ') {
+                continue;
+            }
+            const auto entry = files ? findIn(*files, name + ".wav") : std::nullopt;
+            const bool isThere = entry && entry->isFile && !system::isHidden(entry->path);
+            samples.push_back({name, isThere ? std::optional(entry->path) : std::nullopt});
+        }
+    }
+    return samples;
+}
+
+// The interpreter repeats each command behind its prompt ("Z:\folder>").
+bool isPromptOrEmpty(std::string_view line)
+{
+    return line.find_first_not_of(" \t") == std::string_view::npos ||
+           (line.substr(1).starts_with(":\\") && line.find('>') != std::string_view::npos);
+}
+
+// The end of what the tool said.
+std::string lastWords(const fs::path& output)
+{
+    const Result<FileContent> content = readFile(output);
+    if (!content) {
+        return {};
+    }
+    constexpr std::size_t mostShown = 8;
+    const TextFile file{output, content->bytes, false, content->stamp};
+    std::vector<std::string_view> lines = file.lines();
+    std::erase_if(lines, isPromptOrEmpty);
+    std::string text;
+    for (std::size_t i = lines.size() - std::min(lines.size(), mostShown); i < lines.size(); ++i) {
+        text += "\n" + utf8FromCodePage(lines[i]);
+    }
+    return text;
+}
+
+} // namespace
+
+const BilingualText& generationTitle()
+{
+    static const BilingualText title("Generate SFX", "Générer SFX");
+    return title;
+}
+
+std::string generationBatch(const CurrentWad& wad)
+{
+    return "pcwadsfx " + wad.wadName + " " + wad.letter + "\r\n" +
+           "copy *.sam ..\\..\\graphics\\wads\r\n"
+           "copy *.sfx ..\\..\\graphics\\wads\r\n"
+           "del *.sam\r\n"
+           "del *.sfx\r\n"
+           "pause\r\n";
+}
+
+std::optional<std::string> findWrongSample(const SoundCatalogue& catalogue, const CurrentWad& wad,
+                                           const fs::path& samplesFolder, Progress& progress)
+{
+    const std::string wadName = utf8FromCodePage(wad.wadName);
+    const std::vector<SampleOfWad> samples = samplesOfWad(catalogue, wad, samplesFolder);
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        const std::string file = "[" + utf8FromCodePage(samples[i].name) + ".wav]...";
+        progress.say({"Generating " + wadName + "] SFX files - checking sample integrity : " + file,
+                      "Génération des fichiers SFX de [" + wadName +
+                          "] - contrôle de l'intégrité du sample : " + file});
+        progress.show(i, samples.size());
+        if (samples[i].file && !CheckSampleFormatDetailed(*samples[i].file).valid()) {
+            return samples[i].name;
+        }
+    }
+    progress.show(samples.size(), samples.size());
+    return std::nullopt;
+}
+
+Message wrongSamplesMessage()
+{
+    return {MessageIcon::Critical,
+            generationTitle(),
+            {"Some samples are in the wrong format\n"
+             "Generating SFX Files aborted\n"
+             "Please check the entire \\Samples directory. Click on [OK] to proceed",
+             "Certains samples ne sont pas au bon format\n"
+             "Génération des Fichiers SFX annulée\n"
+             "Veuillez analyser le répertoire \\Samples entièrement. Cliquez sur [OK] pour ce faire"}};
+}
+
+SfxGeneration::~SfxGeneration()
+{
+    // The interpreter reads it line by line: taken away too early, the results would never be copied.
+    if (m_phase != Phase::Idle && (m_running->hasEnded() || hasResults())) {
+        removeBatchFile();
+    }
+}
+
+SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Progress& progress,
+                                          Clock::time_point now)
+{
+    look(now); // the console of the last one may have been closed just now
+    if (!mayBegin(request) || !confirm(request) || !mayMoveOtherFiles(request)) {
+        return Begun::NotStarted;
+    }
+    if (findWrongSample(request.catalogue, request.wad, request.samplesFolder, progress)) {
+        return Begun::WrongSample;
+    }
+    return start(request, now) ? Begun::Started : Begun::NotStarted;
+}
+
+bool SfxGeneration::mayBegin(const GenerationRequest& request)
+{
+    if (!RequireCurrentReference(request.wad, generationTitle(), m_dialogs)) {
+        return false;
+    }
+    if (m_phase != Phase::Idle) {
+        refuse({"The last generation has not ended yet: its console window is still open. Close it first.",
+                "La génération précédente n'est pas terminée : sa fenêtre de console est encore ouverte. "
+                "Fermez-la d'abord."});
+        return false;
+    }
+    if (!isOneWord(request.wad.wadName) || !isPlainFileName(request.wad.wadName) ||
+        !isOneWord(request.wad.letter)) {
+        refuse(
+            BilingualText("The tool of the level editor cannot be called for\n",
+                          "L'outil de l'éditeur de niveaux ne peut pas être appelé pour\n") +
+            ("[" + utf8FromCodePage(request.wad.wadName) + "] [" + utf8FromCodePage(request.wad.letter) +
+             "]") +
+            BilingualText("\nA blank, an accented letter or one of & | < > ^ % \" ' in the name of the WAD "
+                          "or in its letter would be misread. Rename it.",
+                          "\nUn espace, une lettre accentuée ou l'un des caractères & | < > ^ % \" ' dans "
+                          "le nom du WAD ou dans sa lettre serait mal lu. Renommez-le."));
+        return false;
+    }
+    if (const Problem missing = m_runner.whatIsMissing()) {
+        refuse(missing->text);
+        return false;
+    }
+    if (!isFolder(request.wadsFolder)) {
+        refuse(BilingualText("There is no folder for the results:\n",
+                             "Il n'y a pas de répertoire pour les résultats :\n") +
+               displayPath(request.wadsFolder));
+        return false;
+    }
+    return true;
+}
+
+bool SfxGeneration::confirm(const GenerationRequest& request)
+{
+    if (request.hasUnappliedChanges) {
+        refuse({"Modifications not applied.", "Modifications non appliquées."});
+    }
+    const std::string wadName = utf8FromCodePage(request.wad.wadName);
+    const Question question{
+        generationTitle(),
+        {"Confirm generation\n" + wadName + ".SAM and .SFX files will be created from [sounds.txt]",
+         "Confirmer la génération\nLes fichiers " + wadName +
+             ".SAM et .SFX seront créés en fonction de [sounds.txt]"},
+        Buttons::OkCancel};
+    return m_dialogs.ask(question) == Answer::Ok;
+}
+
+// The batch file moves whatever lies beside it.
+bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
+{
+    std::string others;
+    for (const std::string_view ending : {".sam", ".sfx"}) {
+        const std::string own = request.wad.wadName + std::string(ending);
+        for (const FileState& state : filesOf(request.creatorFolder, ending)) {
+            const std::string name = codePagePath(state.file.filename()).bytes;
+            if (!sameName(name, own)) {
+                others += "\n" + utf8FromCodePage(name);
+            }
+        }
+    }
+    if (others.empty()) {
+        return true;
+    }
+    const Question question{
+        generationTitle(),
+        BilingualText("Files of other levels lie beside the tool:", "Des fichiers d'autres niveaux se "
+                                                                    "trouvent à côté de l'outil :") +
+            others +
+            BilingualText("\nThe generation would replace those of the same names in this folder, and delete "
+                          "them where they are now. Go on?\n",
+                          "\nLa génération remplacerait ceux du même nom dans ce répertoire et les "
+                          "effacerait de leur place actuelle. Continuer ?\n") +
+            displayPath(request.wadsFolder),
+        Buttons::YesNo, true};
+    return m_dialogs.ask(question) == Answer::Yes;
+}
+
+bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point now)
+{
+    m_batchFile = fileIn(request.creatorFolder, batchFileName);
+    if (!canBeCurrentFolder(request.creatorFolder) ||
+        writeFileSafely(m_batchFile, generationBatch(request.wad))) {
+        refuse(impossible(request.creatorFolder), MessageIcon::Critical);
+        return false;
+    }
+    m_output = request.programFolder / outputFileName;
+    m_wadsFolder = request.wadsFolder;
+    m_wadName = request.wad.wadName;
+    m_resultsBefore = resultsOf(m_wadsFolder, m_wadName);
+    std::error_code ignored;
+    fs::remove(m_output, ignored);
+    Result<std::unique_ptr<RunningBatch>> running = m_runner.start(m_batchFile, m_output);
+    if (!running) {
+        removeBatchFile();
+        refuse(impossible(request.creatorFolder), MessageIcon::Critical);
+        return false;
+    }
+    m_running = std::move(*running);
+    m_phase = Phase::Waiting;
+    m_lastSeen.clear();
+    m_lastChange = now;
+    m_summary = {};
+    return true;
+}
+
+SfxGeneration::Phase SfxGeneration::look(Clock::time_point now)
+{
+    if (m_phase == Phase::Waiting) {
+        // The batch file deletes the .sfx file only after it was copied.
+        const FileStates files = filesOf(m_batchFile.parent_path(), ".sfx");
+        if (files.empty() || wantsToStop(files, now)) {
+            m_phase = Phase::ConsoleOpen;
+        }
+    }
+    if (m_phase == Phase::ConsoleOpen && m_running->hasEnded()) {
+        end();
+    }
+    return m_phase;
+}
+
+// A console that was closed too early leaves them there for ever.
+bool SfxGeneration::wantsToStop(const FileStates& files, Clock::time_point now)
+{
+    if (files != m_lastSeen) {
+        m_lastSeen = files;
+        m_lastChange = now;
+        return false;
+    }
+    if (now - m_lastChange < (m_running->hasEnded() ? patienceAfterTheEnd : patience)) {
+        return false;
+    }
+    m_lastChange = now;
+    std::string names;
+    for (const FileState& state : files) {
+        names += "\n" + displayPath(state.file);
+    }
+    const Question question{
+        generationTitle(),
+        BilingualText(
+            "These files wait to be copied to the WADs, and nothing happens to them. Was the console "
+            "window closed too early?",
+            "Ces fichiers attendent d'être copiés dans le répertoire des WADs et rien ne se passe. "
+            "La fenêtre de console a-t-elle été fermée trop tôt ?") +
+            names + BilingualText("\nStop waiting?", "\nArrêter d'attendre ?"),
+        Buttons::YesNo};
+    return m_dialogs.ask(question) == Answer::Yes;
+}
+
+void SfxGeneration::end()
+{
+    removeBatchFile();
+    m_running.reset();
+    m_phase = Phase::Idle;
+    const std::string name = utf8FromCodePage(m_wadName);
+    if (hasResults()) {
+        m_summary = {"The .SAM and .SFX files of [" + name + "] are generated",
+                     "Les fichiers .SAM et .SFX de [" + name + "] sont générés"};
+        return;
+    }
+    m_summary = {"No new .SAM and .SFX files of [" + name + "]",
+                 "Pas de nouveaux fichiers .SAM et .SFX de [" + name + "]"};
+    // Without a console window, nobody has read it.
+    const std::string said = lastWords(m_output);
+    if (!said.empty()) {
+        refuse(m_summary +
+               BilingualText("\nThe last words of the tool:", "\nLes derniers mots de l'outil :") + said);
+    }
+}
+
+// New files of the WAD, not what was there before.
+bool SfxGeneration::hasResults() const
+{
+    const FileStates results = resultsOf(m_wadsFolder, m_wadName);
+    return results.size() == 2 && std::ranges::none_of(results, [this](const FileState& state) {
+               return std::ranges::find(m_resultsBefore, state) != m_resultsBefore.end();
+           });
+}
+
+void SfxGeneration::removeBatchFile() const
+{
+    std::error_code ignored;
+    fs::remove(m_batchFile, ignored);
+}
+
+void SfxGeneration::refuse(const BilingualText& text, MessageIcon icon) const
+{
+    m_dialogs.show({icon, generationTitle(), text});
+}
+
+SfxGeneration::FileStates SfxGeneration::filesOf(const fs::path& folder, std::string_view ending)
+{
+    FileStates states;
+    const Result<std::vector<FolderEntry>> entries = listFolder(folder);
+    for (std::size_t i = 0; entries && i < entries->size(); ++i) {
+        const FolderEntry& entry = (*entries)[i];
+        std::error_code error;
+        if (!hasEnding(entry.name, ending) || !entry.isFile || system::isHidden(entry.path)) {
+            continue;
+        }
+        const std::uintmax_t size = fs::file_size(entry.path, error);
+        const fs::file_time_type modified = fs::last_write_time(entry.path, error);
+        if (!error) {
+            states.push_back({entry.path, size, modified});
+        }
+    }
+    return states;
+}
+
+SfxGeneration::FileStates SfxGeneration::resultsOf(const fs::path& wadsFolder, const std::string& wadName)
+{
+    FileStates results;
+    for (const std::string_view ending : {".sam", ".sfx"}) {
+        for (FileState& state : filesOf(wadsFolder, ending)) {
+            if (sameName(codePagePath(state.file.filename()).bytes, wadName + std::string(ending))) {
+                results.push_back(std::move(state));
+            }
+        }
+    }
+    return results;
+}
+
+} // namespace tavrel

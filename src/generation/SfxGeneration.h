@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/BatchRunner.h"
+#include "base/Dialogs.h"
+#include "base/Progress.h"
+#include "catalogue/SoundCatalogue.h"
+#include "references/LetterList.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+// "Generate SFX"
+const BilingualText& generationTitle();
+
+// What the batch file of a generation says: the level editor's tool makes the .sam and .sfx files of a WAD in
+// the tool's folder, and they are moved to the WADs. Code page bytes, CR LF.
+std::string generationBatch(const CurrentWad& wad);
+
+// Looks at every existing sample of the lines that belong to the WAD, in their order: those with the WAD's
+// letter, or one that starts like it, and those of all levels. The name of the first in a wrong format.
+std::optional<std::string> findWrongSample(const SoundCatalogue& catalogue, const CurrentWad& wad,
+                                           const std::filesystem::path& samplesFolder, Progress& progress);
+// What to say then. The check of the whole folder is what helps.
+Message wrongSamplesMessage();
+
+struct GenerationRequest
+{
+    const SoundCatalogue& catalogue;
+    CurrentWad wad;
+    bool hasUnappliedChanges; // pending ones, or values that were not accepted
+    std::filesystem::path programFolder;
+    std::filesystem::path creatorFolder; // holds sounds.txt and the tool
+    std::filesystem::path samplesFolder;
+    std::filesystem::path wadsFolder;
+};
+
+// Makes the sound files of a WAD with the level editor's own tool, which runs beside this program.
+class SfxGeneration
+{
+public:
+    using Clock = std::chrono::steady_clock;
+    // The first look for the end comes after this time, whatever the tool has done by then.
+    static constexpr std::chrono::milliseconds firstLook{3000};
+    static constexpr std::chrono::milliseconds nextLook{1000};
+    // When .sfx files have not changed for so long, something is wrong; the shorter time holds once nothing
+    // runs any more that could take them away.
+    static constexpr std::chrono::seconds patience{30};
+    static constexpr std::chrono::seconds patienceAfterTheEnd{3};
+
+    SfxGeneration(BatchRunner& runner, Dialogs& dialogs) : m_runner(runner), m_dialogs(dialogs) {}
+    SfxGeneration(const SfxGeneration&) = delete;
+    SfxGeneration& operator=(const SfxGeneration&) = delete;
+    // Takes the batch file away unless it is still needed.
+    ~SfxGeneration();
+
+    enum class Begun {
+        NotStarted,  // refused or cancelled, and the user knows
+        WrongSample, // nothing was said yet: wrongSamplesMessage()
+        Started
+    };
+    // All that is to be asked, the check of the samples, the batch file and its start. The progress has
+    // reached its end before anything is started.
+    Begun begin(const GenerationRequest& request, Progress& progress, Clock::time_point now);
+
+    enum class Phase {
+        Idle,
+        Waiting,    // the results are not yet in place: the program takes no input
+        ConsoleOpen // only the interpreter has not ended yet: its user has to press a key
+    };
+    Phase phase() const { return m_phase; }
+    // Called again and again until the phase is Idle; asks the user when the waiting seems to be in vain.
+    Phase look(Clock::time_point now);
+    // How it ended, for a status line.
+    const BilingualText& summary() const { return m_summary; }
+
+private:
+    struct FileState
+    {
+        std::filesystem::path file;
+        std::uintmax_t size;
+        std::filesystem::file_time_type modified;
+
+        bool operator==(const FileState&) const = default;
+    };
+    using FileStates = std::vector<FileState>;
+
+    bool mayBegin(const GenerationRequest& request);
+    bool confirm(const GenerationRequest& request);
+    bool mayMoveOtherFiles(const GenerationRequest& request);
+    bool start(const GenerationRequest& request, Clock::time_point now);
+    bool hasResults() const;
+    bool wantsToStop(const FileStates& files, Clock::time_point now);
+    void end();
+    void removeBatchFile() const;
+    void refuse(const BilingualText& text, MessageIcon icon = MessageIcon::Exclamation) const;
+
+    static FileStates filesOf(const std::filesystem::path& folder, std::string_view ending);
+    static FileStates resultsOf(const std::filesystem::path& wadsFolder, const std::string& wadName);
+
+    BatchRunner& m_runner;
+    Dialogs& m_dialogs;
+    Phase m_phase = Phase::Idle;
+    std::unique_ptr<RunningBatch> m_running;
+    std::filesystem::path m_batchFile;
+    std::filesystem::path m_output;
+    std::filesystem::path m_wadsFolder;
+    std::string m_wadName;
+    FileStates m_resultsBefore;
+    FileStates m_lastSeen;
+    Clock::time_point m_lastChange;
+    BilingualText m_summary;
+};
+
+} // namespace tavrel
