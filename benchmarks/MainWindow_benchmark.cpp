@@ -61,7 +61,8 @@ void selectLine(benchmark::State& state)
     NoDialogs dialogs;
     NoPrograms programs;
     NoPlayer player;
-    const FmSFXContext context{folders.program, dialogs, programs, player, false, [](Language) {}};
+    const std::unique_ptr<BatchRunner> batches = makeSystemBatchRunner();
+    const FmSFXContext context{folders.program, dialogs, programs, player, *batches, false, [](Language) {}};
     FmSFX window(context, {LoadSettings(folders.program).settings, false});
     window.load();
     window.show();

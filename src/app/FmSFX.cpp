@@ -3,6 +3,7 @@
 
 #include "app/SoundListDelegate.h"
 #include "app/SoundListModel.h"
+#include "app/StatusProgress.h"
 #include "catalogue/ApplyChanges.h"
 #include "ui/Colours.h"
 #include "ui/FoldingPanel.h"
@@ -63,8 +64,8 @@ private:
 
 FmSFX::FmSFX(FmSFXContext context, const StartedSession& session)
     : m_context(std::move(context)), m_settings(session.settings), m_settingsDamaged(session.settingsDamaged),
-      m_paths(derivePaths(m_settings.LevelEditorFolder)), m_editor(m_catalogue),
-      m_sounds(new SoundListModel(m_catalogue, this)),
+      m_paths(derivePaths(m_settings.LevelEditorFolder)), m_generation(m_context.batches, m_context.dialogs),
+      m_editor(m_catalogue), m_sounds(new SoundListModel(m_catalogue, this)),
       m_controls(layOutMainWindow(*this, titleRow(), content()))
 {
     setObjectName("FmSFX");
@@ -114,6 +115,7 @@ void FmSFX::connectControls()
             [this](bool french) { switchLanguage(french ? Language::French : Language::English); });
     connectLetterControls();
     connectImportControls();
+    connectGenerationControls();
     for (std::size_t i = 0; i < panelCount; ++i) {
         connect(c.panels[i], &FoldingPanel::openChanged, this,
                 [this, i](bool open) { m_settings.panels[i] = open; });
@@ -155,7 +157,7 @@ void FmSFX::disableLaterControls()
 {
     const FmSFXControls& c = m_controls;
     for (QWidget* const control :
-         std::initializer_list<QWidget*>{c.CdCopy, c.CdStats, c.CdImport, c.CdExport}) {
+         std::initializer_list<QWidget*>{c.CdImport, c.CdExport}) {
         control->setEnabled(false);
     }
 }

@@ -5,11 +5,13 @@
 #include "app/ProgramSettings.h"
 #include "app/SessionLoading.h"
 #include "app/StartUp.h"
+#include "base/BatchRunner.h"
 #include "base/Dialogs.h"
 #include "base/Programs.h"
 #include "catalogue/LineEditor.h"
 #include "catalogue/LineSearch.h"
 #include "catalogue/SoundCatalogue.h"
+#include "generation/SfxGeneration.h"
 #include "references/LetterList.h"
 #include "references/ReferenceRegister.h"
 #include "references/WadImport.h"
@@ -21,11 +23,13 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace tavrel {
 
 class SoundListModel;
+class StatusProgress;
 
 // What the main window needs from the program around it.
 struct FmSFXContext
@@ -34,6 +38,7 @@ struct FmSFXContext
     Dialogs& dialogs;
     Programs& programs;
     SamplePlayer& player;
+    BatchRunner& batches;
     bool systemLikesMotion;
     std::function<void(Language)> languageChanged; // for the boxes and whatever else stands outside
 };
@@ -45,12 +50,18 @@ class FmSFX : public TitledWindow
 
 public:
     FmSFX(FmSFXContext context, const StartedSession& session);
+    ~FmSFX() override;
 
     // Reads the catalogue and its register, and selects the first sound.
     void load();
 
     const SoundCatalogue& catalogue() const { return m_catalogue; }
     const ProgramSettings& settings() const { return m_settings; }
+
+    // Lets the user choose what to put back as it was installed, over the window that offers it.
+    void openRestore(QWidget* parent);
+    // When that window has closed: a restored sounds.txt is not the one that was loaded.
+    void offerReload();
 
 protected:
     void reject() override;
@@ -143,6 +154,12 @@ private:
     void importList(WadListKind kind);
     void viewWadLists();
 
+    // Generation, restore, statistics (FmSFXGenerate.cpp)
+    void connectGenerationControls();
+    void generate();
+    void lookForResults();
+    void openStatistics();
+
     void valueChanged(ValueBox box);
     void pitchLeft();
     void flagChanged(LineFlag flag, bool on);
@@ -168,6 +185,10 @@ private:
     QTimer m_leaving;  // for questions that wait until a click or key is done with
     QTimer m_refusing;
     bool m_asking = false; // one of them is on the screen
+    SfxGeneration m_generation;
+    QTimer m_results;                       // TmSFX
+    std::unique_ptr<StatusProgress> m_busy; // a command that must not be left is under way
+    bool m_catalogueReplaced = false;       // by a restore, since it was loaded
     ColourValue m_chooserColour = 0;
     bool m_loaded = false;
     bool m_registerUnsaved = false;

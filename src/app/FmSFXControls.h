@@ -15,6 +15,7 @@ class QLineEdit;
 class QListView;
 class QListWidget;
 class QPlainTextEdit;
+class QProgressBar;
 class QPushButton;
 class QRadioButton;
 class QVBoxLayout;
@@ -106,6 +107,7 @@ struct FmSFXControls
 
     // At the bottom.
     QLabel* LbInfo = nullptr;
+    QProgressBar* PbBusy = nullptr; // shown while something lasts
     QLabel* LbPending = nullptr;
     QLabel* LbPath = nullptr;
 

@@ -14,6 +14,7 @@
 #include <QListView>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -324,7 +325,11 @@ void addStatusRow(FmSFXControls& c, QVBoxLayout& content, QWidget& window)
     c.LbPending = makeHeading("LbPending");
     c.LbPath = makeElidedLabel("LbPath");
     c.LbPath->setProperty("muted", true);
-    auto* const row = rowOf({c.LbPath, c.LbInfo, c.LbPending});
+    c.PbBusy = named(new QProgressBar, "PbBusy");
+    c.PbBusy->setTextVisible(false);
+    c.PbBusy->setFixedSize(140, 14);
+    c.PbBusy->hide();
+    auto* const row = rowOf({c.LbPath, c.LbInfo, c.PbBusy, c.LbPending});
     row->setStretch(0, 1);
     row->setStretch(1, 1);
     row->addWidget(new QSizeGrip(&window), 0, Qt::AlignBottom);

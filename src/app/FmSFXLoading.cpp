@@ -61,9 +61,9 @@ void FmSFX::showLoaded()
 {
     m_object.clear();
     m_sounds->rebuild(m_showGlobals);
-    for (QWidget* const control :
-         std::initializer_list<QWidget*>{m_controls.CdApply, m_controls.CdViewWAD, m_controls.CdRefW,
-                                         m_controls.CdErase, m_controls.CdReplacL, m_controls.TxReplacL}) {
+    for (QWidget* const control : std::initializer_list<QWidget*>{
+             m_controls.CdApply, m_controls.CdCopy, m_controls.CdViewWAD, m_controls.CdRefW,
+             m_controls.CdErase, m_controls.CdReplacL, m_controls.TxReplacL}) {
         control->setEnabled(m_loaded);
     }
     const WadReference* const wad = m_references.findUserWad(m_settings.lastWad);
@@ -197,7 +197,7 @@ bool FmSFX::mayClose()
 
 void FmSFX::closeEvent(QCloseEvent* event)
 {
-    if (!mayClose()) {
+    if (m_busy || !mayClose()) {
         event->ignore();
         return;
     }

@@ -29,13 +29,15 @@ void FmSFX::openPreferences()
                          {[this](Language language) { switchLanguage(language); },
                           [this](QWidget&) { return chooseOtherLevelEditor(); },
                           [this](QWidget& parent) { openColours(parent); },
-                          [this](QWidget& parent) { openDoubles(parent); }, [](QWidget&) {}});
+                          [this](QWidget& parent) { openDoubles(parent); }, [this](QWidget& parent) { openRestore(&parent); }});
     window.exec();
     const bool protectedWereEditable = m_settings.protectedLinesEditable;
     window.storeIn(m_settings);
     showPanels();
     showPending(); // the imports depend on an option
-    if (m_settings.protectedLinesEditable != protectedWereEditable) {
+    if (m_catalogueReplaced) {
+        offerReload(); // which follows the option, too
+    } else if (m_settings.protectedLinesEditable != protectedWereEditable) {
         followProtectedOption();
     }
 }

@@ -82,8 +82,9 @@ int main(int argc, char* argv[])
     QApplication::setQuitOnLastWindowClosed(true);
 
     const std::unique_ptr<tavrel::SamplePlayer> player = tavrel::makeSystemPlayer();
-    tavrel::FmSFX window({programFolder, dialogs, programs, *player, tavrel::systemLikesMotion(), speak},
-                         *session);
+    const std::unique_ptr<tavrel::BatchRunner> batches = tavrel::makeSystemBatchRunner();
+    tavrel::FmSFX window(
+        {programFolder, dialogs, programs, *player, *batches, tavrel::systemLikesMotion(), speak}, *session);
     window.show();
     const auto paths = tavrel::derivePaths(session->settings.LevelEditorFolder);
     if (const auto warning = tavrel::writabilityWarning(programFolder, paths)) {

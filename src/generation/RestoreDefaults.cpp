@@ -166,6 +166,18 @@ bool requireChoice(const RestoreChoice& choice, Dialogs& dialogs)
     return choice.any();
 }
 
+bool wantsReload(bool hasUnappliedChanges, Dialogs& dialogs)
+{
+    BilingualText text("[Sounds.txt] was restored; the sounds that you see are still those of before.\n",
+                       "[Sounds.txt] a été restauré ; les sons affichés sont encore ceux d'avant.\n");
+    if (hasUnappliedChanges) {
+        text += BilingualText("Modifications that are not applied would be lost.\n",
+                              "Les modifications non appliquées seraient perdues.\n");
+    }
+    text += BilingualText("Load [Sounds.txt] again?", "Faut-il recharger [Sounds.txt] ?");
+    return dialogs.ask({restoreTitle(), text, Buttons::YesNo, hasUnappliedChanges}) == Answer::Yes;
+}
+
 RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext& context)
 {
     RestoreResult result;

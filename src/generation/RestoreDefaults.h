@@ -49,4 +49,7 @@ struct RestoreResult
 // said and ends it: what came before stays restored, what comes after is not begun.
 RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext& context);
 
+// Offers to load the restored catalogue, which loses changes that were not applied.
+bool wantsReload(bool hasUnappliedChanges, Dialogs& dialogs);
+
 } // namespace tavrel

@@ -51,13 +51,16 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override
     {
         QPainter painter(this);
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
-        style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
-                              shown, foregroundRole());
+        drawFrame(&painter); // the ground that the style sheet may give it
+        const QRect room = contentsRect();
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width());
+        style()->drawItemText(&painter, room, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+                              foregroundRole());
     }
     bool event(QEvent* event) override
     {
-        if (event->type() == QEvent::ToolTip && fontMetrics().horizontalAdvance(text()) > width()) {
+        if (event->type() == QEvent::ToolTip &&
+            fontMetrics().horizontalAdvance(text()) > contentsRect().width()) {
             QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
             return true;
         }
@@ -104,6 +107,16 @@ QLabel* makePaperLabel(const char* name)
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setPaperText(*label, {});
     return label;
+}
+
+void setPaper(QLabel& label, bool paper)
+{
+    label.setProperty("paper", paper);
+    label.style()->unpolish(&label);
+    label.style()->polish(&label);
+    if (!paper) {
+        label.setPalette({});
+    }
 }
 
 void setPaperText(QLabel& label, const QString& text, bool alarming)

@@ -34,6 +34,8 @@ QPushButton* makeIconButton(const char* name, Glyph glyph);
 QLabel* makeHeading(const char* name);
 // A status line in dark text on light ground, for texts that are coloured by what they say.
 QLabel* makePaperLabel(const char* name);
+// Makes any label one, or an ordinary one again.
+void setPaper(QLabel& label, bool paper);
 void setPaperText(QLabel& label, const QString& text, bool alarming = false);
 QLineEdit* makeReadOnly(const char* name);
 // The wheel turns it only while it has the focus.

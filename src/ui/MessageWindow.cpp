@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/MessageWindow.h"
 
+#include "ui/BusyPointer.h"
 #include "ui/Icons.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
@@ -136,6 +137,7 @@ void MessageWindow::keyPressEvent(QKeyEvent* event)
 
 Answer MessageWindow::run(Answer refusal)
 {
+    const CalmPointer pointer;
     m_answer = refusal;
     exec();
     return m_answer;

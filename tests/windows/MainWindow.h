@@ -3,6 +3,7 @@
 
 #include "app/FmSFX.h"
 #include "support/Files.h"
+#include "support/Generation.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QAbstractButton>
@@ -85,7 +86,8 @@ protected:
     void open()
     {
         const LoadedSettings loaded = LoadSettings(folders.program);
-        const FmSFXContext context{folders.program, dialogs, programs, player, likesMotion, [](Language) {}};
+        const FmSFXContext context{folders.program, dialogs,     programs,       player,
+                                   *batches,        likesMotion, [](Language) {}};
         window = std::make_unique<FmSFX>(context, StartedSession{loaded.settings, loaded.damage.has_value()});
         window->show();
         window->load();
@@ -137,6 +139,8 @@ protected:
     ScriptedDialogs dialogs;
     RecordedPrograms programs;
     RecordedPlayer player;
+    HeldBatchRunner heldBatches;
+    BatchRunner* batches = &heldBatches;
     bool likesMotion = true;
     std::unique_ptr<FmSFX> window;
 };
