@@ -16,6 +16,8 @@ if [ "${1:-}" = --fresh ] || [ ! -f "$demo/program/Tavrel.par" ]; then
 fi
 start=(build/release/bin/Tavrel --program-folder "$demo/program")
 
+[ -f build/release/bin/pcwadsfx.exe ] || echo "To generate SFX files in the demo, install: $tool_packages"
+
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "${start[@]}"
 fi

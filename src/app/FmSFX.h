@@ -50,6 +50,8 @@ class FmSFX : public TitledWindow
 
 public:
     FmSFX(FmSFXContext context, const StartedSession& session);
+    FmSFX(const FmSFX&) = delete;
+    FmSFX& operator=(const FmSFX&) = delete;
     ~FmSFX() override;
 
     // Reads the catalogue and its register, and selects the first sound.

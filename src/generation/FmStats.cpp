@@ -34,7 +34,9 @@ FmStats::FmStats(QWidget* parent, std::filesystem::path script, Dialogs& dialogs
     setWindowModality(Qt::ApplicationModal);
     layOut();
     showCaptions();
-    connect(findChild<QPushButton*>("CdStats"), &QPushButton::clicked, this, &FmStats::count);
+    auto* const start = findChild<QPushButton*>("CdStats");
+    start->setFocus();
+    connect(start, &QPushButton::clicked, this, &FmStats::count);
     connect(findChild<QPushButton*>("CdAnnul"), &QPushButton::clicked, this, &QDialog::reject);
 }
 

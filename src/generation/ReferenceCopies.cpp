@@ -171,8 +171,8 @@ private:
     void moveBack()
     {
         std::error_code ignored;
-        for (auto it = m_moved.rbegin(); it != m_moved.rend(); ++it) {
-            fs::rename(it->to, it->from, ignored);
+        for (; !m_moved.empty(); m_moved.pop_back()) {
+            fs::rename(m_moved.back().to, m_moved.back().from, ignored);
         }
         fs::remove(m_replaced, ignored); // stays when something is left in it
         if (!m_setAside.empty() && !fs::exists(m_replaced, ignored)) {
@@ -245,8 +245,8 @@ void tookFrom(TakenCopies& taken, std::string_view name, const fs::path& source)
 
 void wasThere(TakenCopies& taken, std::string_view name)
 {
-    taken.said.push_back(BilingualText("[" + std::string(name) + "] is complete and was left as it is",
-                                       "[" + std::string(name) + "] est complet et reste tel quel"));
+    taken.said.emplace_back("[" + std::string(name) + "] is complete and was left as it is",
+                            "[" + std::string(name) + "] est complet et reste tel quel");
 }
 
 bool isComplete(const fs::path& folder, const FolderSize& wanted)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "generation/RestoreDefaults.h"
 
+#include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
@@ -92,6 +93,7 @@ Refusal restoreFolder(const FolderRestore& restore, const RestoreContext& contex
     if (restore.stockLevelsOnly) {
         *oldFiles = stockLevelFiles(*oldFiles);
     }
+    context.progress.say(BilingualText("Restoring ", "Restauration de ") + displayPath(restore.target));
     const Problem problem = replaceFiles(*files, restore.target, *oldFiles, context.progress);
     return problem ? Refusal(trapped) : std::nullopt;
 }
@@ -137,7 +139,7 @@ void sayComplete(const RestoreChoice& choice, Dialogs& dialogs)
     BilingualText text("Restore of following elements :\n", "Restauration des éléments suivants :\n");
     const struct
     {
-        bool done;
+        bool done = false;
         BilingualText name;
     } elements[] = {{choice.catalogue, {"- [Sounds.txt] File\n", "- Fichier [Sounds.txt]\n"}},
                     {choice.samples, {"- [\\Samples] Directory\n", "- Répertoire [\\Samples]\n"}},

@@ -33,8 +33,8 @@ public:
     CalmPointer& operator=(const CalmPointer&) = delete;
     ~CalmPointer()
     {
-        for (auto it = m_busy.rbegin(); it != m_busy.rend(); ++it) {
-            QApplication::setOverrideCursor(*it);
+        for (; !m_busy.empty(); m_busy.pop_back()) {
+            QApplication::setOverrideCursor(m_busy.back());
         }
     }
 

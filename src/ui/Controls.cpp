@@ -52,7 +52,7 @@ protected:
     {
         QPainter painter(this);
         drawFrame(&painter); // the ground that the style sheet may give it
-        const QRect room = contentsRect();
+        const QRect room = textRoom();
         const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width());
         style()->drawItemText(&painter, room, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
                               foregroundRole());
@@ -60,11 +60,19 @@ protected:
     bool event(QEvent* event) override
     {
         if (event->type() == QEvent::ToolTip &&
-            fontMetrics().horizontalAdvance(text()) > contentsRect().width()) {
+            fontMetrics().horizontalAdvance(text()) > textRoom().width()) {
             QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
             return true;
         }
         return QLabel::event(event);
+    }
+
+private:
+    QRect textRoom() const
+    {
+        constexpr int paperMargin = 6;
+        return property("paper").toBool() ? contentsRect().adjusted(paperMargin, 0, -paperMargin, 0)
+                                          : contentsRect();
     }
 };
 

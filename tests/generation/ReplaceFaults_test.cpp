@@ -22,6 +22,11 @@ struct Fault
     bool isKill;
 };
 
+void PrintTo(const Fault& fault, std::ostream* stream)
+{
+    *stream << fault.name;
+}
+
 class ReplaceFaults : public testing::TestWithParam<Fault>
 {
 protected:

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <thread>
 
 using namespace tavrel;
@@ -93,7 +94,7 @@ TEST_F(SfxGenerationRun, MovesTheResultsToTheWads)
 // The first look comes while the .sfx file is there and the tool is not done with it.
 TEST_F(SfxGenerationRun, WaitsForASlowTool)
 {
-    const ToolSetting slow("TAVREL_TOOL_MILLISECONDS", "1900");
+    const ToolSetting slow("TAVREL_TOOL_TAKES", "4500");
     begin();
     std::this_thread::sleep_for(SfxGeneration::firstLook);
     EXPECT_EQ(generation.look(Clock::now()), Phase::Waiting);
@@ -105,7 +106,7 @@ TEST_F(SfxGenerationRun, WaitsForASlowTool)
 // The first look comes too early; the batch file must outlive it, or its second half would never be run.
 TEST_F(SfxGenerationRun, LeavesTheBatchFileToATardyTool)
 {
-    const ToolSetting tardy("TAVREL_TOOL_MILLISECONDS", "3500");
+    const ToolSetting tardy("TAVREL_TOOL_STARTS_AFTER", "4500");
     begin();
     std::this_thread::sleep_for(SfxGeneration::firstLook);
     EXPECT_EQ(generation.look(Clock::now()), Phase::ConsoleOpen);
@@ -127,9 +128,20 @@ TEST_F(SfxGenerationRun, TellsWhatAToolThatWritesNothingSaid)
     EXPECT_NE(said.find("\npcwadsfx: no sounds for oasis"), std::string::npos) << said;
 }
 
+TEST_F(SfxGenerationRun, NeedsWine)
+{
+    const std::string path = std::getenv("PATH");
+    EXPECT_FALSE(runner->whatIsMissing());
+    ::setenv("PATH", (program.path().string() + ":/nonexistent").c_str(), 1);
+    const Problem missing = runner->whatIsMissing();
+    EXPECT_TRUE(missing && missing->text.french.find("Wine") != std::string::npos);
+    EXPECT_FALSE(runner->start(creator / "any.bat", program / "log"));
+    ::setenv("PATH", path.c_str(), 1);
+}
+
 TEST_F(SfxGenerationRun, GoesOnWhenThisProgramEnds)
 {
-    const ToolSetting slow("TAVREL_TOOL_MILLISECONDS", "500");
+    const ToolSetting slow("TAVREL_TOOL_TAKES", "500");
     {
         ScriptedDialogs yes{Answer::Ok};
         SfxGeneration abandoned(*runner, yes);

@@ -2,8 +2,8 @@
 // Stands in for the level editor's own tool in the tests and in the demo folder. As the real one it is a
 // Windows program, stands beside sounds.txt, and leaves NAME.sam and NAME.sfx in its current folder.
 //
-// The tests tell it to be slow (TAVREL_TOOL_MILLISECONDS, before the .sam and between the two files) or to do
-// nothing (TAVREL_TOOL_IS_BROKEN).
+// The tests tell it how many milliseconds to wait before it writes (TAVREL_TOOL_STARTS_AFTER) and between its
+// two files (TAVREL_TOOL_TAKES), or to write nothing (TAVREL_TOOL_IS_BROKEN).
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -52,9 +52,9 @@ std::vector<std::string> samplesOf(const std::string& line)
     return samples;
 }
 
-void takeTime()
+void takeTime(const char* setting)
 {
-    if (const char* const milliseconds = std::getenv("TAVREL_TOOL_MILLISECONDS")) {
+    if (const char* const milliseconds = std::getenv(setting)) {
         std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(milliseconds)));
     }
 }
@@ -93,9 +93,9 @@ int main(int argc, char* argv[])
             }
         }
     }
-    takeTime();
+    takeTime("TAVREL_TOOL_STARTS_AFTER");
     std::ofstream(name + ".sfx", std::ios::binary) << bank;
-    takeTime();
+    takeTime("TAVREL_TOOL_TAKES");
     std::ofstream(name + ".sam", std::ios::binary) << list;
     std::cout << name << ": " << taken.size() << " samples\n";
     return EXIT_SUCCESS;
