@@ -156,8 +156,7 @@ void FmSFX::connectLineControls()
 void FmSFX::disableLaterControls()
 {
     const FmSFXControls& c = m_controls;
-    for (QWidget* const control :
-         std::initializer_list<QWidget*>{c.CdImport, c.CdExport}) {
+    for (QWidget* const control : std::initializer_list<QWidget*>{c.CdImport, c.CdExport}) {
         control->setEnabled(false);
     }
 }

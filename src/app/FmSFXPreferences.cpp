@@ -29,7 +29,8 @@ void FmSFX::openPreferences()
                          {[this](Language language) { switchLanguage(language); },
                           [this](QWidget&) { return chooseOtherLevelEditor(); },
                           [this](QWidget& parent) { openColours(parent); },
-                          [this](QWidget& parent) { openDoubles(parent); }, [this](QWidget& parent) { openRestore(&parent); }});
+                          [this](QWidget& parent) { openDoubles(parent); },
+                          [this](QWidget& parent) { openRestore(&parent); }});
     window.exec();
     const bool protectedWereEditable = m_settings.protectedLinesEditable;
     window.storeIn(m_settings);
