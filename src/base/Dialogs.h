@@ -19,6 +19,7 @@ struct OpenFileQuestion
     std::filesystem::path folder;       // where the dialog starts
     std::string proposedName = {};
     bool fileMustExist = true; // else only its folder must
+    bool forSaving = false;    // the caller asks before an existing file is replaced
 };
 
 // How commands talk to the user. The windows answer with boxes, scripts with the console, tests with a

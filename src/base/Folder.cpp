@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 namespace tavrel {
 
@@ -59,6 +60,62 @@ std::optional<fs::path> findEntry(const fs::path& folder, std::string_view name)
 {
     const std::optional<FolderEntry> entry = findByName(folder, name);
     return entry ? std::optional(entry->path) : std::nullopt;
+}
+
+Result<FolderIndex> FolderIndex::of(const fs::path& folder)
+{
+    Result<std::vector<FolderEntry>> entries = listFolder(folder);
+    if (!entries) {
+        return entries.failure();
+    }
+    FolderIndex index;
+    for (FolderEntry& entry : *entries) {
+        if (entry.exactName) {
+            index.m_entries.push_back({upperCase(entry.name), std::move(entry)});
+        }
+    }
+    std::ranges::sort(index.m_entries, {},
+                      [](const Entry& entry) { return std::tie(entry.upperName, entry.entry.name); });
+    return index;
+}
+
+std::span<const FolderIndex::Entry> FolderIndex::sameNames(std::string_view name) const
+{
+    const auto found = std::ranges::equal_range(m_entries, upperCase(name), {}, &Entry::upperName);
+    return {found.begin(), found.end()};
+}
+
+const FolderEntry* FolderIndex::find(std::string_view name) const
+{
+    const std::span<const Entry> same = sameNames(name);
+    const auto exact = std::ranges::find(same, name, [](const Entry& entry) { return entry.entry.name; });
+    return same.empty() ? nullptr : exact == same.end() ? &same.front().entry : &exact->entry;
+}
+
+std::vector<fs::path> FolderIndex::otherSpellings(std::string_view name) const
+{
+    std::vector<fs::path> others;
+    for (const Entry& entry : sameNames(name)) {
+        if (entry.entry.name != name) {
+            others.push_back(entry.entry.path);
+        }
+    }
+    return others;
+}
+
+void removeOtherSpellings(const FolderIndex& folder, const fs::path& file)
+{
+    const CodePageText name = codePagePath(file.filename());
+    if (!name.exact) {
+        return;
+    }
+    for (const fs::path& other : folder.otherSpellings(name.bytes)) {
+        std::error_code ignored;
+        // On a disk that knows no letter case it is the file itself.
+        if (!fs::equivalent(other, file, ignored) && !fs::is_directory(other, ignored)) {
+            fs::remove(other, ignored);
+        }
+    }
 }
 
 Result<bool> holdsEntry(const fs::path& folder, std::string_view name)

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,33 @@ std::optional<std::filesystem::path> findFile(const std::filesystem::path& folde
 // Whether the folder holds an entry of that name. Other than the two above, it tells a folder that cannot be
 // listed from one that does not hold it.
 Result<bool> holdsEntry(const std::filesystem::path& folder, std::string_view name);
+
+// A folder that is listed once, for many names.
+class FolderIndex
+{
+public:
+    static Result<FolderIndex> of(const std::filesystem::path& folder);
+
+    // As findEntry() finds it.
+    const FolderEntry* find(std::string_view name) const;
+    // The entries whose names differ from it in nothing but their letter case.
+    std::vector<std::filesystem::path> otherSpellings(std::string_view name) const;
+
+private:
+    struct Entry
+    {
+        std::string upperName;
+        FolderEntry entry;
+    };
+
+    std::span<const Entry> sameNames(std::string_view name) const;
+
+    std::vector<Entry> m_entries; // sorted by both names
+};
+
+// After a file was written: removes files of that folder that differ from it in nothing but the letter case
+// of their names, as they stood in the index. To the level editor all of them are one file.
+void removeOtherSpellings(const FolderIndex& folder, const std::filesystem::path& file);
 
 // Where the file stands, or where it would be created.
 std::filesystem::path fileIn(const std::filesystem::path& folder, std::string_view name);

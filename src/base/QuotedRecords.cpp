@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/QuotedRecords.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace tavrel {
@@ -95,6 +96,25 @@ std::optional<RegisterRecord> splitRegisterRecord(std::string_view line)
     return RegisterRecord{std::string(inside.substr(0, first)),
                           std::string(inside.substr(letterAt, second - letterAt)),
                           std::string(inside.substr(second + separator.size()))};
+}
+
+std::optional<ExchangeFields> splitExchangeRecord(std::string_view line)
+{
+    const std::optional<TakenField> number = takeField(line);
+    if (!number || number->isLast) {
+        return std::nullopt;
+    }
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    if (line.starts_with('"')) {
+        if (!isBetweenQuotes(line)) {
+            return std::nullopt;
+        }
+        return ExchangeFields{number->field.text, std::string(line.substr(1, line.size() - 2))};
+    }
+    if (line.find(',') != std::string_view::npos) {
+        return std::nullopt;
+    }
+    return ExchangeFields{number->field.text, std::string(line)};
 }
 
 std::optional<RecordField> readSettingsValue(std::string_view line)

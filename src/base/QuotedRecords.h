@@ -31,6 +31,16 @@ struct RegisterRecord
 };
 std::optional<RegisterRecord> splitRegisterRecord(std::string_view line);
 
+// A line of an exchange or backup file: a number and a line of sounds.txt, each quoted or bare. A quoted text
+// reaches to the last character of the line, which must be its closing quote; commas and quotes inside stay.
+// Without its quotes a text ends at a comma, and nothing may follow.
+struct ExchangeFields
+{
+    std::string number;
+    std::string text;
+};
+std::optional<ExchangeFields> splitExchangeRecord(std::string_view line);
+
 // A line of the settings file: one value. Whatever stands between the first and the last quote is the text.
 std::optional<RecordField> readSettingsValue(std::string_view line);
 

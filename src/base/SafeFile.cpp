@@ -133,6 +133,14 @@ Result<fs::path> keepCopyBeside(const fs::path& file, std::string_view bytes)
     return copy;
 }
 
+Problem moveSafely(const fs::path& from, const fs::path& to)
+{
+    if (const std::error_code error = withRetries([&] { return system::moveToNewName(from, to); })) {
+        return cannotWrite(to, error);
+    }
+    return std::nullopt;
+}
+
 void removeUnfinishedWrites(const fs::path& folder)
 {
     std::error_code error;

@@ -20,6 +20,9 @@ namespace tavrel {
 // A copy beside the file under a name that is free: "Sounds_copy1.txt" for "Sounds.txt".
 Result<std::filesystem::path> keepCopyBeside(const std::filesystem::path& file, std::string_view bytes);
 
+// Gives a file or folder a name that must be free.
+[[nodiscard]] Problem moveSafely(const std::filesystem::path& from, const std::filesystem::path& to);
+
 // What an interrupted write left in a folder, or beside the files to which links in the folder lead. Called
 // at the start, when no write is under way.
 void removeUnfinishedWrites(const std::filesystem::path& folder);

@@ -13,25 +13,6 @@ namespace {
 
 constexpr std::size_t listedNameWidth = 22;
 
-std::optional<BilingualText> whyNoSoundLine(std::string_view text)
-{
-    if (text.find(':') == std::string_view::npos) {
-        return BilingualText("A sound line needs a name that ends with \":\".",
-                             "Une ligne de son doit avoir un nom terminé par « : ».");
-    }
-    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
-        return BilingualText("A sound line cannot hold line ends or bytes of zero.",
-                             "Une ligne de son ne peut contenir ni fin de ligne ni octet nul.");
-    }
-    try {
-        ParseSoundLine(text);
-    } catch (const std::out_of_range&) {
-        return BilingualText("A sound line cannot hold more than 50 samples.",
-                             "Une ligne de son ne peut contenir plus de 50 samples.");
-    }
-    return std::nullopt;
-}
-
 } // namespace
 
 SoundCatalogue::SoundCatalogue(File file, bool protectedLinesEditable)
@@ -74,15 +55,29 @@ Problem SoundCatalogue::setCurrentLine(std::size_t number, std::string text)
     return setCurrentLines({{number, std::move(text)}});
 }
 
-bool SoundCatalogue::accepts(std::string_view text)
+std::optional<BilingualText> SoundCatalogue::refusal(std::string_view text)
 {
-    return !whyNoSoundLine(text);
+    if (text.find(':') == std::string_view::npos) {
+        return BilingualText("A sound line needs a name that ends with \":\".",
+                             "Une ligne de son doit avoir un nom terminé par « : ».");
+    }
+    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
+        return BilingualText("A sound line cannot hold line ends or bytes of zero.",
+                             "Une ligne de son ne peut contenir ni fin de ligne ni octet nul.");
+    }
+    try {
+        ParseSoundLine(text);
+    } catch (const std::out_of_range&) {
+        return BilingualText("A sound line cannot hold more than 50 samples.",
+                             "Une ligne de son ne peut contenir plus de 50 samples.");
+    }
+    return std::nullopt;
 }
 
 Problem SoundCatalogue::setCurrentLines(std::vector<LineChange> changes)
 {
     for (const LineChange& change : changes) {
-        if (const std::optional<BilingualText> reason = whyNoSoundLine(change.text)) {
+        if (const std::optional<BilingualText> reason = refusal(change.text)) {
             return Failure{*reason};
         }
     }

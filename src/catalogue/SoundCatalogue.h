@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -61,7 +62,9 @@ public:
     // a NUL, or with more than 50 samples; each would shift or break the sounds behind it at the next load.
     [[nodiscard]] Problem setCurrentLine(std::size_t number, std::string text);
 
-    static bool accepts(std::string_view text);
+    static bool accepts(std::string_view text) { return !refusal(text); }
+    // Why not; nothing for a text that a line may have.
+    static std::optional<BilingualText> refusal(std::string_view text);
     // The same for several lines: all of them or, on the first refusal, none.
     struct LineChange
     {

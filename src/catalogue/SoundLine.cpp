@@ -76,10 +76,8 @@ std::string_view flagIf(bool present, std::string_view flag)
 
 std::string readLetters(std::string_view line)
 {
-    const std::size_t volume = line.find("VOL");
-    const std::size_t from = volume == npos ? 2 : volume + 3;
     std::string letters;
-    for (std::size_t hash = line.find('#', from); hash != npos; hash = line.find('#', hash + 1)) {
+    for (std::size_t hash = lettersStart(line); hash != npos; hash = line.find('#', hash + 1)) {
         const std::size_t end = line.find_first_of("# \t", hash + 1);
         letters += line.substr(hash, end == npos ? npos : end - hash);
         letters += ' ';
@@ -176,6 +174,12 @@ std::string ComposeSoundLine(const SoundLine& record)
     appendColumn(line, record.Rad.trimmed());
     line += RTrimBlanks(record.Letters);
     return line;
+}
+
+std::size_t lettersStart(std::string_view line)
+{
+    const std::size_t volume = line.find("VOL");
+    return line.find('#', volume == npos ? 2 : volume + 3);
 }
 
 std::string_view RTrimBlanks(std::string_view text)

@@ -57,6 +57,9 @@ bool HasFlag(std::string_view line, std::size_t start, char flag);
 // count.
 int leadingNumber(std::string_view text);
 
+// Where the letters of the line begin, 0-based; npos without any.
+std::size_t lettersStart(std::string_view line);
+
 // Puts "#" and the letter (written without "#") at the end of the line, after one blank when other letters
 // stand there. A line with "#g", or with the letter, stays as it is.
 std::string AddLetter(std::string_view line, std::string_view letter);

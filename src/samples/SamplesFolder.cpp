@@ -2,7 +2,6 @@
 #include "samples/SamplesFolder.h"
 
 #include "base/CodePage.h"
-#include "base/Folder.h"
 #include "base/System.h"
 
 namespace tavrel {
@@ -20,6 +19,11 @@ bool hasSampleEnding(std::string_view name)
 
 } // namespace
 
+bool isSample(const FolderEntry& entry)
+{
+    return hasSampleEnding(entry.name) && entry.isFile && !system::isHidden(entry.path);
+}
+
 Result<std::vector<SampleFile>> listSamples(const fs::path& folder)
 {
     Result<std::vector<FolderEntry>> entries = listFolder(folder);
@@ -28,7 +32,7 @@ Result<std::vector<SampleFile>> listSamples(const fs::path& folder)
     }
     std::vector<SampleFile> samples;
     for (FolderEntry& entry : *entries) {
-        if (hasSampleEnding(entry.name) && entry.isFile && !system::isHidden(entry.path)) {
+        if (isSample(entry)) {
             samples.push_back({std::move(entry.name), std::move(entry.path), entry.exactName});
         }
     }

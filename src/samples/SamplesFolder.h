@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Folder.h"
 #include "base/Result.h"
 #include "samples/SampleFormat.h"
 
@@ -21,7 +22,10 @@ struct SampleFile
     bool exactName = true; // false when the name has characters that no line of sounds.txt can hold
 };
 
-// Every regular file with the ending ".wav" in any letter case, hidden ones left out, in the system's order.
+// A regular file with the ending ".wav" in any letter case, and not hidden.
+bool isSample(const FolderEntry& entry);
+
+// Every sample, in the system's order.
 Result<std::vector<SampleFile>> listSamples(const std::filesystem::path& folder);
 
 // The file of a sample (its name without ".wav"), whatever its letter case. A name can never leave the

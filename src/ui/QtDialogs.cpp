@@ -68,6 +68,10 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
     QFileDialog dialog(QApplication::activeWindow(), inLanguage(question.title, m_language),
                        existingFolder(question.folder), filter);
     dialog.setFileMode(question.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (question.forSaving) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    }
     dialog.selectFile(QString::fromStdString(question.proposedName));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().empty()) {
         const QString chosen = dialog.selectedFiles().front();

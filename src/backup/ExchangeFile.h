@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Result.h"
+#include "catalogue/SoundLine.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The files in which users keep lines and hand them to each other: "ID","line" and CR LF for each line, bytes
+// in the system code page. Exchange files (.tox) and backups (.tob) differ by name alone.
+namespace tavrel {
+
+enum class ExchangeKind { Exchange, Backup };
+
+// How a file of that name will be read: as a backup when its last three characters are "tob".
+ExchangeKind kindOfFile(const std::filesystem::path& file);
+
+struct ExchangeRecord
+{
+    std::int64_t
+        id; // the sound's number when it was exported; a number too large for the type is the largest
+    std::string line;
+};
+
+// All of the file or, on the first line that is no record, nothing.
+Result<std::vector<ExchangeRecord>> readExchangeFile(const std::filesystem::path& file);
+
+// Replaces the file, and with it files whose names differ in letter case alone, once the new one is whole.
+[[nodiscard]] Problem writeExchangeFile(const std::filesystem::path& file,
+                                        std::span<const ExchangeRecord> records);
+
+// Where the samples of the file travel: beside it, its name less four characters and "_Samples". The folder
+// need not exist; one in another letter case is found.
+std::filesystem::path samplesFolderOf(const std::filesystem::path& file);
+
+// The line as both windows list it, in fixed columns.
+std::string exchangeRow(std::int64_t id, const SoundLine& record, std::string_view letters);
+
+// Nothing for a line with more samples than a record takes.
+std::optional<SoundLine> tryParse(std::string_view line);
+
+// Where the file dialogs start. Creates it when it is missing.
+std::filesystem::path makeBackupsFolder(const std::filesystem::path& programFolder);
+
+} // namespace tavrel

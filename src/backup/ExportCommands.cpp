@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "backup/ExportCommands.h"
+
+#include "backup/SampleTransfer.h"
+#include "base/CodePage.h"
+#include "base/FailureTexts.h"
+#include "base/Folder.h"
+
+#include <algorithm>
+#include <iterator>
+#include <tuple>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool hasOtherValues(const SoundLine& current, const SoundLine& original)
+{
+    // Not the name and not the letters.
+    const auto values = [](const SoundLine& line) {
+        return std::tie(line.SampleText, line.Vol, line.Pit, line.Rad, line.Ch, line.FlagP, line.FlagV,
+                        line.FlagRN, line.FlagL);
+    };
+    return values(current) != values(original);
+}
+
+bool isListed(ExportMode mode, std::string_view currentLine, std::string_view letter,
+              const SoundLine& current, const SoundLine& original)
+{
+    if (mode == ExportMode::All) {
+        return true;
+    }
+    const bool isCandidate = currentLine.find(letter) != std::string_view::npos;
+    return isCandidate && (mode == ExportMode::ModifiedAndAdded || hasOtherValues(current, original));
+}
+
+std::string savedLine(const std::string& line, const std::string& letters)
+{
+    const std::size_t hash = line.find('#');
+    return hash == std::string::npos ? line : line.substr(0, hash) + letters;
+}
+
+ExchangeKind kindOf(ExportMode mode)
+{
+    return mode == ExportMode::All ? ExchangeKind::Backup : ExchangeKind::Exchange;
+}
+
+std::string bracketed(const fs::path& file)
+{
+    return "[" + displayPath(file.filename()) + "]";
+}
+
+bool confirm(const ExportRequest& request, const BilingualText& text, bool refusalIsDefault, Dialogs& dialogs)
+{
+    return dialogs.ask({captionOf(request.mode), text, Buttons::YesNo, refusalIsDefault}) == Answer::Yes;
+}
+
+// A backup that drops something must not look like one that does not.
+bool confirmDroppedText(const ExportRequest& request, Dialogs& dialogs)
+{
+    if (request.mode != ExportMode::All) {
+        return true;
+    }
+    std::string numbers;
+    for (const ExportRow& row : request.rows) {
+        if (row.savedDiffers) {
+            numbers += (numbers.empty() ? "" : ", ") + std::to_string(row.number);
+        }
+    }
+    return numbers.empty() ||
+           confirm(request,
+                   {"These lines hold text among or behind their letters that the backup does not keep: " +
+                        numbers + "\nSave the backup without it?",
+                    "Ces lignes contiennent, parmi leurs lettres ou après, du texte que la sauvegarde ne "
+                    "conserve pas : " +
+                        numbers + "\nSauvegarder sans ce texte ?"},
+                   true, dialogs);
+}
+
+bool confirmKind(const ExportRequest& request, Dialogs& dialogs)
+{
+    if (kindOfFile(request.file) == kindOf(request.mode)) {
+        return true;
+    }
+    const std::string file = bracketed(request.file);
+    const BilingualText text =
+        request.mode == ExportMode::All
+            ? BilingualText("The name of a backup ends with \".tob\". " + file +
+                                " will be read as an exchange file.\nSave under this name?",
+                            "Le nom d'une sauvegarde se termine par « .tob ». " + file +
+                                " sera lu comme un fichier d'échange.\nSauvegarder sous ce nom ?")
+            : BilingualText("The name of an exchange file ends with \".tox\". " + file +
+                                " will be read as a backup.\nSave under this name?",
+                            "Le nom d'un fichier d'échange se termine par « .tox ». " + file +
+                                " sera lu comme une sauvegarde.\nSauvegarder sous ce nom ?");
+    return confirm(request, text, true, dialogs);
+}
+
+bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
+{
+    const fs::path file = fs::absolute(request.file);
+    std::error_code ignored;
+    if (!fs::exists(file, ignored) && !findEntry(file.parent_path(), codePagePath(file.filename()).bytes)) {
+        return true;
+    }
+    const std::string name = displayPath(file.filename());
+    return confirm(request,
+                   {"The file " + name + " already exists.\n\rReplace it.",
+                    "Le fichier " + name + " existe déjà.\n\rLe remplacer."},
+                   false, dialogs);
+}
+
+std::vector<std::string> sampleNamesOf(std::span<const ExportRow> rows)
+{
+    std::vector<std::string> names;
+    for (const ExportRow& row : rows) {
+        if (const std::optional<SoundLine> record = tryParse(row.savedLine)) {
+            std::ranges::move(sampleNamesOf(*record), std::back_inserter(names));
+        }
+    }
+    return names;
+}
+
+Message report(const ExportRequest& request, MessageIcon icon, const BilingualText& text)
+{
+    return {icon, captionOf(request.mode), text};
+}
+
+Message nothingSaved(const ExportRequest& request, const BilingualText& why)
+{
+    return report(request, MessageIcon::Exclamation,
+                  why + BilingualText("\n\nNothing was saved; files that were there are as they were.",
+                                      "\n\nRien n'a été sauvegardé ; les fichiers existants sont intacts."));
+}
+
+} // namespace
+
+std::vector<ExportRow> listForExport(const SoundCatalogue& catalogue, ExportMode mode,
+                                     std::string_view letter)
+{
+    std::vector<ExportRow> rows;
+    for (std::size_t i = 0; i < catalogue.size(); ++i) {
+        const std::string& line = catalogue.currentLine(i);
+        const SoundLine current = ParseSoundLine(line);
+        const SoundLine original = ParseSoundLine(catalogue.originalLine(i));
+        if (isListed(mode, line, letter, current, original)) {
+            const std::string& letters = mode == ExportMode::All ? current.Letters : original.Letters;
+            std::string saved = savedLine(line, letters);
+            const bool differs = saved != line;
+            rows.push_back({i, current, exchangeRow(static_cast<std::int64_t>(i), current, letters),
+                            std::move(saved), differs});
+        }
+    }
+    return rows;
+}
+
+BilingualText captionOf(ExportMode mode)
+{
+    switch (mode) {
+    case ExportMode::Modified:
+        return {"Export only modified lines", "Exporter uniquement les lignes modifiées"};
+    case ExportMode::ModifiedAndAdded:
+        return {"Export added and modified lines", "Exporter les lignes ajoutées et modifiées"};
+    case ExportMode::All:
+        break;
+    }
+    return {"Save all lines", "Sauvegarder toutes les lignes"};
+}
+
+BilingualText descriptionOf(ExportMode mode)
+{
+    switch (mode) {
+    case ExportMode::Modified:
+        return {
+            "This option will save in a file only lines with modifications of samples values/names. Useful "
+            "for exchange with another user. Use Import fucntion from the main window to apply these lines to "
+            "the target machine.",
+            "Cette option va sauvegarder uniquement les lignes avec des modifications de noms/valeurs de "
+            "samples. Utile pour effectuer un échange avec un autre utilisateur. Utilisez la fonction "
+            "d'Importation depuis la fenêtre principale pour appliquer les modifications sur l'ordinateur "
+            "cible."};
+    case ExportMode::ModifiedAndAdded:
+        return {
+            "Same as [Export only modified lines] but with also added lines. Even lines with no modification "
+            "of samples values/names will be saved if they have the letter of the wad assigned. Can be used "
+            "also for exchange with another user.",
+            "Identique à [Exporter uniquement les lignes modifiées] mais avec les lignes ajoutées. Même les "
+            "lignes sans modifications de noms/valeurs de samples seront sauvegardées si elles possèdent la "
+            "lettre du wad en cours. Peut aussi être utilisé pour un échange avec un autre utilisateur."};
+    case ExportMode::All:
+        break;
+    }
+    return {
+        "This option will simply make a backup of your work. Useful if you have multiple wads that use the "
+        "same sound line but with different samples name and/or values.",
+        "Cette option réalise simplement une sauvegarde de votre travail en cours. Utile si vous avez "
+        "plusieurs wads qui utilisent la même ligne de son mais avec différents noms/valeurs de samples."};
+}
+
+BilingualText columnTitleOf(ExportMode mode)
+{
+    switch (mode) {
+    case ExportMode::Modified:
+        return {"      ID    Modified line", "      ID    Ligne modifiée"};
+    case ExportMode::ModifiedAndAdded:
+        return {"      ID    Modified/Added line", "      ID    Ligne Modifiée/Ajoutée"};
+    case ExportMode::All:
+        break;
+    }
+    return {"      ID    Line", "      ID    Ligne"};
+}
+
+std::optional<fs::path> chooseExportFile(ExportMode mode, std::string_view wadName,
+                                         const fs::path& programFolder, Dialogs& dialogs)
+{
+    const bool isBackup = mode == ExportMode::All;
+    const std::string name = wadName.empty() ? "sounds" : utf8FromCodePage(wadName);
+    return dialogs.chooseFile({captionOf(mode),
+                               isBackup ? BilingualText("Backup files", "Fichiers backup")
+                                        : BilingualText("Exchange files", "Fichiers d'échange"),
+                               {isBackup ? "*.tob" : "*.tox"},
+                               makeBackupsFolder(programFolder),
+                               name + (isBackup ? "_backup.tob" : ".tox"),
+                               false,
+                               true});
+}
+
+bool confirmExport(const ExportRequest& request, Dialogs& dialogs)
+{
+    return confirmDroppedText(request, dialogs) && confirmKind(request, dialogs) &&
+           confirmReplacing(request, dialogs);
+}
+
+ExportOutcome saveExport(const ExportRequest& request, Progress& progress)
+{
+    const fs::path file = fs::absolute(request.file);
+    std::optional<SamplesFolderSwap> samples;
+    SampleCopies copies;
+    if (request.withSamples) {
+        samples.emplace(samplesFolderOf(file));
+        copies = samples->copy(sampleNamesOf(request.rows), request.samplesFolder, progress);
+    }
+    if (copies.end == CopyEnd::Cancelled) {
+        return {false, nothingSaved(request, {"Cancelled.", "Annulé."})};
+    }
+    if (copies.failure) {
+        return {false, nothingSaved(request, copies.failure->text)};
+    }
+    std::vector<ExchangeRecord> records;
+    for (const ExportRow& row : request.rows) {
+        records.push_back({static_cast<std::int64_t>(row.number), row.savedLine});
+    }
+    if (const Problem problem = writeExchangeFile(file, records)) {
+        return {false, nothingSaved(request, problem->text)};
+    }
+    if (samples) {
+        if (const Problem problem = samples->putInPlace()) {
+            const std::string name = bracketed(file);
+            return {false,
+                    report(request, MessageIcon::Exclamation,
+                           problem->text +
+                               BilingualText("\n\n" + name + " was saved, its samples were not.",
+                                             "\n\n" + name + " a été sauvegardé, mais pas ses samples."))};
+        }
+    }
+    if (!copies.refused.empty()) {
+        return {true, report(request, MessageIcon::Information, unsafeSampleNames(copies.refused))};
+    }
+    return {true, std::nullopt};
+}
+
+std::vector<ObjectGroup> objectGroups(std::span<const SoundObject> objects)
+{
+    std::vector<ObjectGroup> groups;
+    for (const SoundObject& object : objects) {
+        auto group = std::ranges::find(groups, object.type, &ObjectGroup::type);
+        if (group == groups.end() && groups.size() < ObjectGroup::mostGroups) {
+            group = groups.insert(group, {object.type, {}});
+        }
+        if (group != groups.end() && group->objects.size() < ObjectGroup::mostObjects) {
+            group->objects.push_back(&object);
+        }
+    }
+    return groups;
+}
+
+BilingualText countOfLines(std::size_t listed, std::size_t ticked)
+{
+    const std::string first = std::to_string(listed);
+    const std::string second = std::to_string(ticked);
+    return {first + " lines listed - " + second + " lines selected",
+            first + " lignes listées - " + second + " lignes sélectionnées"};
+}
+
+} // namespace tavrel

@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "backup/ImportCommands.h"
+
+#include "backup/SampleTransfer.h"
+#include "base/CodePage.h"
+#include "references/LetterCommands.h"
+
+#include <algorithm>
+#include <functional>
+#include <unordered_map>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string_view nameOf(std::string_view line)
+{
+    return line.substr(0, line.find(':'));
+}
+
+bool isInCatalogue(std::int64_t id, const SoundCatalogue& catalogue)
+{
+    return id >= 0 && static_cast<std::uint64_t>(id) < catalogue.size();
+}
+
+// Whether the first "#" of the line opens its letters. One in a name or a sample would cut the line there.
+bool isCutAtLetters(std::string_view line)
+{
+    const std::size_t hash = line.find('#');
+    if (hash == std::string_view::npos) {
+        return true;
+    }
+    const std::optional<SoundLine> record = tryParse(line);
+    const auto holdsHash = [](const std::string& sample) {
+        return !sample.starts_with('#') && sample.find('#') != std::string::npos;
+    };
+    const bool inSample = !record || std::ranges::any_of(record->Samples, holdsHash);
+    return hash == lettersStart(line) && hash > nameOf(line).size() && !inSample;
+}
+
+// The samples and values that are read from both lines are the same, whatever their letters.
+bool readAlike(std::string_view left, std::string_view right)
+{
+    std::optional<SoundLine> first = tryParse(left);
+    std::optional<SoundLine> second = tryParse(right);
+    if (!first || !second) {
+        return false;
+    }
+    first->Letters.clear();
+    second->Letters.clear();
+    return first == second;
+}
+
+std::string resultFor(const ImportRow& row, ExchangeKind kind, std::string_view currentLine,
+                      std::string_view letter)
+{
+    return kind == ExchangeKind::Backup ? row.line : mergedLine(row.line, currentLine, letter);
+}
+
+BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCatalogue& catalogue,
+                        std::string_view letter)
+{
+    if (!isInCatalogue(row.id, catalogue)) {
+        const std::string id = std::to_string(row.id);
+        const std::string size = std::to_string(catalogue.size());
+        return {"The catalogue has no line " + id + ": it holds " + size + " lines, from 0.",
+                "Le catalogue n'a pas de ligne " + id + " : il contient " + size + " lignes, à partir de 0."};
+    }
+    if (const std::optional<BilingualText> refusal = SoundCatalogue::refusal(row.line)) {
+        return *refusal;
+    }
+    const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
+    if (kind == ExchangeKind::Exchange && !(isCutAtLetters(row.line) && isCutAtLetters(current))) {
+        return {"A \"#\" stands in a name or sample; the line would be cut there.",
+                "Un « # » se trouve dans un nom ou un sample ; la ligne y serait coupée."};
+    }
+    return SoundCatalogue::refusal(resultFor(row, kind, current, letter)).value_or(BilingualText());
+}
+
+BilingualText remarkOn(const ImportRow& row, const SoundCatalogue& catalogue)
+{
+    const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
+    if (nameOf(row.line) != nameOf(current)) {
+        const std::string name = "[" + utf8FromCodePage(nameOf(current)) + "]";
+        return {"The catalogue has " + name + " here: the file comes from another sounds.txt.",
+                "Le catalogue a " + name + " ici : le fichier provient d'un autre sounds.txt."};
+    }
+    const std::string_view head = std::string_view(row.line).substr(0, row.line.find('#'));
+    if (row.result != row.line && !readAlike(row.result, std::string(head) + "\t")) {
+        return {"With the letters behind it, the line will be read in another way.",
+                "Avec les lettres ajoutées, la ligne sera lue autrement."};
+    }
+    return {};
+}
+
+ImportRow makeRow(ExchangeRecord record, ExchangeKind kind, const SoundCatalogue& catalogue,
+                  std::string_view letter)
+{
+    ImportRow row;
+    row.id = record.id;
+    row.line = std::move(record.line);
+    row.record = tryParse(row.line);
+    row.text = row.record ? exchangeRow(row.id, *row.record, row.record->Letters)
+                          : std::to_string(row.id) + " " + row.line;
+    row.refusal = refusalOf(row, kind, catalogue, letter);
+    if (row.applicable()) {
+        row.result = resultFor(row, kind, catalogue.currentLine(static_cast<std::size_t>(row.id)), letter);
+        row.remark = remarkOn(row, catalogue);
+    }
+    return row;
+}
+
+// The lines after all rows in their order; a row may build on what an earlier one made of its line.
+Result<std::vector<SoundCatalogue::LineChange>> plan(const ImportRequest& request,
+                                                     const SoundCatalogue& catalogue)
+{
+    std::vector<SoundCatalogue::LineChange> changes;
+    std::unordered_map<std::size_t, std::size_t> lastChange; // of a number, in `changes`
+    for (const std::size_t index : request.rows) {
+        const ImportRow& row = request.file.rows.at(index);
+        if (!row.applicable() || !isInCatalogue(row.id, catalogue)) {
+            return Failure{BilingualText::same("ID " + std::to_string(row.id) + "\n") + row.refusal};
+        }
+        const auto number = static_cast<std::size_t>(row.id);
+        const auto earlier = lastChange.find(number);
+        const std::string current =
+            earlier == lastChange.end() ? catalogue.currentLine(number) : changes[earlier->second].text;
+        lastChange[number] = changes.size();
+        changes.push_back({number, resultFor(row, request.file.kind, current, request.wad.letter)});
+    }
+    return changes;
+}
+
+Message report(const ImportRequest& request, MessageIcon icon, const BilingualText& text)
+{
+    return {icon, actionOf(request.file.kind), text};
+}
+
+BilingualText listOfFiles(const std::vector<std::string>& files)
+{
+    std::string list;
+    for (const std::string& file : files) {
+        list += "\n" + utf8FromCodePage(file);
+    }
+    return BilingualText::same(list);
+}
+
+// The lines are in the catalogue; some samples are not in their folder.
+Message incomplete(const ImportRequest& request, const SampleCopies& copies)
+{
+    BilingualText text = copies.failure ? copies.failure->text : BilingualText("Cancelled.", "Annulé.");
+    text += BilingualText("\n\nThe lines were imported. ", "\n\nLes lignes ont été importées. ");
+    text += copies.copied.empty()
+                ? BilingualText("No sample was copied.", "Aucun sample n'a été copié.")
+                : BilingualText("These samples were copied before:", "Ces samples ont été copiés avant :") +
+                      listOfFiles(copies.copied);
+    return report(request, MessageIcon::Exclamation, text);
+}
+
+} // namespace
+
+std::string mergedLine(std::string_view fileLine, std::string_view currentLine, std::string_view letter)
+{
+    const std::string tag = "#" + std::string(letter);
+    const std::size_t hash = currentLine.find('#');
+    std::string line(fileLine);
+    if (hash != std::string_view::npos) {
+        line = std::string(fileLine.substr(0, fileLine.find('#'))).append(currentLine.substr(hash));
+    }
+    const bool lacksLetter = !letter.empty() && currentLine.find(tag) == std::string_view::npos;
+    return lacksLetter ? line + " " + tag : line;
+}
+
+Result<ImportFile> readImportFile(const fs::path& file, const SoundCatalogue& catalogue,
+                                  std::string_view letter)
+{
+    Result<std::vector<ExchangeRecord>> records = readExchangeFile(file);
+    if (!records) {
+        return records.failure();
+    }
+    ImportFile result{file, kindOfFile(file), {}, std::nullopt};
+    for (ExchangeRecord& record : *records) {
+        result.rows.push_back(makeRow(std::move(record), result.kind, catalogue, letter));
+    }
+    if (result.kind == ExchangeKind::Exchange) {
+        const fs::path samples = samplesFolderOf(fs::absolute(file));
+        finishSamplesSwap(samples);
+        std::error_code ignored;
+        if (fs::is_directory(samples, ignored)) {
+            result.samplesFolder = samples;
+        }
+    }
+    return result;
+}
+
+std::optional<fs::path> chooseImportFile(const fs::path& programFolder, Dialogs& dialogs)
+{
+    return dialogs.chooseFile({{"Choose File to Import/Restore", "Choisir le fichier à Importer/Restaurer"},
+                               {"Exchange/Backup files", "Fichiers d'Echange/Backup"},
+                               {"*.tox", "*.tob"},
+                               makeBackupsFolder(programFolder)});
+}
+
+std::vector<std::string> offeredSamples(const ImportRow& row)
+{
+    return row.applicable() && row.record ? sampleNamesOf(*row.record) : std::vector<std::string>();
+}
+
+bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
+{
+    const BilingualText title = actionOf(request.file.kind);
+    if (request.file.kind == ExchangeKind::Backup) {
+        return dialogs.ask({title, {"Restore all lines.", "Restaurer toutes les lignes."}, Buttons::YesNo}) ==
+               Answer::Yes;
+    }
+    if (!RequireCurrentReference(request.wad, title, dialogs)) {
+        return false;
+    }
+    const std::string letter = "[#" + utf8FromCodePage(request.wad.letter) + "]";
+    BilingualText text("Import lines and apply " + letter + " letter",
+                       "Importer les lignes et appliquer la lettre " + letter);
+    if (request.withSamples) {
+        text += BilingualText("\r\n\r\nCopy selected Samples Files to\r\n",
+                              "\r\n\r\nCopier les Fichiers Samples sélectionnés dans\r\n") +
+                displayPath(request.samplesFolder / "");
+    }
+    return dialogs.ask({title, text, Buttons::YesNo}) == Answer::Yes;
+}
+
+ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress)
+{
+    Result<std::vector<SoundCatalogue::LineChange>> changes = plan(request, catalogue);
+    const Problem problem =
+        changes ? catalogue.setCurrentLines(std::move(*changes)) : Problem(changes.failure());
+    if (problem) {
+        return {false, false, report(request, MessageIcon::Exclamation, problem->text)};
+    }
+    if (!request.withSamples) {
+        return {true, true, std::nullopt};
+    }
+    if (!request.file.samplesFolder) {
+        return {true, false,
+                report(request, MessageIcon::Exclamation,
+                       {"The lines were imported. No samples come with the file.",
+                        "Les lignes ont été importées. Aucun sample n'accompagne le fichier."})};
+    }
+    const SampleCopies copies =
+        replaceSamples(request.samples, *request.file.samplesFolder, request.samplesFolder, progress);
+    if (copies.end != CopyEnd::Complete) {
+        return {true, false, incomplete(request, copies)};
+    }
+    if (!copies.refused.empty()) {
+        return {true, true, report(request, MessageIcon::Information, unsafeSampleNames(copies.refused))};
+    }
+    return {true, true, std::nullopt};
+}
+
+std::vector<FieldComparison> compareWithCatalogue(const ImportRow& row, const SoundCatalogue& catalogue)
+{
+    const auto allSamples = [](const SoundLine& line) {
+        std::string samples;
+        for (const std::string& name : line.Samples) {
+            samples += (samples.empty() ? "" : " ") + name;
+        }
+        return samples;
+    };
+    const auto trimmed = [](auto SoundLine::*field) {
+        return [field](const SoundLine& line) { return std::string((line.*field).trimmed()); };
+    };
+    const struct
+    {
+        BilingualText name;
+        std::function<std::string(const SoundLine&)> value;
+    } fields[] = {
+        {{"Name", "Nom"}, trimmed(&SoundLine::Name)},
+        {{"Samples", "Samples"}, allSamples},
+        {{"VOL", "VOL"}, trimmed(&SoundLine::Vol)},
+        {{"P", "P"}, trimmed(&SoundLine::FlagP)},
+        {{"V", "V"}, trimmed(&SoundLine::FlagV)},
+        {{"R/N", "R/N"}, trimmed(&SoundLine::FlagRN)},
+        {{"L", "L"}, trimmed(&SoundLine::FlagL)},
+        {{"CH", "CH"}, trimmed(&SoundLine::Ch)},
+        {{"PIT", "PIT"}, trimmed(&SoundLine::Pit)},
+        {{"RAD", "RAD"}, trimmed(&SoundLine::Rad)},
+        {{"Letters", "Lettres"}, [](const SoundLine& line) { return line.Letters; }},
+    };
+    const bool known = isInCatalogue(row.id, catalogue);
+    const std::optional<SoundLine> current =
+        known ? tryParse(catalogue.currentLine(static_cast<std::size_t>(row.id))) : std::nullopt;
+    const std::optional<SoundLine> result = row.applicable() ? tryParse(row.result) : std::nullopt;
+    std::vector<FieldComparison> comparison;
+    for (const auto& [name, value] : fields) {
+        const auto valueIn = [&value](const std::optional<SoundLine>& line) {
+            return line ? value(*line) : std::string();
+        };
+        FieldComparison field{name, {valueIn(row.record), valueIn(current), valueIn(result)}};
+        field.differs = current && field.values[0] != field.values[1];
+        comparison.push_back(std::move(field));
+    }
+    return comparison;
+}
+
+BilingualText actionOf(ExchangeKind kind)
+{
+    return kind == ExchangeKind::Backup ? BilingualText("Restore", "Restaurer")
+                                        : BilingualText("Import", "Importer");
+}
+
+} // namespace tavrel

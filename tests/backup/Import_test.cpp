@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "backup/ExportCommands.h"
+#include "backup/ImportCommands.h"
+#include "catalogue/ApplyChanges.h"
+#include "catalogue/CatalogueLoading.h"
+#include "support/Files.h"
+#include "support/ScriptedDialogs.h"
+#include "support/ScriptedProgress.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+using namespace tavrel;
+namespace fs = std::filesystem;
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST(Import, MergesTheLetters)
+{
+    const struct
+    {
+        const char* file;
+        const char* current;
+        const char* letter;
+        const char* expected;
+    } cases[] = {
+        {"A:>new>VOL10>", "A:>old>#b", "g", "A:>new>VOL10>#b #g"},
+        {"A:>new>VOL10>", "A:>old>#b #g", "g", "A:>new>VOL10>#b #g"},
+        {"A:>new>VOL10>#x", "A:>old>", "g", "A:>new>VOL10>#x #g"},
+        {"A:>new>VOL10 #x #y", "A:>old>#b", "g", "A:>new>VOL10 #b #g"}, // the blank stays
+        {"A:>new>#oa", "A:>old>#b", "oa", "A:>new>#b #oa"},             // only the current line is looked at
+        {"A:>new>#oa", "A:>old>", "oa", "A:>new>#oa #oa"},
+        {"A:>new>", "A:>old>#ab", "a", "A:>new>#ab"}, // a piece of a letter counts
+        {"A:>new>", "A:>old>#A", "a", "A:>new>#A #a"},
+        {"A:>new", "A:>old>#b>tail", "a", "A:>new#b>tail #a"},
+        {"A:>new>", "A:>old>", "", "A:>new>"},
+    };
+    for (const auto& [file, current, letter, expected] : cases) {
+        EXPECT_EQ(mergedLine(withTabs(file), withTabs(current), letter), withTabs(expected));
+    }
+}
+
+class ImportFiles : public testing::Test
+{
+protected:
+    ImportFiles()
+    {
+        for (const char* line :
+             {"A:>foot>VOL44>#g", "B:>bell>VOL44>#b", "C:>door>VOL44>", "D#1:>d>VOL44>#d"}) {
+            catalogue.append(withTabs(line), withTabs(line), catalogue.size() + 1);
+        }
+    }
+
+    ImportFile read(const char* name, const Names& records)
+    {
+        writeBytes(root / name, withTabs(textOf(records)));
+        Result<ImportFile> file = readImportFile(root / name, catalogue, wad.letter);
+        if (!file) {
+            throw std::runtime_error(file.failure().text.english);
+        }
+        return std::move(*file);
+    }
+
+    static std::vector<std::size_t> allRows(const ImportFile& file)
+    {
+        std::vector<std::size_t> rows(file.rows.size());
+        std::iota(rows.begin(), rows.end(), std::size_t{0});
+        return rows;
+    }
+
+    ImportRequest request(const ImportFile& file)
+    {
+        return {file, allRows(file), wad, false, {}, root / "target"};
+    }
+
+    Names lines() const
+    {
+        Names result;
+        for (std::size_t i = 0; i < catalogue.size(); ++i) {
+            result.push_back(catalogue.currentLine(i));
+        }
+        return result;
+    }
+
+    TemporaryFolder root;
+    SoundCatalogue catalogue;
+    CurrentWad wad{"oasis", "oa", "Oasis"};
+    ScriptedProgress progress;
+};
+
+TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
+{
+    std::string manySamples = "\"1\",\"B:>";
+    for (int i = 0; i < 51; ++i) {
+        manySamples += "s ";
+    }
+    const Names records = {
+        "\"1\",\"B:>other>VOL10>#z\"",
+        "\"4\",\"E:>e>\"",
+        "\"-1\",\"A:>a>\"",
+        "\"99999999999999999999\",\"A:\"",
+        "\"0\",\"no colon\"",
+        "\"3\",\"D#1:>d>VOL44>#d\"",
+        "\"1\",\"B:>a#b>VOL10>\"",
+        manySamples + "\"",
+        "\"2\",\"OTHER:>e>VOL10>\"",
+        "\"1\",\"B:>bell\"",
+        "\"2\",\"C:>#b #c\"",
+    };
+    const struct
+    {
+        const char* refusal;
+        const char* remark;
+    } imported[] = {{"", ""},
+                    {"The catalogue has no line 4", ""},
+                    {"The catalogue has no line -1", ""},
+                    {"The catalogue has no line 9223372036854775807", ""},
+                    {"A sound line needs a name", ""},
+                    {"A \"#\" stands in a name", ""},
+                    {"A \"#\" stands in a name", ""},
+                    {"A sound line cannot hold more than 50", ""},
+                    {"", "The catalogue has [C] here"},
+                    {"", "With the letters behind it"},
+                    {"", "With the letters behind it"}};
+    const ImportFile file = read("a.tox", records);
+    ASSERT_EQ(file.rows.size(), std::size(imported));
+    for (std::size_t i = 0; i < file.rows.size(); ++i) {
+        const auto& [refusal, remark] = imported[i];
+        EXPECT_TRUE(file.rows[i].refusal.english.starts_with(refusal)) << file.rows[i].refusal.english;
+        EXPECT_EQ(file.rows[i].applicable(), *refusal == '\0') << i;
+        EXPECT_TRUE(file.rows[i].remark.english.starts_with(remark)) << file.rows[i].remark.english;
+        EXPECT_EQ(file.rows[i].remark.empty(), *remark == '\0') << i << file.rows[i].remark.english;
+    }
+    // A backup does not cut its lines.
+    const ImportFile backup = read("a.tob", records);
+    EXPECT_TRUE(backup.rows[5].applicable() && backup.rows[6].applicable());
+    EXPECT_FALSE(backup.rows[1].applicable() || backup.rows[4].applicable() || backup.rows[7].applicable());
+}
+
+TEST_F(ImportFiles, AppliesTheTickedRowsOrNone)
+{
+    const ImportFile file = read("a.tox", {"\"1\",\"B:>one>VOL10>\"", "\"2\",\"C:>x>VOL10>#z\"",
+                                           "\"1\",\"B:>two>VOL20>#q\"", "\"9\",\"Z:>z>\""});
+    const Names before = lines();
+    ImportRequest everything = request(file);
+    const ImportOutcome refused = applyImport(catalogue, everything, progress);
+    EXPECT_FALSE(refused.linesApplied);
+    EXPECT_TRUE(refused.report);
+    EXPECT_EQ(lines(), before);
+    EXPECT_FALSE(catalogue.pending());
+
+    everything.rows = {};
+    EXPECT_TRUE(applyImport(catalogue, everything, progress).complete);
+    EXPECT_FALSE(catalogue.pending());
+
+    everything.rows = {0, 2}; // the second builds on the first
+    EXPECT_TRUE(applyImport(catalogue, everything, progress).complete);
+    EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>two>VOL20>#b #oa"));
+    EXPECT_EQ(catalogue.currentLine(2), before[2]);
+    EXPECT_TRUE(catalogue.pending());
+
+    const ImportFile backup = read("a.TOB", {"\"2\",\"C:>x>VOL10>#z>behind \""});
+    EXPECT_TRUE(applyImport(catalogue, request(backup), progress).complete);
+    EXPECT_EQ(catalogue.currentLine(2), withTabs("C:>x>VOL10>#z>behind "));
+}
+
+TEST_F(ImportFiles, AsksFirst)
+{
+    const ImportFile exchange = read("a.tox", {"\"1\",\"B:>one>VOL10>\""});
+    const ImportFile backup = read("a.tob", {"\"1\",\"B:>one>VOL10>\""});
+    const auto conversation = [this](ImportRequest asked, Answer answer, bool expected, Language language) {
+        ScriptedDialogs dialogs{answer};
+        EXPECT_EQ(confirmImport(asked, dialogs), expected);
+        return dialogs.conversation(language).front();
+    };
+    EXPECT_EQ(conversation(request(backup), Answer::No, false, Language::French),
+              "Yes/No | Restaurer | Restaurer toutes les lignes.");
+    EXPECT_EQ(conversation(request(exchange), Answer::Yes, true, Language::English),
+              "Yes/No | Import | Import lines and apply [#oa] letter");
+    ImportRequest withSamples = request(exchange);
+    withSamples.withSamples = true;
+    EXPECT_EQ(
+        conversation(withSamples, Answer::Yes, true, Language::French),
+        "Yes/No | Importer | Importer les lignes et appliquer la lettre [#oa]\r\n\r\nCopier les Fichiers "
+        "Samples sélectionnés dans\r\n" +
+            (root / "target" / "").string());
+    wad = {};
+    EXPECT_EQ(conversation(request(backup), Answer::Yes, true, Language::English),
+              "Yes/No | Restore | Restore all lines.");
+    ScriptedDialogs dialogs;
+    EXPECT_FALSE(confirmImport(request(exchange), dialogs));
+    EXPECT_EQ(dialogs.conversation(Language::English),
+              Names{"exclamation | Import | Select a WAD/Letter reference first"});
+}
+
+TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
+{
+    writeBytes(root / "A_SAMPLES" / "one.wav", "new");
+    writeBytes(root / "A_SAMPLES" / "two.wav", "new");
+    writeBytes(root / "target" / "ONE.wav", "old");
+    const ImportFile file = read("a.tox", {"\"1\",\"B:>one two con>VOL10>\"", "\"7\",\"Z:>gone>\""});
+    ASSERT_EQ(file.samplesFolder, root / "A_SAMPLES");
+    EXPECT_EQ(offeredSamples(file.rows[0]), (Names{"one", "two", "con"}));
+    EXPECT_EQ(offeredSamples(file.rows[1]), Names());
+    EXPECT_FALSE(read("a.tob", {}).samplesFolder);
+    const ImportFile alone = read("ab.tox", {});
+    EXPECT_FALSE(alone.samplesFolder);
+    ImportRequest inVain = request(alone);
+    inVain.withSamples = true;
+    EXPECT_FALSE(applyImport(catalogue, inVain, progress).complete);
+
+    ImportRequest asked = request(file);
+    asked.rows = {0};
+    asked.withSamples = true;
+    asked.samples = offeredSamples(file.rows[0]);
+    ScriptedProgress stopping(1);
+    const ImportOutcome cancelled = applyImport(catalogue, asked, stopping);
+    EXPECT_TRUE(cancelled.linesApplied && !cancelled.complete);
+    EXPECT_EQ(cancelled.report->text.english,
+              "Cancelled.\n\nThe lines were imported. These samples were copied before:\none.wav");
+    EXPECT_TRUE(catalogue.pending());
+    EXPECT_EQ(namesIn(root / "target"), Names{"one.wav"});
+
+    const ImportOutcome complete = applyImport(catalogue, asked, progress);
+    EXPECT_TRUE(complete.complete);
+    EXPECT_TRUE(complete.report->text.english.ends_with("[con]"));
+    EXPECT_EQ(namesIn(root / "target"), (Names{"one.wav", "two.wav"}));
+    EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>one two con>VOL10>#b #oa")) << "the letter came once";
+}
+
+TEST_F(ImportFiles, ComparesAFileLineWithTheCataloguesLine)
+{
+    const ImportFile file = read("a.tox", {"\"1\",\"B:>bell two>VOL10>>#z\"", "\"9\",\"Z:>z>\""});
+    std::string differing;
+    for (const FieldComparison& field : compareWithCatalogue(file.rows[0], catalogue)) {
+        if (field.differs) {
+            differing += field.field.english + ": " + field.values[0] + " | " + field.values[1] + " | " +
+                         field.values[2] + "\n";
+        }
+    }
+    EXPECT_EQ(differing,
+              "Samples: bell two | bell | bell two\nVOL: VOL10 | VOL44 | VOL10\nLetters: #z | #b | #b #oa\n");
+    const std::vector<FieldComparison> beyond = compareWithCatalogue(file.rows[1], catalogue);
+    EXPECT_EQ(beyond.front().values, (std::array<std::string, 3>{"Z:", "", ""}));
+    EXPECT_FALSE(beyond.front().differs);
+}
+
+SoundCatalogue loadedFrom(const DemoFolders& folders)
+{
+    Result<LoadedCatalogue> loaded = loadCatalogue({folders.program, folders.creator, false});
+    if (!loaded) {
+        throw std::runtime_error(loaded.failure().text.english);
+    }
+    return std::move(loaded->catalogue);
+}
+
+TEST(ExchangeRoundTrip, ABackupBringsEveryByteBack)
+{
+    const DemoFolders folders;
+    ScriptedProgress progress;
+    std::vector<std::string> work = stockLines();
+    for (std::string& line : work) {
+        line = AddLetter(line, "zz");
+    }
+    writeBytes(folders.sounds, textOf(work));
+    SoundCatalogue catalogue = loadedFrom(folders);
+    const fs::path file = folders.root / "all.tob";
+    const ExportRequest all{ExportMode::All, listForExport(catalogue, ExportMode::All, ""), file, false, {}};
+    ScriptedDialogs dialogs{Answer::Yes, Answer::Yes};
+    ASSERT_TRUE(confirmExport(all, dialogs));
+    ASSERT_TRUE(saveExport(all, progress).saved);
+    EXPECT_TRUE(dialogs.said().empty()) << "nothing is dropped, nothing to ask";
+
+    for (std::size_t i = 0; i < catalogue.size(); ++i) {
+        ASSERT_FALSE(catalogue.setCurrentLine(i, "X:\tother\tVOL01\t"));
+    }
+    ASSERT_TRUE(applyChanges(catalogue, {folders.program, "oasis"}, dialogs));
+    ASSERT_NE(readBytes(folders.sounds), textOf(work));
+
+    const Result<ImportFile> backup = readImportFile(file, catalogue, "");
+    ASSERT_TRUE(backup);
+    std::vector<std::size_t> rows(backup->rows.size());
+    std::iota(rows.begin(), rows.end(), std::size_t{0});
+    ASSERT_TRUE(applyImport(catalogue, {*backup, rows, {}, false, {}, {}}, progress).complete);
+    ASSERT_TRUE(applyChanges(catalogue, {folders.program, "oasis"}, dialogs));
+    EXPECT_EQ(firstDifference(readBytes(folders.sounds), textOf(work)), "");
+}
+
+TEST(ExchangeRoundTrip, AnExchangeKeepsTheLettersOfTheOtherSide)
+{
+    const DemoFolders mine;
+    const DemoFolders theirs;
+    ScriptedProgress progress;
+    SoundCatalogue catalogue = loadedFrom(mine);
+    const std::string changed = "CROC_ATTACK:\t\tother\t\t\tVOL33\t\t\t\t\t#oa";
+    ASSERT_FALSE(catalogue.setCurrentLine(80, changed));
+    const fs::path file = mine.root / "oasis.tox";
+    ASSERT_TRUE(
+        saveExport(
+            {ExportMode::Modified, listForExport(catalogue, ExportMode::Modified, "oa"), file, false, {}},
+            progress)
+            .saved);
+    SoundCatalogue target = loadedFrom(theirs);
+    ASSERT_FALSE(target.setCurrentLine(80, target.currentLine(80) + "#q1 #q2"));
+    const Result<ImportFile> read = readImportFile(file, target, "ne");
+    ASSERT_TRUE(read);
+    ASSERT_EQ(read->rows.size(), 1U);
+    ASSERT_TRUE(applyImport(target, {*read, {0}, {"new", "ne", ""}, false, {}, {}}, progress).complete);
+    EXPECT_EQ(target.currentLine(80), "CROC_ATTACK:\t\tother\t\t\tVOL33\t\t\t\t\t#q1 #q2 #ne");
+}
+
+} // namespace
