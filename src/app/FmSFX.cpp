@@ -74,7 +74,6 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& session)
     m_controls.LbPath->setText(fromCodePage(m_settings.LevelEditorFolder));
     connectControls();
     connectLineControls();
-    disableLaterControls();
     showPanels();
     applyMainColours();
     showLanguage();
@@ -116,6 +115,7 @@ void FmSFX::connectControls()
     connectLetterControls();
     connectImportControls();
     connectGenerationControls();
+    connectExchangeControls();
     for (std::size_t i = 0; i < panelCount; ++i) {
         connect(c.panels[i], &FoldingPanel::openChanged, this,
                 [this, i](bool open) { m_settings.panels[i] = open; });
@@ -150,15 +150,6 @@ void FmSFX::connectLineControls()
                 [this, flag](bool on) { flagChanged(flag, on); });
     }
     connectSampleControls();
-}
-
-// Their commands are not in this version yet.
-void FmSFX::disableLaterControls()
-{
-    const FmSFXControls& c = m_controls;
-    for (QWidget* const control : std::initializer_list<QWidget*>{c.CdImport, c.CdExport}) {
-        control->setEnabled(false);
-    }
 }
 
 void FmSFX::showLanguage()
@@ -462,8 +453,14 @@ void FmSFX::showOrHideGlobals()
     if (!m_editor.mayLeave(m_context.dialogs)) {
         return;
     }
-    const std::optional<std::size_t> selected = m_editor.selected();
     m_showGlobals = !m_showGlobals;
+    rebuildList();
+}
+
+// Lines may have come into it or left it; the selected one stays selected while it is there.
+void FmSFX::rebuildList()
+{
+    const std::optional<std::size_t> selected = m_editor.selected();
     const Flagged selecting(m_selecting);
     m_sounds->rebuild(m_showGlobals);
     const QModelIndex index = selected ? m_sounds->indexOf(*selected) : QModelIndex();
@@ -473,6 +470,7 @@ void FmSFX::showOrHideGlobals()
     }
     m_controls.LiSFX->setCurrentIndex(index);
     m_controls.LiSFX->scrollTo(index);
+    m_editor.select(selected);
     showSelectedLine();
 }
 

@@ -29,6 +29,7 @@
 namespace tavrel {
 
 class SoundListModel;
+struct ExchangeContext;
 class StatusProgress;
 
 // What the main window needs from the program around it.
@@ -74,7 +75,6 @@ protected:
 private:
     void connectControls();
     void connectLineControls();
-    void disableLaterControls();
     void addShortcut(const QKeySequence& keys, QPushButton& button);
     void showLanguage();
     void showTitle();
@@ -140,6 +140,7 @@ private:
     void paintWadPanel(ColourValue text, ColourValue chooser);
     void greyWadPanel();
     void refreshAllLines();
+    void rebuildList();
     void addLetter();
     void removeLetter();
     void eraseLetterEverywhere();
@@ -161,6 +162,12 @@ private:
     void generate();
     void lookForResults();
     void openStatistics();
+
+    // Exchange files and backups (FmSFXExchange.cpp)
+    void connectExchangeControls();
+    ExchangeContext exchangeContext();
+    void exportLines();
+    void importLines();
 
     void valueChanged(ValueBox box);
     void pitchLeft();

@@ -63,7 +63,8 @@ void FmSFX::showLoaded()
     m_sounds->rebuild(m_showGlobals);
     for (QWidget* const control : std::initializer_list<QWidget*>{
              m_controls.CdApply, m_controls.CdCopy, m_controls.CdViewWAD, m_controls.CdRefW,
-             m_controls.CdErase, m_controls.CdReplacL, m_controls.TxReplacL}) {
+             m_controls.CdErase, m_controls.CdReplacL, m_controls.TxReplacL, m_controls.CdImport,
+             m_controls.CdExport}) {
         control->setEnabled(m_loaded);
     }
     const WadReference* const wad = m_references.findUserWad(m_settings.lastWad);

@@ -296,7 +296,8 @@ std::vector<FieldComparison> compareWithCatalogue(const ImportRow& row, const So
             return line ? value(*line) : std::string();
         };
         FieldComparison field{name, {valueIn(row.record), valueIn(current), valueIn(result)}};
-        field.differs = current && field.values[0] != field.values[1];
+        field.differs =
+            current && field.values[FieldComparison::file] != field.values[FieldComparison::catalogue];
         comparison.push_back(std::move(field));
     }
     return comparison;

@@ -28,7 +28,7 @@ std::string mergedLine(std::string_view fileLine, std::string_view currentLine, 
 
 struct ImportRow
 {
-    std::int64_t id = 0;
+    std::int64_t id = -1;
     std::string line; // as the file holds it
     std::string text; // as it is listed
     std::optional<SoundLine> record;
@@ -83,9 +83,12 @@ ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& reques
 // A field of a line as the file has it, as the catalogue has it, and as it would become.
 struct FieldComparison
 {
+    enum Line : std::size_t { file, catalogue, result, lines };
+
     BilingualText field;
-    std::array<std::string, 3> values; // empty where there is no line to read
-    bool differs = false;              // file and catalogue
+    std::array<std::string, lines> values; // empty where there is no line to read
+    bool differs = false;                  // file and catalogue
+    bool changes() const { return values[result] != values[catalogue]; }
 };
 std::vector<FieldComparison> compareWithCatalogue(const ImportRow& row, const SoundCatalogue& catalogue);
 

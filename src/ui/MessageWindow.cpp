@@ -55,8 +55,10 @@ BilingualText captionOf(Answer answer)
 }
 
 // Plain text, as wide as it needs to be, up to a width that still reads well.
-QLabel* makeText(const QString& text)
+QLabel* makeText(QString text)
 {
+    // Some texts spell a line break with both characters, in either order.
+    text.replace("\n\r", "\n").replace("\r\n", "\n");
     auto* const label = new QLabel(text);
     label->setObjectName("LbText");
     label->setTextFormat(Qt::PlainText);

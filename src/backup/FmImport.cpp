@@ -1,0 +1,430 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "backup/FmImport.h"
+
+#include "backup/ExportCommands.h"
+#include "backup/SampleTransfer.h"
+#include "base/CodePage.h"
+#include "samples/SamplesFolder.h"
+#include "ui/Captions.h"
+#include "ui/Colours.h"
+#include "ui/Controls.h"
+#include "ui/FoldingPanel.h"
+#include "ui/Text.h"
+#include "ui/Theme.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace {
+
+constexpr std::size_t linesColourSlot = 4;
+constexpr std::size_t samplesColourSlot = 0;
+
+const BilingualText title("Import/Restore a backup", "Importer/Restaurer une sauvegarde");
+
+// The line of the file, the line of the catalogue, and what would become of it.
+QTableWidget* makeComparisonTable()
+{
+    constexpr int lines = 3;
+    auto* const table = named(new QTableWidget(lines, 0), "TbCompare");
+    table->setFont(fixedPitchFont());
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionMode(QAbstractItemView::NoSelection);
+    table->setFocusPolicy(Qt::NoFocus);
+    table->setTextElideMode(Qt::ElideRight);
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + controlGap);
+    constexpr int scrollBarHeight = 10;
+    table->setFixedHeight((lines + 1) * table->verticalHeader()->defaultSectionSize() + scrollBarHeight);
+    return table;
+}
+
+} // namespace
+
+FmImport::FmImport(QWidget* parent, const ExchangeContext& context)
+    : TitledWindow(parent), m_context(context), m_body(new QWidget),
+      m_chooseFile(makeButton("CdFile", Glyph::ChooseFile)), m_path(makeElidedLabel("LbRep")),
+      m_mode(makeHeading("Label5")), m_tickAll(makeButton("CdSelect", Glyph::Accept)),
+      m_untickAll(makeButton("CdEfface", Glyph::RemoveItem)), m_counts(named(new QLabel, "LbIndic")),
+      m_lines(new TickList("LiLine")), m_titles(new ColumnTitles("Label4", *m_lines)),
+      m_remark(makePaperLabel("LbRemark")), m_samples(new TickList("LiIncluS")),
+      m_sampleCounts(named(new QLabel, "LbIncluS")), m_samplesPanel(makeSamplesPanel()),
+      m_comparison(new FoldingPanel("ImPlus", nullptr)), m_table(makeComparisonTable()),
+      m_play(makeButton("CdPlay2", Glyph::Play)), m_stop(makeButton("CdStopS2", Glyph::Stop)),
+      m_withSamples(named(new QCheckBox, "CkSamp")), m_apply(makeButton("CdOpen", Glyph::ImportBackup)),
+      m_close(makeButton("CdStop", Glyph::Close)), m_status(new CopyStatus)
+{
+    setObjectName("FmImport");
+    setWindowModality(Qt::ApplicationModal);
+    m_lines->useMarks();
+    m_samples->useMarks();
+    layOut();
+    paintWith(*m_lines, m_context.colours.slots[linesColourSlot]);
+    paintWith(*m_table, m_context.colours.slots[linesColourSlot]);
+    paintWith(*m_samples, m_context.colours.slots[samplesColourSlot]);
+    m_titles->setLanguage(m_context.language);
+    showCaptions();
+    connectControls();
+    showNothing();
+    m_chooseFile->setFocus();
+}
+
+QString FmImport::inLanguage(const BilingualText& text) const
+{
+    return tavrel::inLanguage(text, m_context.language);
+}
+
+QWidget* FmImport::makeSamplesPanel()
+{
+    auto* const panel = named(new QWidget, "PnSamples");
+    auto* const column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(m_sampleCounts);
+    column->addWidget(m_samples, 1);
+    panel->setFixedWidth(220);
+    return panel;
+}
+
+void FmImport::layOut()
+{
+    constexpr int margin = 2 * controlGap;
+    auto* const warning = named(new QLabel, "LbWarning");
+    warning->setTextFormat(Qt::PlainText);
+    warning->setWordWrap(true);
+    QSizePolicy remarkSize = m_remark->sizePolicy();
+    remarkSize.setRetainSizeWhenHidden(true);
+    m_remark->setSizePolicy(remarkSize);
+    auto* const fileRow = rowOf({m_chooseFile, m_path, m_mode});
+    fileRow->setStretch(1, 1);
+    auto* const ticks = rowOf({m_tickAll, m_untickAll, m_counts});
+    ticks->insertStretch(2, 1);
+    auto* const lines = new QVBoxLayout;
+    lines->setSpacing(2);
+    lines->addWidget(m_titles);
+    lines->addWidget(m_lines, 1);
+    auto* const lists = new QHBoxLayout;
+    lists->setSpacing(margin);
+    lists->addLayout(lines, 1);
+    lists->addWidget(m_samplesPanel);
+    auto* const buttons = rowOf({m_play, m_stop, m_withSamples, m_apply, m_close});
+    buttons->insertSpacing(2, margin);
+    buttons->insertStretch(4, 1);
+    m_comparison->content().addWidget(m_table);
+    m_comparison->setOpen(false);
+    auto* const body = new QVBoxLayout(m_body);
+    body->setContentsMargins(0, 0, 0, 0);
+    body->setSpacing(controlGap);
+    body->addLayout(fileRow);
+    body->addLayout(ticks);
+    body->addLayout(lists, 1);
+    body->addWidget(m_remark);
+    body->addWidget(m_comparison);
+    body->addWidget(warning);
+    body->addLayout(buttons);
+    content().setContentsMargins(margin, margin, margin, margin);
+    content().setSpacing(controlGap);
+    content().addWidget(m_body, 1);
+    content().addWidget(m_status);
+    resize(1140, 700);
+}
+
+void FmImport::connectControls()
+{
+    connect(m_chooseFile, &QPushButton::clicked, this, &FmImport::chooseFile);
+    connect(m_tickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(true); });
+    connect(m_untickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(false); });
+    connect(m_lines, &TickList::ticksChanged, this, [this] {
+        showCounts();
+        fillSamples();
+    });
+    connect(m_lines, &QListWidget::itemSelectionChanged, this, &FmImport::selectionChanged);
+    connect(m_samples, &TickList::ticksChanged, this, &FmImport::samplesTicked);
+    connect(m_withSamples, &QCheckBox::toggled, this, &FmImport::fillSamples);
+    connect(m_comparison, &FoldingPanel::openChanged, this, &FmImport::compare);
+    connect(m_play, &QPushButton::clicked, this, &FmImport::play);
+    connect(m_stop, &QPushButton::clicked, this, [this] { StopSample(m_context.player); });
+    connect(m_apply, &QPushButton::clicked, this, &FmImport::apply);
+    connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
+    auto* const enter = new QShortcut(Qt::Key_Return, m_lines);
+    enter->setContext(Qt::WidgetShortcut);
+    connect(enter, &QShortcut::activated, m_play, &QPushButton::click);
+}
+
+void FmImport::showCaptions()
+{
+    const auto both = [](const char* control, const BilingualText& text) {
+        return Caption{control, text, text};
+    };
+    const Caption captions[] = {
+        both("CdFile", {"Choose File to Import/Restore", "Choisir le fichier à Importer/Restaurer"}),
+        both("CdSelect", {"Select all lines", "Selectionner toutes les lignes"}),
+        both("CdEfface", {"Unselect all lines", "Décocher toutes les lignes"}),
+        {"Label4", {"      ID    Line", "      ID    Ligne"}, {}},
+        {"LiLine",
+         {},
+         {"Lines of the file; Space ticks, Enter plays", "Lignes du fichier ; Espace coche, Entrée joue"}},
+        {"LiIncluS",
+         {},
+         {"Samples to copy from the folder of the file", "Samples à copier depuis le répertoire du fichier"}},
+        {"ImPlus",
+         {"The file's line and the catalogue's line", "La ligne du fichier et la ligne du catalogue"},
+         {"Show or hide the comparison of the selected line",
+          "Afficher ou cacher la comparaison de la ligne choisie"}},
+        {"TbCompare",
+         {},
+         {"Fields that differ are marked with *", "Les champs qui diffèrent sont marqués d'un *"}},
+        {"LbWarning",
+         {"All selected lines above will replace lines in the current main window. All modifications on these "
+          "lines will be lost.",
+          "Toutes les lignes sélectionnées ci-dessus vont remplacer les lignes dans la fenêtre principale. Toutes "
+          "les modifications déjà effectuées sur ces lignes seront perdues."},
+         {}},
+        both("CdPlay2", {"Play sample", "Jouer le sample"}),
+        both("CdStopS2", {"Stop sample", "Stopper le sample"}),
+        both("CkSamp", {"Include and Replace Samples Files", "Inclure et Remplacer les Fichiers Samples"}),
+        both("CdStop", {"Close", "Fermer"}),
+        {"CdCancelCopy", {"Cancel", "Annuler"}, {"Stop copying the samples", "Arrêter la copie des samples"}},
+    };
+    tavrel::showCaptions(*this, captions, m_context.language);
+    setWindowTitle(inLanguage(title));
+    m_table->setVerticalHeaderLabels({inLanguage({"File", "Fichier"}), inLanguage({"Catalogue", "Catalogue"}),
+                                      inLanguage({"Result", "Résultat"})});
+}
+
+void FmImport::chooseFile()
+{
+    const std::optional<std::filesystem::path> file =
+        chooseImportFile(m_context.programFolder, m_context.dialogs);
+    if (!file) {
+        return;
+    }
+    showNothing();
+    m_path->setText(QString::fromStdString(displayPath(*file)));
+    Result<ImportFile> read = readImportFile(*file, m_context.catalogue, m_context.wad.letter);
+    if (!read) {
+        m_context.dialogs.show({MessageIcon::Exclamation, title, read.failure().text});
+        return;
+    }
+    m_file = std::move(*read);
+    showFile();
+}
+
+void FmImport::showNothing()
+{
+    m_file.reset();
+    m_declined.clear();
+    m_withSamples->setChecked(false);
+    m_withSamples->hide();
+    m_mode->clear();
+    m_path->clear();
+    m_lines->clear();
+    m_apply->setText(inLanguage(actionOf(ExchangeKind::Exchange)));
+    m_apply->setToolTip(m_apply->text());
+    m_apply->setEnabled(false);
+    showCounts();
+    fillSamples();
+    selectionChanged();
+}
+
+void FmImport::showFile()
+{
+    const QString action = inLanguage(actionOf(m_file->kind));
+    m_mode->setText(action.toUpper());
+    m_apply->setText(action);
+    m_apply->setToolTip(action);
+    m_apply->setEnabled(true);
+    m_withSamples->setVisible(m_file->samplesFolder.has_value());
+    for (const ImportRow& row : m_file->rows) {
+        const TickList::Mark mark = !row.applicable()     ? TickList::Mark::Refusal
+                                    : !row.remark.empty() ? TickList::Mark::Remark
+                                                          : TickList::Mark::None;
+        m_lines->addRow(fromCodePage(row.text), mark,
+                        inLanguage(row.applicable() ? row.remark : row.refusal));
+    }
+    m_lines->scrollToTop();
+    showCounts();
+    selectionChanged();
+    m_lines->setFocus();
+}
+
+void FmImport::showCounts()
+{
+    m_counts->setText(inLanguage(countOfLines(m_lines->rows(), m_lines->tickedRows().size())));
+}
+
+// About the selected line; without one, about all of them.
+void FmImport::showRemarks()
+{
+    m_remark->hide();
+    if (!m_file) {
+        return;
+    }
+    const auto say = [this](const BilingualText& text, bool alarming) {
+        setPaperText(*m_remark, inLanguage(text), alarming);
+        m_remark->setVisible(!text.empty());
+    };
+    if (const std::optional<std::size_t> row = m_lines->selectedRow()) {
+        const ImportRow& selected = m_file->rows[*row];
+        say(selected.applicable() ? selected.remark : selected.refusal, !selected.applicable());
+        return;
+    }
+    const auto refused =
+        std::ranges::count_if(m_file->rows, [](const ImportRow& row) { return !row.applicable(); });
+    const auto remarked =
+        std::ranges::count_if(m_file->rows, [](const ImportRow& row) { return !row.remark.empty(); });
+    BilingualText text;
+    if (refused > 0) {
+        const std::string count = std::to_string(refused);
+        text += BilingualText(count + " line(s) cannot be applied. ", count + " ligne(s) inapplicable(s). ");
+    }
+    if (remarked > 0) {
+        const std::string count = std::to_string(remarked);
+        text += BilingualText(count + " line(s) deserve a look.", count + " ligne(s) à vérifier.");
+    }
+    say(text, refused > 0);
+}
+
+// What the user unticked stays unticked.
+void FmImport::fillSamples()
+{
+    m_samplesPanel->setVisible(m_withSamples->isChecked());
+    m_samples->clear();
+    m_offered.clear();
+    if (!m_withSamples->isChecked()) {
+        return;
+    }
+    for (const std::size_t row : m_lines->tickedRows()) {
+        const std::vector<std::string> names = offeredSamples(m_file->rows[row]);
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            const bool safe = isSafeSampleName(names[i]);
+            m_offered.emplace_back(row, i);
+            m_samples->addRow(fromCodePage(names[i]), safe ? TickList::Mark::None : TickList::Mark::Refusal,
+                              safe ? QString() : inLanguage(unsafeSampleNames({&names[i], 1})),
+                              !m_declined.contains({row, i}));
+        }
+    }
+    m_samples->scrollToTop();
+    showSampleCounts();
+}
+
+void FmImport::samplesTicked()
+{
+    for (std::size_t i = 0; i < m_offered.size(); ++i) {
+        if (m_samples->isTicked(i)) {
+            m_declined.erase(m_offered[i]);
+        } else {
+            m_declined.insert(m_offered[i]);
+        }
+    }
+    showSampleCounts();
+}
+
+void FmImport::showSampleCounts()
+{
+    m_sampleCounts->setText(
+        QString("%1 / %2 samples").arg(m_samples->tickedRows().size()).arg(m_samples->rows()));
+}
+
+void FmImport::selectionChanged()
+{
+    const bool selected = m_lines->selectedRow().has_value();
+    m_play->setEnabled(selected);
+    m_stop->setEnabled(selected);
+    showRemarks();
+    compare();
+}
+
+void FmImport::compare()
+{
+    if (!m_comparison->isOpen()) {
+        return;
+    }
+    const std::optional<std::size_t> row = m_lines->selectedRow();
+    const std::vector<FieldComparison> fields =
+        compareWithCatalogue(row ? m_file->rows[*row] : ImportRow(), m_context.catalogue);
+    m_table->setColumnCount(static_cast<int>(fields.size()));
+    for (int column = 0; column < m_table->columnCount(); ++column) {
+        const FieldComparison& field = fields[static_cast<std::size_t>(column)];
+        m_table->setHorizontalHeaderItem(
+            column, new QTableWidgetItem(inLanguage(field.field) + (field.differs ? " *" : "")));
+        for (std::size_t line = 0; line < field.values.size(); ++line) {
+            auto* const item = new QTableWidgetItem(fromCodePage(field.values[line]));
+            item->setToolTip(item->text());
+            if (line == FieldComparison::result ? field.changes() : field.differs) {
+                item->setForeground(theme::accent);
+            }
+            m_table->setItem(static_cast<int>(line), column, item);
+        }
+    }
+}
+
+// As the user would hear it after the import.
+void FmImport::play()
+{
+    const std::optional<std::size_t> row = m_lines->selectedRow();
+    if (!row) {
+        return;
+    }
+    const ImportRow& selected = m_file->rows[*row];
+    if (!selected.record || selected.record->sampleCount() == 0) {
+        return;
+    }
+    const std::string& name = selected.record->Samples.front();
+    const std::filesystem::path folder = m_file->samplesFolder && findSample(*m_file->samplesFolder, name)
+                                             ? *m_file->samplesFolder
+                                             : m_context.samplesFolder;
+    const Problem problem = PlaySample(m_context.player, folder, name, m_context.dialogs);
+    m_status->showText(problem ? problem->text : BilingualText(), m_context.language);
+}
+
+void FmImport::apply()
+{
+    ImportRequest request{*m_file, m_lines->tickedRows(),  m_context.wad, m_withSamples->isChecked(),
+                          {},      m_context.samplesFolder};
+    for (const std::size_t i : m_samples->tickedRows()) {
+        const auto& [row, name] = m_offered[i];
+        request.samples.push_back(offeredSamples(m_file->rows[row])[name]);
+    }
+    if (!confirmImport(request, m_context.dialogs)) {
+        return;
+    }
+    const ImportOutcome outcome = [&] {
+        CopyProgress progress(*m_status, *m_body, m_context.language);
+        return applyImport(m_context.catalogue, request, progress);
+    }();
+    m_importDone = m_importDone || outcome.linesApplied;
+    if (outcome.report) {
+        m_context.dialogs.show(*outcome.report);
+    }
+    if (outcome.complete) {
+        accept();
+        return;
+    }
+    compare();
+}
+
+void FmImport::reject()
+{
+    if (m_body->isEnabled()) {
+        TitledWindow::reject();
+    } else {
+        m_status->cancel->click();
+    }
+}
+
+} // namespace tavrel

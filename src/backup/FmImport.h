@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "backup/ExchangeControls.h"
+#include "backup/ImportCommands.h"
+#include "ui/TitledWindow.h"
+
+#include <optional>
+#include <set>
+#include <utility>
+#include <vector>
+
+class QCheckBox;
+class QTableWidget;
+
+namespace tavrel {
+
+class FoldingPanel;
+
+// Puts lines of an exchange file or a backup into the catalogue, and samples into their folder. Accepted when
+// all was done.
+class FmImport : public TitledWindow
+{
+    Q_OBJECT
+
+public:
+    FmImport(QWidget* parent, const ExchangeContext& context);
+
+    void reject() override;
+
+    // Lines were put into the catalogue, be it none: the user's lists must be made anew.
+    bool importDone() const { return m_importDone; }
+
+private:
+    void layOut();
+    QWidget* makeSamplesPanel();
+    void connectControls();
+    void showCaptions();
+
+    void chooseFile();
+    void showNothing();
+    void showFile();
+    void showCounts();
+    void showRemarks();
+    void fillSamples();
+    void showSampleCounts();
+    void samplesTicked();
+    void selectionChanged();
+    void compare();
+    void play();
+    void apply();
+    QString inLanguage(const BilingualText& text) const;
+
+    ExchangeContext m_context;
+    std::optional<ImportFile> m_file;
+    bool m_importDone = false;
+    // A name that a row offers: the row, and the place of the name in it.
+    using OfferedSample = std::pair<std::size_t, std::size_t>;
+    std::vector<OfferedSample> m_offered; // of the sample list
+    std::set<OfferedSample> m_declined;   // unticked by the user
+
+    QWidget* m_body; // all but the status line
+    QPushButton* m_chooseFile;
+    QLabel* m_path;
+    QLabel* m_mode;
+    QPushButton* m_tickAll;
+    QPushButton* m_untickAll;
+    QLabel* m_counts;
+    TickList* m_lines;
+    ColumnTitles* m_titles;
+    QLabel* m_remark;
+    TickList* m_samples;
+    QLabel* m_sampleCounts;
+    QWidget* m_samplesPanel;
+    FoldingPanel* m_comparison;
+    QTableWidget* m_table;
+    QPushButton* m_play;
+    QPushButton* m_stop;
+    QCheckBox* m_withSamples;
+    QPushButton* m_apply;
+    QPushButton* m_close;
+    CopyStatus* m_status;
+};
+
+} // namespace tavrel
