@@ -10,8 +10,8 @@ namespace tavrel {
 
 void FmSFX::connectExchangeControls()
 {
-    connect(m_controls.CdExport, &QPushButton::clicked, this, &FmSFX::exportLines);
-    connect(m_controls.CdImport, &QPushButton::clicked, this, &FmSFX::importLines);
+    connect(m_controls.CdExport, &QPushButton::clicked, this, [this] { exportLines(); });
+    connect(m_controls.CdImport, &QPushButton::clicked, this, [this] { importLines(); });
 }
 
 ExchangeContext FmSFX::exchangeContext()

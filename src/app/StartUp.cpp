@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StartUp.h"
 
+#include "backup/ExchangeFile.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
@@ -59,6 +60,7 @@ void removeLeftovers(const fs::path& programFolder)
 {
     removeUnfinishedWrites(programFolder);
     removeUnfinishedWrites(fileIn(programFolder, changedLinesFolderName));
+    removeUnfinishedWrites(fileIn(programFolder, backupsFolderName));
 }
 
 void sayNoLevelEditor(Dialogs& dialogs)

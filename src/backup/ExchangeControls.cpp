@@ -29,21 +29,6 @@ QIcon markIcon(Glyph glyph, const QColor& colour, qreal pixelRatio)
     return icon;
 }
 
-QIcon iconOf(TickList::Mark mark, qreal pixelRatio)
-{
-    switch (mark) {
-    case TickList::Mark::Remark:
-        return markIcon(Glyph::Exclamation, theme::accent, pixelRatio);
-    case TickList::Mark::Refusal:
-        return markIcon(Glyph::Critical, alarm, pixelRatio);
-    case TickList::Mark::None:
-        break;
-    }
-    QPixmap room(markSize, markSize);
-    room.fill(Qt::transparent);
-    return room;
-}
-
 } // namespace
 
 TickList::TickList(const char* name)
@@ -60,14 +45,22 @@ TickList::TickList(const char* name)
     });
 }
 
+void TickList::useMarks()
+{
+    QPixmap room(markSize, markSize);
+    room.fill(Qt::transparent);
+    m_markIcons = {room, markIcon(Glyph::Exclamation, theme::accent, devicePixelRatioF()),
+                   markIcon(Glyph::Critical, alarm, devicePixelRatioF())};
+}
+
 void TickList::addRow(const QString& text, Mark mark, const QString& why, bool ticked)
 {
     auto* const item = new QListWidgetItem(text);
     const bool tickable = mark != Mark::Refusal;
     item->setFlags(item->flags().setFlag(Qt::ItemIsUserCheckable, tickable));
     item->setCheckState(tickable && ticked ? Qt::Checked : Qt::Unchecked);
-    if (m_hasMarks) {
-        item->setIcon(iconOf(mark, devicePixelRatioF()));
+    if (hasMarks()) {
+        item->setIcon(m_markIcons.at(static_cast<std::size_t>(mark)));
     }
     if (!tickable) {
         item->setForeground(theme::mutedText);
@@ -129,6 +122,10 @@ std::optional<std::size_t> TickList::selectedRow() const
 
 void TickList::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Q_EMIT enterPressed();
+        return;
+    }
     if (event->key() != Qt::Key_Space || currentItem() == nullptr) {
         QListWidget::keyPressEvent(event);
         return;
@@ -136,6 +133,10 @@ void TickList::keyPressEvent(QKeyEvent* event)
     std::vector<std::size_t> selected;
     for (const QModelIndex& index : selectionModel()->selectedRows()) {
         selected.push_back(static_cast<std::size_t>(index.row()));
+    }
+    if (selected.empty()) { // show first what the key is about
+        setCurrentRow(currentRow());
+        return;
     }
     tick(selected, currentItem()->checkState() != Qt::Checked);
 }
@@ -145,10 +146,10 @@ int TickList::textStart() const
     QStyleOptionViewItem option;
     initViewItemOption(&option);
     option.features |= QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
-    if (m_hasMarks) {
+    if (hasMarks()) {
         option.features |= QStyleOptionViewItem::HasDecoration;
         option.decorationSize = iconSize();
-        option.icon = iconOf(Mark::None, devicePixelRatioF());
+        option.icon = m_markIcons[0];
     }
     option.text = "0";
     option.rect = QRect(0, 0, width(), fontMetrics().height());
@@ -169,20 +170,16 @@ ColumnTitles::ColumnTitles(const char* name, const TickList& list) : m_list(list
 void ColumnTitles::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr int blanksBeforeId = 6; // of the title, which has its own room for the tick
-    const struct
-    {
-        int column;
-        BilingualText title;
-    } columns[] = {{29, {"Samples", "Samples"}},
-                   {61, {"VOL", "VOL"}},
-                   {69, {"P", "P"}},
-                   {71, {"V", "V"}},
-                   {73, {"RN", "RN"}},
-                   {75, {"L", "L"}},
-                   {77, {"CH", "CH"}},
-                   {85, {"PIT", "PIT"}},
-                   {93, {"RAD", "RAD"}},
-                   {101, {"Letters", "Lettres"}}};
+    const std::pair<int, BilingualText> columns[] = {{29, {"Samples", "Samples"}},
+                                                     {61, {"VOL", "VOL"}},
+                                                     {69, {"P", "P"}},
+                                                     {71, {"V", "V"}},
+                                                     {73, {"RN", "RN"}},
+                                                     {75, {"L", "L"}},
+                                                     {77, {"CH", "CH"}},
+                                                     {85, {"PIT", "PIT"}},
+                                                     {93, {"RAD", "RAD"}},
+                                                     {101, {"Letters", "Lettres"}}};
     QPainter painter(this);
     const int start = m_list.textStart() - m_list.horizontalScrollBar()->value();
     const qreal characterWidth = QFontMetricsF(font()).horizontalAdvance('0');
@@ -215,7 +212,7 @@ CopyStatus::CopyStatus()
     cancel->hide();
 }
 
-void CopyStatus::showText(const BilingualText& text, Language language)
+void CopyStatus::showText(const BilingualText& text, Language language) const
 {
     setPaperText(*info, inLanguage(text, language));
     info->setVisible(!text.empty());

@@ -9,9 +9,11 @@
 #include "references/LetterList.h"
 #include "samples/SamplePlayer.h"
 
+#include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 
+#include <array>
 #include <cstddef>
 #include <filesystem>
 #include <vector>
@@ -45,7 +47,7 @@ public:
     enum class Mark { None, Remark, Refusal };
 
     // With marks, every row has room for one; a refused row cannot be ticked.
-    void useMarks() { m_hasMarks = true; }
+    void useMarks();
     void addRow(const QString& text, Mark mark = Mark::None, const QString& why = {}, bool ticked = true);
     void tick(const std::vector<std::size_t>& rows, bool ticked);
     void tickAll(bool ticked);
@@ -60,6 +62,7 @@ public:
 
 Q_SIGNALS:
     void ticksChanged();
+    void enterPressed();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -67,8 +70,10 @@ protected:
 private:
     void setTicked(QListWidgetItem& item, bool ticked);
 
-    bool m_hasMarks = false;
-    bool m_changing = false; // several ticks change, which is told once
+    bool hasMarks() const { return !m_markIcons[0].isNull(); }
+
+    std::array<QIcon, 3> m_markIcons; // by mark; none without marks
+    bool m_changing = false;          // several ticks change, which is told once
 };
 
 // The titles over the columns of the lines; they scroll with the list.
@@ -97,7 +102,7 @@ class CopyStatus : public QWidget
 public:
     CopyStatus();
 
-    void showText(const BilingualText& text, Language language);
+    void showText(const BilingualText& text, Language language) const;
 
     QLabel* info;
     QProgressBar* bar;

@@ -146,7 +146,7 @@ std::optional<SoundLine> tryParse(std::string_view line)
 
 fs::path makeBackupsFolder(const fs::path& programFolder)
 {
-    fs::path folder = fileIn(programFolder, "Backups");
+    fs::path folder = fileIn(programFolder, backupsFolderName);
     std::error_code ignored;
     fs::create_directory(folder, ignored);
     return folder;

@@ -12,7 +12,6 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -142,9 +141,7 @@ void FmExport::connectControls()
     connect(m_stop, &QPushButton::clicked, this, [this] { StopSample(m_context.player); });
     connect(m_save, &QPushButton::clicked, this, &FmExport::save);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const enter = new QShortcut(Qt::Key_Return, m_lines);
-    enter->setContext(Qt::WidgetShortcut);
-    connect(enter, &QShortcut::activated, m_play, &QPushButton::click);
+    connect(m_lines, &TickList::enterPressed, m_play, &QPushButton::click);
 }
 
 void FmExport::showCaptions()

@@ -16,7 +16,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -160,9 +159,7 @@ void FmImport::connectControls()
     connect(m_stop, &QPushButton::clicked, this, [this] { StopSample(m_context.player); });
     connect(m_apply, &QPushButton::clicked, this, &FmImport::apply);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const enter = new QShortcut(Qt::Key_Return, m_lines);
-    enter->setContext(Qt::WidgetShortcut);
-    connect(enter, &QShortcut::activated, m_play, &QPushButton::click);
+    connect(m_lines, &TickList::enterPressed, m_play, &QPushButton::click);
 }
 
 void FmImport::showCaptions()

@@ -291,11 +291,11 @@ std::vector<FieldComparison> compareWithCatalogue(const ImportRow& row, const So
         known ? tryParse(catalogue.currentLine(static_cast<std::size_t>(row.id))) : std::nullopt;
     const std::optional<SoundLine> result = row.applicable() ? tryParse(row.result) : std::nullopt;
     std::vector<FieldComparison> comparison;
-    for (const auto& [name, value] : fields) {
-        const auto valueIn = [&value](const std::optional<SoundLine>& line) {
-            return line ? value(*line) : std::string();
+    for (const auto& part : fields) {
+        const auto valueIn = [&part](const std::optional<SoundLine>& line) {
+            return line ? part.value(*line) : std::string();
         };
-        FieldComparison field{name, {valueIn(row.record), valueIn(current), valueIn(result)}};
+        FieldComparison field{part.name, {valueIn(row.record), valueIn(current), valueIn(result)}};
         field.differs =
             current && field.values[FieldComparison::file] != field.values[FieldComparison::catalogue];
         comparison.push_back(std::move(field));

@@ -81,8 +81,9 @@ Result<FolderIndex> FolderIndex::of(const fs::path& folder)
 
 std::span<const FolderIndex::Entry> FolderIndex::sameNames(std::string_view name) const
 {
-    const auto found = std::ranges::equal_range(m_entries, upperCase(name), {}, &Entry::upperName);
-    return {found.begin(), found.end()};
+    const std::string wanted = upperCase(name);
+    return {std::ranges::lower_bound(m_entries, wanted, {}, &Entry::upperName),
+            std::ranges::upper_bound(m_entries, wanted, {}, &Entry::upperName)};
 }
 
 const FolderEntry* FolderIndex::find(std::string_view name) const

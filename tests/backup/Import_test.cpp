@@ -171,7 +171,8 @@ TEST_F(ImportFiles, AsksFirst)
 {
     const ImportFile exchange = read("a.tox", {"\"1\",\"B:>one>VOL10>\""});
     const ImportFile backup = read("a.tob", {"\"1\",\"B:>one>VOL10>\""});
-    const auto conversation = [this](ImportRequest asked, Answer answer, bool expected, Language language) {
+    const auto conversation = [](const ImportRequest& asked, Answer answer, bool expected,
+                                 Language language) {
         ScriptedDialogs dialogs{answer};
         EXPECT_EQ(confirmImport(asked, dialogs), expected);
         return dialogs.conversation(language).front();

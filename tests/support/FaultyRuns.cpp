@@ -28,7 +28,8 @@ std::string quoted(const std::string& text)
 
 } // namespace
 
-FaultyRuns::FaultyRuns(std::vector<std::string> command, fs::path scratch, std::function<void()> prepare)
+FaultyRuns::FaultyRuns(const std::vector<std::string>& command, fs::path scratch,
+                       std::function<void()> prepare)
     : m_scratch(std::move(scratch)), m_prepare(std::move(prepare))
 {
     for (const std::string& word : command) {

@@ -15,7 +15,7 @@ class FaultyRuns
 {
 public:
     // `prepare` puts the program's folders in order before each run; `scratch` is a folder beside them.
-    FaultyRuns(std::vector<std::string> command, std::filesystem::path scratch,
+    FaultyRuns(const std::vector<std::string>& command, std::filesystem::path scratch,
                std::function<void()> prepare);
 
     // How often an undisturbed run makes each call. Fails the test when the program does not end with 0.

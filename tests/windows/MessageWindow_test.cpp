@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/MessageWindow.h"
 
+#include <QLabel>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -35,4 +36,10 @@ TEST(MessageWindow, ALongTextStaysOnTheScreen)
     window.show();
     EXPECT_LT(window.height(), 600);
     EXPECT_LT(window.width(), 900);
+}
+
+TEST(MessageWindow, LineBreaksOfTwoCharactersAreOne)
+{
+    const MessageWindow window(nullptr, MessageIcon::Question, "T", "a\n\rb\r\n\r\nc");
+    EXPECT_EQ(window.findChild<QLabel*>("LbText")->text(), "a\nb\n\nc");
 }

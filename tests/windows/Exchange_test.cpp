@@ -1,0 +1,311 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The windows for exchange files and backups, opened from the main window.
+#include "MainWindow.h"
+#include "backup/FmExport.h"
+#include "backup/FmImport.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+
+using namespace tavrel;
+namespace fs = std::filesystem;
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+template <typename Control>
+Control& in(const QWidget& window, const char* name)
+{
+    auto* const found = window.findChild<Control*>(name);
+    if (found == nullptr) {
+        throw std::runtime_error(std::string("no control ") + name);
+    }
+    return *found;
+}
+
+void press(const QWidget& window, const char* button)
+{
+    QTest::mouseClick(&in<QAbstractButton>(window, button), Qt::LeftButton);
+}
+
+void mark(const QWidget& window, const char* option)
+{
+    auto& box = in<QAbstractButton>(window, option);
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+}
+
+std::string labelOf(const QWidget& window, const char* name)
+{
+    return in<QLabel>(window, name).text().toStdString();
+}
+
+void selectRow(TickList& list, int row)
+{
+    list.setFocus();
+    list.setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
+}
+
+class ExchangeWindows : public MainWindowTest
+{
+protected:
+    ExchangeWindows()
+    {
+        fs::create_directory(backups);
+        for (const char* name : {"foot01", "other", "third"}) {
+            writeBytes(levelEditorSamples / (std::string(name) + ".wav"), "old");
+        }
+    }
+
+    void writeExchange(const char* name, const Names& records) const
+    {
+        writeBytes(backups / name, withTabs(textOf(records)));
+    }
+
+    template <typename Act>
+    void inImport(const fs::path& file, Act act)
+    {
+        whenOpened<FmImport>([this, file, act](FmImport& import) {
+            dialogs.prepareFile(file);
+            press(import, "CdFile");
+            act(import);
+        });
+        click("CdImport");
+    }
+
+    void closeWithoutApplying()
+    {
+        dialogs.prepareAnswer(Answer::Yes);
+        window->close();
+    }
+
+    fs::path backups = folders.program / "Backups";
+    fs::path levelEditorSamples = folders.levelEditor / "sound" / "Samples";
+};
+
+TEST_F(ExchangeWindows, TheExportTicksAndSaves)
+{
+    open();
+    whenOpened<FmExport>([this](FmExport& window) {
+        auto& lines = in<TickList>(window, "LiLine");
+        EXPECT_TRUE(in<QAbstractButton>(window, "OpExport2").isChecked());
+        EXPECT_EQ(labelOf(window, "LbIndic"), "370 lines listed - 370 lines selected");
+        EXPECT_EQ(labelOf(window, "Label4"), "      ID    Line");
+        EXPECT_TRUE(lines.item(117)->text().startsWith("117  "));
+        EXPECT_FALSE(lines.selectedRow());
+
+        mark(window, "OpExport1");
+        EXPECT_EQ(labelOf(window, "Label4"), "      ID    Modified/Added line");
+        EXPECT_LT(lines.rows(), 370U);
+        mark(window, "OpExport2");
+
+        press(window, "CdEfface");
+        EXPECT_EQ(labelOf(window, "LbIndic"), "370 lines listed - 0 lines selected");
+        selectRow(lines, 4);
+        QTest::keyClick(&lines, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(&lines, Qt::Key_Space);
+        EXPECT_EQ(lines.tickedRows(), (std::vector<std::size_t>{4, 5}));
+        selectRow(lines, 5);
+        QTest::keyClick(&lines, Qt::Key_Space);
+        EXPECT_EQ(lines.tickedRows(), std::vector<std::size_t>{4});
+
+        press(window, "CdOBJ");
+        auto& objects = in<QListWidget>(window, "LiOBJ");
+        EXPECT_TRUE(objects.isVisible());
+        EXPECT_EQ(in<QComboBox>(window, "CbType").count(), 10);
+        ASSERT_EQ(objects.item(0)->text(), "CROCODILE");
+        QTest::mouseClick(objects.viewport(), Qt::LeftButton, {},
+                          objects.visualItemRect(objects.item(0)).center());
+        EXPECT_EQ(lines.tickedRows(), (std::vector<std::size_t>{4, 73, 80, 81}));
+
+        selectRow(lines, 0);
+        QTest::keyClick(&lines, Qt::Key_Return);
+        EXPECT_EQ(player.played, std::vector<fs::path>{levelEditorSamples / "foot01.wav"});
+
+        dialogs.prepareFile(std::nullopt);
+        press(window, "CdSave");
+        EXPECT_TRUE(window.isVisible());
+        dialogs.prepareFile(backups / "none" / "croc.tob");
+        press(window, "CdSave");
+        EXPECT_TRUE(dialogs.said().back().text.english.starts_with("Cannot write"));
+        EXPECT_TRUE(window.isVisible());
+        dialogs.prepareFile(backups / "croc.tob");
+        press(window, "CdSave");
+        EXPECT_EQ(window.result(), QDialog::Accepted);
+    });
+    click("CdExport");
+    const std::string saved = readBytes(backups / "croc.tob");
+    EXPECT_EQ(std::ranges::count(saved, '\n'), 4);
+    EXPECT_TRUE(saved.starts_with("\"4\",\"LARA_LAND:"));
+}
+
+TEST_F(ExchangeWindows, ARestoredLineComesBackIntoTheMainWindow)
+{
+    writeExchange("all.tob",
+                  {"\"1\",\"LARA_CLIMB2:>other>VOL11>#zz\"", "\"0\",\"LARA_FEET:>foot01>VOL22>\""});
+    open();
+    type("TxVOL", "33");
+    click("CdValidW");
+    inImport(backups / "all.tob", [this](FmImport& import) {
+        EXPECT_EQ(labelOf(import, "Label5"), "RESTORE");
+        EXPECT_EQ(in<QPushButton>(import, "CdOpen").text(), "Restore");
+        EXPECT_FALSE(in<QWidget>(import, "CkSamp").isVisible());
+        dialogs.prepareAnswer(Answer::No);
+        press(import, "CdOpen");
+        EXPECT_FALSE(import.importDone());
+        dialogs.prepareAnswer(Answer::Yes);
+        press(import, "CdOpen");
+        EXPECT_EQ(import.result(), QDialog::Accepted);
+    });
+    EXPECT_EQ(window->catalogue().currentLine(1), withTabs("LARA_CLIMB2:>other>VOL11>#zz"));
+    EXPECT_EQ(row(), 0);
+    EXPECT_EQ(text("TxVOL"), "22") << "the selected line is shown as it is now";
+    closeWithoutApplying();
+}
+
+TEST_F(ExchangeWindows, MarkedRowsSayWhy)
+{
+    writeExchange("odd.tox", {"\"999\",\"OTHER:>x>VOL10>\"", "\"1\",\"SOMETHING:>other>VOL11>\"",
+                              "\"2\",\"LARA_NO:>lara_no>VOL50>\""});
+    open();
+    inImport(backups / "odd.tox", [](FmImport& import) {
+        auto& lines = in<TickList>(import, "LiLine");
+        EXPECT_EQ(labelOf(import, "Label5"), "IMPORT");
+        EXPECT_EQ(labelOf(import, "LbIndic"), "3 lines listed - 2 lines selected");
+        EXPECT_EQ(labelOf(import, "LbRemark"), "1 line(s) cannot be applied. 1 line(s) deserve a look.");
+        const QPoint box(10, lines.visualItemRect(lines.item(0)).center().y());
+        QTest::mouseClick(lines.viewport(), Qt::LeftButton, {}, box);
+        QTest::keyClick(&lines, Qt::Key_Space);
+        press(import, "CdSelect");
+        EXPECT_EQ(lines.tickedRows(), (std::vector<std::size_t>{1, 2}));
+        EXPECT_TRUE(labelOf(import, "LbRemark").starts_with("The catalogue has no line 999"));
+        EXPECT_TRUE(lines.item(0)->toolTip().startsWith("The catalogue has no line 999"));
+
+        press(import, "ImPlus");
+        selectRow(lines, 1);
+        EXPECT_TRUE(labelOf(import, "LbRemark").starts_with("The catalogue has [LARA_CLIMB2] here"));
+        const auto& table = in<QTableWidget>(import, "TbCompare");
+        EXPECT_EQ(table.horizontalHeaderItem(0)->text(), "Name *");
+        EXPECT_EQ(table.horizontalHeaderItem(3)->text(), "P");
+        EXPECT_EQ(table.item(0, 2)->text(), "VOL11");
+        EXPECT_EQ(table.item(1, 2)->text(), "VOL70");
+        EXPECT_EQ(table.item(2, 10)->text(), "#g #oa");
+        EXPECT_NE(table.item(0, 2)->foreground(), table.item(0, 3)->foreground());
+    });
+}
+
+TEST_F(ExchangeWindows, ADamagedFileListsNothing)
+{
+    writeExchange("good.tox", {"\"1\",\"LARA_CLIMB2:>other>VOL11>\""});
+    writeExchange("bad.tox", {"\"1\",\"LARA_CLIMB2:>other>VOL11>\"", "\"2\",\"never closed"});
+    fs::create_directory(backups / "good_Samples");
+    open();
+    inImport(backups / "good.tox", [this](FmImport& import) {
+        mark(import, "CkSamp");
+        EXPECT_TRUE(in<QWidget>(import, "LiIncluS").isVisible());
+        dialogs.prepareFile(backups / "bad.tox");
+        press(import, "CdFile");
+        EXPECT_TRUE(dialogs.said().back().text.english.find("bad.tox], line 2\n") != std::string::npos);
+        EXPECT_EQ(labelOf(import, "LbIndic"), "0 lines listed - 0 lines selected");
+        for (const char* hidden : {"CkSamp", "LiIncluS"}) {
+            EXPECT_FALSE(in<QWidget>(import, hidden).isVisible());
+        }
+        EXPECT_FALSE(in<QWidget>(import, "CdOpen").isEnabled());
+    });
+}
+
+TEST_F(ExchangeWindows, SamplesComeAlongAndCanBeStopped)
+{
+    writeExchange("city.tox", {"\"1\",\"LARA_CLIMB2:>other third ../foot01>VOL11>\"",
+                               "\"2\",\"LARA_NO:>foot01 third>VOL11>\""});
+    for (const char* name : {"other.wav", "third.wav"}) {
+        writeBytes(backups / "CITY_samples" / name, "new");
+    }
+    open();
+    inImport(backups / "city.tox", [this](FmImport& import) {
+        auto& lines = in<TickList>(import, "LiLine");
+        auto& samples = in<TickList>(import, "LiIncluS");
+        EXPECT_FALSE(samples.isVisible());
+        mark(import, "CkSamp");
+        EXPECT_EQ(labelOf(import, "LbIncluS"), "4 / 5 samples"); // one leads out of the folder
+        selectRow(samples, 1);
+        QTest::keyClick(&samples, Qt::Key_Space);
+        selectRow(lines, 1);
+        QTest::keyClick(&lines, Qt::Key_Space);
+        EXPECT_EQ(labelOf(import, "LbIncluS"), "1 / 3 samples");
+        QTest::keyClick(&lines, Qt::Key_Space);
+        EXPECT_EQ(samples.tickedRows(), (std::vector<std::size_t>{0, 3, 4})) << "what was unticked stays so";
+
+        player.played.clear();
+        QTest::keyClick(&lines, Qt::Key_Return);
+        selectRow(lines, 0);
+        press(import, "CdPlay2");
+        EXPECT_EQ(player.played, (std::vector<fs::path>{levelEditorSamples / "foot01.wav",
+                                                        backups / "CITY_samples" / "other.wav"}));
+
+        auto& cancel = in<QPushButton>(import, "CdCancelCopy");
+        QTimer::singleShot(0, &cancel, [&import, &cancel] {
+            EXPECT_TRUE(cancel.isVisible() && in<QWidget>(import, "PbCopy").isVisible());
+            EXPECT_FALSE(in<QWidget>(import, "CdOpen").isEnabled());
+            QTest::keyClick(&import, Qt::Key_Escape);
+        });
+        dialogs.prepareAnswer(Answer::Yes);
+        press(import, "CdOpen");
+        EXPECT_TRUE(import.isVisible() && import.importDone());
+        EXPECT_TRUE(dialogs.said().back().text.english.ends_with("No sample was copied."));
+        EXPECT_EQ(readBytes(levelEditorSamples / "other.wav"), "old");
+
+        dialogs.prepareAnswer(Answer::Yes);
+        press(import, "CdOpen");
+        EXPECT_FALSE(import.isVisible());
+    });
+    EXPECT_EQ(readBytes(levelEditorSamples / "other.wav"), "new");
+    EXPECT_EQ(readBytes(levelEditorSamples / "third.wav"), "new");
+    EXPECT_EQ(window->catalogue().currentLine(2), withTabs("LARA_NO:>foot01 third>VOL11>#g #oa"));
+    closeWithoutApplying();
+}
+
+TEST_F(ExchangeWindows, NothingIsClippedAndEverythingHasAToolTip)
+{
+    writeExchange("city.tox", {"\"1\",\"LARA_CLIMB2:>other>VOL11>\""});
+    fs::create_directory(backups / "city_Samples");
+    open();
+    const auto look = [](const QWidget& shown) {
+        QCoreApplication::processEvents();
+        EXPECT_LE(shown.width(), 1280);
+        EXPECT_LE(shown.height(), 720);
+        for (const QWidget* const found : shown.findChildren<QWidget*>()) {
+            const bool isOurs = !found->objectName().isEmpty() && !found->objectName().startsWith("qt_");
+            const auto* const label = qobject_cast<const QLabel*>(found);
+            const bool hasCaption =
+                (label != nullptr && !label->wordWrap()) || qobject_cast<const QAbstractButton*>(found);
+            if (isOurs && hasCaption && found->isVisible() &&
+                found->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored) {
+                EXPECT_GE(found->width(), found->minimumSizeHint().width())
+                    << found->objectName().toStdString();
+                EXPECT_TRUE(shown.rect().contains(QRect(found->mapTo(&shown, QPoint()), found->size())))
+                    << found->objectName().toStdString();
+            }
+            if (isOurs && label == nullptr && found->focusPolicy() != Qt::NoFocus) {
+                EXPECT_FALSE(found->toolTip().isEmpty()) << found->objectName().toStdString();
+            }
+        }
+    };
+    for (const char* language : {"OpLangE", "OpLangF"}) {
+        tick(language);
+        whenOpened<FmExport>([&look](FmExport& shown) {
+            press(shown, "CdOBJ");
+            look(shown);
+        });
+        click("CdExport");
+        inImport(backups / "city.tox", [&look](FmImport& shown) {
+            mark(shown, "CkSamp");
+            press(shown, "ImPlus");
+            look(shown);
+        });
+    }
+}
+
+} // namespace
