@@ -52,9 +52,10 @@ std::string bracketed(const fs::path& file)
     return "[" + displayPath(file.filename()) + "]";
 }
 
-bool confirm(const ExportRequest& request, const BilingualText& text, bool refusalIsDefault, Dialogs& dialogs)
+// Enter alone never costs a file.
+bool confirm(const ExportRequest& request, const BilingualText& text, Dialogs& dialogs)
 {
-    return dialogs.ask({captionOf(request.mode), text, Buttons::YesNo, refusalIsDefault}) == Answer::Yes;
+    return dialogs.ask({captionOf(request.mode), text, Buttons::YesNo, true}) == Answer::Yes;
 }
 
 // A backup that drops something must not look like one that does not.
@@ -76,7 +77,7 @@ bool confirmDroppedText(const ExportRequest& request, Dialogs& dialogs)
                     "Ces lignes contiennent, parmi leurs lettres ou après, du texte que la sauvegarde ne "
                     "conserve pas : " +
                         numbers + "\nSauvegarder sans ce texte ?"},
-                   true, dialogs);
+                   dialogs);
 }
 
 bool confirmKind(const ExportRequest& request, Dialogs& dialogs)
@@ -95,7 +96,7 @@ bool confirmKind(const ExportRequest& request, Dialogs& dialogs)
                                 " will be read as a backup.\nSave under this name?",
                             "Le nom d'un fichier d'échange se termine par « .tox ». " + file +
                                 " sera lu comme une sauvegarde.\nSauvegarder sous ce nom ?");
-    return confirm(request, text, true, dialogs);
+    return confirm(request, text, dialogs);
 }
 
 bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
@@ -109,7 +110,7 @@ bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
     return confirm(request,
                    {"The file " + name + " already exists.\n\rReplace it.",
                     "Le fichier " + name + " existe déjà.\n\rLe remplacer."},
-                   false, dialogs);
+                   dialogs);
 }
 
 std::vector<std::string> sampleNamesOf(std::span<const ExportRow> rows)

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numeric>
 
 using namespace tavrel;
@@ -281,6 +282,10 @@ TEST(ExchangeRoundTrip, ABackupBringsEveryByteBack)
     ASSERT_TRUE(applyChanges(catalogue, {folders.program, "oasis"}, dialogs));
     ASSERT_NE(readBytes(folders.sounds), textOf(work));
 
+    fs::copy_file(file, folders.root / "all.tox");
+    const Result<ImportFile> exchange = readImportFile(folders.root / "all.tox", catalogue, "oa");
+    ASSERT_TRUE(exchange);
+    EXPECT_TRUE(std::ranges::all_of(exchange->rows, &ImportRow::applicable));
     const Result<ImportFile> backup = readImportFile(file, catalogue, "");
     ASSERT_TRUE(backup);
     std::vector<std::size_t> rows(backup->rows.size());
