@@ -10,7 +10,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::vector<std::string> workingFiles = {"Tavrel.tod", "Tavrel.too", "Tavrel.tos", "Tavrel.tow"};
+const std::vector<std::string> workingFiles = {"SFX_Eng1.txt", "SFX_Fra1.txt", "Tavrel.tod",
+                                               "Tavrel.too",   "Tavrel.tos",   "Tavrel.tow"};
 
 bool unpackInto(const fs::path& folder, const fs::path& output)
 {
@@ -38,8 +39,8 @@ TEST(Companion, LeavesFilesThatAreThere)
     writeBytes(folder / "TAVREL.TOD", "the user's own");
     writeBytes(folder / "Tavrel.tow", "");
     EXPECT_TRUE(unpackInto(folder, root / "said"));
-    EXPECT_EQ(namesIn(folder),
-              (std::vector<std::string>{"TAVREL.TOD", "Tavrel.too", "Tavrel.tos", "Tavrel.tow"}));
+    EXPECT_EQ(namesIn(folder), (std::vector<std::string>{"SFX_Eng1.txt", "SFX_Fra1.txt", "TAVREL.TOD",
+                                                         "Tavrel.too", "Tavrel.tos", "Tavrel.tow"}));
     EXPECT_EQ(readBytes(folder / "TAVREL.TOD"), "the user's own");
     EXPECT_EQ(readBytes(folder / "Tavrel.tow"), "");
     EXPECT_EQ(readBytes(folder / "Tavrel.tos"), readBytes(dataFolder() / "Tavrel.tos"));
@@ -76,8 +77,9 @@ TEST(Companion, TakesCopiesFromALevelEditor)
     writeBytes(demo.sounds, sounds);
     EXPECT_NE(take(demo.levelEditor.string()), 0) << "the demo has no stock samples";
     EXPECT_EQ(readBytes(program / "Tavrel.tos"), sounds);
-    EXPECT_EQ(namesIn(program), (std::vector<std::string>{"Tavrel.tod", "Tavrel.too", "Tavrel.tos",
-                                                          "Tavrel.tow", "Tavrel_copy1.tos"}));
+    EXPECT_EQ(namesIn(program),
+              (std::vector<std::string>{"SFX_Eng1.txt", "SFX_Fra1.txt", "Tavrel.tod", "Tavrel.too",
+                                        "Tavrel.tos", "Tavrel.tow", "Tavrel_copy1.tos"}));
     const std::string said = readBytes(demo.root / "said");
     for (const char* part : {"[Tavrel.tos] is taken from", "[Tavrel.tos] est pris dans",
                              "[Samples_ORIG] is not filled", "[SFX_ORIG] n'est pas rempli"}) {

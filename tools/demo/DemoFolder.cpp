@@ -133,7 +133,8 @@ void makeLevelEditorFolder(const fs::path& folder, const fs::path& data, DemoSam
 void makeProgramFolder(const fs::path& folder, const fs::path& data, const fs::path& levelEditor)
 {
     fs::create_directories(folder);
-    for (const char* name : {"Tavrel.tos", "Tavrel.tow", "Tavrel.too", "Tavrel.tod"}) {
+    for (const char* name :
+         {"SFX_Eng1.txt", "SFX_Fra1.txt", "Tavrel.tos", "Tavrel.tow", "Tavrel.too", "Tavrel.tod"}) {
         fs::copy_file(data / name, folder / name, fs::copy_options::overwrite_existing);
     }
     RecordWriter references;
