@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BenchmarkFolders.h"
 #include "app/FmSFX.h"
+#include "app/FmSounds.h"
+#include "base/SafeFile.h"
 
 #include <QApplication>
 #include <QListView>
@@ -81,5 +83,26 @@ void selectLine(benchmark::State& state)
     }
 }
 BENCHMARK(selectLine)->Arg(370)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// From the click to a window that shows sounds.txt, of as many megabytes.
+void viewSounds(benchmark::State& state)
+{
+    const BenchmarkFolders folders;
+    const std::string line = "LARA_FEET:\t\tfoot01 foot02\t\t\tVOL44\tP V\t\tPIT15\tRAD10\t#g\r\n";
+    const auto size = static_cast<std::size_t>(state.range(0)) << 20;
+    std::string text;
+    while (text.size() < size) {
+        text += line;
+    }
+    if (writeFileSafely(folders.creator / "Sounds.txt", text)) {
+        state.SkipWithError("not written");
+    }
+    for (auto _ : state) {
+        FmSounds window(nullptr, *SoundsText::load(folders.creator), ColourScheme(), Language::English);
+        window.show();
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(viewSounds)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond);
 
 } // namespace
