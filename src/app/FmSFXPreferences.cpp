@@ -94,8 +94,8 @@ void FmSFX::paintMainColours(const ColourPair& pair)
 
 void FmSFX::openDoubles(QWidget& parent)
 {
-    FmDoub window(&parent, m_context.programFolder, m_settings.colours, m_settings.language,
-                  m_context.dialogs);
+    FmDoub window(&parent, m_context.programFolder, m_catalogue.protectedNumbers(), m_settings.colours,
+                  m_settings.language, m_context.dialogs);
     if (window.exec() != QDialog::Accepted) {
         return;
     }

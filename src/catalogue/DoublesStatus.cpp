@@ -52,7 +52,9 @@ LoadedDoubles parseDoubles(const TextFile& file, std::span<const std::size_t> pr
                 {"The sound number is not between 0 and 369. The record is passed over.",
                  "Le numéro de son n'est pas compris entre 0 et 369. L'enregistrement est ignoré."}));
         } else {
-            loaded.status.set(static_cast<std::size_t>(record->number), record->mark);
+            const bool ticked = record->mark == DoublesStatus::takesPart;
+            loaded.status.set(static_cast<std::size_t>(record->number),
+                              ticked ? DoublesStatus::takesPart : DoublesStatus::leftOut);
         }
     }
     for (const std::size_t number : protectedNumbers) {

@@ -23,6 +23,7 @@ public:
     std::size_t size() const { return m_records.size(); }
     // Number, name and samples in fixed columns. Code page bytes.
     std::string row(std::size_t index) const;
+    std::int64_t number(std::size_t index) const { return m_records.at(index).number; }
     bool isTicked(std::size_t index) const { return m_records.at(index).ticked; }
     void tick(std::size_t index, bool ticked) { m_records.at(index).ticked = ticked; }
 

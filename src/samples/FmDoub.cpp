@@ -12,7 +12,11 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStyle>
+#include <QStyleOptionViewItem>
+#include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tavrel {
 
@@ -22,8 +26,9 @@ const BilingualText title("Manage doubles", "Gérer les doublons");
 
 } // namespace
 
-FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
-               Language language, Dialogs& dialogs)
+FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder,
+               std::span<const std::size_t> protectedNumbers, const ColourScheme& colours, Language language,
+               Dialogs& dialogs)
     : TitledWindow(parent), m_dialogs(dialogs), m_list(makeFixedPitchList("LiDoub")),
       m_tickAll(makeButton("CdTickAll", Glyph::Accept)),
       m_untickAll(makeButton("CdUntickAll", Glyph::RemoveItem)), m_ok(makeButton("CdOK", Glyph::Apply)),
@@ -42,10 +47,17 @@ FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder, cons
     if (loaded) {
         m_register = std::move(*loaded);
     }
-    fillList();
-    m_ok->setEnabled(m_register.has_value());
+    fillList(protectedNumbers, language);
+    findChild<QLabel*>("LbColumns")->setIndent(textIndent());
+    for (QPushButton* const button : {m_tickAll, m_untickAll, m_ok}) {
+        button->setEnabled(m_register.has_value());
+    }
+    m_list->setFocus(); // a key pressed by habit must not change all ticks
     if (!loaded) {
-        m_list->addItem(inLanguage(loaded.failure().text, language));
+        // When the window stands behind it.
+        QTimer::singleShot(0, this, [this, text = loaded.failure().text] {
+            m_dialogs.show({MessageIcon::Exclamation, title, text});
+        });
     }
 }
 
@@ -55,8 +67,6 @@ void FmDoub::layOut()
     auto* const columns = named(new QLabel, "LbColumns");
     columns->setTextFormat(Qt::PlainText);
     columns->setFont(fixedPitchFont());
-    // The titles stand over the texts, which begin behind the tick boxes.
-    columns->setIndent(style()->pixelMetric(QStyle::PM_IndicatorWidth) + 2 * controlGap);
     auto* const ticks = rowOf({m_tickAll, m_untickAll});
     ticks->addStretch(1);
     auto* const buttons = rowOf({m_ok, m_close});
@@ -77,10 +87,7 @@ void FmDoub::showCaptions(Language language)
         return Caption{control, text, text};
     };
     const Caption captions[] = {
-        {"LbColumns",
-         {"  ID          Sound name                        Samples",
-          "  ID          Nom du son                        Samples"},
-         {}},
+        {"LbColumns", {" ID  Sound name               Samples", " ID  Nom du son               Samples"}, {}},
         {"LiDoub",
          {},
          {"Ticked sounds take part when a SAM file is loaded",
@@ -98,13 +105,34 @@ void FmDoub::showCaptions(Language language)
     setWindowTitle(inLanguage(title, language));
 }
 
-void FmDoub::fillList()
+// Where the rows' texts begin, behind the tick boxes.
+int FmDoub::textIndent() const
 {
+    m_list->ensurePolished(); // the style sheet sets frame and padding
+    QStyleOptionViewItem option;
+    option.initFrom(m_list->viewport());
+    option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+    option.font = m_list->font();
+    option.text = "0";
+    option.rect = QRect(0, 0, 200, 20);
+    const QRect text = m_list->style()->subElementRect(QStyle::SE_ItemViewItemText, &option, m_list);
+    const int margin = m_list->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, m_list) + 1;
+    return m_list->frameWidth() + text.left() + margin;
+}
+
+void FmDoub::fillList(std::span<const std::size_t> protectedNumbers, Language language)
+{
+    const BilingualText neverTakesPart("Protected sound: it never takes part, ticked or not",
+                                       "Son protégé : il ne participe jamais, coché ou non");
     for (std::size_t i = 0; m_register && i < m_register->size(); ++i) {
         auto* const item = new QListWidgetItem(fromCodePage(m_register->row(i)), m_list);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(m_register->isTicked(i) ? Qt::Checked : Qt::Unchecked);
+        if (std::ranges::find(protectedNumbers, m_register->number(i)) != protectedNumbers.end()) {
+            item->setToolTip(inLanguage(neverTakesPart, language));
+        }
     }
+    m_list->setCurrentRow(0);
 }
 
 void FmDoub::tickAll(bool ticked)

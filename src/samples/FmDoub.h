@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 
 class QListWidget;
 class QPushButton;
@@ -21,13 +22,16 @@ class FmDoub : public TitledWindow
     Q_OBJECT
 
 public:
-    FmDoub(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
-           Language language, Dialogs& dialogs);
+    // Protected sounds never take part, ticked or not; their rows say so.
+    FmDoub(QWidget* parent, const std::filesystem::path& programFolder,
+           std::span<const std::size_t> protectedNumbers, const ColourScheme& colours, Language language,
+           Dialogs& dialogs);
 
 private:
     void layOut();
+    int textIndent() const;
     void showCaptions(Language language);
-    void fillList();
+    void fillList(std::span<const std::size_t> protectedNumbers, Language language);
     void tickAll(bool ticked);
     void apply();
 

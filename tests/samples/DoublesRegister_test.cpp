@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/DoublesStatus.h"
 #include "samples/DoublesRegister.h"
 #include "support/Files.h"
 
@@ -25,6 +26,23 @@ TEST(DoublesRegister, ChangesTheMarksAndNothingElse)
     const Result<DoublesRegister> again = DoublesRegister::load(folders.program);
     EXPECT_FALSE(again->isTicked(0));
     EXPECT_TRUE(again->isTicked(1));
+}
+
+TEST(DoublesRegister, AgreesWithTheImportOnWhatIsTicked)
+{
+    const TemporaryFolder folder;
+    for (const char* mark : {"\"OK \"", "\"OK\"", "\"OK x\"", "\"ok \"", "\"   \"", "\"\"", "OK "}) {
+        writeBytes(folder / "Tavrel.tod", "7," + std::string(mark) + ",\"\",\"N\",\"s\",\"\"\r\n");
+        const auto takesPart = [&folder] {
+            const Result<TextFile> file = readTextFile(folder / "Tavrel.tod");
+            return parseDoubles(*file, {}).status.of(7) == DoublesStatus::takesPart;
+        };
+        const Result<DoublesRegister> doubles = DoublesRegister::load(folder.path());
+        const bool before = takesPart();
+        EXPECT_EQ(doubles->isTicked(0), before) << mark;
+        ASSERT_FALSE(doubles->save());
+        EXPECT_EQ(takesPart(), before) << mark;
+    }
 }
 
 TEST(DoublesRegister, CarriesWhatItDoesNotKnow)

@@ -4,6 +4,7 @@
 #include "references/FmView.h"
 #include "samples/FmDoub.h"
 #include "samples/FmSplInc.h"
+#include "ui/Colours.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -77,25 +78,67 @@ TEST_F(MainWindowTest, TheSettingsCanForbidImportsOnceThereIsWork)
     EXPECT_FALSE(enabled("CdLoadWAS")) << "lines are saved for this WAD";
 }
 
-TEST(FmDoub, WritesTheTicks)
+namespace {
+
+class FmDoubTest : public testing::Test
 {
-    const DemoFolders folders;
-    ScriptedDialogs dialogs;
-    const auto marks = [&folders] {
-        const std::string text = readBytes(folders.program / "Tavrel.tod");
-        return std::pair{text.find("\"OK \"") != std::string::npos,
-                         text.find("\"   \"") != std::string::npos};
-    };
-    for (const auto& [button, expected] :
-         {std::pair{"CdUntickAll", std::pair{false, true}}, {"CdTickAll", std::pair{true, false}}}) {
-        FmDoub window(nullptr, folders.program, ColourScheme(), Language::French, dialogs);
-        window.show();
-        QTest::mouseClick(window.findChild<QPushButton*>(button), Qt::LeftButton);
-        QTest::mouseClick(window.findChild<QPushButton*>("CdOK"), Qt::LeftButton);
-        EXPECT_EQ(window.result(), QDialog::Accepted);
-        EXPECT_EQ(marks(), expected);
+protected:
+    void open(Language language = Language::English)
+    {
+        window = std::make_unique<FmDoub>(nullptr, folders.program, emptyAndUnsureSounds, ColourScheme(),
+                                          language, dialogs);
+        window->show();
     }
+    void click(const char* button)
+    {
+        QTest::mouseClick(window->findChild<QPushButton*>(button), Qt::LeftButton);
+    }
+    QListWidget& list() { return *window->findChild<QListWidget*>("LiDoub"); }
+    std::string file() const { return readBytes(folders.program / "Tavrel.tod"); }
+
+    DemoFolders folders;
+    ScriptedDialogs dialogs;
+    std::unique_ptr<FmDoub> window;
+};
+
+} // namespace
+
+TEST_F(FmDoubTest, WritesTheTicks)
+{
+    for (const auto& [button, present, absent] :
+         {std::tuple{"CdUntickAll", "\"   \"", "\"OK \""}, {"CdTickAll", "\"OK \"", "\"   \""}}) {
+        open(Language::French);
+        click(button);
+        click("CdOK");
+        EXPECT_EQ(window->result(), QDialog::Accepted);
+        EXPECT_NE(file().find(present), std::string::npos);
+        EXPECT_EQ(file().find(absent), std::string::npos);
+    }
+}
+
+TEST_F(FmDoubTest, OpensOnItsList)
+{
+    writeBytes(folders.program / "Tavrel.tod",
+               "7,\"   \",\"\",\"N\",\"s\",\"\"\r\n27,\"OK \",\"\",\"N\",\"s\",\"\"\r\n");
+    open();
+    QApplication::setActiveWindow(window.get());
+    EXPECT_EQ(list().palette().color(QPalette::Base), colourFrom(ColourScheme().slots[0].back));
+    ASSERT_EQ(window->focusWidget(), &list());
+    QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(list().item(0)->checkState(), Qt::Unchecked);
+    EXPECT_EQ(list().item(0)->toolTip(), "");
+    EXPECT_TRUE(list().item(1)->toolTip().startsWith("Protected sound"));
+}
+
+TEST_F(FmDoubTest, SaysWhatCannotBeRead)
+{
     std::filesystem::remove(folders.program / "Tavrel.tod");
-    FmDoub broken(nullptr, folders.program, ColourScheme(), Language::English, dialogs);
-    EXPECT_FALSE(broken.findChild<QPushButton*>("CdOK")->isEnabled());
+    open();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(dialogs.said().size(), 1U);
+    EXPECT_NE(dialogs.said()[0].text.french.find("Tavrel.tod"), std::string::npos);
+    EXPECT_EQ(list().count(), 0);
+    for (const char* button : {"CdTickAll", "CdUntickAll", "CdOK"}) {
+        EXPECT_FALSE(window->findChild<QPushButton*>(button)->isEnabled()) << button;
+    }
 }
