@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The import of a list of samples: so many samples against so many lines.
+// The import of a list of samples from its files: so many samples against so many lines.
+#include "base/SafeFile.h"
 #include "references/WadImport.h"
 
 #include <benchmark/benchmark.h>
@@ -8,26 +9,73 @@ using namespace tavrel;
 
 namespace {
 
-void planSamplesImport(benchmark::State& state)
+namespace fs = std::filesystem;
+
+void write(const fs::path& file, const std::string& bytes)
+{
+    fs::create_directories(file.parent_path());
+    if (writeFileSafely(file, bytes)) {
+        throw std::runtime_error("cannot write for the benchmark");
+    }
+}
+
+class ImportFiles
+{
+public:
+    explicit ImportFiles(const std::string& list) { write(folders.wads / "level.sam", list); }
+    ImportFiles(const ImportFiles&) = delete;
+    ImportFiles& operator=(const ImportFiles&) = delete;
+    ~ImportFiles() { fs::remove_all(root); }
+
+    ImportPlan plan(const SoundCatalogue& catalogue) const
+    {
+        const Result<WadList> list = readWadList(folders.wads, "level", WadListKind::Samples);
+        const Result<SavedLines> saved = readSavedLines(folders.program, "level", catalogue);
+        return planSamplesImport(catalogue, *saved, *list, "zz");
+    }
+
+    fs::path root = fs::temp_directory_path() / "tavrel-import-benchmark";
+    ImportFolders folders{root / "program", root / "wads"};
+};
+
+// Half of the lines are among the saved ones.
+void importSamples(benchmark::State& state)
 {
     SoundCatalogue catalogue;
+    std::string saved;
     for (int k = 0; k < state.range(1); ++k) {
         const std::string number = std::to_string(k);
         const std::string line = "SOUND_" + number + ":\t\tsample" + number + " other" + number +
                                  "\t\tVOL50\tP V\tCH50\tPIT10\tRAD10\t#ab #cd";
         catalogue.append(line, line, catalogue.size() + 1);
+        if (k % 2 == 0) {
+            saved += number + ",\"" + line + "\"\r\n";
+        }
     }
-    WadList list;
+    std::string list;
     for (int i = 0; i < state.range(0); ++i) {
-        list.values.push_back({"sample" + std::to_string(i) + ".wav", static_cast<std::size_t>(i) + 1});
+        list += "sample" + std::to_string(i) + ".wav\r\n";
     }
+    const ImportFiles files(list);
+    write(files.folders.program / "sounds" / "level.tor", saved);
     for (auto _ : state) {
-        const ImportPlan plan = planSamplesImport(catalogue, {}, list, "zz");
-        if (plan.linesWithNewLetter == 0) {
+        if (files.plan(catalogue).linesWithNewLetter == 0) {
             state.SkipWithError("no line got the letter");
         }
     }
 }
-BENCHMARK(planSamplesImport)->Args({500, 370})->Args({5000, 4000})->Unit(benchmark::kMillisecond);
+BENCHMARK(importSamples)->Args({500, 370})->Args({5000, 4000})->Unit(benchmark::kMillisecond);
+
+// The largest list that is read at all, with nothing in it.
+void importBlankLines(benchmark::State& state)
+{
+    const ImportFiles files(std::string(8U << 20U, '\n'));
+    for (auto _ : state) {
+        if (files.plan(SoundCatalogue()).notices.size() != 1) {
+            state.SkipWithError("the blank lines are told once");
+        }
+    }
+}
+BENCHMARK(importBlankLines)->Unit(benchmark::kMillisecond);
 
 } // namespace

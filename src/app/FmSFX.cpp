@@ -436,6 +436,7 @@ void FmSFX::apply()
     refreshLine();
     const bool applied =
         applyChanges(m_catalogue, {m_context.programFolder, m_wad.wadName}, m_context.dialogs);
+    m_wadHasSavedLines.reset();
     refreshLine();
     showInfo(applied ? BilingualText("[sounds.txt] is written", "[sounds.txt] est écrit") : BilingualText());
 }

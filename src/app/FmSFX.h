@@ -154,7 +154,9 @@ private:
     // Lists of a WAD (FmSFXImport.cpp)
     void connectImportControls();
     void enableImports();
+    bool wadHasSavedLines();
     void importList(WadListKind kind);
+    void showUnknownSamples(const std::vector<std::string>& names);
     void viewWadLists();
 
     // Generation, restore, statistics (FmSFXGenerate.cpp)
@@ -187,8 +189,9 @@ private:
     SoundCatalogue m_catalogue;
     ReferenceRegister m_references;
     CurrentWad m_wad;
-    std::string m_justAdded; // the letter that was put on the selected line last
-    std::string m_object;    // letters go to all its sounds; empty when single lines are edited
+    std::optional<bool> m_wadHasSavedLines; // nothing when it must be looked up again
+    std::string m_justAdded;                // the letter that was put on the selected line last
+    std::string m_object; // letters go to all its sounds; empty when single lines are edited
     std::optional<std::size_t> m_warnedLine;
     QTimer m_reminder; // TmWAD
     QTimer m_leaving;  // for questions that wait until a click or key is done with

@@ -27,10 +27,7 @@ void FmSFX::connectImportControls()
 // lose.
 void FmSFX::enableImports()
 {
-    const bool hasWork = m_catalogue.pending() || hasSavedLines(m_context.programFolder, m_wad.wadName);
-    const bool forbidden = !m_settings.loadWadAfterChanges && hasWork;
-    const BilingualText why("\nNot once modifications are made or applied (Parameters)",
-                            "\nPas une fois des modifications apportées ou appliquées (Paramètres)");
+    const bool forbidden = !m_settings.loadWadAfterChanges && (m_catalogue.pending() || wadHasSavedLines());
     const struct
     {
         QPushButton* button;
@@ -38,31 +35,54 @@ void FmSFX::enableImports()
     } imports[] = {{m_controls.CdLoadSAM, WadListKind::Samples},
                    {m_controls.CdLoadWAS, WadListKind::Objects}};
     for (const auto& [button, kind] : imports) {
+        BilingualText toolTip = importTitle(kind);
+        if (forbidden) {
+            toolTip += BilingualText::same("\n") + importForbidden();
+        }
         button->setEnabled(m_loaded && !forbidden);
-        button->setToolTip(
-            inLanguage(forbidden ? importTitle(kind) + why : importTitle(kind), m_settings.language));
+        button->setToolTip(inLanguage(toolTip, m_settings.language));
     }
+}
+
+bool FmSFX::wadHasSavedLines()
+{
+    if (!m_wadHasSavedLines) {
+        m_wadHasSavedLines = hasSavedLines(m_context.programFolder, m_wad.wadName);
+    }
+    return *m_wadHasSavedLines;
 }
 
 void FmSFX::importList(WadListKind kind)
 {
+    const bool edited = m_editor.edited();
     if (!m_editor.mayLeave(m_context.dialogs)) {
         return;
     }
+    if (edited) {
+        refreshLine();
+    }
     m_controls.OpWAD[kind == WadListKind::Samples ? 0 : 1]->setChecked(true);
+    m_wadHasSavedLines.reset();
     const ImportResult result =
-        importWadList(m_catalogue, m_wad, kind, {m_context.programFolder, m_paths.wads}, m_context.dialogs);
-    refreshAllLines();
+        importWadList(m_catalogue, m_wad, kind, {m_context.programFolder, m_paths.wads}, m_context.dialogs,
+                      [this] { refreshAllLines(); });
     if (!result.imported) {
         return;
     }
     if (!result.unknownSamples.empty()) {
-        greyWadPanel();
-        FmSplInc(this, result.unknownSamples, m_settings.colours, m_settings.language).exec();
-        updateReminder();
+        showUnknownSamples(result.unknownSamples);
     }
     m_sounds->rebuild(m_showGlobals);
     selectFirstLine();
+}
+
+void FmSFX::showUnknownSamples(const std::vector<std::string>& names)
+{
+    greyWadPanel();
+    m_controls.CdQuit->setEnabled(false);
+    FmSplInc(this, names, m_settings.colours, m_settings.language).exec();
+    m_controls.CdQuit->setEnabled(true);
+    updateReminder();
 }
 
 void FmSFX::viewWadLists()

@@ -88,6 +88,7 @@ void FmSFX::showWad()
     m_controls.TxTitre->setText(fromCodePage(m_wad.title));
     showTitle();
     updateReminder();
+    m_wadHasSavedLines.reset();
     enableImports();
 }
 

@@ -25,11 +25,13 @@ bool isBetweenQuotes(std::string_view text)
 
 struct TakenField
 {
-    RecordField field;
+    ListedValue value;
+    bool quoted = false;
     bool isLast = false;
 };
 
-// Takes the first field, and the comma after it, from the front of the line.
+// Takes the first field, and the comma after it, from the front of the line. Nothing when its quote never
+// closes.
 std::optional<TakenField> takeField(std::string_view& rest)
 {
     const std::size_t start = rest.find_first_not_of(" \t");
@@ -47,13 +49,13 @@ std::optional<TakenField> takeField(std::string_view& rest)
     const std::string_view field = trimmed(rest.substr(0, comma));
     rest = isLast ? std::string_view() : rest.substr(comma + 1);
     if (!quoted) {
-        return TakenField{{std::string(field), false}, isLast};
+        return TakenField{{std::string(field)}, false, isLast};
     }
     const std::string_view text = field.substr(1, field.size() - 2);
     if (field.back() != '"' || text.find('"') != std::string_view::npos) {
-        return std::nullopt;
+        return TakenField{{std::string(field), true}, true, isLast};
     }
-    return TakenField{{std::string(text), true}, isLast};
+    return TakenField{{std::string(text)}, true, isLast};
 }
 
 } // namespace
@@ -64,13 +66,28 @@ std::optional<std::vector<RecordField>> splitRecord(std::string_view line)
     bool isLast = false;
     while (!isLast) {
         std::optional<TakenField> taken = takeField(line);
-        if (!taken) {
+        if (!taken || taken->value.wrong) {
             return std::nullopt;
         }
-        fields.push_back(std::move(taken->field));
+        fields.push_back({std::move(taken->value.text), taken->quoted});
         isLast = taken->isLast;
     }
     return fields;
+}
+
+std::optional<std::vector<ListedValue>> splitList(std::string_view line)
+{
+    std::vector<ListedValue> values;
+    bool isLast = false;
+    while (!isLast) {
+        std::optional<TakenField> taken = takeField(line);
+        if (!taken) {
+            return std::nullopt;
+        }
+        values.push_back(std::move(taken->value));
+        isLast = taken->isLast;
+    }
+    return values;
 }
 
 std::optional<RegisterRecord> splitRegisterRecord(std::string_view line)
@@ -101,7 +118,7 @@ std::optional<RegisterRecord> splitRegisterRecord(std::string_view line)
 std::optional<ExchangeFields> splitExchangeRecord(std::string_view line)
 {
     const std::optional<TakenField> number = takeField(line);
-    if (!number || number->isLast) {
+    if (!number || number->value.wrong || number->isLast) {
         return std::nullopt;
     }
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
@@ -109,12 +126,12 @@ std::optional<ExchangeFields> splitExchangeRecord(std::string_view line)
         if (!isBetweenQuotes(line)) {
             return std::nullopt;
         }
-        return ExchangeFields{number->field.text, std::string(line.substr(1, line.size() - 2))};
+        return ExchangeFields{number->value.text, std::string(line.substr(1, line.size() - 2))};
     }
     if (line.find(',') != std::string_view::npos) {
         return std::nullopt;
     }
-    return ExchangeFields{number->field.text, std::string(line)};
+    return ExchangeFields{number->value.text, std::string(line)};
 }
 
 std::optional<RecordField> readSettingsValue(std::string_view line)

@@ -21,6 +21,14 @@ struct RecordField
 // or text follows a closing quote.
 std::optional<std::vector<RecordField>> splitRecord(std::string_view line);
 
+// One line of a list of values, split by the same rules. Nothing when a quote never closes.
+struct ListedValue
+{
+    std::string text;
+    bool wrong = false; // text follows the closing quote; the value as it stands, quotes included
+};
+std::optional<std::vector<ListedValue>> splitList(std::string_view line);
+
 // A line of the register files: three quoted fields. A title may itself hold `","` or a quote, so a line that
 // starts and ends with a quote is split at its last two `","`.
 struct RegisterRecord

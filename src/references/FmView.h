@@ -6,7 +6,9 @@
 #include "references/WadView.h"
 #include "ui/TitledWindow.h"
 
+class QLabel;
 class QListWidget;
+class QListWidgetItem;
 
 namespace tavrel {
 
@@ -21,12 +23,28 @@ public:
            const ColourScheme& colours, Language language);
 
 private:
-    void layOut(const ColourScheme& colours);
-    void showCaptions(Language language);
+    struct Section
+    {
+        QLabel* heading;
+        QListWidget* list;
+    };
 
-    QListWidget* m_samples;
-    QListWidget* m_objects;
-    QListWidget* m_surplus;
+    void layOut(const ColourPair& colours);
+    void showCaptions();
+    void fillNamed(const Section& section, const WadViewRows& rows, const BilingualText& withoutSound);
+    void fillPlain(const Section& section, const WadViewRows& rows);
+    // False when there are no rows; the list then says why.
+    bool startSection(const Section& section, const WadViewRows& rows, std::size_t count);
+    QListWidgetItem& addRow(const Section& section, const WadViewRow& row, const QString& text);
+    void say(const Section& section, const BilingualText& text);
+    QString nameOf(const WadViewRow& row) const;
+    void copyLists();
+
+    const SoundCatalogue& m_catalogue;
+    Language m_language;
+    Section m_samples;
+    Section m_objects;
+    Section m_surplus;
 };
 
 } // namespace tavrel

@@ -49,16 +49,6 @@ LineChanges rewrittenLines(const SoundCatalogue& catalogue, Rewrite rewrite)
     return changes;
 }
 
-// A letter that a walk over all lines may look for; a message when it is not.
-bool isWalkable(std::string_view letter, Dialogs& dialogs)
-{
-    if (isLetterOfOneLevel(letter)) {
-        return true;
-    }
-    return refuse(letterTexts::letterTitle,
-                  letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::twoCharacters, dialogs);
-}
-
 bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
                            const ReferenceRegister& references, Dialogs& dialogs)
 {
@@ -155,6 +145,15 @@ bool RequireCurrentReference(const CurrentWad& wad, const BilingualText& title, 
                   dialogs);
 }
 
+bool requireLetterOfOneLevel(std::string_view letter, Dialogs& dialogs)
+{
+    if (isLetterOfOneLevel(letter)) {
+        return true;
+    }
+    return refuse(letterTexts::letterTitle,
+                  letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::twoCharacters, dialogs);
+}
+
 AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& dialogs)
 {
     if (!editor.canEdit() || !RequireCurrentReference(wad, addTitle, dialogs)) {
@@ -207,7 +206,8 @@ bool removeLetterFromLine(LineEditor& editor, std::optional<std::size_t> entry, 
 
 bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Dialogs& dialogs)
 {
-    if (!RequireCurrentReference(wad, removeAllTitle, dialogs) || !isWalkable(wad.letter, dialogs)) {
+    if (!RequireCurrentReference(wad, removeAllTitle, dialogs) ||
+        !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return false;
     }
     const std::string letter = "[#" + shown(wad.letter) + "]";
@@ -224,7 +224,8 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
                                        const std::filesystem::path& programFolder, Dialogs& dialogs)
 {
     if (!RequireCurrentReference(wad, replaceTitle, dialogs) ||
-        !ValidateReplaceLetter(newLetter, wad, references, dialogs) || !isWalkable(wad.letter, dialogs)) {
+        !ValidateReplaceLetter(newLetter, wad, references, dialogs) ||
+        !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return ReplacedLetter::Refused;
     }
     const std::string oldShown = "#" + shown(wad.letter);

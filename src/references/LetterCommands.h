@@ -17,6 +17,8 @@ namespace tavrel {
 
 // Every command on letters needs a current WAD with a letter; a message when there is none.
 bool RequireCurrentReference(const CurrentWad& wad, const BilingualText& title, Dialogs& dialogs);
+// A command over all lines takes no letter that would hit other levels; a message when it is such a one.
+bool requireLetterOfOneLevel(std::string_view letter, Dialogs& dialogs);
 
 enum class AddedLetter {
     Added,

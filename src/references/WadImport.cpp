@@ -9,157 +9,121 @@
 #include "references/LetterCommands.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace tavrel {
 
 namespace {
 
-constexpr std::string_view separators = " \t";
-
-// A letter must not stick to the last word of its line.
-std::string withLetter(const std::string& line, const std::string& letter)
+std::vector<std::string> lettersOn(const std::string& line)
 {
-    const bool needsSeparator = line.find('#') == std::string::npos && !line.empty() &&
-                                separators.find(line.back()) == std::string_view::npos;
-    std::string result = AddLetter(needsSeparator ? line + "\t" : line, letter);
-    return result == line + "\t" ? line : result;
+    return lettersOf(ParseSoundLine(line));
 }
 
-// The lines as they would be, and which of them would get the letter.
+bool holds(const std::vector<std::string>& letters, const std::string& letter)
+{
+    return std::ranges::find(letters, letter) != letters.end();
+}
+
+// A letter must not stick to the last word of its line.
+std::string separated(const std::string& line)
+{
+    const bool sticks =
+        line.find('#') == std::string::npos && !line.empty() && line.back() != ' ' && line.back() != '\t';
+    return sticks ? line + '\t' : line;
+}
+
+Failure takesNoSecondLetter(std::size_t sound)
+{
+    const std::string number = std::to_string(sound);
+    return {{"Sound " + number + " has no sample and cannot take a second letter.",
+             "Le son " + number + " n'a pas de sample et ne peut recevoir une deuxième lettre."}};
+}
+
+// The lines as they would be, and what happened to them.
 class PlannedLines
 {
 public:
-    PlannedLines(const SoundCatalogue& catalogue, const SavedLines& saved, std::string letter)
-        : m_catalogue(catalogue), m_letter(std::move(letter)), m_gotLetter(catalogue.size(), false)
+    PlannedLines(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+                 std::string letter)
+        : m_catalogue(catalogue), m_letter(std::move(letter)), m_askedFor(catalogue.size(), false)
     {
         for (std::size_t k = 0; k < catalogue.size(); ++k) {
-            m_lines.push_back(catalogue.currentLine(k));
+            m_start.push_back(catalogue.currentLine(k));
         }
         for (const SavedLine& line : saved.lines) {
-            m_lines[line.number] = line.text;
+            m_start[line.number] = line.text;
         }
+        m_lines = m_start;
         m_plan.notices = saved.notices;
+        m_plan.notices.insert(m_plan.notices.end(), list.notices.begin(), list.notices.end());
     }
 
-    const std::string& line(std::size_t number) const { return m_lines[number]; }
-    std::size_t size() const { return m_lines.size(); }
+    // As they are before the first letter: what a line uses does not depend on the order of the list.
+    const std::vector<std::string>& start() const { return m_start; }
     ImportPlan& plan() { return m_plan; }
 
     void addLetter(std::size_t number)
     {
-        if (number >= m_lines.size()) {
+        if (number >= m_lines.size() || m_askedFor[number]) {
             return;
         }
-        std::string changed = withLetter(m_lines[number], m_letter);
-        if (changed == m_lines[number]) {
+        m_askedFor[number] = true;
+        const std::string before = separated(m_lines[number]);
+        std::string after = AddLetter(before, m_letter);
+        if (after == before) {
             return;
         }
-        if (!haveSameSampleCount(m_lines[number], changed)) {
-            const std::string sound = std::to_string(number);
-            m_plan.notices.push_back({{"Sound " + sound + " has no sample and cannot take a second letter.",
-                                       "Le son " + sound +
-                                           " n'a pas de sample et ne peut recevoir une deuxième "
-                                           "lettre."}});
+        if (haveSameSampleCount(before, after)) {
+            m_lines[number] = std::move(after);
         } else {
-            m_lines[number] = std::move(changed);
-            m_gotLetter[number] = true;
+            m_plan.notices.push_back(takesNoSecondLetter(number));
         }
     }
 
     ImportPlan finish()
     {
         for (std::size_t k = 0; k < m_lines.size(); ++k) {
+            if (m_start[k] != m_catalogue.currentLine(k)) {
+                ++m_plan.linesPutBack;
+            }
             if (m_lines[k] != m_catalogue.currentLine(k)) {
-                if (losesLetters(k)) {
-                    m_plan.soundsLosingLetters.push_back(k);
-                }
+                countChange(k);
                 m_plan.changes.push_back({k, m_lines[k]});
+            } else if (m_askedFor[k] && holds(lettersOn(m_lines[k]), m_letter)) {
+                ++m_plan.linesThatHadLetter;
             }
         }
-        m_plan.linesWithNewLetter = static_cast<std::size_t>(std::ranges::count(m_gotLetter, true));
         return std::move(m_plan);
     }
 
 private:
-    bool losesLetters(std::size_t number) const
+    void countChange(std::size_t number)
     {
-        const std::vector<std::string> after = lettersOf(ParseSoundLine(m_lines[number]));
-        return std::ranges::any_of(
-            lettersOf(ParseSoundLine(m_catalogue.currentLine(number))), [&](const std::string& letter) {
-                return letter != m_letter && std::ranges::find(after, letter) == after.end();
-            });
+        const std::vector<std::string> before = lettersOn(m_catalogue.currentLine(number));
+        const std::vector<std::string> after = lettersOn(m_lines[number]);
+        if (holds(after, m_letter)) {
+            ++(holds(before, m_letter) ? m_plan.linesThatHadLetter : m_plan.linesWithNewLetter);
+        }
+        TakenLetters taken{number, {}};
+        std::ranges::copy_if(before, std::back_inserter(taken.letters), [&](const std::string& letter) {
+            return letter != m_letter && !holds(after, letter);
+        });
+        if (!taken.letters.empty()) {
+            m_plan.takenLetters.push_back(std::move(taken));
+        }
     }
 
     const SoundCatalogue& m_catalogue;
     std::string m_letter;
+    std::vector<std::string> m_start;
     std::vector<std::string> m_lines;
-    std::vector<bool> m_gotLetter;
+    std::vector<bool> m_askedFor;
     ImportPlan m_plan;
 };
-
-// Which lines hold a word at all, so that not every sample is looked for in every line.
-class WordIndex
-{
-public:
-    void add(std::size_t number, std::string_view line)
-    {
-        std::size_t start = line.find_first_not_of(separators);
-        while (start != std::string_view::npos) {
-            const std::size_t end = std::min(line.find_first_of(separators, start), line.size());
-            std::vector<std::size_t>& lines = m_lines[std::string(line.substr(start, end - start))];
-            if (lines.empty() || lines.back() != number) {
-                lines.push_back(number);
-            }
-            start = line.find_first_not_of(separators, end);
-        }
-    }
-    // In ascending order.
-    const std::vector<std::size_t>& linesWith(const std::string& word) const
-    {
-        static const std::vector<std::size_t> none;
-        const auto found = m_lines.find(word);
-        return found == m_lines.end() ? none : found->second;
-    }
-
-private:
-    std::unordered_map<std::string, std::vector<std::size_t>> m_lines;
-};
-
-// True when a line uses the sample.
-bool markSample(PlannedLines& lines, const WordIndex& words, const std::string& sample,
-                const DoublesStatus& doubles)
-{
-    bool matched = false;
-    const auto look = [&](std::size_t number) {
-        if (standsAsFirstWord(lines.line(number), sample)) {
-            matched = true;
-            if (doubles.of(number) == DoublesStatus::takesPart) {
-                lines.addLetter(number);
-            }
-        }
-    };
-    if (sample.find_first_of(separators) == std::string::npos) {
-        std::ranges::for_each(words.linesWith(sample), look);
-    } else {
-        for (std::size_t k = 0; k < lines.size(); ++k) {
-            look(k);
-        }
-    }
-    return matched;
-}
-
-Failure passedOver(const WadList& list, const ListedValue& value)
-{
-    return wrongLine(list.path, value.line,
-                     {"This is no entry of the list. It is passed over.",
-                      "Ce n'est pas une entrée de la liste. Elle est ignorée."});
-}
 
 // Texts that differ between the two lists.
 struct KindTexts
 {
-    std::string_view ending;
     BilingualText button;
     BilingualText title;
     BilingualText objects; // what gets the letter
@@ -169,22 +133,21 @@ struct KindTexts
 KindTexts textsOf(WadListKind kind)
 {
     if (kind == WadListKind::Samples) {
-        return {".SAM",
-                {"Import SAM (samples) file", "Importer le fichier SAM (samples)"},
+        return {{"Import SAM (samples) file", "Importer le fichier SAM (samples)"},
                 {"Load SAM file", "Charger fichier SAM"},
                 {"included sounds", "aux sons incorporés"},
                 " "};
     }
-    return {".WAS",
-            {"Import WAS (objects) file", "Importer le fichier WAS (objets)"},
+    return {{"Import WAS (objects) file", "Importer le fichier WAS (objets)"},
             {"Load WAS file", "Charger fichier WAS"},
             {"included objects", "aux objets incorporés"},
             "  "};
 }
 
-bool confirmImport(const CurrentWad& wad, const KindTexts& texts, Dialogs& dialogs)
+bool confirmImport(const CurrentWad& wad, WadListKind kind, Dialogs& dialogs)
 {
-    const std::string file = "[" + utf8FromCodePage(wad.wadName) + std::string(texts.ending) + "]";
+    const KindTexts texts = textsOf(kind);
+    const std::string file = "[" + utf8FromCodePage(wad.wadName) + std::string(endingOf(kind)) + "]";
     const std::string letter = "[#" + utf8FromCodePage(wad.letter) + "]";
     const Question question{texts.title,
                             {"Open " + file + " and assign " + letter + " to " + texts.objects.english +
@@ -196,28 +159,81 @@ bool confirmImport(const CurrentWad& wad, const KindTexts& texts, Dialogs& dialo
     return dialogs.ask(question) == Answer::Ok;
 }
 
-void sayWhatWasDone(const ImportPlan& plan, WadListKind kind, const KindTexts& texts, Dialogs& dialogs)
+// "3 sounds", in each language with its own word for one and for several.
+BilingualText counted(std::size_t count, const BilingualText& one, const BilingualText& several)
 {
-    const std::string lines = std::to_string(plan.linesWithNewLetter);
-    BilingualText text(lines + " line(s) got the letter.", lines + " ligne(s) ont reçu la lettre.");
-    if (kind == WadListKind::Samples) {
-        const std::string unknown = std::to_string(plan.unknownSamples.size());
-        text += BilingualText("\n" + unknown + " sample(s) are used by no sound.",
-                              "\n" + unknown + " sample(s) ne sont utilisés par aucun son.");
+    return BilingualText::same(std::to_string(count) + " ") + (count == 1 ? one : several);
+}
+
+BilingualText whoGotTheLetter(const ImportPlan& plan)
+{
+    if (plan.linesWithNewLetter > 0) {
+        return counted(plan.linesWithNewLetter, {"sound got the letter.", "son a reçu la lettre."},
+                       {"sounds got the letter.", "sons ont reçu la lettre."});
     }
-    if (!plan.soundsLosingLetters.empty()) {
-        std::string numbers;
-        for (const std::size_t number : plan.soundsLosingLetters) {
-            numbers += (numbers.empty() ? "" : ", ") + std::to_string(number);
-        }
-        text += BilingualText("\nThe saved lines took letters of other WADs off these sounds: ",
-                              "\nLes lignes enregistrées ont ôté des lettres d'autres WADs à ces sons : ") +
-                numbers;
+    if (plan.linesThatHadLetter > 0) {
+        return BilingualText("No sound got the letter: ", "Aucun son n'a reçu la lettre : ") +
+               counted(plan.linesThatHadLetter, {"already had it.", "l'avait déjà."},
+                       {"already had it.", "l'avaient déjà."});
+    }
+    return {"No sound got the letter.", "Aucun son n'a reçu la lettre."};
+}
+
+std::string rowOf(const TakenLetters& taken, const SoundCatalogue& catalogue)
+{
+    const std::string& line = catalogue.currentLine(taken.sound);
+    std::string row =
+        "\n  " + std::to_string(taken.sound) + ": " + utf8FromCodePage(line.substr(0, line.find(':')));
+    for (const std::string& letter : taken.letters) {
+        row += "  #" + utf8FromCodePage(letter);
+    }
+    return row;
+}
+
+BilingualText whatCameBack(const ImportPlan& plan, const SoundCatalogue& catalogue)
+{
+    constexpr std::size_t mostNamed = 8;
+    BilingualText text = counted(
+        plan.linesPutBack,
+        {"sound is back as it was saved for this WAD, with its samples and values.",
+         "son est revenu tel qu'il était enregistré pour ce WAD, avec ses samples et ses valeurs."},
+        {"sounds are back as they were saved for this WAD, with their samples and values.",
+         "sons sont revenus tels qu'ils étaient enregistrés pour ce WAD, avec leurs samples et leurs valeurs."});
+    const std::vector<TakenLetters>& taken = plan.takenLetters;
+    if (!taken.empty()) {
+        text += BilingualText("\nLetters of other WADs that this took off:",
+                              "\nLettres d'autres WADs ainsi ôtées :");
+    }
+    for (std::size_t i = 0; i < std::min(taken.size(), mostNamed); ++i) {
+        text += rowOf(taken[i], catalogue);
+    }
+    if (taken.size() > mostNamed) {
+        const std::string rest = std::to_string(taken.size() - mostNamed);
+        text += BilingualText("\n  ... and " + rest + " more", "\n  ... et " + rest + " de plus");
+    }
+    return text;
+}
+
+BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogue)
+{
+    BilingualText text = whoGotTheLetter(plan);
+    if (!plan.unknownSamples.empty()) {
+        text += BilingualText::same("\n") +
+                counted(plan.unknownSamples.size(),
+                        {"sample is used by no sound.", "sample n'est utilisé par aucun son."},
+                        {"samples are used by no sound.", "samples ne sont utilisés par aucun son."});
+    }
+    if (plan.linesPutBack > 0) {
+        text += BilingualText::same("\n\n") + whatCameBack(plan, catalogue);
+    }
+    if (!plan.changes.empty()) {
+        text += BilingualText("\n\nNothing is written until the changes are applied.",
+                              "\n\nRien n'est écrit tant que les changements ne sont pas appliqués.");
     }
     if (!plan.notices.empty()) {
         text += BilingualText::same("\n\n") + listOf(plan.notices);
     }
-    dialogs.show({MessageIcon::Information, texts.title, text});
+    return text;
 }
 
 } // namespace
@@ -225,18 +241,17 @@ void sayWhatWasDone(const ImportPlan& plan, WadListKind kind, const KindTexts& t
 ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
                              const std::string& letter)
 {
-    PlannedLines lines(catalogue, saved, letter);
-    // A line that gets the letter gains a separator behind its last word; the words themselves stay.
-    WordIndex words;
-    for (std::size_t k = 0; k < lines.size(); ++k) {
-        words.add(k, lines.line(k));
-    }
-    for (const ListedValue& value : list.values) {
-        const std::string sample(sampleOfValue(value.text));
-        if (sample.empty()) {
-            lines.plan().notices.push_back(passedOver(list, value));
-        } else if (!markSample(lines, words, sample, catalogue.doubles())) {
+    PlannedLines lines(catalogue, saved, list, letter);
+    const SampleUses uses(lines.start());
+    for (const std::string& sample : list.names) {
+        const std::vector<std::size_t> numbers = uses.of(sample);
+        if (numbers.empty()) {
             lines.plan().unknownSamples.push_back(sample);
+        }
+        for (const std::size_t number : numbers) {
+            if (catalogue.doubles().of(number) == DoublesStatus::takesPart) {
+                lines.addLetter(number);
+            }
         }
     }
     return lines.finish();
@@ -245,12 +260,8 @@ ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& 
 ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
                              const std::string& letter)
 {
-    PlannedLines lines(catalogue, saved, letter);
-    for (const ListedValue& value : list.values) {
-        const std::string_view listed = objectOfValue(value.text);
-        if (listed.empty()) {
-            lines.plan().notices.push_back(passedOver(list, value));
-        }
+    PlannedLines lines(catalogue, saved, list, letter);
+    for (const std::string& listed : list.names) {
         for (const SoundObject& object : catalogue.objects()) {
             if (objectsMatch(listed, object.name)) {
                 std::ranges::for_each(object.sounds,
@@ -267,22 +278,31 @@ BilingualText importTitle(WadListKind kind)
     return textsOf(kind).button;
 }
 
+BilingualText importForbidden()
+{
+    return {"Off while modifications are pending or saved for this WAD. Parameters can allow it.",
+            "Désactivé tant que des modifications sont en attente ou enregistrées pour ce WAD. "
+            "Les Paramètres peuvent l'autoriser."};
+}
+
 ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, WadListKind kind,
-                           const ImportFolders& folders, Dialogs& dialogs)
+                           const ImportFolders& folders, Dialogs& dialogs,
+                           const std::function<void()>& changed)
 {
     const KindTexts texts = textsOf(kind);
     const auto refuse = [&](const Failure& failure) {
         dialogs.show({MessageIcon::Exclamation, texts.button, failure.text});
         return ImportResult();
     };
-    if (!RequireCurrentReference(wad, texts.button, dialogs)) {
+    if (!RequireCurrentReference(wad, texts.button, dialogs) ||
+        !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return {};
     }
-    const Result<WadList> list = readWadList(folders.wads, wad.wadName, texts.ending);
+    const Result<WadList> list = readWadList(folders.wads, wad.wadName, kind);
     if (!list) {
         return refuse(list.failure());
     }
-    if (!confirmImport(wad, texts, dialogs)) {
+    if (!confirmImport(wad, kind, dialogs)) {
         return {};
     }
     std::error_code ignored;
@@ -293,10 +313,13 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     }
     ImportPlan plan = kind == WadListKind::Samples ? planSamplesImport(catalogue, *saved, *list, wad.letter)
                                                    : planObjectsImport(catalogue, *saved, *list, wad.letter);
-    if (const Problem problem = catalogue.setCurrentLines(std::move(plan.changes))) {
+    if (const Problem problem = catalogue.setCurrentLines(plan.changes)) {
         return refuse(*problem);
     }
-    sayWhatWasDone(plan, kind, texts, dialogs);
+    if (changed) {
+        changed();
+    }
+    dialogs.show({MessageIcon::Information, texts.title, whatWasDone(plan, catalogue)});
     return {true, std::move(plan.unknownSamples)};
 }
 

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,16 +17,23 @@ namespace tavrel {
 // Every import of objects gives it the letter, whatever the list holds.
 constexpr std::size_t underwaterSound = 60;
 
-enum class WadListKind { Samples, Objects };
+// Letters that the saved lines take off a sound, without "#".
+struct TakenLetters
+{
+    std::size_t sound;
+    std::vector<std::string> letters;
+};
 
 // What an import would do, worked out on a copy: nothing changes before it is complete.
 struct ImportPlan
 {
     std::vector<SoundCatalogue::LineChange> changes;
     std::size_t linesWithNewLetter = 0;
-    std::vector<std::string> unknownSamples;      // in the order of the list
-    std::vector<std::size_t> soundsLosingLetters; // of other levels, by the saved lines
-    std::vector<Failure> notices;                 // values and records that were passed over
+    std::size_t linesThatHadLetter = 0;      // among those that the list asks for
+    std::size_t linesPutBack = 0;            // saved lines that differ from the current ones
+    std::vector<std::string> unknownSamples; // in the order of the list
+    std::vector<TakenLetters> takenLetters;  // of other levels
+    std::vector<Failure> notices;            // values and records that were passed over
 };
 
 // The saved lines of the WAD come back first; then every line that uses a listed sample, and that the doubles
@@ -49,10 +57,14 @@ struct ImportResult
 };
 
 // Gives the current WAD's letter to all that its list names, after a question, and says what was done.
+// `changed` is called when the lines have changed, before the notice about them.
 ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, WadListKind kind,
-                           const ImportFolders& folders, Dialogs& dialogs);
+                           const ImportFolders& folders, Dialogs& dialogs,
+                           const std::function<void()>& changed = {});
 
 // "Import SAM (samples) file"
 BilingualText importTitle(WadListKind kind);
+// Why the settings forbid it.
+BilingualText importForbidden();
 
 } // namespace tavrel

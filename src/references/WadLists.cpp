@@ -8,6 +8,9 @@
 #include "base/TextFile.h"
 #include "catalogue/ApplyChanges.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace tavrel {
 
 namespace fs = std::filesystem;
@@ -16,6 +19,7 @@ namespace {
 
 constexpr std::size_t sampleEndingLength = 4;
 constexpr std::uintmax_t largestList = 8U << 20U;
+constexpr std::string_view separators = " \t";
 
 Failure noSuchList(const fs::path& wadFolder, std::string_view wadName, std::string_view ending)
 {
@@ -24,17 +28,130 @@ Failure noSuchList(const fs::path& wadFolder, std::string_view wadName, std::str
             displayPath(wadFolder / "")};
 }
 
-fs::path savedLinesFolder(const fs::path& programFolder)
+// What does not count in a file. Keeps the first places only, for a damaged file may have millions.
+class PassedOver
 {
-    return fileIn(programFolder, changedLinesFolderName);
+public:
+    void add(std::size_t line, std::string_view content)
+    {
+        constexpr std::size_t mostNamed = 8;
+        if (m_named.size() < mostNamed) {
+            m_named.push_back({line, std::string(content.substr(0, mostShown + 1))});
+        }
+        ++m_count;
+    }
+
+    void tell(const fs::path& file, BilingualText text, std::vector<Failure>& notices) const
+    {
+        if (m_count == 0) {
+            return;
+        }
+        for (const Place& place : m_named) {
+            const std::string line = std::to_string(place.line);
+            text += &place == m_named.data() ? " " : ", ";
+            text += BilingualText("line " + line, "ligne " + line) + shown(place.content);
+        }
+        if (m_count > m_named.size()) {
+            const std::string rest = std::to_string(m_count - m_named.size());
+            text += BilingualText(" ... and " + rest + " more", " ... et " + rest + " de plus");
+        }
+        notices.push_back(wrongContent(file, text));
+    }
+
+private:
+    struct Place
+    {
+        std::size_t line;
+        std::string content;
+    };
+
+    static constexpr std::size_t mostShown = 30;
+
+    static BilingualText shown(std::string content)
+    {
+        if (content.find_first_not_of(separators) == std::string::npos) {
+            return {" (blank)", " (vide)"};
+        }
+        std::ranges::replace(content, '\t', ' ');
+        const bool cut = content.size() > mostShown;
+        return BilingualText::same(" [" + utf8FromCodePage(content.substr(0, mostShown)) +
+                                   (cut ? "...]" : "]"));
+    }
+
+    std::vector<Place> m_named;
+    std::size_t m_count = 0;
+};
+
+// Without the four characters of its ending; empty for a value that is no longer than that.
+std::string_view sampleOfValue(std::string_view value)
+{
+    return value.size() > sampleEndingLength ? value.substr(0, value.size() - sampleEndingLength)
+                                             : std::string_view();
 }
 
-std::string savedLinesName(std::string_view wadName)
+// What stands before the first ":"; nothing without one.
+std::optional<std::string_view> objectOfValue(std::string_view value)
 {
-    return std::string(wadName) + ".tor";
+    const std::size_t colon = value.find(':');
+    return colon == std::string_view::npos ? std::nullopt : std::optional(value.substr(0, colon));
 }
 
-// A number, a comma, and a text between quotes in which anything may stand.
+// Takes the names out of the values of a list.
+class ListReader
+{
+public:
+    explicit ListReader(WadListKind kind) : m_kind(kind) {}
+
+    // False when a quote never closes.
+    bool read(std::string_view line)
+    {
+        ++m_line;
+        const auto values = splitList(line);
+        if (!values) {
+            return false;
+        }
+        for (const ListedValue& value : *values) {
+            if (value.wrong) {
+                m_passedOver.add(m_line, value.text);
+            } else if (m_kind == WadListKind::Samples) {
+                take(sampleOfValue(value.text), value.text);
+            } else if (const auto object = objectOfValue(value.text)) { // others are no objects
+                take(*object, value.text);
+            }
+        }
+        return true;
+    }
+
+    std::size_t line() const { return m_line; }
+
+    WadList finish(const fs::path& path)
+    {
+        WadList list{path, std::move(m_names), {}};
+        m_passedOver.tell(path,
+                          {"Passed over, for they are no entries of the list:",
+                           "Ne sont pas des entrées de la liste, ignorées :"},
+                          list.notices);
+        return list;
+    }
+
+private:
+    void take(std::string_view name, std::string_view value)
+    {
+        if (name.empty()) {
+            m_passedOver.add(m_line, value);
+        } else {
+            m_names.emplace_back(name);
+        }
+    }
+
+    WadListKind m_kind;
+    std::size_t m_line = 0;
+    std::vector<std::string> m_names;
+    PassedOver m_passedOver;
+};
+
+// A number, a comma, and a text between quotes. Quotes inside the text stand there as they are, but a record
+// that splits into more than these two fields is none.
 std::optional<SavedLine> readSavedLine(std::string_view record)
 {
     const std::size_t comma = record.find(',');
@@ -44,6 +161,10 @@ std::optional<SavedLine> readSavedLine(std::string_view record)
     const std::optional<std::int64_t> number = wholeNumber(record.substr(0, comma));
     const std::optional<RecordField> text = readSettingsValue(record.substr(comma + 1));
     if (!number || *number < 0 || !text || !text->quoted) {
+        return std::nullopt;
+    }
+    const auto fields = splitRecord(record);
+    if (fields && fields->size() > 2) {
         return std::nullopt;
     }
     return SavedLine{static_cast<std::size_t>(*number), text->text};
@@ -56,18 +177,51 @@ bool fits(const SavedLine& saved, const SoundCatalogue& catalogue)
            name(saved.text) == name(catalogue.currentLine(saved.number));
 }
 
+// sounds\<WAD>.tor, whatever it is on the disk; nothing when there is none.
+Result<std::optional<fs::path>> findSavedLines(const fs::path& programFolder, std::string_view wadName)
+{
+    const fs::path folder = fileIn(programFolder, changedLinesFolderName);
+    std::error_code error;
+    if (!isPlainFileName(wadName) || (!fs::exists(folder, error) && !error)) {
+        return std::optional<fs::path>();
+    }
+    const std::string name = std::string(wadName) + ".tor";
+    const Result<bool> held = holdsEntry(folder, name);
+    if (!held) {
+        return held.failure();
+    }
+    return findEntry(folder, name);
+}
+
 bool isSeparator(char c)
 {
-    return c == ' ' || c == '\t';
+    return separators.find(c) != std::string_view::npos;
+}
+
+// Calls with each piece between separators.
+template <typename Take>
+void forEachWord(std::string_view text, Take take)
+{
+    std::size_t start = text.find_first_not_of(separators);
+    while (start != std::string_view::npos) {
+        const std::size_t end = std::min(text.find_first_of(separators, start), text.size());
+        take(text.substr(start, end - start));
+        start = text.find_first_not_of(separators, end);
+    }
 }
 
 } // namespace
 
-Result<WadList> readWadList(const fs::path& wadFolder, std::string_view wadName, std::string_view ending)
+std::string_view endingOf(WadListKind kind)
 {
-    const std::optional<fs::path> path = findFile(wadFolder, std::string(wadName).append(ending));
+    return kind == WadListKind::Samples ? ".SAM" : ".WAS";
+}
+
+Result<WadList> readWadList(const fs::path& wadFolder, std::string_view wadName, WadListKind kind)
+{
+    const std::optional<fs::path> path = findFile(wadFolder, std::string(wadName).append(endingOf(kind)));
     if (!path) {
-        return noSuchList(wadFolder, wadName, ending);
+        return noSuchList(wadFolder, wadName, endingOf(kind));
     }
     std::error_code error;
     if (fs::file_size(*path, error) > largestList && !error) {
@@ -78,32 +232,14 @@ Result<WadList> readWadList(const fs::path& wadFolder, std::string_view wadName,
     if (!file) {
         return file.failure();
     }
-    WadList list{*path, {}};
-    std::size_t lineNumber = 0;
+    ListReader reader(kind);
     for (const std::string_view line : file->lines()) {
-        ++lineNumber;
-        const auto fields = splitRecord(line);
-        if (!fields) {
-            return wrongLine(*path, lineNumber,
+        if (!reader.read(line)) {
+            return wrongLine(*path, reader.line(),
                              {"A double quote is not closed.", "Un guillemet n'est pas fermé."});
         }
-        for (const RecordField& field : *fields) {
-            list.values.push_back({field.text, lineNumber});
-        }
     }
-    return list;
-}
-
-std::string_view sampleOfValue(std::string_view value)
-{
-    return value.size() > sampleEndingLength ? value.substr(0, value.size() - sampleEndingLength)
-                                             : std::string_view();
-}
-
-std::string_view objectOfValue(std::string_view value)
-{
-    const std::size_t colon = value.find(':');
-    return colon == std::string_view::npos ? std::string_view() : value.substr(0, colon);
+    return reader.finish(*path);
 }
 
 bool objectsMatch(std::string_view listed, std::string_view known)
@@ -115,14 +251,19 @@ bool objectsMatch(std::string_view listed, std::string_view known)
 Result<SavedLines> readSavedLines(const fs::path& programFolder, std::string_view wadName,
                                   const SoundCatalogue& catalogue)
 {
-    SavedLines saved;
-    if (!hasSavedLines(programFolder, wadName)) {
-        return saved;
+    const Result<std::optional<fs::path>> path = findSavedLines(programFolder, wadName);
+    if (!path) {
+        return path.failure();
     }
-    const Result<TextFile> file = readTextFile(savedLinesFolder(programFolder), savedLinesName(wadName));
+    if (!*path) {
+        return SavedLines();
+    }
+    const Result<TextFile> file = readTextFile(**path);
     if (!file) {
         return file.failure();
     }
+    SavedLines saved;
+    PassedOver passedOver;
     std::size_t lineNumber = 0;
     for (const std::string_view record : file->lines()) {
         ++lineNumber;
@@ -130,20 +271,20 @@ Result<SavedLines> readSavedLines(const fs::path& programFolder, std::string_vie
         if (line && fits(*line, catalogue)) {
             saved.lines.push_back(std::move(*line));
         } else {
-            saved.notices.push_back(
-                wrongLine(file->path, lineNumber,
-                          {"The saved line does not fit the catalogue. It is passed over.",
-                           "La ligne enregistrée ne correspond pas au catalogue. Elle est "
-                           "ignorée."}));
+            passedOver.add(lineNumber, record);
         }
     }
+    passedOver.tell(file->path,
+                    {"Passed over, for these saved lines do not fit the catalogue:",
+                     "Lignes enregistrées qui ne correspondent pas au catalogue, ignorées :"},
+                    saved.notices);
     return saved;
 }
 
 bool hasSavedLines(const fs::path& programFolder, std::string_view wadName)
 {
-    return isPlainFileName(wadName) &&
-           findFile(savedLinesFolder(programFolder), savedLinesName(wadName)).has_value();
+    const Result<std::optional<fs::path>> path = findSavedLines(programFolder, wadName);
+    return !path || path->has_value();
 }
 
 bool standsAsFirstWord(std::string_view line, std::string_view word)
@@ -152,6 +293,38 @@ bool standsAsFirstWord(std::string_view line, std::string_view word)
     const std::size_t end = start + word.size();
     return start != std::string_view::npos && start > 0 && isSeparator(line[start - 1]) &&
            end < line.size() && isSeparator(line[end]);
+}
+
+SampleUses::SampleUses(std::vector<std::string> lines)
+    : m_lines(std::move(lines)), m_allNumbers(m_lines.size())
+{
+    std::iota(m_allNumbers.begin(), m_allNumbers.end(), std::size_t{0});
+    for (const std::size_t number : m_allNumbers) {
+        forEachWord(m_lines[number], [&](std::string_view word) {
+            std::vector<std::size_t>& numbers = m_linesWithWord[std::string(word)];
+            if (numbers.empty() || numbers.back() != number) {
+                numbers.push_back(number);
+            }
+        });
+    }
+}
+
+std::vector<std::size_t> SampleUses::of(std::string_view sample) const
+{
+    // A sample with a blank inside is several words of its line, the first of them whole.
+    const std::size_t start = std::min(sample.find_first_not_of(separators), sample.size());
+    const std::string_view word =
+        sample.substr(start).substr(0, sample.substr(start).find_first_of(separators));
+    static const std::vector<std::size_t> none;
+    const std::vector<std::size_t>* candidates = &m_allNumbers;
+    if (!word.empty()) {
+        const auto found = m_linesWithWord.find(std::string(word));
+        candidates = found == m_linesWithWord.end() ? &none : &found->second;
+    }
+    std::vector<std::size_t> numbers;
+    std::ranges::copy_if(*candidates, std::back_inserter(numbers),
+                         [&](std::size_t number) { return standsAsFirstWord(m_lines[number], sample); });
+    return numbers;
 }
 
 } // namespace tavrel

@@ -9,36 +9,29 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 // The lists that the level editor writes beside a WAD, and the program's own record of lines that were
 // changed for it. All texts are code page bytes.
 namespace tavrel {
 
-struct ListedValue
-{
-    std::string text;
-    std::size_t line; // 1-based
-};
+enum class WadListKind { Samples, Objects };
+
+// ".SAM" or ".WAS"
+std::string_view endingOf(WadListKind kind);
 
 // A .SAM or .WAS file: values between commas and line ends, a quoted one with its commas.
 struct WadList
 {
     std::filesystem::path path;
-    std::vector<ListedValue> values;
+    std::vector<std::string> names; // of samples without their ending, or of objects; in the file's order
+    std::vector<Failure> notices;   // values that were passed over
 };
 
-// "No [name.SAM] File" when the WAD's folder holds none; any other trouble names the file. `ending` is ".SAM"
-// or
-// ".WAS".
+// "No [name.SAM] File" when the WAD's folder holds none; any other trouble names the file.
 Result<WadList> readWadList(const std::filesystem::path& wadFolder, std::string_view wadName,
-                            std::string_view ending);
-
-// The sample that a value of a .SAM file names: without the four characters of its ending. Empty for a value
-// that is no longer than that.
-std::string_view sampleOfValue(std::string_view value);
-// The object that a value of a .WAS file names: what stands before the first ":". Empty without one.
-std::string_view objectOfValue(std::string_view value);
+                            WadListKind kind);
 
 // Names of objects match when one contains the other.
 bool objectsMatch(std::string_view listed, std::string_view known);
@@ -54,12 +47,28 @@ struct SavedLines
     std::vector<SavedLine> lines;
     std::vector<Failure> notices; // records that do not fit the catalogue
 };
-// Nothing to read is no trouble.
+// Nothing to read is no trouble; a folder that cannot be listed is.
 Result<SavedLines> readSavedLines(const std::filesystem::path& programFolder, std::string_view wadName,
                                   const SoundCatalogue& catalogue);
+// Also true when that cannot be told.
 bool hasSavedLines(const std::filesystem::path& programFolder, std::string_view wadName);
 
 // Whether the word's first place in the line stands between two separators (blank or TAB).
 bool standsAsFirstWord(std::string_view line, std::string_view word);
+
+// Finds the lines that use a sample without looking at every line.
+class SampleUses
+{
+public:
+    explicit SampleUses(std::vector<std::string> lines);
+
+    // In ascending order.
+    std::vector<std::size_t> of(std::string_view sample) const;
+
+private:
+    std::vector<std::string> m_lines;
+    std::vector<std::size_t> m_allNumbers;
+    std::unordered_map<std::string, std::vector<std::size_t>> m_linesWithWord;
+};
 
 } // namespace tavrel

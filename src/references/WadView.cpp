@@ -10,105 +10,148 @@ namespace tavrel {
 
 namespace {
 
+// A name's place in a list counts once, however often the list has it.
+std::vector<std::string> withoutRepetitions(const std::vector<std::string>& names)
+{
+    std::set<std::string_view> known;
+    std::vector<std::string> result;
+    std::ranges::copy_if(names, std::back_inserter(result),
+                         [&known](const std::string& name) { return known.insert(name).second; });
+    return result;
+}
+
 class ViewBuilder
 {
 public:
     ViewBuilder(const SoundCatalogue& catalogue, const CurrentWad& wad, const SavedLines& saved)
-        : m_catalogue(catalogue)
+        : m_catalogue(catalogue), m_asked(catalogue.size(), false), m_saved(catalogue.size(), false)
     {
         for (std::size_t k = 0; k < catalogue.size(); ++k) {
             const std::vector<std::string> letters = lettersOf(ParseSoundLine(catalogue.currentLine(k)));
             m_carries.push_back(std::ranges::find(letters, wad.letter) != letters.end());
         }
         for (const SavedLine& line : saved.lines) {
-            m_changed.insert(line.number);
+            m_saved[line.number] = true;
         }
     }
 
-    void addSamples(const WadList& list)
+    std::vector<WadViewRow> samples(const WadList& list)
     {
-        for (const ListedValue& value : list.values) {
-            const std::string sample(sampleOfValue(value.text));
-            const std::size_t before = view.samples.size();
-            for (std::size_t k = 0; !sample.empty() && k < m_catalogue.size(); ++k) {
-                if (standsAsFirstWord(m_catalogue.currentLine(k), sample)) {
-                    view.samples.push_back(rowOf(sample, k));
-                }
-            }
-            if (!sample.empty() && view.samples.size() == before) {
-                view.samples.push_back({sample, std::nullopt, true, false});
-            }
-        }
-    }
-
-    void addObjects(const WadList& list)
-    {
-        for (const ListedValue& value : list.values) {
-            const std::string listed(objectOfValue(value.text));
-            const std::size_t before = view.objects.size();
-            for (const SoundObject& object : m_catalogue.objects()) {
-                for (const std::size_t number : object.sounds) {
-                    if (objectsMatch(listed, object.name) && number < m_catalogue.size()) {
-                        view.objects.push_back(rowOf(listed, number));
-                    }
-                }
-            }
-            if (!listed.empty() && view.objects.size() == before) {
-                view.objects.push_back({listed, std::nullopt, false, false});
-            }
-        }
-    }
-
-    void addSurplus()
-    {
-        m_asked.insert(underwaterSound);
+        std::vector<std::string> lines;
         for (std::size_t k = 0; k < m_catalogue.size(); ++k) {
-            if (m_carries[k] && !m_asked.contains(k)) {
-                view.surplus.push_back({{}, k, false, m_changed.contains(k)});
+            lines.push_back(m_catalogue.currentLine(k));
+        }
+        const SampleUses uses(std::move(lines));
+        std::vector<WadViewRow> rows;
+        for (const std::string& sample : withoutRepetitions(list.names)) {
+            const std::vector<std::size_t> sounds = uses.of(sample);
+            for (const std::size_t number : sounds) {
+                rows.push_back(rowOf(sample, number, m_catalogue.doubles().of(number)));
+            }
+            if (sounds.empty()) {
+                rows.push_back({sample, std::nullopt, WadViewMark::Lacking, false});
             }
         }
+        return rows;
     }
 
-    WadView view;
+    std::vector<WadViewRow> objects(const WadList& list)
+    {
+        std::vector<WadViewRow> rows;
+        for (const std::string& object : withoutRepetitions(list.names)) {
+            const std::vector<std::size_t> sounds = soundsOf(object);
+            for (const std::size_t number : sounds) {
+                rows.push_back(rowOf(object, number));
+            }
+            if (sounds.empty()) {
+                rows.push_back({object, std::nullopt, WadViewMark::None, false});
+            }
+        }
+        const auto isUnderwater = [](const WadViewRow& row) { return row.sound == underwaterSound; };
+        if (underwaterSound < m_catalogue.size() && std::ranges::none_of(rows, isUnderwater)) {
+            rows.push_back(rowOf({}, underwaterSound));
+        }
+        return rows;
+    }
+
+    std::vector<WadViewRow> surplus() const
+    {
+        std::vector<WadViewRow> rows;
+        for (std::size_t k = 0; k < m_catalogue.size(); ++k) {
+            if (m_carries[k] && !m_asked[k]) {
+                rows.push_back({{}, k, WadViewMark::None, m_saved[k]});
+            }
+        }
+        return rows;
+    }
 
 private:
-    WadViewRow rowOf(const std::string& name, std::size_t number)
+    WadViewRow rowOf(const std::string& name, std::size_t number,
+                     std::string_view status = DoublesStatus::takesPart)
     {
-        m_asked.insert(number);
-        return {name, number, !m_carries[number] && !m_catalogue.isGlobal(number),
-                m_changed.contains(number)};
+        m_asked[number] = true;
+        WadViewMark mark = WadViewMark::None;
+        if (!m_carries[number] && !m_catalogue.isGlobal(number)) {
+            mark = status == DoublesStatus::takesPart ? WadViewMark::Lacking : WadViewMark::LeftOut;
+        }
+        return {name, number, mark, m_saved[number]};
+    }
+
+    // Each once, though several objects of the table may match.
+    std::vector<std::size_t> soundsOf(const std::string& listed) const
+    {
+        std::vector<std::size_t> sounds;
+        for (const SoundObject& object : m_catalogue.objects()) {
+            if (!objectsMatch(listed, object.name)) {
+                continue;
+            }
+            std::ranges::copy_if(object.sounds, std::back_inserter(sounds), [&](std::size_t number) {
+                return number < m_catalogue.size() && std::ranges::find(sounds, number) == sounds.end();
+            });
+        }
+        return sounds;
     }
 
     const SoundCatalogue& m_catalogue;
     std::vector<bool> m_carries;
-    std::set<std::size_t> m_changed;
-    std::set<std::size_t> m_asked;
+    std::vector<bool> m_asked;
+    std::vector<bool> m_saved;
 };
+
+// The value; its failure goes to the notices.
+template <typename Value>
+const Value* valueOf(const Result<Value>& result, std::vector<Failure>& notices)
+{
+    if (!result) {
+        notices.push_back(result.failure());
+        return nullptr;
+    }
+    notices.insert(notices.end(), result->notices.begin(), result->notices.end());
+    return &*result;
+}
 
 } // namespace
 
 WadView viewWad(const SoundCatalogue& catalogue, const CurrentWad& wad, const ImportFolders& folders)
 {
-    const Result<SavedLines> saved = readSavedLines(folders.program, wad.wadName, catalogue);
+    const auto savedFile = readSavedLines(folders.program, wad.wadName, catalogue);
+    const auto samplesFile = readWadList(folders.wads, wad.wadName, WadListKind::Samples);
+    const auto objectsFile = readWadList(folders.wads, wad.wadName, WadListKind::Objects);
+    WadView view;
+    const SavedLines* const saved = valueOf(savedFile, view.notices);
+    const WadList* const samples = valueOf(samplesFile, view.notices);
+    const WadList* const objects = valueOf(objectsFile, view.notices);
     ViewBuilder builder(catalogue, wad, saved ? *saved : SavedLines());
-    if (!saved) {
-        builder.view.notices.push_back(saved.failure());
-    }
-    const Result<WadList> samples = readWadList(folders.wads, wad.wadName, ".SAM");
-    const Result<WadList> objects = readWadList(folders.wads, wad.wadName, ".WAS");
-    for (const Result<WadList>* list : {&samples, &objects}) {
-        if (!*list) {
-            builder.view.notices.push_back(list->failure());
-        }
-    }
     if (samples) {
-        builder.addSamples(*samples);
+        view.samples = builder.samples(*samples);
     }
     if (objects) {
-        builder.addObjects(*objects);
+        view.objects = builder.objects(*objects);
     }
-    builder.addSurplus();
-    return std::move(builder.view);
+    if (samples && objects) {
+        view.surplus = builder.surplus();
+    }
+    return view;
 }
 
 } // namespace tavrel

@@ -9,11 +9,27 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tavrel {
+
+namespace {
+
+BilingualText meaning(std::size_t count)
+{
+    const std::string number = std::to_string(count);
+    if (count == 1) {
+        return {"1 sample of the WAD's list stands in no line of sounds.txt.",
+                "1 sample de la liste du WAD ne figure dans aucune ligne de sounds.txt."};
+    }
+    return {number + " samples of the WAD's list stand in no line of sounds.txt.",
+            number + " samples de la liste du WAD ne figurent dans aucune ligne de sounds.txt."};
+}
+
+} // namespace
 
 FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const ColourScheme& colours,
                    Language language)
@@ -37,9 +53,13 @@ FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const
     constexpr int margin = 2 * controlGap;
     content().setContentsMargins(margin, margin, margin, margin);
     content().setSpacing(margin);
+    auto* const text = named(new QLabel, "LbMeaning");
+    text->setWordWrap(true);
+    content().addWidget(text);
     content().addWidget(list, 1);
     content().addLayout(rowOf({copy, close}));
     const Caption captions[] = {
+        {"LbMeaning", meaning(names.size()), {}},
         {"LiSample", {}, {"Samples that no sound uses", "Samples qu'aucun son n'utilise"}},
         {"CdCopyList",
          {"Copy the list", "Copier la liste"},

@@ -49,6 +49,25 @@ TEST(QuotedRecords, SplitByTheUsualRules)
     }
 }
 
+TEST(QuotedRecords, AWrongValueOfAListLeavesTheOthers)
+{
+    const Case cases[] = {
+        {"a.wav, \"b,c.wav\" ,d", "<a.wav><b,c.wav><d>"},
+        {"\"a.wav\" x,b", "wrong<\"a.wav\" x><b>"},
+        {"a,\"b\"\"", "<a>wrong<\"b\"\">"},
+        {"a,\"b,c", "none"},
+        {"\"", "none"},
+    };
+    for (const Case& c : cases) {
+        const std::optional<std::vector<ListedValue>> values = splitList(c.line);
+        std::string text = values ? "" : "none";
+        for (std::size_t i = 0; values && i < values->size(); ++i) {
+            text += ((*values)[i].wrong ? "wrong<" : "<") + (*values)[i].text + ">";
+        }
+        EXPECT_EQ(text, c.expected) << c.line;
+    }
+}
+
 TEST(QuotedRecords, SplitARegisterLineAtItsLastSeparators)
 {
     const Case cases[] = {

@@ -36,10 +36,46 @@ TEST(WadLists, ObjectsMatchWhenOneNameHoldsTheOther)
     EXPECT_FALSE(objectsMatch("BAT", "CAT"));
     EXPECT_FALSE(objectsMatch("", "BAT"));
     EXPECT_FALSE(objectsMatch("BAT", ""));
-    EXPECT_EQ(objectOfValue("LARA:Z:\\X"), "LARA");
-    EXPECT_EQ(objectOfValue("no colon"), "");
-    EXPECT_EQ(sampleOfValue("door.wav"), "door");
-    EXPECT_EQ(sampleOfValue(".wav"), "");
+}
+
+TEST(WadLists, ReadsNamesAndPassesOverWhatIsNone)
+{
+    struct Case
+    {
+        WadListKind kind;
+        std::string content;
+        std::vector<std::string> names;
+        const char* passedOver; // in the only notice
+    };
+    const WadListKind sam = WadListKind::Samples;
+    const WadListKind was = WadListKind::Objects;
+    const TemporaryFolder folder;
+    for (const Case& c :
+         {Case{sam, "door.wav, \"a,b.wav\"\r\n", {"door", "a,b"}, ""},
+          {sam, "a.wav\n\n.wav\nb.wav", {"a", "b"}, ": line 2 (blank), line 3 [.wav]"},
+          {sam, "\"l.wav\" x,m.wav\n\"n.wav\"\"\n", {"m"}, R"(: line 1 ["l.wav" x], line 2 ["n.wav""])"},
+          {sam, std::string(1'000, '\n') + "a.wav", {"a"}, "line 8 (blank) ... and 992 more"},
+          {was, "LARA:Z:\\X\nno colon\n\nBAT:", {"LARA", "BAT"}, ""},
+          {was, ":x", {}, ": line 1 [:x]"}}) {
+        writeBytes(folder / ("level" + std::string(endingOf(c.kind))), c.content);
+        const Result<WadList> list = readWadList(folder.path(), "LEVEL", c.kind);
+        ASSERT_TRUE(list) << c.content;
+        EXPECT_EQ(list->names, c.names) << c.content;
+        ASSERT_EQ(list->notices.empty(), *c.passedOver == '\0') << c.content;
+        if (!list->notices.empty()) {
+            EXPECT_TRUE(list->notices[0].text.english.ends_with(c.passedOver))
+                << list->notices[0].text.english;
+        }
+    }
+}
+
+TEST(WadLists, ASampleIsFoundByItsFirstWord)
+{
+    const SampleUses uses({withTabs("A:>two words>"), withTabs("B:>two>words>"), withTabs("C:>words  x>")});
+    EXPECT_EQ(uses.of("two"), (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(uses.of("two words"), std::vector<std::size_t>{0});
+    EXPECT_EQ(uses.of(" x"), std::vector<std::size_t>{2});
+    EXPECT_EQ(uses.of("word"), std::vector<std::size_t>());
 }
 
 namespace {
@@ -72,7 +108,7 @@ protected:
     ImportResult import(WadListKind kind, const std::string& list)
     {
         ScriptedDialogs dialogs{Answer::Ok};
-        const ImportResult result = import(kind, list, dialogs);
+        ImportResult result = import(kind, list, dialogs);
         notice = dialogs.said().back().text.english;
         return result;
     }
@@ -120,9 +156,91 @@ TEST_F(WadImportTest, SamplesMarkTheLinesThatUseThem)
     EXPECT_TRUE(catalogue.currentLine(2).ends_with("\t#cd #oa"));
     EXPECT_TRUE(catalogue.currentLine(4).ends_with("RAD05\t#oa")) << "the letter must not stick to the value";
     EXPECT_EQ(catalogue.currentLine(3), lines[3]);
-    EXPECT_EQ(notice.substr(0, 61), "3 line(s) got the letter.\n1 sample(s) are used by no sound.\n\n");
-    EXPECT_NE(notice.find("line 3"), std::string::npos);
-    EXPECT_NE(notice.find("line 4"), std::string::npos);
+    EXPECT_TRUE(
+        notice.starts_with("3 sounds got the letter.\n1 sample is used by no sound.\n\nNothing is written"))
+        << notice;
+    EXPECT_TRUE(notice.ends_with(": line 3 (blank), line 4 [.wav]")) << notice;
+}
+
+TEST_F(WadImportTest, ALetterMayFollowASampleWithNothingBehindIt)
+{
+    lines[0] = withTabs("DOOR:>door1 door2");
+    lines[1] = withTabs("DOOR:>door1 VOL08");
+    load();
+    import(WadListKind::Samples, "door1.wav");
+    EXPECT_EQ(catalogue.currentLine(0), withTabs("DOOR:>door1 door2>#oa"));
+    EXPECT_EQ(catalogue.currentLine(1), withTabs("DOOR:>door1 VOL08>#oa"));
+    EXPECT_EQ(notice.find("second letter"), std::string::npos) << notice;
+}
+
+TEST_F(WadImportTest, ASoundWithoutSamplesTakesNoSecondLetter)
+{
+    lines[1] = withTabs("S1:>#cd");
+    load();
+    import(WadListKind::Objects, "BAT:\r\nBATTLE:\r\n");
+    EXPECT_EQ(catalogue.currentLine(1), lines[1]);
+    const std::size_t first = notice.find("Sound 1 has no sample and cannot take a second letter.");
+    ASSERT_NE(first, std::string::npos) << notice;
+    EXPECT_EQ(notice.find("second letter", first + 60), std::string::npos) << "once for a sound";
+}
+
+TEST_F(WadImportTest, TheOrderOfTheListDoesNotMatter)
+{
+    // The TAB before the letter makes a sample of the last word only for later readers.
+    lines[0] = withTabs("DOOR:>door1 door2");
+    for (const char* list : {"door1.wav\r\ndoor2.wav\r\n", "door2.wav\r\ndoor1.wav\r\n"}) {
+        load();
+        EXPECT_EQ(import(WadListKind::Samples, list).unknownSamples, std::vector<std::string>{"door2"})
+            << list;
+        EXPECT_EQ(catalogue.currentLine(0), withTabs("DOOR:>door1 door2>#oa"));
+    }
+}
+
+TEST_F(WadImportTest, TheNoticeCountsInWords)
+{
+    lines[3] += "#oa";
+    const auto firstLines = [this](Language language) {
+        ScriptedDialogs dialogs{Answer::Ok};
+        import(WadListKind::Samples, "sample1.wav\nsample3.wav\n", dialogs);
+        const std::string text = dialogs.conversation(language).back();
+        return text.substr(text.rfind(" | ") + 3);
+    };
+    load();
+    EXPECT_EQ(firstLines(Language::English),
+              "1 sound got the letter.\n\nNothing is written until the changes are applied.");
+    EXPECT_EQ(firstLines(Language::English), "No sound got the letter: 2 already had it.");
+    load();
+    EXPECT_EQ(firstLines(Language::French),
+              "1 son a reçu la lettre.\n\nRien n'est écrit tant que les changements ne sont pas appliqués.");
+    EXPECT_EQ(firstLines(Language::French), "Aucun son n'a reçu la lettre : 2 l'avaient déjà.");
+    save("1,\"" + lines[1] + "\"\r\n"); // without the letter, which then comes anew
+    EXPECT_TRUE(firstLines(Language::English).starts_with("No sound got the letter: 2 already had it."));
+}
+
+TEST_F(WadImportTest, RefusesALetterThatWouldMakeSoundsGlobal)
+{
+    load();
+    wad.letter = "g1";
+    ScriptedDialogs dialogs;
+    EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", dialogs).imported);
+    EXPECT_EQ(dialogs.conversation(Language::English),
+              std::vector<std::string>{"exclamation | Letter | Letter starting by [#g] not authorized"});
+    EXPECT_FALSE(catalogue.pending());
+}
+
+TEST_F(WadImportTest, CallsBackBetweenTheChangeAndTheNotice)
+{
+    load();
+    writeBytes(folders / "wads" / "oasis.sam", "sample1.wav");
+    ScriptedDialogs dialogs{Answer::Ok};
+    std::size_t said = 0;
+    importWadList(catalogue, wad, WadListKind::Samples, {folders / "program", folders / "wads"}, dialogs,
+                  [&] {
+                      said = dialogs.said().size();
+                      EXPECT_EQ(marked(), Numbers{1});
+                  });
+    EXPECT_EQ(said, 1U) << "the question alone";
+    EXPECT_EQ(dialogs.said().size(), 2U);
 }
 
 TEST_F(WadImportTest, ObjectsMarkTheirSoundsAndTheSoundUnderWater)
@@ -154,11 +272,66 @@ TEST_F(WadImportTest, StartsFromTheSavedLines)
     import(WadListKind::Samples, "sample1.wav");
     EXPECT_EQ(catalogue.currentLine(7), saved7);
     EXPECT_EQ(marked(), Numbers{1});
-    EXPECT_NE(notice.find("took letters of other WADs off these sounds: 7"), std::string::npos) << notice;
-    EXPECT_NE(notice.find("line 6"), std::string::npos);
+    EXPECT_NE(notice.find("1 sound is back as it was saved for this WAD, with its samples and values.\n"
+                          "Letters of other WADs that this took off:\n  7: S7  #zz\n"),
+              std::string::npos)
+        << notice;
+    EXPECT_NE(notice.find(": line 2 [8,\"S9: wrong name\"], line 3 "), std::string::npos) << notice;
+    EXPECT_NE(notice.find(", line 6 ["), std::string::npos) << notice;
     const std::vector<std::string> once = {catalogue.currentLine(1), catalogue.currentLine(7)};
     import(WadListKind::Samples, "sample1.wav");
     EXPECT_EQ(once, (std::vector<std::string>{catalogue.currentLine(1), catalogue.currentLine(7)}));
+}
+
+TEST_F(WadImportTest, NamesTheFirstLettersThatAreTakenOff)
+{
+    std::string records;
+    for (std::size_t k = 0; k < 10; ++k) {
+        records += std::to_string(k) + ",\"" + lines[k] + "\"\r\n";
+        lines[k] += "#yy #zz";
+    }
+    save(records);
+    load();
+    import(WadListKind::Samples, "sample20.wav");
+    EXPECT_NE(notice.find("10 sounds are back as they were"), std::string::npos) << notice;
+    EXPECT_NE(notice.find("\n  7: S7  #yy  #zz\n  ... and 2 more\n"), std::string::npos) << notice;
+}
+
+TEST_F(WadImportTest, ASavedLineHasTwoFields)
+{
+    load();
+    const std::string quotes = withTabs(R"(S2:>>>a "x", "y" b>>>VOL08>>>>RAD05>)");
+    save("0,\"S0: new\",\"x\"\r\n1,\"S1: new\",5,\"x\"\r\n2,\"" + quotes + "\"\r\n");
+    import(WadListKind::Samples, "sample20.wav");
+    EXPECT_EQ(catalogue.currentLine(0), lines[0]);
+    EXPECT_EQ(catalogue.currentLine(1), lines[1]);
+    EXPECT_EQ(catalogue.currentLine(2), quotes);
+    EXPECT_NE(notice.find("catalogue: line 1 ["), std::string::npos) << notice;
+    EXPECT_NE(notice.find("], line 2 ["), std::string::npos) << notice;
+    EXPECT_EQ(notice.find("line 3"), std::string::npos) << notice;
+}
+
+TEST_F(WadImportTest, SavedLinesThatCannotBeReadStopTheImport)
+{
+    const std::filesystem::path saved = folders / "program" / "sounds";
+    const auto expectRefusal = [&](const std::string& file) {
+        load();
+        ScriptedDialogs dialogs{Answer::Ok};
+        EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", dialogs).imported);
+        ASSERT_EQ(dialogs.said().size(), 2U);
+        EXPECT_NE(dialogs.said()[1].text.english.find(file), std::string::npos);
+        EXPECT_FALSE(catalogue.pending());
+        EXPECT_TRUE(hasSavedLines(folders / "program", wad.wadName));
+    };
+    EXPECT_FALSE(hasSavedLines(folders / "program", wad.wadName));
+    save(std::string("1,\"S1:\0\"", 8));
+    expectRefusal("Oasis.tor");
+    std::filesystem::remove_all(saved);
+    std::filesystem::create_directories(saved / "OASIS.tor");
+    expectRefusal("OASIS.tor");
+    std::filesystem::remove_all(saved);
+    writeBytes(saved, "a file in the folder's place, which cannot be listed");
+    expectRefusal("sounds");
 }
 
 TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
@@ -174,6 +347,12 @@ TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
               (std::vector<std::string>{
                   "exclamation | Import SAM (samples) file | Select a WAD/Letter reference first",
                   "exclamation | Import SAM (samples) file | No [oasis.SAM] File\nin " + folder}));
+    std::filesystem::create_directories(folders / "wads" / "oasis.was"); // a folder in the file's place
+    ScriptedDialogs noFile;
+    importWadList(catalogue, wad, WadListKind::Objects, {folders.path(), folders / "wads"}, noFile);
+    EXPECT_EQ(noFile.conversation(Language::French)[0],
+              "exclamation | Importer le fichier WAS (objets) | Aucun Fichier [oasis.WAS]\ndans " + folder);
+    std::filesystem::remove(folders / "wads" / "oasis.was");
     ScriptedDialogs declined{Answer::Cancel, Answer::Cancel};
     EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", declined).imported);
     EXPECT_FALSE(import(WadListKind::Objects, "BAT:", declined).imported);
@@ -184,11 +363,32 @@ TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
                   "OK/Cancel | Load WAS file | Open [oasis.WAS] and assign [#oa] to included objects.\nAll "
                   "modifications already applied  will be lost."}));
     EXPECT_EQ(
+        declined.conversation(Language::French)[0],
+        "OK/Cancel | Charger fichier SAM | Ouvrir [oasis.SAM] et assigner [#oa] aux sons incorporés.\nLes "
+        "modifications déjà apportées seront perdues");
+    EXPECT_EQ(
         declined.conversation(Language::French)[1],
         "OK/Cancel | Charger fichier WAS | Ouvrir [oasis.WAS] et assigner [#oa] aux objets incorporés.\nLes "
         "modifications déjà apportées seront perdues");
     EXPECT_FALSE(catalogue.pending());
 }
+
+namespace {
+
+std::string shown(const WadViewRows& rows)
+{
+    std::string text;
+    for (const WadViewRow& row : rows ? *rows : std::vector<WadViewRow>()) {
+        const std::string mark = row.mark == WadViewMark::Lacking   ? "!"
+                                 : row.mark == WadViewMark::LeftOut ? "-"
+                                                                    : "";
+        text += row.name + (row.sound ? ":" + std::to_string(*row.sound) : "") + mark +
+                (row.saved ? "*" : "") + " ";
+    }
+    return rows ? text : "unknown";
+}
+
+} // namespace
 
 TEST_F(WadImportTest, TheViewShowsWhatLacksTheLetter)
 {
@@ -196,26 +396,34 @@ TEST_F(WadImportTest, TheViewShowsWhatLacksTheLetter)
     lines[2] += "#g";
     lines[5] += "#oa";
     lines[60] += "#oa";
+    doubles.set(6, DoublesStatus::leftOut);
     load();
     writeBytes(folders / "wads" / "oasis.sam",
-               "sample1.wav\r\nsample2.wav\r\nsample4.wav\r\nnowhere.wav\r\n\r\n");
-    writeBytes(folders / "wads" / "oasis.was", "BATTLE:x\r\nLARA:x\r\n");
+               "sample1.wav\r\nsample2.wav\r\nsample4.wav\r\nnowhere.wav\r\nsample6.wav\r\nsample1.wav\r\n");
+    writeBytes(folders / "wads" / "oasis.was", "BATTLE:x\r\nLARA:x\r\nBATTLE:y\r\n");
     save("4,\"" + lines[4] + "\"\r\n");
-    const WadView view = viewWad(catalogue, wad, {folders / "program", folders / "wads"});
-    const auto shown = [](const std::vector<WadViewRow>& rows) {
-        std::string text;
-        for (const WadViewRow& row : rows) {
-            text += row.name + (row.sound ? ":" + std::to_string(*row.sound) : "") +
-                    (row.lacking ? "!" : "") + (row.changed ? "*" : "") + " ";
-        }
-        return text;
-    };
-    EXPECT_EQ(shown(view.samples), "sample1:1 sample2:2 sample4:4!* nowhere! ");
-    EXPECT_EQ(shown(view.objects), "BATTLE:1 BATTLE:2 BATTLE:3! LARA ");
+    const ImportFolders places{folders / "program", folders / "wads"};
+    WadView view = viewWad(catalogue, wad, places);
+    EXPECT_EQ(shown(view.samples), "sample1:1 sample2:2 sample4:4!* nowhere! sample6:6- ");
+    EXPECT_EQ(shown(view.objects), "BATTLE:1 BATTLE:2 BATTLE:3! LARA :60 ");
     EXPECT_EQ(shown(view.surplus), ":5 ") << "the sound under water is always asked for";
     EXPECT_TRUE(view.notices.empty());
-    EXPECT_EQ(viewWad(catalogue, {"other", "oa", ""}, {folders / "program", folders / "wads"}).notices.size(),
-              2U);
+
+    lines[60].resize(lines[60].size() - 3);
+    load();
+    catalogue.setObjects({{"A", "BAT", {1, 2}}, {"A", "BATTLE", {2, 3, 1}}});
+    writeBytes(folders / "wads" / "oasis.sam", "\r\nsample6.wav\r\n");
+    save("x");
+    view = viewWad(catalogue, wad, places);
+    EXPECT_EQ(shown(view.objects), "BATTLE:1 BATTLE:2 BATTLE:3! LARA :60! ") << "each sound once";
+    EXPECT_EQ(view.notices.size(), 2U) << "a blank value, a record that is none";
+
+    std::filesystem::remove(folders / "wads" / "oasis.was");
+    view = viewWad(catalogue, wad, places);
+    EXPECT_EQ(shown(view.samples), "sample6:6- ");
+    EXPECT_EQ(shown(view.objects) + shown(view.surplus), "unknownunknown")
+        << "the missing list may ask for more";
+    EXPECT_EQ(view.notices.size(), 3U);
 }
 
 TEST_F(WadImportTest, AListThatCannotBeReadChangesNothing)
