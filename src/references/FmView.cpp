@@ -6,7 +6,6 @@
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
-#include "ui/Theme.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -50,7 +49,7 @@ std::size_t countNames(const WadViewRows& rows)
 
 FmView::FmView(QWidget* parent, const SoundCatalogue& catalogue, const CurrentWad& wad, const WadView& view,
                const ColourScheme& colours, Language language)
-    : TitledWindow(parent), m_catalogue(catalogue),
+    : TitledWindow(parent), m_catalogue(catalogue), m_marked(markColour(colours.slots[colourSlot])),
       m_language(language), m_samples{makeHeading("LbSAM"), makeFixedPitchList("LiSAM")},
       m_objects{makeHeading("LbWAS"), makeFixedPitchList("LiWAS")}, m_surplus{makeHeading("LbSurplus"),
                                                                               makeFixedPitchList("LiSurplus")}
@@ -182,7 +181,7 @@ QListWidgetItem& FmView::addRow(const Section& section, const WadViewRow& row, c
 {
     auto* const item = new QListWidgetItem(marksOf(row) + text, section.list);
     if (row.mark == WadViewMark::Lacking) {
-        item->setForeground(theme::accent);
+        item->setForeground(m_marked);
     }
     return *item;
 }

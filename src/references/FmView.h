@@ -6,6 +6,8 @@
 #include "references/WadView.h"
 #include "ui/TitledWindow.h"
 
+#include <QColor>
+
 class QLabel;
 class QListWidget;
 class QListWidgetItem;
@@ -41,6 +43,7 @@ private:
     void copyLists();
 
     const SoundCatalogue& m_catalogue;
+    QColor m_marked;
     Language m_language;
     Section m_samples;
     Section m_objects;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Colours.h"
 
+#include "ui/Theme.h"
+
 #include <QPalette>
 #include <QWidget>
 
@@ -23,6 +25,17 @@ void paintWith(QWidget& area, const ColourPair& pair)
     palette.setColor(QPalette::Base, colourFrom(pair.back));
     palette.setColor(QPalette::Text, colourFrom(pair.text));
     area.setPalette(palette);
+}
+
+QColor markColour(const ColourPair& pair)
+{
+    const QColor darkAmber(0x8F, 0x56, 0x00);
+    for (const QColor& amber : {theme::accent, darkAmber}) {
+        if (contrastOf({pair.back, colourValue(amber)}) >= leastContrast) {
+            return amber;
+        }
+    }
+    return colourFrom(pair.text);
 }
 
 } // namespace tavrel

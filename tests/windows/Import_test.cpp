@@ -88,6 +88,22 @@ TEST_F(MainWindowTest, AnImportGivesTheLetterAndShowsWhatIsUnknown)
     window->close();
 }
 
+TEST(FmView, MarksRowsSoThatTheyCanBeRead)
+{
+    SoundCatalogue catalogue;
+    catalogue.append("A:\ta\t", "A:\ta\t", 1);
+    WadView view;
+    view.samples = std::vector<WadViewRow>{{"a", 0, WadViewMark::Lacking, false}};
+    for (const ColourPair& pair :
+         {ColourScheme().slots[1], ColourPair{0xFFFFFF, 0x000000}, ColourPair{0x808080, 0x000000}}) {
+        ColourScheme colours;
+        colours.slots[1] = pair;
+        const FmView window(nullptr, catalogue, {"w", "ab", ""}, view, colours, Language::English);
+        const QColor marked = window.findChild<QListWidget*>("LiSAM")->item(0)->foreground().color();
+        EXPECT_GE(contrastOf({pair.back, colourValue(marked)}), leastContrast) << pair.back;
+    }
+}
+
 TEST_F(MainWindowTest, AnImportOfObjectsSaysWhatItDidInFrench)
 {
     ProgramSettings settings = LoadSettings(folders.program).settings;
