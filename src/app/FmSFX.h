@@ -64,7 +64,8 @@ public:
     // Lets the user choose what to put back as it was installed, over the window that offers it.
     void openRestore(QWidget* parent);
     // When that window has closed: a restored sounds.txt is not the one that was loaded.
-    void offerReload();
+    // False when the user declines.
+    bool offerReload();
 
 protected:
     void reject() override;
@@ -84,7 +85,7 @@ private:
     CatalogueSources sources(const LevelEditorPaths& paths) const;
     void adopt(LoadedSession loaded);
     void showLoaded();
-    void reload();
+    bool reload();
     std::string chooseOtherLevelEditor();
     bool mayLoadOther();
     void editSounds();
@@ -95,7 +96,7 @@ private:
 
     // Options (FmSFXPreferences.cpp)
     void openPreferences();
-    void followProtectedOption();
+    void followProtectedOption(bool reloadDeclined);
     void switchLanguage(Language language);
     void showPanels();
     void openColours(QWidget& parent);
@@ -201,6 +202,7 @@ private:
     QTimer m_results;                       // TmSFX
     std::unique_ptr<StatusProgress> m_busy; // a command that must not be left is under way
     bool m_catalogueReplaced = false;       // by a restore, since it was loaded
+    bool m_loadedEditable = false;          // whether the protected lines were, when it was loaded
     ColourValue m_chooserColour = 0;
     bool m_loaded = false;
     bool m_registerUnsaved = false;

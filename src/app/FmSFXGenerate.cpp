@@ -101,12 +101,13 @@ void FmSFX::openRestore(QWidget* parent)
     m_busy.reset();
 }
 
-void FmSFX::offerReload()
+bool FmSFX::offerReload()
 {
     const bool hasWork = m_catalogue.pending() || m_editor.edited();
-    if (std::exchange(m_catalogueReplaced, false) && wantsReload(hasWork, m_context.dialogs)) {
-        load();
+    if (!std::exchange(m_catalogueReplaced, false)) {
+        return true;
     }
+    return wantsReload(hasWork, m_context.dialogs) && reload();
 }
 
 } // namespace tavrel

@@ -47,6 +47,8 @@ void FmSFX::load()
 void FmSFX::adopt(LoadedSession loaded)
 {
     m_loaded = true;
+    m_catalogueReplaced = false;
+    m_loadedEditable = m_settings.protectedLinesEditable;
     if (!m_registerUnsaved) { // else the file does not hold what the user has done
         m_references = std::move(loaded.references);
     }
@@ -61,10 +63,10 @@ void FmSFX::showLoaded()
 {
     m_object.clear();
     m_sounds->rebuild(m_showGlobals);
-    for (QWidget* const control : std::initializer_list<QWidget*>{
-             m_controls.CdApply, m_controls.CdCopy, m_controls.CdViewWAD, m_controls.CdRefW,
-             m_controls.CdErase, m_controls.CdReplacL, m_controls.TxReplacL, m_controls.CdImport,
-             m_controls.CdExport}) {
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{m_controls.CdApply, m_controls.CdCopy, m_controls.CdViewWAD,
+                                         m_controls.CdRefW, m_controls.CdErase, m_controls.CdReplacL,
+                                         m_controls.TxReplacL, m_controls.CdImport, m_controls.CdExport}) {
         control->setEnabled(m_loaded);
     }
     const WadReference* const wad = m_references.findUserWad(m_settings.lastWad);
@@ -75,17 +77,23 @@ void FmSFX::showLoaded()
     m_controls.LiSFX->setFocus();
 }
 
-// The same sound stays selected.
-void FmSFX::reload()
+// The same sound stays selected. What was loaded before stays when the files cannot be read now.
+bool FmSFX::reload()
 {
     const std::optional<std::size_t> selected = m_editor.selected();
-    load();
+    Result<LoadedSession> loaded = loadSession(sources(m_paths));
+    if (!loaded) {
+        m_context.dialogs.show({MessageIcon::Critical, soundsTitle, loaded.failure().text});
+        return false;
+    }
+    adopt(std::move(*loaded));
     const QModelIndex index =
         selected && *selected < m_catalogue.size() ? m_sounds->indexOf(*selected) : QModelIndex();
     if (index.isValid()) {
         m_controls.LiSFX->setCurrentIndex(index);
         m_controls.LiSFX->scrollTo(index);
     }
+    return true;
 }
 
 std::string FmSFX::chooseOtherLevelEditor()
@@ -214,6 +222,7 @@ void FmSFX::saveSettings(const BilingualText& title)
     }
     const Problem problem = m_settingsDamaged ? replaceDamagedSettings(m_context.programFolder, m_settings)
                                               : SaveSettings(m_context.programFolder, m_settings);
+    m_settingsDamaged = m_settingsDamaged && problem; // one copy of the damaged file is enough
     if (problem) {
         m_context.dialogs.show({MessageIcon::Exclamation, title, problem->text});
     }

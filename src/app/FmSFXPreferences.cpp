@@ -32,31 +32,27 @@ void FmSFX::openPreferences()
                           [this](QWidget& parent) { openDoubles(parent); },
                           [this](QWidget& parent) { openRestore(&parent); }});
     window.exec();
-    const bool protectedWereEditable = m_settings.protectedLinesEditable;
     window.storeIn(m_settings);
     showPanels();
     showPending(); // the imports depend on an option
-    if (m_catalogueReplaced) {
-        offerReload(); // which follows the option, too
-    } else if (m_settings.protectedLinesEditable != protectedWereEditable) {
-        followProtectedOption();
+    const bool declined = m_catalogueReplaced && !offerReload();
+    if (m_settings.protectedLinesEditable != m_loadedEditable) {
+        followProtectedOption(declined);
     }
 }
 
 // Which lines are protected is settled when the catalogue is loaded.
-void FmSFX::followProtectedOption()
+void FmSFX::followProtectedOption(bool reloadDeclined)
 {
-    if (!m_editor.edited() && !m_catalogue.pending()) {
+    if (!reloadDeclined && !m_editor.edited() && !m_catalogue.pending()) {
         reload();
         return;
     }
     m_context.dialogs.show(
         {MessageIcon::Information,
          {"Preferences", "Préférences"},
-         {"The 'empty' and 'unsure' lines follow your choice when [sounds.txt] is loaded the "
-          "next time, since modifications are not applied yet.",
-          "Les lignes 'empty' et 'non utilisées' suivront votre choix au prochain chargement de "
-          "[sounds.txt], car des modifications ne sont pas encore appliquées."}});
+         {"The 'empty' and 'unsure' lines follow your choice when [sounds.txt] is loaded the next time.",
+          "Les lignes 'empty' et 'non utilisées' suivront votre choix au prochain chargement de [sounds.txt]."}});
 }
 
 void FmSFX::switchLanguage(Language language)

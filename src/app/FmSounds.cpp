@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -35,6 +36,7 @@ FmSounds::FmSounds(QWidget* parent, SoundsText text, const ColourScheme& colours
 {
     setObjectName("FmSounds");
     setWindowModality(Qt::ApplicationModal);
+    setSizeGripEnabled(true);
     layOut();
     showCaptions(language);
     paintWith(*m_view, colours.slots[ColourScheme::textSlot]);
@@ -114,7 +116,8 @@ void FmSounds::showCaptions(Language language)
 // A mouse action moves the place from which the search goes on.
 bool FmSounds::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonRelease) {
+    if (event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
         // Once the field has handled it: a click into a selection ends that selection only then.
         QTimer::singleShot(0, this, [this] {
             const int start = m_view->textCursor().selectionStart();

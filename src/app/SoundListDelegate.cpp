@@ -2,6 +2,7 @@
 #include "app/SoundListDelegate.h"
 
 #include "app/SoundListModel.h"
+#include "ui/Colours.h"
 #include "ui/Theme.h"
 
 #include <QPainter>
@@ -24,12 +25,13 @@ void SoundListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     if (selected) {
         painter->fillRect(option.rect, theme::accent);
     }
+    const ColourPair pair = paintedWith(option.palette);
+    const QColor marked = markColour(pair);
     if (modified) {
         const QRect bar(option.rect.left(), option.rect.top() + 1, barWidth, option.rect.height() - 2);
-        painter->fillRect(bar, selected ? theme::accentText : theme::accent);
+        painter->fillRect(bar, selected ? theme::accentText : marked);
     }
-    const QColor plain = option.palette.color(QPalette::Text);
-    painter->setPen(selected ? theme::accentText : modified ? theme::accent : plain);
+    painter->setPen(selected ? theme::accentText : modified ? marked : colourFrom(pair.text));
     painter->setFont(option.font);
     painter->drawText(option.rect.adjusted(textMargin, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
                       index.data(Qt::DisplayRole).toString());

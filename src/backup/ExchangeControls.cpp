@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/ExchangeControls.h"
 
+#include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
@@ -63,7 +64,7 @@ void TickList::addRow(const QString& text, Mark mark, const QString& why, bool t
         item->setIcon(m_markIcons.at(static_cast<std::size_t>(mark)));
     }
     if (!tickable) {
-        item->setForeground(theme::mutedText);
+        item->setForeground(mutedColour(paintedWith(palette())));
     }
     item->setToolTip(why);
     item->setData(Qt::AccessibleDescriptionRole, why);

@@ -43,6 +43,7 @@ FmExport::FmExport(QWidget* parent, const ExchangeContext& context)
 {
     setObjectName("FmExport");
     setWindowModality(Qt::ApplicationModal);
+    setSizeGripEnabled(true);
     layOut();
     paintWith(*m_lines, m_context.colours.slots[linesColourSlot]);
     paintWith(*m_objectNames, m_context.colours.slots[objectsColourSlot]);

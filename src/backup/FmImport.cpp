@@ -69,6 +69,7 @@ FmImport::FmImport(QWidget* parent, const ExchangeContext& context)
 {
     setObjectName("FmImport");
     setWindowModality(Qt::ApplicationModal);
+    setSizeGripEnabled(true);
     m_lines->useMarks();
     m_samples->useMarks();
     layOut();
@@ -363,7 +364,7 @@ void FmImport::compare()
             auto* const item = new QTableWidgetItem(fromCodePage(field.values[line]));
             item->setToolTip(item->text());
             if (line == FieldComparison::result ? field.changes() : field.differs) {
-                item->setForeground(theme::accent);
+                item->setForeground(markColour(paintedWith(m_table->palette())));
             }
             m_table->setItem(static_cast<int>(line), column, item);
         }

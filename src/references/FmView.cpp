@@ -56,6 +56,7 @@ FmView::FmView(QWidget* parent, const SoundCatalogue& catalogue, const CurrentWa
 {
     setObjectName("FmView");
     setWindowModality(Qt::ApplicationModal);
+    setSizeGripEnabled(true);
     layOut(colours.slots[colourSlot]);
     showCaptions();
     const std::string name =

@@ -65,6 +65,7 @@ FmCheck::FmCheck(QWidget* parent, const SamplesContext& context)
 {
     setObjectName("FmCheck");
     setWindowModality(Qt::ApplicationModal);
+    setSizeGripEnabled(true);
     layOut();
     paintWith(*m_list, m_context.colours.slots[colourSlot]);
     connectControls();

@@ -36,6 +36,7 @@ FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder,
 {
     setObjectName("FmDoub");
     setWindowModality(Qt::ApplicationModal);
+    setSizeGripEnabled(true);
     layOut();
     paintWith(*m_list, colours.slots[ColourScheme::mainWindowSlot]);
     showCaptions(language);

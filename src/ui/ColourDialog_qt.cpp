@@ -16,13 +16,11 @@ std::optional<ColourValue> askForColour(QWidget* parent, ColourValue current, Ke
     QColorDialog dialog(colourFrom(current), parent);
     dialog.setObjectName("ColourDialog");
     dialog.setWindowTitle(inLanguage({"Colors", "Couleurs"}, language));
-    if (dialog.exec() != QDialog::Accepted) {
-        return std::nullopt;
-    }
+    const bool accepted = dialog.exec() == QDialog::Accepted;
     for (std::size_t i = 0; i < kept.size(); ++i) {
         kept[i] = colourValue(QColorDialog::customColor(static_cast<int>(i)));
     }
-    return colourValue(dialog.selectedColor());
+    return accepted ? std::optional(colourValue(dialog.selectedColor())) : std::nullopt;
 }
 
 } // namespace tavrel

@@ -21,12 +21,10 @@ std::optional<ColourValue> askForColour(QWidget* parent, ColourValue current, Ke
     request.rgbResult = static_cast<COLORREF>(current);
     request.lpCustColors = custom.data();
     request.Flags = CC_RGBINIT | CC_FULLOPEN;
-    if (ChooseColorW(&request) == FALSE) {
-        return std::nullopt;
-    }
+    const bool accepted = ChooseColorW(&request) != FALSE;
     std::ranges::transform(custom, kept.begin(),
                            [](COLORREF colour) { return static_cast<ColourValue>(colour); });
-    return static_cast<ColourValue>(request.rgbResult);
+    return accepted ? std::optional(static_cast<ColourValue>(request.rgbResult)) : std::nullopt;
 }
 
 } // namespace tavrel

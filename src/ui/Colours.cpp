@@ -3,7 +3,7 @@
 
 #include "ui/Theme.h"
 
-#include <QPalette>
+#include <QAbstractScrollArea>
 #include <QWidget>
 
 namespace tavrel {
@@ -25,6 +25,10 @@ void paintWith(QWidget& area, const ColourPair& pair)
     palette.setColor(QPalette::Base, colourFrom(pair.back));
     palette.setColor(QPalette::Text, colourFrom(pair.text));
     area.setPalette(palette);
+    // Under a style sheet, the part that shows the content keeps the palette of its first showing.
+    if (auto* const scrolling = qobject_cast<QAbstractScrollArea*>(&area)) {
+        scrolling->viewport()->setPalette(palette);
+    }
 }
 
 QColor markColour(const ColourPair& pair)
@@ -36,6 +40,20 @@ QColor markColour(const ColourPair& pair)
         }
     }
     return colourFrom(pair.text);
+}
+
+QColor mutedColour(const ColourPair& pair)
+{
+    const QColor back = colourFrom(pair.back);
+    const QColor text = colourFrom(pair.text);
+    const auto between = [](int ground, int ink) { return (2 * ground + 3 * ink) / 5; };
+    return {between(back.red(), text.red()), between(back.green(), text.green()),
+            between(back.blue(), text.blue())};
+}
+
+ColourPair paintedWith(const QPalette& palette)
+{
+    return {colourValue(palette.color(QPalette::Base)), colourValue(palette.color(QPalette::Text))};
 }
 
 } // namespace tavrel

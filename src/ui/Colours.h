@@ -4,6 +4,7 @@
 #include "base/ColourScheme.h"
 
 #include <QColor>
+#include <QPalette>
 
 class QWidget;
 
@@ -12,10 +13,15 @@ namespace tavrel {
 QColor colourFrom(ColourValue value);
 ColourValue colourValue(const QColor& colour);
 
-// Paints a list or text area with a slot of the scheme.
+// Paints a list or text area with a slot of the scheme, also while it is shown.
 void paintWith(QWidget& area, const ColourPair& pair);
 
 // What stands out in a list of these colours: amber, light or dark, or else the list's own text colour.
 QColor markColour(const ColourPair& pair);
+
+// A row that is out of use: between text and ground.
+QColor mutedColour(const ColourPair& pair);
+// The pair that an area was painted with.
+ColourPair paintedWith(const QPalette& palette);
 
 } // namespace tavrel

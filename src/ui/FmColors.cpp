@@ -101,6 +101,8 @@ void FmColors::layOut()
         connect(row.PbColF, &QPushButton::clicked, this, [this, slot] { pick(m_shown.slots[slot].text); });
         connect(row.CdRepeat, &QPushButton::clicked, this, [this, slot] { copyToOthers(slot); });
     }
+    m_warning->setWordWrap(true);
+    m_warning->setMinimumWidth(1); // it never widens the window
     m_warning->setStyleSheet(QString("color: %1").arg(theme::accent.name()));
     auto* const buttons = rowOf({m_preview, m_defaults, m_apply, m_close});
     buttons->insertStretch(2, 1);

@@ -27,6 +27,7 @@ FmHelp::FmHelp(QWidget* parent, const std::string& text, const ColourScheme& col
 {
     setObjectName("FmHelp");
     setWindowModality(Qt::ApplicationModal);
+    setSizeGripEnabled(true);
     auto* const view = makeTextView("TxHlp");
     view->setPlainText(fromCodePage(text));
     paintWith(*view, colours.slots[ColourScheme::textSlot]);

@@ -21,7 +21,7 @@ public:
 
 private:
     Language m_language = Language::English;
-    KeptColours m_keptColours = {};
+    KeptColours m_keptColours = noKeptColours();
 };
 
 } // namespace tavrel

@@ -104,7 +104,70 @@ TEST_F(PreferencesTest, TheProtectedLinesFollowAtOnceWhenNothingIsPending)
     EXPECT_FALSE(window->settings().protectedLinesEditable);
     EXPECT_FALSE(window->catalogue().isProtected(protectedSound)) << "only at the next load";
     EXPECT_TRUE(window->catalogue().pending());
-    EXPECT_TRUE(dialogs.said().back().text.english.ends_with("since modifications are not applied yet."));
+    ASSERT_EQ(dialogs.said().size(), 1U);
+    EXPECT_TRUE(dialogs.said().back().text.english.ends_with("is loaded the next time."));
+    toggle();
+    EXPECT_EQ(dialogs.said().size(), 1U) << "as it was loaded";
+}
+
+TEST_F(PreferencesTest, WhatIsLoadedStaysWhenItCannotBeReadAgain)
+{
+    open();
+    const std::string sounds = readBytes(folders.sounds);
+    std::filesystem::remove(folders.sounds);
+    const auto toggle = [](FmPreferences& options) {
+        tickIn(options, "CkEmpty");
+        press(options, "CdOK");
+    };
+    preferences(toggle);
+    EXPECT_EQ(dialogs.said().back().kind, "critical");
+    EXPECT_EQ(window->catalogue().size(), stockLines().size());
+    EXPECT_TRUE(enabled("CdApply"));
+
+    writeBytes(folders.sounds, sounds);
+    preferences([](FmPreferences& options) { press(options, "CdOK"); });
+    EXPECT_FALSE(window->catalogue().isProtected(protectedSound)) << "made up for the next time";
+}
+
+TEST_F(PreferencesTest, ANewColourReachesTheShownLists)
+{
+    open();
+    const auto expectGround = [this](const char* colour) {
+        QCoreApplication::processEvents();
+        for (const char* area : {"LiSFX", "LiWAD", "LiSamp", "TxOrig", "TxModif"}) {
+            QWidget& view = *control<QAbstractScrollArea>(area).viewport();
+            const QPoint corner(view.width() - 2, view.height() - 2);
+            EXPECT_EQ(view.grab().toImage().pixelColor(corner).name().toStdString(), colour) << area;
+        }
+    };
+    window->grab();
+    expectGround("#404040");
+    dialogs.prepareColour(0xC0E0F0);
+    preferences([&expectGround](FmPreferences& options) {
+        whenOpened<FmColors>([&expectGround](FmColors& colours) {
+            press(colours, "PbColB0");
+            press(colours, "CdVoir");
+            expectGround("#f0e0c0");
+            press(colours, "CdClose");
+        });
+        press(options, "CdColor");
+    });
+    expectGround("#404040");
+}
+
+TEST_F(PreferencesTest, ADamagedSettingsFileIsKeptOnce)
+{
+    std::string settings = readBytes(folders.program / "Tavrel.par");
+    settings.replace(settings.find("\"E\""), 3, "\"X\"");
+    writeBytes(folders.program / "Tavrel.par", settings);
+    open();
+    for (int i = 0; i < 2; ++i) {
+        dialogs.prepareFile(folders.levelEditor / "winroomedit.exe");
+        preferences([](FmPreferences& options) { press(options, "CdSelLE"); });
+    }
+    window->close();
+    EXPECT_EQ(readBytes(folders.program / "Tavrel_copy1.par"), settings);
+    EXPECT_FALSE(std::filesystem::exists(folders.program / "Tavrel_copy2.par"));
 }
 
 TEST_F(PreferencesTest, TheLanguageOptionsSwitchTheOpenWindowsAtOnce)
