@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FmLanguage.h"
 
+#include "base/Titles.h"
+#include "ui/Text.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
@@ -14,7 +17,7 @@ FmLanguage::FmLanguage(HelpOpener openHelp)
     : m_openHelp(std::move(openHelp)), m_french(new QRadioButton("Français"))
 {
     setObjectName("FmLanguage");
-    setWindowTitle("Tavrel");
+    setWindowTitle(inLanguage(titles::program, Language::English));
     m_french->setObjectName("OpLangF");
     m_french->setToolTip("Affichage en Français");
     auto* const english = new QRadioButton("English");

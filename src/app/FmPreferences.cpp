@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FmPreferences.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
@@ -95,7 +96,7 @@ void showPreferencesCaptions(QWidget& window, Language language)
         {"CdOK", {"Close", "Fermer"}, {"Apply the options and close", "Appliquer les options et fermer"}},
     };
     showCaptions(window, captions, language);
-    window.setWindowTitle(inLanguage({"Preferences", "Préférences"}, language));
+    window.setWindowTitle(inLanguage(titles::preferences, language));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "app/SoundListDelegate.h"
 #include "app/SoundListModel.h"
 #include "app/StatusProgress.h"
+#include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
 #include "ui/Colours.h"
 #include "ui/FoldingPanel.h"
@@ -168,7 +169,7 @@ void FmSFX::showLanguage()
 
 void FmSFX::showTitle()
 {
-    setWindowTitle("Tavrel - " + m_controls.CbTWad->currentText());
+    setWindowTitle(inLanguage(titles::mainWindow, m_settings.language) + m_controls.CbTWad->currentText());
 }
 
 void FmSFX::showInfo(const BilingualText& text)
@@ -255,7 +256,7 @@ void FmSFX::sayWhatIsRefused()
     if (m_catalogue.isProtected(*number)) {
         m_context.dialogs.show(
             {MessageIcon::Exclamation,
-             {"Select", "Sélection"},
+             titles::protectedLine,
              {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}});
     } else {
         warnAboutObject();

@@ -2,6 +2,7 @@
 // The main window's imports of the lists that the level editor writes beside a WAD.
 #include "app/FmSFX.h"
 #include "app/SoundListModel.h"
+#include "base/Titles.h"
 #include "references/FmView.h"
 #include "references/LetterCommands.h"
 #include "samples/FmSplInc.h"
@@ -87,8 +88,7 @@ void FmSFX::showUnknownSamples(const std::vector<std::string>& names)
 
 void FmSFX::viewWadLists()
 {
-    const BilingualText title("View SAM/WAS file", "Voir le fichier SAM/WAS");
-    if (RequireCurrentReference(m_wad, title, m_context.dialogs)) {
+    if (RequireCurrentReference(m_wad, titles::viewWadLists, m_context.dialogs)) {
         const WadView view = viewWad(m_catalogue, m_wad, {m_context.programFolder, m_paths.wads});
         FmView(this, m_catalogue, m_wad, view, m_settings.colours, m_settings.language).exec();
     }

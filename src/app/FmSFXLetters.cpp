@@ -2,6 +2,7 @@
 // The main window's commands on letters, references and objects.
 #include "app/FmSFX.h"
 #include "app/SoundListModel.h"
+#include "base/Titles.h"
 #include "references/FmObject.h"
 #include "references/FmRefW.h"
 #include "references/LetterCommands.h"
@@ -223,7 +224,7 @@ void FmSFX::openRegister()
     const Problem problem = saveRegister(m_context.programFolder, m_references);
     m_registerUnsaved = problem.has_value();
     if (problem) {
-        m_context.dialogs.show({MessageIcon::Exclamation, {"Reference", "Référence"}, problem->text});
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::reference, problem->text});
     }
     m_controls.CdQuit->setEnabled(true);
     m_settings.lastWad = m_wad.wadName;
@@ -264,7 +265,7 @@ void FmSFX::warnAboutObject()
     }
     m_warnedLine = m_editor.selected();
     m_context.dialogs.show({MessageIcon::Information,
-                            {"Add letter", "Ajout lettre"},
+                            titles::addLetterToObject,
                             {"An object is selected. Modification not authorized",
                              "Un objet est sélectionné. Modification non autorisée"}});
 }

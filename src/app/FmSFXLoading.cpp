@@ -7,6 +7,7 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
+#include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
 #include "ui/Text.h"
 
@@ -18,13 +19,6 @@
 #include <QSignalBlocker>
 
 namespace tavrel {
-
-namespace {
-
-const BilingualText soundsTitle = BilingualText::same("sounds.txt");
-const BilingualText notepadTitle("Notepad", "Bloc note");
-
-} // namespace
 
 CatalogueSources FmSFX::sources(const LevelEditorPaths& paths) const
 {
@@ -41,7 +35,7 @@ void FmSFX::load()
     m_loaded = false;
     m_catalogue = SoundCatalogue();
     showLoaded();
-    m_context.dialogs.show({MessageIcon::Critical, soundsTitle, loaded.failure().text});
+    m_context.dialogs.show({MessageIcon::Critical, titles::soundsFile, loaded.failure().text});
 }
 
 void FmSFX::adopt(LoadedSession loaded)
@@ -55,7 +49,7 @@ void FmSFX::adopt(LoadedSession loaded)
     m_catalogue = std::move(loaded.catalogue);
     showLoaded();
     if (!loaded.notices.empty()) { // last: while the box is up, the window paints what was loaded
-        m_context.dialogs.show({MessageIcon::Information, soundsTitle, listOf(loaded.notices)});
+        m_context.dialogs.show({MessageIcon::Information, titles::soundsFile, listOf(loaded.notices)});
     }
 }
 
@@ -109,14 +103,14 @@ std::string FmSFX::chooseOtherLevelEditor()
     const LevelEditorPaths paths = derivePaths(choice->folder);
     Result<LoadedSession> loaded = loadSession(sources(paths));
     if (!loaded) {
-        m_context.dialogs.show({MessageIcon::Critical, soundsTitle, loaded.failure().text});
+        m_context.dialogs.show({MessageIcon::Critical, titles::soundsFile, loaded.failure().text});
         return current;
     }
     m_settings.drive = choice->drive;
     m_settings.LevelEditorFolder = choice->folder;
     m_paths = paths;
     m_controls.LbPath->setText(fromCodePage(choice->folder));
-    saveSettings({"Select Level editor", "Choisir l'éditeur de niveaux"});
+    saveSettings(titles::selectLevelEditor);
     adopt(std::move(*loaded));
     return m_settings.LevelEditorFolder;
 }
@@ -130,7 +124,7 @@ bool FmSFX::mayLoadOther()
     refreshLine();
     return !m_catalogue.pending() ||
            m_context.dialogs.ask(
-               {{"Select Level editor", "Choisir l'éditeur de niveaux"},
+               {titles::selectLevelEditor,
                 {"Modifications not applied. They are lost when another level editor is chosen.\nChoose "
                  "it anyway",
                  "Des modifications n'ont pas été appliquées. Elles seront perdues si vous choisissez un "
@@ -159,7 +153,7 @@ void FmSFX::viewSounds()
 {
     Result<SoundsText> text = SoundsText::load(m_paths.creator);
     if (!text) {
-        m_context.dialogs.show({MessageIcon::Exclamation, soundsTitle, text.failure().text});
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::soundsFile, text.failure().text});
         return;
     }
     FmSounds(this, std::move(*text), m_settings.colours, m_settings.language).exec();
@@ -170,13 +164,13 @@ void FmSFX::editInNotepad()
 {
     const std::filesystem::path file = fileIn(m_paths.creator, soundsFileName);
     if (!m_context.programs.editText(file, m_settings.notepadMode)) {
-        m_context.dialogs.show({MessageIcon::Exclamation, notepadTitle,
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::notepad,
                                 BilingualText("No text editor could be started for\n",
                                               "Aucun éditeur de texte n'a pu être lancé pour\n") +
                                     displayPath(file)});
         return;
     }
-    const Question question{notepadTitle,
+    const Question question{titles::notepad,
                             {"Reload [sounds.txt]\nand reboot program",
                              "Faut-il recharger le fichier sounds.txt\net réinitialiser le programme"},
                             Buttons::YesNo};
@@ -196,7 +190,7 @@ bool FmSFX::mayClose()
     if (!m_catalogue.pending()) {
         return true;
     }
-    const Question question{{"Quit", "Quitter"},
+    const Question question{titles::quit,
                             {"Modifications not applied. Would you like to quit anyway",
                              "Des modifications n'ont pas été appliquées. Voulez-vous quitter quand même"},
                             Buttons::YesNo,
@@ -210,7 +204,7 @@ void FmSFX::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    saveSettings({"Quit", "Quitter"});
+    saveSettings(titles::quit);
     event->accept();
 }
 

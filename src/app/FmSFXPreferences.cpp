@@ -4,6 +4,7 @@
 #include "app/FmSFX.h"
 #include "app/HelpWindow.h"
 #include "base/FailureTexts.h"
+#include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
 #include "samples/FmDoub.h"
 #include "ui/Colours.h"
@@ -16,12 +17,6 @@
 #include <QPlainTextEdit>
 
 namespace tavrel {
-
-namespace {
-
-const BilingualText doublesTitle("Manage doubles", "Gérer les doublons");
-
-} // namespace
 
 void FmSFX::openPreferences()
 {
@@ -50,7 +45,7 @@ void FmSFX::followProtectedOption(bool reloadDeclined)
     }
     m_context.dialogs.show(
         {MessageIcon::Information,
-         {"Preferences", "Préférences"},
+         titles::preferences,
          {"The 'empty' and 'unsure' lines follow your choice when [sounds.txt] is loaded the next time.",
           "Les lignes 'empty' et 'non utilisées' suivront votre choix au prochain chargement de [sounds.txt]."}});
 }
@@ -97,8 +92,8 @@ void FmSFX::openDoubles(QWidget& parent)
     }
     const Result<std::vector<Failure>> notices = reloadDoubles(m_catalogue, m_context.programFolder);
     if (!notices || !notices->empty()) {
-        m_context.dialogs.show(
-            {MessageIcon::Information, doublesTitle, notices ? listOf(*notices) : notices.failure().text});
+        m_context.dialogs.show({MessageIcon::Information, titles::manageDoubles,
+                                notices ? listOf(*notices) : notices.failure().text});
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FmSounds.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -108,9 +109,7 @@ void FmSounds::showCaptions(Language language)
         {"CdClose", {"Close", "Fermer"}, {"Close", "Fermer"}},
     };
     tavrel::showCaptions(*this, captions, language);
-    setWindowTitle(inLanguage(
-        {"sounds.txt - Modifications not yet applied", "sounds.txt - Modifications non encore appliquées"},
-        language));
+    setWindowTitle(inLanguage(titles::soundsText, language));
 }
 
 // A mouse action moves the place from which the search goes on.

@@ -7,6 +7,7 @@
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
+#include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
 
@@ -20,8 +21,6 @@ constexpr std::string_view extendedEditor = "NGLE.EXE";
 constexpr std::string_view stockEditor = "WINROOMEDIT.EXE";
 constexpr std::string_view companionName = "Tavrel_Files";
 constexpr std::string_view usualFolder = R"(C:\Program Files (x86)\Core Design\trle\)";
-
-const BilingualText startTitle = BilingualText::same("Tavrel");
 
 #ifdef _WIN32
 constexpr std::string_view programEnding = ".exe";
@@ -37,7 +36,7 @@ bool isFolder(const fs::path& path)
 
 void show(Dialogs& dialogs, MessageIcon icon, const BilingualText& text)
 {
-    dialogs.show({icon, startTitle, text});
+    dialogs.show({icon, titles::program, text});
 }
 
 // The companion unpacks the working files; the user then starts the program again.
@@ -66,7 +65,7 @@ void removeLeftovers(const fs::path& programFolder)
 void sayNoLevelEditor(Dialogs& dialogs)
 {
     dialogs.show({MessageIcon::Exclamation,
-                  {"Program aborted", "Programme annulé"},
+                  titles::programAborted,
                   {"No level editor program selected", "Pas d'éditeur de niveaux sélectionné."}});
 }
 
@@ -98,7 +97,7 @@ bool wantsAnotherFolder(const std::string& folder, Dialogs& dialogs)
                                              "Il n'y a pas d'éditeur de niveaux dans ce répertoire :\n") +
                                utf8FromCodePage(folder) +
                                BilingualText("\nChoose another one?", "\nEn choisir un autre ?");
-    return dialogs.ask({startTitle, text, Buttons::YesNo}) == Answer::Yes;
+    return dialogs.ask({titles::program, text, Buttons::YesNo}) == Answer::Yes;
 }
 
 std::optional<StartedSession> firstStart(const StartContext& context)
@@ -169,7 +168,7 @@ std::optional<LevelEditorChoice> levelEditorFromProgram(std::string_view program
 
 std::optional<LevelEditorChoice> chooseLevelEditor(Dialogs& dialogs, const fs::path& startFolder)
 {
-    const OpenFileQuestion question{{"Select Level editor", "Choisir l'éditeur de niveaux"},
+    const OpenFileQuestion question{titles::selectLevelEditor,
                                     BilingualText::same("Level editor"),
                                     {"winroomedit.exe", "ngle.exe"},
                                     startFolder};
@@ -222,7 +221,7 @@ std::optional<Message> writabilityWarning(const fs::path& programFolder, const L
     };
     if (!canRewrite(sounds) && !canRewrite(fileIn(programFolder, settingsFileName))) {
         return Message{
-            MessageIcon::Exclamation, startTitle,
+            MessageIcon::Exclamation, titles::program,
             BilingualText(
                 "Neither the settings nor [sounds.txt] can be written: nothing that you change could be "
                 "kept.\nMove Tavrel and the level editor to folders that belong to you, or ask for the "
@@ -235,7 +234,7 @@ std::optional<Message> writabilityWarning(const fs::path& programFolder, const L
     const fs::path redirected = system::redirectedCopy(sounds);
     if (!redirected.empty()) {
         return Message{
-            MessageIcon::Exclamation, startTitle,
+            MessageIcon::Exclamation, titles::program,
             BilingualText(
                 "Windows keeps a private copy of [sounds.txt] for you. Older tools read that copy, not "
                 "the file that Tavrel edits:\n",

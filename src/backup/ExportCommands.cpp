@@ -5,6 +5,7 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
+#include "base/Titles.h"
 
 #include <algorithm>
 #include <iterator>
@@ -161,13 +162,13 @@ BilingualText captionOf(ExportMode mode)
 {
     switch (mode) {
     case ExportMode::Modified:
-        return {"Export only modified lines", "Exporter uniquement les lignes modifiées"};
+        return titles::exportModified;
     case ExportMode::ModifiedAndAdded:
-        return {"Export added and modified lines", "Exporter les lignes ajoutées et modifiées"};
+        return titles::exportModifiedAndAdded;
     case ExportMode::All:
         break;
     }
-    return {"Save all lines", "Sauvegarder toutes les lignes"};
+    return titles::saveAllLines;
 }
 
 BilingualText descriptionOf(ExportMode mode)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/FmExport.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -178,8 +179,7 @@ void FmExport::showCaptions()
         {"CdCancelCopy", {"Cancel", "Annuler"}, {"Stop copying the samples", "Arrêter la copie des samples"}},
     };
     tavrel::showCaptions(*this, captions, m_context.language);
-    setWindowTitle(inLanguage({"Export/Backup Modifications", "Exporter/Sauvegarder les Modifications"},
-                              m_context.language));
+    setWindowTitle(inLanguage(titles::exportWindow, m_context.language));
 }
 
 void FmExport::chooseMode(ExportMode mode)

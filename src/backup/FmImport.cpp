@@ -4,6 +4,7 @@
 #include "backup/ExportCommands.h"
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "samples/SamplesFolder.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
@@ -27,8 +28,6 @@ namespace {
 
 constexpr std::size_t linesColourSlot = 4;
 constexpr std::size_t samplesColourSlot = 0;
-
-const BilingualText title("Import/Restore a backup", "Importer/Restaurer une sauvegarde");
 
 // The line of the file, the line of the catalogue, and what would become of it.
 QTableWidget* makeComparisonTable()
@@ -199,7 +198,7 @@ void FmImport::showCaptions()
         {"CdCancelCopy", {"Cancel", "Annuler"}, {"Stop copying the samples", "Arrêter la copie des samples"}},
     };
     tavrel::showCaptions(*this, captions, m_context.language);
-    setWindowTitle(inLanguage(title));
+    setWindowTitle(inLanguage(titles::importWindow));
     m_table->setVerticalHeaderLabels({inLanguage({"File", "Fichier"}), inLanguage({"Catalogue", "Catalogue"}),
                                       inLanguage({"Result", "Résultat"})});
 }
@@ -215,7 +214,7 @@ void FmImport::chooseFile()
     m_path->setText(QString::fromStdString(displayPath(*file)));
     Result<ImportFile> read = readImportFile(*file, m_context.catalogue, m_context.wad.letter);
     if (!read) {
-        m_context.dialogs.show({MessageIcon::Exclamation, title, read.failure().text});
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::importWindow, read.failure().text});
         return;
     }
     m_file = std::move(*read);

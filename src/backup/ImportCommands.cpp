@@ -3,6 +3,7 @@
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "references/LetterCommands.h"
 
 #include <algorithm>
@@ -197,7 +198,7 @@ Result<ImportFile> readImportFile(const fs::path& file, const SoundCatalogue& ca
 
 std::optional<fs::path> chooseImportFile(const fs::path& programFolder, Dialogs& dialogs)
 {
-    return dialogs.chooseFile({{"Choose File to Import/Restore", "Choisir le fichier à Importer/Restaurer"},
+    return dialogs.chooseFile({titles::chooseImportFile,
                                {"Exchange/Backup files", "Fichiers d'Echange/Backup"},
                                {"*.tox", "*.tob"},
                                makeBackupsFolder(programFolder)});
@@ -305,8 +306,7 @@ std::vector<FieldComparison> compareWithCatalogue(const ImportRow& row, const So
 
 BilingualText actionOf(ExchangeKind kind)
 {
-    return kind == ExchangeKind::Backup ? BilingualText("Restore", "Restaurer")
-                                        : BilingualText("Import", "Importer");
+    return kind == ExchangeKind::Backup ? titles::restore : titles::importLines;
 }
 
 } // namespace tavrel

@@ -6,6 +6,7 @@
 #include "base/Folder.h"
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
+#include "base/Titles.h"
 #include "catalogue/SoundLine.h"
 
 #include <algorithm>
@@ -16,11 +17,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const BilingualText title = BilingualText::same("Modification");
-
 void report(const Failure& failure, Dialogs& dialogs)
 {
-    dialogs.show({MessageIcon::Critical, title, failure.text});
+    dialogs.show({MessageIcon::Critical, titles::modification, failure.text});
 }
 
 // sounds.txt as it stands on the disk when the user applies.
@@ -62,13 +61,13 @@ void announceDroppedLines(std::size_t count, bool backupExists, Dialogs& dialogs
                 ? BilingualText("\nA copy of the file is kept beside it.",
                                 "\nUne copie du fichier est conservée à côté.")
                 : BilingualText("\n[Orig_Sounds.txt] keeps them.", "\n[Orig_Sounds.txt] les conserve.");
-    dialogs.show({MessageIcon::Information, title, text});
+    dialogs.show({MessageIcon::Information, titles::modification, text});
 }
 
 bool confirm(Dialogs& dialogs)
 {
     const Question question{
-        title,
+        titles::modification,
         {"Confirm modification\nAll the changes will be applied to the [sounds.txt] file",
          "Confirmer la modification\nTous les changements seront appliqués au fichier [sounds.txt]"},
         Buttons::YesNo};
@@ -85,7 +84,7 @@ bool confirmOverwriting(bool fileIsThere, Dialogs& dialogs)
                           "ces modifications ?")
                     : BilingualText("[sounds.txt] is no longer in its folder.\nWrite it anew?",
                                     "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
-    return dialogs.ask({title, text, Buttons::YesNo, true}) == Answer::Yes;
+    return dialogs.ask({titles::modification, text, Buttons::YesNo, true}) == Answer::Yes;
 }
 
 // The file as it stands once the user has agreed to overwrite just that file. It may change while a question

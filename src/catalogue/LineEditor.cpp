@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/LineEditor.h"
 
+#include "base/Titles.h"
 #include "catalogue/LineWords.h"
 
 namespace tavrel {
@@ -90,8 +91,7 @@ bool LineEditor::hasFlag(LineFlag flag) const
 
 bool LineEditor::accept(Dialogs& dialogs)
 {
-    return canEdit() && confirmComposing(dialogs) &&
-           store(m_record, {"Accept values", "Accepter les valeurs"}, dialogs);
+    return canEdit() && confirmComposing(dialogs) && store(m_record, titles::acceptValues, dialogs);
 }
 
 bool LineEditor::confirmComposing(Dialogs& dialogs) const
@@ -104,14 +104,14 @@ bool LineEditor::storeSamples(std::vector<std::string> samples, Dialogs& dialogs
     SoundLine record = m_record;
     record.Samples = std::move(samples);
     record.refreshSampleText();
-    return store(record, BilingualText::same("Samples"), dialogs);
+    return store(record, titles::samples, dialogs);
 }
 
 bool LineEditor::storeLetters(std::string letters, Dialogs& dialogs)
 {
     SoundLine record = m_record;
     record.Letters = std::move(letters);
-    return store(record, {"Letter", "Lettre"}, dialogs);
+    return store(record, titles::letter, dialogs);
 }
 
 bool LineEditor::store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs)
@@ -139,7 +139,7 @@ bool LineEditor::mayLeave(Dialogs& dialogs)
     if (!edited()) {
         return true;
     }
-    const Question question{{"Accept values", "Accepter les valeurs"},
+    const Question question{titles::acceptValues,
                             {"Values not accepted. Accept them?", "Valeurs non acceptées. Les accepter ?"},
                             Buttons::YesNoCancel};
     switch (dialogs.ask(question)) {
@@ -156,7 +156,7 @@ bool LineEditor::mayLeave(Dialogs& dialogs)
 bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs)
 {
     const Question question{
-        {"Line", "Ligne"}, {"Restore Original line", "Restaurer la ligne d'origine"}, Buttons::YesNo};
+        titles::line, {"Restore Original line", "Restaurer la ligne d'origine"}, Buttons::YesNo};
     if (dialogs.ask(question) != Answer::Yes) {
         return false;
     }

@@ -2,6 +2,7 @@
 #include "catalogue/LineWords.h"
 
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "catalogue/SoundLine.h"
 
 #include <algorithm>
@@ -96,7 +97,7 @@ bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs)
             numbers + "\nWrite the lines anew?",
         "Les lignes de ces sons contiennent des mots que Tavrel lit autrement. Les réécrire les modifie : " +
             numbers + "\nRéécrire les lignes ?");
-    return dialogs.ask({{"Lines", "Lignes"}, text, Buttons::YesNo, true}) == Answer::Yes;
+    return dialogs.ask({titles::lines, text, Buttons::YesNo, true}) == Answer::Yes;
 }
 
 bool confirmComposing(std::string_view line, Dialogs& dialogs)
@@ -115,7 +116,7 @@ bool confirmComposing(std::string_view line, Dialogs& dialogs)
         text += BilingualText("\nNew: ", "\nNouveaux : ") + listed(changes.appearing);
     }
     text += BilingualText("\nWrite the line anew?", "\nRéécrire la ligne ?");
-    return dialogs.ask({{"Line", "Ligne"}, text, Buttons::YesNo, true}) == Answer::Yes;
+    return dialogs.ask({titles::line, text, Buttons::YesNo, true}) == Answer::Yes;
 }
 
 } // namespace tavrel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "generation/FmDefault.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
@@ -79,7 +80,7 @@ void FmDefault::showCaptions(Language language)
         {"CdClose", close, close},
     };
     tavrel::showCaptions(*this, captions, language);
-    setWindowTitle(inLanguage({"Restore Original files", "Restaurer les fichiers originaux"}, language));
+    setWindowTitle(inLanguage(titles::restoreDefaults, language));
 }
 
 RestoreChoice FmDefault::choice() const

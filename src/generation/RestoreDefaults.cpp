@@ -5,6 +5,7 @@
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
+#include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
 #include "generation/ReferenceCopies.h"
 
@@ -129,7 +130,7 @@ Refusal restoreSfx(const RestoreContext& context)
 bool said(const Refusal& refusal, Dialogs& dialogs)
 {
     if (refusal) {
-        dialogs.show({MessageIcon::Critical, restoreTitle(), *refusal + "\n" + aborted});
+        dialogs.show({MessageIcon::Critical, titles::restore, *refusal + "\n" + aborted});
     }
     return !refusal;
 }
@@ -147,22 +148,16 @@ void sayComplete(const RestoreChoice& choice, Dialogs& dialogs)
     for (const auto& [done, name] : elements) {
         text += done ? name : BilingualText();
     }
-    dialogs.show({MessageIcon::Information, restoreTitle(), text + BilingualText("complete.", "Terminée.")});
+    dialogs.show({MessageIcon::Information, titles::restore, text + BilingualText("complete.", "Terminée.")});
 }
 
 } // namespace
-
-const BilingualText& restoreTitle()
-{
-    static const BilingualText title("Restore", "Restaurer");
-    return title;
-}
 
 bool requireChoice(const RestoreChoice& choice, Dialogs& dialogs)
 {
     if (!choice.any()) {
         dialogs.show({MessageIcon::Exclamation,
-                      restoreTitle(),
+                      titles::restore,
                       {"Choose what to restore", "Choisissez ce que vous voulez restaurer"}});
     }
     return choice.any();
@@ -177,7 +172,7 @@ bool wantsReload(bool hasUnappliedChanges, Dialogs& dialogs)
                               "Les modifications non appliquées seraient perdues.\n");
     }
     text += BilingualText("Load [Sounds.txt] again?", "Faut-il recharger [Sounds.txt] ?");
-    return dialogs.ask({restoreTitle(), text, Buttons::YesNo, hasUnappliedChanges}) == Answer::Yes;
+    return dialogs.ask({titles::restore, text, Buttons::YesNo, hasUnappliedChanges}) == Answer::Yes;
 }
 
 RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext& context)

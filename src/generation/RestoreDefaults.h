@@ -10,9 +10,6 @@
 
 namespace tavrel {
 
-// "Restore"
-const BilingualText& restoreTitle();
-
 // Where the last catalogue that a restore replaced is kept, beside sounds.txt.
 constexpr std::string_view replacedCatalogueName = "Sounds_replaced.txt";
 

@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/TextFile.h"
+#include "base/Titles.h"
 
 #include <algorithm>
 #include <limits>
@@ -112,7 +113,7 @@ std::vector<Failure> noticesAbout(const std::vector<EntryCounts>& levels)
 
 BilingualText statisticsTitle()
 {
-    return BilingualText::same("Statistiques Projet");
+    return titles::statistics;
 }
 
 Result<ScriptStatistics> countScript(std::string_view text)

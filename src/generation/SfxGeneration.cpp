@@ -6,6 +6,7 @@
 #include "base/SafeFile.h"
 #include "base/System.h"
 #include "base/TextFile.h"
+#include "base/Titles.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
 #include "samples/SampleFormat.h"
@@ -118,12 +119,6 @@ std::string lastWords(const fs::path& output)
 
 } // namespace
 
-const BilingualText& generationTitle()
-{
-    static const BilingualText title("Generate SFX", "Générer SFX");
-    return title;
-}
-
 std::string generationBatch(const CurrentWad& wad)
 {
     return "pcwadsfx " + wad.wadName + " " + wad.letter + "\r\n" +
@@ -156,7 +151,7 @@ std::optional<std::string> findWrongSample(const SoundCatalogue& catalogue, cons
 Message wrongSamplesMessage()
 {
     return {MessageIcon::Critical,
-            generationTitle(),
+            titles::generate,
             {"Some samples are in the wrong format\n"
              "Generating SFX Files aborted\n"
              "Please check the entire \\Samples directory. Click on [OK] to proceed",
@@ -188,7 +183,7 @@ SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Prog
 
 bool SfxGeneration::mayBegin(const GenerationRequest& request)
 {
-    if (!RequireCurrentReference(request.wad, generationTitle(), m_dialogs)) {
+    if (!RequireCurrentReference(request.wad, titles::generate, m_dialogs)) {
         return false;
     }
     if (m_phase != Phase::Idle) {
@@ -230,7 +225,7 @@ bool SfxGeneration::confirm(const GenerationRequest& request)
     }
     const std::string wadName = utf8FromCodePage(request.wad.wadName);
     const Question question{
-        generationTitle(),
+        titles::generate,
         {"Confirm generation\n" + wadName + ".SAM and .SFX files will be created from [sounds.txt]",
          "Confirmer la génération\nLes fichiers " + wadName +
              ".SAM et .SFX seront créés en fonction de [sounds.txt]"},
@@ -255,7 +250,7 @@ bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
         return true;
     }
     const Question question{
-        generationTitle(),
+        titles::generate,
         BilingualText("Files of other levels lie beside the tool:", "Des fichiers d'autres niveaux se "
                                                                     "trouvent à côté de l'outil :") +
             others +
@@ -328,7 +323,7 @@ bool SfxGeneration::wantsToStop(const FileStates& files, Clock::time_point now)
         names += "\n" + displayPath(state.file);
     }
     const Question question{
-        generationTitle(),
+        titles::generate,
         BilingualText(
             "These files wait to be copied to the WADs, and nothing happens to them. Was the console "
             "window closed too early?",
@@ -377,7 +372,7 @@ void SfxGeneration::removeBatchFile() const
 
 void SfxGeneration::refuse(const BilingualText& text, MessageIcon icon) const
 {
-    m_dialogs.show({icon, generationTitle(), text});
+    m_dialogs.show({icon, titles::generate, text});
 }
 
 SfxGeneration::FileStates SfxGeneration::filesOf(const fs::path& folder, std::string_view ending)

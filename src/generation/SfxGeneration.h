@@ -17,9 +17,6 @@
 
 namespace tavrel {
 
-// "Generate SFX"
-const BilingualText& generationTitle();
-
 // What the batch file of a generation says: the level editor's tool makes the .sam and .sfx files of a WAD in
 // the tool's folder, and they are moved to the WADs. Code page bytes, CR LF.
 std::string generationBatch(const CurrentWad& wad);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/FmObject.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -80,7 +81,7 @@ void FmObject::showCaptions(Language language)
         {"CdCancel", {"Cancel", "Annuler"}, {"Close without a choice", "Fermer sans choisir"}},
     };
     tavrel::showCaptions(*this, captions, language);
-    setWindowTitle(inLanguage({"Object selection", "Sélection d'objets"}, language));
+    setWindowTitle(inLanguage(titles::selectObject, language));
 }
 
 void FmObject::fillTypes()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/FmRefW.h"
 
+#include "base/Titles.h"
 #include "references/LetterCommands.h"
 #include "references/LineLetters.h"
 #include "ui/Captions.h"
@@ -134,8 +135,7 @@ void FmRefW::showCaptions()
         both("CdStop", {"Close", "Fermer"}),
     };
     tavrel::showCaptions(*this, captions, m_context.language);
-    setWindowTitle(inLanguage({"Manage Wad/Letter References", "Gestion des Références Wad/Lettre"},
-                              m_context.language));
+    setWindowTitle(inLanguage(titles::references, m_context.language));
 }
 
 void FmRefW::fillList()
@@ -172,7 +172,7 @@ void FmRefW::firstShown()
     }
     m_context.editing.dialogs.show(
         {MessageIcon::Information,
-         {"Reference", "Référence"},
+         titles::reference,
          {"Start by adding a new reference of your wad.\n\nClick on the folder icon to select your wad, enter a "
           "letter and a title\nthen click on [Add Reference] button.\nClose the window and select your new wad in "
           "the main window.",
@@ -260,10 +260,8 @@ void FmRefW::correctLetter()
 
 void FmRefW::chooseWad()
 {
-    const OpenFileQuestion question{{"Select a WAD", "Selectionner un WAD"},
-                                    {"WAD file", "fichier WAD"},
-                                    {"*.WAD"},
-                                    m_context.editing.wadFolder};
+    const OpenFileQuestion question{
+        titles::selectWad, {"WAD file", "fichier WAD"}, {"*.WAD"}, m_context.editing.wadFolder};
     const std::optional<std::filesystem::path> file = m_context.editing.dialogs.chooseFile(question);
     const std::optional<std::string> name =
         file ? wadNameFromPath(toCodePage(QString::fromStdU16String(file->u16string()))) : std::nullopt;

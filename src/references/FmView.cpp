@@ -2,6 +2,7 @@
 #include "references/FmView.h"
 
 #include "base/FailureTexts.h"
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -61,7 +62,7 @@ FmView::FmView(QWidget* parent, const SoundCatalogue& catalogue, const CurrentWa
     showCaptions();
     const std::string name =
         fromCodePage(wad.wadName).toStdString() + " / #" + fromCodePage(wad.letter).toStdString();
-    setWindowTitle(inLanguage(BilingualText("SAM/WAS file - ", "Fichier SAM/WAS - ") + name, language));
+    setWindowTitle(inLanguage(titles::wadView + name, language));
     fillNamed(m_samples, view.samples, {"no sound uses it", "aucun son ne l'utilise"});
     fillNamed(m_objects, view.objects, {"no sounds in the object table", "aucun son dans la table d'objets"});
     fillPlain(m_surplus, view.surplus);

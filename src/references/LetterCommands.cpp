@@ -2,6 +2,7 @@
 #include "references/LetterCommands.h"
 
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "catalogue/LineWords.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterTexts.h"
@@ -15,10 +16,10 @@ namespace {
 
 using LineChanges = std::vector<SoundCatalogue::LineChange>;
 
-const BilingualText addTitle("Add", "Ajouter");
-const BilingualText removeTitle("Remove", "Enlever");
-const BilingualText removeAllTitle("Remove all", "Enlever tout");
-const BilingualText replaceTitle("Replace", "Remplacer");
+const BilingualText& addTitle = titles::addLetter;
+const BilingualText& removeTitle = titles::removeLetter;
+const BilingualText& removeAllTitle = titles::removeAllLetters;
+const BilingualText& replaceTitle = titles::replaceLetter;
 
 bool refuse(const BilingualText& title, const BilingualText& text, Dialogs& dialogs)
 {

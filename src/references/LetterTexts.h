@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/BilingualText.h"
+#include "base/Titles.h"
 
 // Messages that the register and the commands on letters share.
 namespace tavrel::letterTexts {
 
-inline const BilingualText letterTitle("Letter", "Lettre");
+inline const BilingualText& letterTitle = titles::letter;
 inline const BilingualText twoCharacters("The letter must be 2 characters long",
                                          "La lettre doit faire 2 caractères");
 inline const BilingualText startsWithG("Letter starting by [#g] not authorized",

@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/Folder.h"
+#include "base/Titles.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
 #include "references/LetterTexts.h"
@@ -15,10 +16,6 @@ namespace {
 constexpr std::size_t letterWidth = 4;
 constexpr std::size_t titleColumn = longestWadName + letterWidth;
 constexpr std::size_t shownTitle = 50;
-
-const BilingualText addCaption("Add Reference", "Ajouter la Référence");
-const BilingualText modifyCaption("Modify Reference", "Modifier la Référence");
-const BilingualText deleteTitle("Delete reference", "Supprimer la référence");
 
 std::string padded(std::string_view text, std::size_t width)
 {
@@ -90,7 +87,7 @@ WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announc
     if (isBuiltIn && announceBuiltIn) {
         m_context.dialogs.show(
             {MessageIcon::Information,
-             {"Reference", "Référence"},
+             titles::reference,
              {"This reference shouldn't be modified", "Cette référence ne doit pas être modifiée"}});
     }
     m_selected = isBuiltIn ? std::nullopt : row;
@@ -155,10 +152,10 @@ bool RegisterEditor::ValidateReference(const WadReference& fields, bool adding, 
     }
     constexpr std::size_t letterLength = 2;
     if (fields.letter.size() != letterLength || hasForbiddenLetterCharacter(fields.letter)) {
-        return refuse(ReferenceField::Letter, letterTexts::letterTitle, letterTexts::twoCharacters);
+        return refuse(ReferenceField::Letter, titles::letter, letterTexts::twoCharacters);
     }
     if (fields.letter.starts_with('g')) {
-        return refuse(ReferenceField::Letter, letterTexts::letterTitle, letterTexts::startsWithG);
+        return refuse(ReferenceField::Letter, titles::letter, letterTexts::startsWithG);
     }
     if (isMissing(fields.title) || fields.title.find_first_of("\r\n") != std::string::npos) {
         return refuse(ReferenceField::Title, caption, {"Type a correct Title", "Tapez un titre correct"});
@@ -169,7 +166,7 @@ bool RegisterEditor::ValidateReference(const WadReference& fields, bool adding, 
 
 bool RegisterEditor::add(const WadReference& fields)
 {
-    if (!ValidateReference(fields, true, addCaption)) {
+    if (!ValidateReference(fields, true, titles::addReference)) {
         return false;
     }
     m_context.references.appendUser(fields);
@@ -181,15 +178,14 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
 {
     m_focus = ReferenceField::None;
     if (!m_selected) {
-        m_context.dialogs.show({MessageIcon::Information,
-                                {"Modify reference", "modifier la référence"},
-                                {"Nothing to modify", "Rien à modifier"}});
+        m_context.dialogs.show(
+            {MessageIcon::Information, titles::modifyNoReference, {"Nothing to modify", "Rien à modifier"}});
         return Modified::Refused;
     }
-    if (!ValidateReference(fields, false, modifyCaption)) {
+    if (!ValidateReference(fields, false, titles::modifyReference)) {
         return Modified::Refused;
     }
-    const BilingualText title("Modify reference", "Modifier référence");
+    const BilingualText& title = titles::modifySelectedReference;
     if (fields.letter != m_selectedLetter) {
         const std::string before = "[#" + shown(m_selectedLetter) + "]";
         const std::string after = "[#" + shown(fields.letter) + "]";
@@ -225,19 +221,19 @@ bool RegisterEditor::remove()
 {
     if (!m_selected) {
         m_context.dialogs.show(
-            {MessageIcon::Information, deleteTitle, {"Nothing to delete", "Rien à supprimer"}});
+            {MessageIcon::Information, titles::deleteReference, {"Nothing to delete", "Rien à supprimer"}});
         return false;
     }
     const std::string letter = shown(m_selectedLetter);
     const std::string name = shown(m_selectedWadName);
     const Question question{
-        deleteTitle,
+        titles::deleteReference,
         {"Delete [" + name + "/#" + letter + "] reference\nRemove all [#" + letter + "] from Sound ID list",
          "Supprimer la référence [" + name + "/#" + letter + "]\nEnlever toutes les lettres [#" + letter +
              "] de la liste ID Sons"},
         Buttons::YesNo};
     if (m_context.dialogs.ask(question) != Answer::Yes ||
-        reported(eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter), deleteTitle)) {
+        reported(eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter), titles::deleteReference)) {
         return false;
     }
     if (m_context.wad.wadName == m_context.references.at(*m_selected).wadName) {

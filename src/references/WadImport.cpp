@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
+#include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
@@ -133,15 +134,9 @@ struct KindTexts
 KindTexts textsOf(WadListKind kind)
 {
     if (kind == WadListKind::Samples) {
-        return {{"Import SAM (samples) file", "Importer le fichier SAM (samples)"},
-                {"Load SAM file", "Charger fichier SAM"},
-                {"included sounds", "aux sons incorporés"},
-                " "};
+        return {titles::importSamples, titles::loadSamples, {"included sounds", "aux sons incorporés"}, " "};
     }
-    return {{"Import WAS (objects) file", "Importer le fichier WAS (objets)"},
-            {"Load WAS file", "Charger fichier WAS"},
-            {"included objects", "aux objets incorporés"},
-            "  "};
+    return {titles::importObjects, titles::loadObjects, {"included objects", "aux objets incorporés"}, "  "};
 }
 
 bool confirmImport(const CurrentWad& wad, WadListKind kind, Dialogs& dialogs)

@@ -2,6 +2,7 @@
 #include "samples/FmCheck.h"
 
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -179,9 +180,7 @@ void FmCheck::showCaptions()
         {"CdClose", close, close},
     };
     tavrel::showCaptions(*this, captions, m_context.language);
-    setWindowTitle(
-        inLanguage({"Check/Visualize a Samples Directory", "Contrôler/Visualiser un répertoire Samples"},
-                   m_context.language));
+    setWindowTitle(inLanguage(titles::checkSamples, m_context.language));
 }
 
 void FmCheck::showFolder()
@@ -199,12 +198,8 @@ void FmCheck::showIndication(const BilingualText& text, bool alarming)
 // Only the folder counts: any file in it may be opened, and a new name as well.
 void FmCheck::chooseFolder()
 {
-    const OpenFileQuestion question{{"Select a Directory to check", "Selectionner un Répertoire à contrôler"},
-                                    {"WAV file", "fichier WAV"},
-                                    {"*.WAV"},
-                                    m_folder,
-                                    "temp",
-                                    false};
+    const OpenFileQuestion question{
+        titles::selectSamplesFolder, {"WAV file", "fichier WAV"}, {"*.WAV"}, m_folder, "temp", false};
     if (const std::optional<std::filesystem::path> file = m_context.dialogs.chooseFile(question)) {
         m_folder = file->parent_path();
         showFolder();
@@ -257,10 +252,7 @@ std::optional<std::vector<SampleFile>> FmCheck::listing()
 {
     Result<std::vector<SampleFile>> files = listSamples(m_folder);
     if (!files) {
-        m_context.dialogs.show(
-            {MessageIcon::Exclamation,
-             {"Check/Visualize a Samples Directory", "Contrôler/Visualiser un répertoire Samples"},
-             files.failure().text});
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::checkSamples, files.failure().text});
         return std::nullopt;
     }
     return std::move(*files);

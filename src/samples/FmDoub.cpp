@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/FmDoub.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -22,7 +23,7 @@ namespace tavrel {
 
 namespace {
 
-const BilingualText title("Manage doubles", "Gérer les doublons");
+const BilingualText& title = titles::manageDoubles;
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #include "samples/FmSamp.h"
 
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "samples/SamplesFolder.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
@@ -17,12 +18,6 @@
 #include <algorithm>
 
 namespace tavrel {
-
-namespace {
-
-const BilingualText title("Choose a Sample", "Choisir un Sample");
-
-} // namespace
 
 FmSamp::FmSamp(QWidget* parent, const SamplesContext& context)
     : TitledWindow(parent), m_context(context), m_list(makeFixedPitchList("LiSamp")),
@@ -69,7 +64,7 @@ void FmSamp::showCaptions()
         {"CdCancel", {"Cancel", "Annuler"}, {"Close without a choice", "Fermer sans choisir"}},
     };
     tavrel::showCaptions(*this, captions, m_context.language);
-    setWindowTitle(inLanguage(title, m_context.language));
+    setWindowTitle(inLanguage(titles::chooseSample, m_context.language));
 }
 
 void FmSamp::fillList()
@@ -120,8 +115,9 @@ void FmSamp::choose()
     }
     const std::optional<std::string> name = chosenSampleName(file);
     if (!name) {
-        m_context.dialogs.show(
-            {MessageIcon::Exclamation, title, {"Select a .wav file", "Sélectionnez un fichier .wav"}});
+        m_context.dialogs.show({MessageIcon::Exclamation,
+                                titles::chooseSample,
+                                {"Select a .wav file", "Sélectionnez un fichier .wav"}});
         return;
     }
     m_chosenName = *name;

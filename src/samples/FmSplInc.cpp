@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/FmSplInc.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -67,7 +68,7 @@ FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const
         {"CdCancel", {"Close", "Fermer"}, {"Close", "Fermer"}},
     };
     showCaptions(*this, captions, language);
-    setWindowTitle(inLanguage({"List of Unknown Samples", "Liste des Samples inconnus"}, language));
+    setWindowTitle(inLanguage(titles::unknownSamples, language));
     resize(380, 420);
 }
 

@@ -2,6 +2,7 @@
 #include "samples/SampleCommands.h"
 
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "samples/SampleFormat.h"
 #include "samples/SamplePlayer.h"
 #include "samples/SamplesFolder.h"
@@ -20,7 +21,7 @@ const BilingualText selectFirst("Select a sample first", "Selectionnez d'abord u
 // The same title for adding and renaming.
 bool refuse(const BilingualText& text, Dialogs& dialogs)
 {
-    dialogs.show({MessageIcon::Exclamation, {"Rename", "Renommer"}, text});
+    dialogs.show({MessageIcon::Exclamation, titles::renameSample, text});
     return false;
 }
 
@@ -131,7 +132,7 @@ SampleResult renameSample(LineEditor& editor, const SampleInput& input, Dialogs&
 SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs)
 {
     std::vector<std::string> names = namesOf(editor);
-    const BilingualText title("Remove sample", "Retirer un sample");
+    const BilingualText& title = titles::removeSample;
     if (!mayChange(editor, dialogs)) {
         return {};
     }

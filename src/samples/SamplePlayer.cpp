@@ -2,6 +2,7 @@
 #include "samples/SamplePlayer.h"
 
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "samples/SamplesFolder.h"
 
 namespace tavrel {
@@ -15,7 +16,7 @@ Problem PlaySample(SamplePlayer& player, const std::filesystem::path& folder, st
     if (const std::optional<std::filesystem::path> file = findSample(folder, name)) {
         return player.play(*file);
     }
-    dialogs.show({MessageIcon::Exclamation, {"Play", "Jouer"}, noSuchSample(folder, name)});
+    dialogs.show({MessageIcon::Exclamation, titles::play, noSuchSample(folder, name)});
     return std::nullopt;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Titles.h"
 #include "ui/ColourDialog.h"
 #include "ui/Colours.h"
 #include "ui/Text.h"
@@ -15,7 +16,7 @@ std::optional<ColourValue> askForColour(QWidget* parent, ColourValue current, Ke
     }
     QColorDialog dialog(colourFrom(current), parent);
     dialog.setObjectName("ColourDialog");
-    dialog.setWindowTitle(inLanguage({"Colors", "Couleurs"}, language));
+    dialog.setWindowTitle(inLanguage(titles::colours, language));
     const bool accepted = dialog.exec() == QDialog::Accepted;
     for (std::size_t i = 0; i < kept.size(); ++i) {
         kept[i] = colourValue(QColorDialog::customColor(static_cast<int>(i)));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/FmColors.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -147,7 +148,7 @@ void FmColors::showCaptions()
         row.CdRepeat->setText(inLanguage(repeat, m_language));
         row.CdRepeat->setToolTip(inLanguage(repeat, m_language));
     }
-    setWindowTitle(inLanguage({"Colors", "Couleurs"}, m_language));
+    setWindowTitle(inLanguage(titles::colours, m_language));
 }
 
 void FmColors::showColours()
@@ -189,7 +190,7 @@ void FmColors::copyToOthers(std::size_t slot)
 
 void FmColors::restoreDefaults()
 {
-    const Question question{BilingualText::same("Colors"),
+    const Question question{titles::defaultColours,
                             {"Restore Default colors", "Restaurer les couleurs par Défaut"},
                             Buttons::YesNo};
     if (m_dialogs.ask(question) == Answer::Yes) {

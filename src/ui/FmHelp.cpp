@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/FmHelp.h"
 
+#include "base/Titles.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -46,7 +47,7 @@ FmHelp::FmHelp(QWidget* parent, const std::string& text, const ColourScheme& col
         {"CdClose", {"Close", "Fermer"}, {"Close the help", "Fermer l'aide"}},
     };
     showCaptions(*this, captions, language);
-    setWindowTitle(inLanguage({"Help", "Aide"}, language));
+    setWindowTitle(inLanguage(titles::help, language));
     const int textWidth = view->fontMetrics().horizontalAdvance(QString(columns, 'x'));
     const int beside = 4 * margin + view->verticalScrollBar()->sizeHint().width();
     resize(textWidth + beside, usualHeight);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ScriptedDialogs.h"
 
+#include "support/ListedTitles.h"
+
 #include <gtest/gtest.h>
 
 namespace tavrel {
@@ -67,6 +69,7 @@ std::vector<std::string> ScriptedDialogs::conversation(Language language) const
 
 void ScriptedDialogs::show(const Message& message)
 {
+    expectListedTitle(message.title);
     m_said.push_back({kindOf(message.icon), message.title, message.text});
     if (m_whileShowing) {
         m_whileShowing();
@@ -75,6 +78,7 @@ void ScriptedDialogs::show(const Message& message)
 
 Answer ScriptedDialogs::ask(const Question& question)
 {
+    expectListedTitle(question.title);
     m_said.push_back({kindOf(question.buttons), question.title, question.text, question.refusalIsDefault});
     if (m_whileAsking) {
         m_whileAsking();
@@ -91,6 +95,7 @@ Answer ScriptedDialogs::ask(const Question& question)
 
 std::optional<std::filesystem::path> ScriptedDialogs::chooseFile(const OpenFileQuestion& question)
 {
+    expectListedTitle(question.title);
     m_fileQuestions.push_back(question);
     if (m_files.empty()) {
         ADD_FAILURE() << "asked for a file without a prepared one: " << question.title.english;

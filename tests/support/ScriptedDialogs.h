@@ -13,7 +13,7 @@
 namespace tavrel {
 
 // Answers from a prepared list and records the whole conversation. A question that was not prepared fails the
-// test, and so does an answer that nobody asked for.
+// test, and so does an answer that nobody asked for, or a title that is not in the table of titles.
 class ScriptedDialogs : public Dialogs
 {
 public:

@@ -4,6 +4,7 @@
 #include "app/FmSFX.h"
 #include "support/Files.h"
 #include "support/Generation.h"
+#include "support/ListedTitles.h"
 #include "support/ScriptedDialogs.h"
 
 #include <QAbstractButton>
@@ -62,6 +63,7 @@ void whenOpened(Act act)
             waiting->stop();
             waiting->setObjectName({});
             waiting->deleteLater();
+            expectListedWindowTitle(window->windowTitle().toStdString());
             act(*window);
             if (window->isVisible()) {
                 window->close();
@@ -93,6 +95,7 @@ protected:
         window->load();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
         QApplication::setActiveWindow(window.get());
+        expectListedWindowTitle(window->windowTitle().toStdString());
     }
 
     template <typename Control = QWidget>
