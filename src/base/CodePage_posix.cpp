@@ -2,37 +2,26 @@
 // Windows-1252, for systems whose own text is UTF-8.
 #include "base/CodePage.h"
 #include "base/CodePageTables.h"
+#include "base/Windows1252.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 
 namespace tavrel {
 
 namespace {
 
-// Bytes 0x80 to 0x9F. The five that Windows leaves undefined stand for the control characters of the same
-// number, so that every byte has its way back.
-constexpr std::array<char16_t, 32> highControls = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-char16_t unicodeOf(unsigned char byte)
-{
-    return byte >= 0x80 && byte < 0xA0 ? highControls[byte - 0x80U] : char16_t{byte};
-}
-
 std::optional<char> byteOf(char32_t character)
 {
     if (character < 0x80 || (character >= 0xA0 && character < 0x100)) {
         return static_cast<char>(character);
     }
-    const auto found = std::ranges::find(highControls, character, [](char16_t c) { return char32_t{c}; });
-    if (found == highControls.end()) {
+    const auto found =
+        std::ranges::find(windows1252Controls, character, [](char16_t c) { return char32_t{c}; });
+    if (found == windows1252Controls.end()) {
         return std::nullopt;
     }
-    return static_cast<char>(0x80 + (found - highControls.begin()));
+    return static_cast<char>(0x80 + (found - windows1252Controls.begin()));
 }
 
 // One character from the front of the text; nothing when the bytes there are no UTF-8.
@@ -61,21 +50,6 @@ std::optional<char32_t> takeCharacter(std::string_view& text)
     valid = valid && character >= shortest[length];
     text.remove_prefix(valid ? length : 1);
     return valid ? std::optional(character) : std::nullopt;
-}
-
-void appendUtf8(std::string& text, char16_t character)
-{
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-        return;
-    }
-    if (character < 0x800) {
-        text += static_cast<char>(0xC0U | (character >> 6U));
-    } else {
-        text += static_cast<char>(0xE0U | (character >> 12U));
-        text += static_cast<char>(0x80U | ((character >> 6U) & 0x3FU));
-    }
-    text += static_cast<char>(0x80U | (character & 0x3FU));
 }
 
 struct CasePair
@@ -111,12 +85,7 @@ ByteTable identityTable()
 
 std::string utf8FromCodePage(std::string_view bytes)
 {
-    std::string text;
-    text.reserve(bytes.size());
-    for (const char byte : bytes) {
-        appendUtf8(text, unicodeOf(static_cast<unsigned char>(byte)));
-    }
-    return text;
+    return utf8FromWindows1252(bytes);
 }
 
 CodePageText codePageFromUtf8(std::string_view utf8)

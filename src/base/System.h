@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -46,9 +47,36 @@ std::filesystem::path redirectedCopy(const std::filesystem::path& file);
 // In the words of the system, UTF-8.
 std::string errorText(const std::error_code& error);
 
-// The program's arguments, UTF-8, without the program itself; and a console that shows such text.
+// The program's arguments, UTF-8, without the program itself.
 std::vector<std::string> utf8Arguments(int argc, char* argv[]);
-void useUtf8Console();
+
+// As long as it lives, the console shows UTF-8. Others share the console and find it as it was.
+class Utf8Console
+{
+public:
+    Utf8Console();
+    Utf8Console(const Utf8Console&) = delete;
+    Utf8Console& operator=(const Utf8Console&) = delete;
+    ~Utf8Console();
+
+private:
+    unsigned m_before = 0;
+};
+
+// The standard streams, byte for byte. Reading fills the front of the buffer: 0 bytes at the end of the
+// input.
+struct ReadBytes
+{
+    std::size_t count = 0;
+    std::error_code error;
+};
+ReadBytes readInput(std::span<char> buffer);
+// std::errc::broken_pipe when the reader has gone.
+std::error_code writeOutput(std::string_view bytes);
+// Somebody sits there and can answer.
+bool inputIsTerminal();
+// A reader that goes away ends the output, not the program.
+void surviveClosedPipes();
 
 // The file of the running program.
 std::filesystem::path ownProgram();

@@ -2,6 +2,7 @@
 #include "base/System.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -161,7 +162,37 @@ std::vector<std::string> utf8Arguments(int argc, char* argv[])
     return {argv + 1, argv + argc};
 }
 
-void useUtf8Console() {}
+Utf8Console::Utf8Console() = default;
+
+Utf8Console::~Utf8Console() = default;
+
+ReadBytes readInput(std::span<char> buffer)
+{
+    while (true) {
+        const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+        if (count >= 0) {
+            return {static_cast<std::size_t>(count), {}};
+        }
+        if (errno != EINTR) {
+            return {0, lastError()};
+        }
+    }
+}
+
+std::error_code writeOutput(std::string_view bytes)
+{
+    return writeAll(STDOUT_FILENO, bytes);
+}
+
+bool inputIsTerminal()
+{
+    return ::isatty(STDIN_FILENO) == 1;
+}
+
+void surviveClosedPipes()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+}
 
 std::filesystem::path ownProgram()
 {

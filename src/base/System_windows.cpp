@@ -160,10 +160,43 @@ std::vector<std::string> utf8Arguments(int /*argc*/, char* /*argv*/[])
     return arguments;
 }
 
-void useUtf8Console()
+Utf8Console::Utf8Console() : m_before(GetConsoleOutputCP())
 {
     SetConsoleOutputCP(CP_UTF8);
 }
+
+Utf8Console::~Utf8Console()
+{
+    if (m_before != 0) {
+        SetConsoleOutputCP(m_before);
+    }
+}
+
+ReadBytes readInput(std::span<char> buffer)
+{
+    DWORD count = 0;
+    const auto wanted = static_cast<DWORD>(buffer.size());
+    if (ReadFile(GetStdHandle(STD_INPUT_HANDLE), buffer.data(), wanted, &count, nullptr) != 0) {
+        return {count, {}};
+    }
+    const std::error_code error = lastError();
+    return {0, error.value() == ERROR_BROKEN_PIPE ? std::error_code() : error}; // the writer has ended
+}
+
+std::error_code writeOutput(std::string_view bytes)
+{
+    const std::error_code error = writeAll(GetStdHandle(STD_OUTPUT_HANDLE), bytes);
+    const bool readerHasGone = error.value() == ERROR_NO_DATA || error.value() == ERROR_BROKEN_PIPE;
+    return readerHasGone ? std::make_error_code(std::errc::broken_pipe) : error;
+}
+
+bool inputIsTerminal()
+{
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
+}
+
+void surviveClosedPipes() {}
 
 std::filesystem::path ownProgram()
 {

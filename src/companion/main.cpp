@@ -87,7 +87,7 @@ int endInTrouble()
 
 int main(int argc, char* argv[])
 {
-    tavrel::system::useUtf8Console();
+    const tavrel::system::Utf8Console console;
     const std::optional<Options> options = readOptions(tavrel::system::utf8Arguments(argc, argv));
     if (!options) {
         std::cerr << "Usage: Tavrel_Files [--program-folder DIR] [--from LEVEL_EDITOR_FOLDER]\n";
