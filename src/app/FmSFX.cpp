@@ -254,10 +254,7 @@ void FmSFX::sayWhatIsRefused()
     }
     const Flagged asking(m_asking);
     if (m_catalogue.isProtected(*number)) {
-        m_context.dialogs.show(
-            {MessageIcon::Exclamation,
-             titles::protectedLine,
-             {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}});
+        m_context.dialogs.show(protectedLineRefusal());
     } else {
         warnAboutObject();
     }

@@ -72,8 +72,7 @@ void FmSFX::fillWadChooser()
 
 void FmSFX::selectWad(const std::string& wadName)
 {
-    const WadReference* const reference = wadName.empty() ? nullptr : m_references.findWad(wadName);
-    m_wad = reference ? CurrentWad{reference->wadName, reference->letter, reference->title} : CurrentWad();
+    m_wad = currentWad(wadName.empty() ? nullptr : m_references.findWad(wadName));
     m_justAdded.clear();
     showWad();
     fillLetters();

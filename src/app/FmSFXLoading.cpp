@@ -63,8 +63,7 @@ void FmSFX::showLoaded()
                                          m_controls.TxReplacL, m_controls.CdImport, m_controls.CdExport}) {
         control->setEnabled(m_loaded);
     }
-    const WadReference* const wad = m_references.findUserWad(m_settings.lastWad);
-    m_wad = wad ? CurrentWad{wad->wadName, wad->letter, wad->title} : CurrentWad();
+    m_wad = currentWad(m_references.findUserWad(m_settings.lastWad));
     fillWadChooser();
     selectFirstLine();
     showObject();

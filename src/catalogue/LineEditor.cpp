@@ -153,6 +153,13 @@ bool LineEditor::mayLeave(Dialogs& dialogs)
     }
 }
 
+Message protectedLineRefusal()
+{
+    return {MessageIcon::Exclamation,
+            {"Select", "Sélection"},
+            {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}};
+}
+
 bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs)
 {
     const Question question{

@@ -61,6 +61,9 @@ private:
     SoundLine m_unedited;
 };
 
+// What a user hears who picks a protected line.
+Message protectedLineRefusal();
+
 // Puts the original text back into the line, after a question. True when the answer was Yes.
 bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs);
 

@@ -15,6 +15,12 @@ constexpr std::size_t listedNameWidth = 22;
 
 } // namespace
 
+BilingualText tooManySamples()
+{
+    return {"A sound line cannot hold more than 50 samples.",
+            "Une ligne de son ne peut contenir plus de 50 samples."};
+}
+
 SoundCatalogue::SoundCatalogue(File file, bool protectedLinesEditable)
     : m_file(std::move(file)), m_protectedLinesEditable(protectedLinesEditable)
 {}
@@ -68,8 +74,7 @@ std::optional<BilingualText> SoundCatalogue::refusal(std::string_view text)
     try {
         ParseSoundLine(text);
     } catch (const std::out_of_range&) {
-        return BilingualText("A sound line cannot hold more than 50 samples.",
-                             "Une ligne de son ne peut contenir plus de 50 samples.");
+        return tooManySamples();
     }
     return std::nullopt;
 }

@@ -20,6 +20,9 @@ namespace tavrel {
 constexpr std::array<std::size_t, 11> emptyAndUnsureSounds = {27,  59,  110, 113, 115, 163,
                                                               185, 186, 199, 270, 62};
 
+// Why ParseSoundLine() throws.
+BilingualText tooManySamples();
+
 // sounds.txt in memory. Sounds are numbered from 0 in the order of their lines; a line without ":" is no
 // sound. Lines are bytes in the system code page, without line ends.
 class SoundCatalogue

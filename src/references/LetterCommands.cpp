@@ -220,9 +220,8 @@ bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Di
            !reported(eraseLetterFromAllLines(catalogue, wad.letter), removeAllTitle, dialogs);
 }
 
-ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
-                                       CurrentWad& wad, std::string_view newLetter,
-                                       const std::filesystem::path& programFolder, Dialogs& dialogs)
+ReplacedLetter replaceLetterOfWad(SoundCatalogue& catalogue, ReferenceRegister& references, CurrentWad& wad,
+                                  std::string_view newLetter, Dialogs& dialogs)
 {
     if (!RequireCurrentReference(wad, replaceTitle, dialogs) ||
         !ValidateReplaceLetter(newLetter, wad, references, dialogs) ||
@@ -247,8 +246,18 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
     }
     references.replaceLetter(wad.letter, newLetter);
     wad.letter = newLetter;
-    reported(saveRegister(programFolder, references), replaceTitle, dialogs);
     return ReplacedLetter::Replaced;
+}
+
+ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
+                                       CurrentWad& wad, std::string_view newLetter,
+                                       const std::filesystem::path& programFolder, Dialogs& dialogs)
+{
+    const ReplacedLetter result = replaceLetterOfWad(catalogue, references, wad, newLetter, dialogs);
+    if (result == ReplacedLetter::Replaced) {
+        reported(saveRegister(programFolder, references), replaceTitle, dialogs);
+    }
+    return result;
 }
 
 Problem replaceLetterOnAllLines(SoundCatalogue& catalogue, std::string_view oldLetter,

@@ -33,12 +33,15 @@ bool removeLetterFromLine(LineEditor& editor, std::optional<std::size_t> entry, 
 // Takes the current letter off every line, after a question.
 bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Dialogs& dialogs);
 
-// Gives the current WAD another letter, on every line and in the register, whose file is written at once.
+// Gives the current WAD another letter, on every line and in the register, in memory alone.
 enum class ReplacedLetter {
     Replaced,
     Refused, // the typed letter is wrong and stays in its box
     Declined // the user said No
 };
+ReplacedLetter replaceLetterOfWad(SoundCatalogue& catalogue, ReferenceRegister& references, CurrentWad& wad,
+                                  std::string_view newLetter, Dialogs& dialogs);
+// The same, and writes the register's file at once.
 ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
                                        CurrentWad& wad, std::string_view newLetter,
                                        const std::filesystem::path& programFolder, Dialogs& dialogs);

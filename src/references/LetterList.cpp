@@ -16,6 +16,11 @@ std::string_view readableName(std::string_view letter, const ReferenceRegister& 
 
 } // namespace
 
+CurrentWad currentWad(const WadReference* reference)
+{
+    return reference ? CurrentWad{reference->wadName, reference->letter, reference->title} : CurrentWad();
+}
+
 std::vector<std::string> lettersOf(const SoundLine& line)
 {
     std::vector<std::string> found;

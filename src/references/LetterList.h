@@ -17,6 +17,8 @@ struct CurrentWad
     std::string title;
 };
 
+CurrentWad currentWad(const WadReference* reference);
+
 // The letters of a line, without "#".
 std::vector<std::string> lettersOf(const SoundLine& line);
 

@@ -98,6 +98,12 @@ const WadReference* ReferenceRegister::findUserWad(std::string_view wadName) con
                       [wadName](const WadReference& reference) { return reference.wadName == wadName; });
 }
 
+const WadReference* ReferenceRegister::findUserLetter(std::string_view letter) const
+{
+    return firstMatch(m_references.begin() + static_cast<std::ptrdiff_t>(m_builtInCount), m_references.end(),
+                      [letter](const WadReference& reference) { return reference.letter == letter; });
+}
+
 void ReferenceRegister::keepUserLine(std::string line)
 {
     m_keptLines.push_back({m_references.size() - m_builtInCount, std::move(line)});

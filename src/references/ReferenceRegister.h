@@ -54,6 +54,7 @@ public:
     const WadReference* findLetter(std::string_view letter) const;
     const WadReference* findWad(std::string_view wadName) const;
     const WadReference* findUserWad(std::string_view wadName) const;
+    const WadReference* findUserLetter(std::string_view letter) const;
 
     // The user's references and the kept lines, as the file holds them.
     std::string userFileText() const;

@@ -285,9 +285,9 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
                            const std::function<void()>& changed)
 {
     const KindTexts texts = textsOf(kind);
-    const auto refuse = [&](const Failure& failure) {
+    const auto refuse = [&](const Failure& failure, bool unreadable) {
         dialogs.show({MessageIcon::Exclamation, texts.button, failure.text});
-        return ImportResult();
+        return ImportResult{false, unreadable, {}};
     };
     if (!RequireCurrentReference(wad, texts.button, dialogs) ||
         !requireLetterOfOneLevel(wad.letter, dialogs)) {
@@ -295,7 +295,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     }
     const Result<WadList> list = readWadList(folders.wads, wad.wadName, kind);
     if (!list) {
-        return refuse(list.failure());
+        return refuse(list.failure(), true);
     }
     if (!confirmImport(wad, kind, dialogs)) {
         return {};
@@ -304,18 +304,18 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     std::filesystem::create_directory(fileIn(folders.program, changedLinesFolderName), ignored);
     const Result<SavedLines> saved = readSavedLines(folders.program, wad.wadName, catalogue);
     if (!saved) {
-        return refuse(saved.failure());
+        return refuse(saved.failure(), true);
     }
     ImportPlan plan = kind == WadListKind::Samples ? planSamplesImport(catalogue, *saved, *list, wad.letter)
                                                    : planObjectsImport(catalogue, *saved, *list, wad.letter);
     if (const Problem problem = catalogue.setCurrentLines(plan.changes)) {
-        return refuse(*problem);
+        return refuse(*problem, false);
     }
     if (changed) {
         changed();
     }
     dialogs.show({MessageIcon::Information, texts.title, whatWasDone(plan, catalogue)});
-    return {true, std::move(plan.unknownSamples)};
+    return {true, false, std::move(plan.unknownSamples)};
 }
 
 } // namespace tavrel

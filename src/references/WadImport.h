@@ -53,6 +53,7 @@ struct ImportFolders
 struct ImportResult
 {
     bool imported = false;
+    bool unreadable = false; // a file was missing or could not be read
     std::vector<std::string> unknownSamples;
 };
 

@@ -44,11 +44,6 @@ QLabel* makeWrappedText(const char* name)
     return label;
 }
 
-BilingualText counted(std::size_t count, const BilingualText& what)
-{
-    return BilingualText::same(std::to_string(count)) + what;
-}
-
 } // namespace
 
 FmCheck::FmCheck(QWidget* parent, const SamplesContext& context)
@@ -285,7 +280,8 @@ void FmCheck::visualize()
     for (const SampleFile& file : *files) {
         addRow(file.name, file.name);
     }
-    showIndication(counted(files->size(), {" file(s) listed", " fichier(s) listé(s)"}));
+    showIndication(BilingualText::same(std::to_string(files->size())) +
+                   BilingualText(" file(s) listed", " fichier(s) listé(s)"));
     m_list->setFocus();
 }
 
@@ -341,9 +337,7 @@ void FmCheck::endCheck(bool cancelled)
     m_progress->hide();
     m_cancelCheck->hide();
     enableModes(true);
-    const BilingualText found = m_files.empty()
-                                    ? BilingualText("No problem found", "Aucun problème rencontré")
-                                    : counted(m_files.size(), {" file(s) found", " fichier(s) trouvé(s)"});
+    const BilingualText found = anomalyCount(m_files.size());
     const BilingualText cutShort(" - check not finished", " - contrôle non terminé");
     showIndication(cancelled ? found + cutShort : found, !m_files.empty());
     m_tip->setVisible(!m_files.empty());

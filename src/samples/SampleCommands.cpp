@@ -163,4 +163,34 @@ SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs&
     return result;
 }
 
+bool setSamples(LineEditor& editor, const std::vector<std::string>& names,
+                const std::filesystem::path& samplesFolder, Dialogs& dialogs)
+{
+    std::vector<std::string> before = namesOf(editor);
+    std::vector<std::string> judged;
+    std::vector<std::string> added;
+    for (const std::string& name : names) {
+        const auto kept = std::ranges::find(before, name);
+        if (kept == before.end()) {
+            added.push_back(name);
+        } else {
+            judged.push_back(name);
+            before.erase(kept);
+        }
+    }
+    if (names.empty()) {
+        added.emplace_back(); // refused like an empty box
+    }
+    if (!mayChange(editor, dialogs)) {
+        return false;
+    }
+    for (const std::string& name : added) {
+        if (!ValidateSampleName(SampleChange::Add, judged, {samplesFolder, name, {}}, dialogs)) {
+            return false;
+        }
+        judged.push_back(name);
+    }
+    return editor.storeSamples(names, dialogs);
+}
+
 } // namespace tavrel

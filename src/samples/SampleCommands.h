@@ -39,6 +39,11 @@ SampleResult renameSample(LineEditor& editor, const SampleInput& input, Dialogs&
 // Takes the selected name off the line, after a question. One sample has to stay.
 SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs);
 
+// Puts these names in the place of all samples. The ones that the line had already are not judged again.
+// False when it was refused.
+bool setSamples(LineEditor& editor, const std::vector<std::string>& names,
+                const std::filesystem::path& samplesFolder, Dialogs& dialogs);
+
 enum class SampleChange { Add, Rename };
 
 // The rules for a name in a list of samples: no blank, room in the sample field, a file of the right format.

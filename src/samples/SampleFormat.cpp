@@ -77,4 +77,12 @@ std::string anomalyRow(std::string_view fileName, const SampleFormatVerdict& ver
     return row;
 }
 
+BilingualText anomalyCount(std::size_t rows)
+{
+    if (rows == 0) {
+        return {"No problem found", "Aucun problème rencontré"};
+    }
+    return BilingualText::same(std::to_string(rows)) + BilingualText(" file(s) found", " fichier(s) trouvé(s)");
+}
+
 } // namespace tavrel

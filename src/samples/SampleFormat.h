@@ -3,6 +3,7 @@
 
 #include "base/BilingualText.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -37,5 +38,7 @@ const BilingualText& requiredSampleFormat();
 BilingualText anomalyTitle();
 BilingualText anomalyColumns();
 std::string anomalyRow(std::string_view fileName, const SampleFormatVerdict& verdict, Language language);
+// Under the rows, how many there are.
+BilingualText anomalyCount(std::size_t rows);
 
 } // namespace tavrel

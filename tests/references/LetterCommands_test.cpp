@@ -220,6 +220,12 @@ TEST_F(LetterCommands, ReplaceChecksTheNewLetterAndWritesTheRegister)
     EXPECT_EQ(wad.letter, "cd");
     EXPECT_EQ(readBytes(folder / "Tavrel.paw"),
               textOf({"\"The oasis\",\"cd\",\"oasis\"", "\"Other\",\"ot\",\"other\""}));
+    const std::string written = readBytes(folder / "Tavrel.paw");
+    ScriptedDialogs inMemory{Answer::Yes};
+    EXPECT_EQ(replaceLetterOfWad(catalogue, references, wad, "kl", inMemory), ReplacedLetter::Replaced);
+    ASSERT_NE(references.findUserLetter("kl"), nullptr);
+    EXPECT_EQ(references.findUserLetter("9F"), nullptr) << "built in";
+    EXPECT_EQ(readBytes(folder / "Tavrel.paw"), written);
 }
 
 TEST_F(LetterCommands, ObjectsGetTheLetterOnAllTheirSounds)

@@ -340,9 +340,9 @@ TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
     const std::string folder = (folders / "wads" / "").string();
     ScriptedDialogs refused;
     EXPECT_FALSE(importWadList(catalogue, {}, WadListKind::Samples, {}, refused).imported);
-    EXPECT_FALSE(
+    EXPECT_TRUE(
         importWadList(catalogue, wad, WadListKind::Samples, {folders.path(), folders / "wads"}, refused)
-            .imported);
+            .unreadable);
     EXPECT_EQ(refused.conversation(Language::English),
               (std::vector<std::string>{
                   "exclamation | Import SAM (samples) file | Select a WAD/Letter reference first",
@@ -355,7 +355,7 @@ TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
     std::filesystem::remove(folders / "wads" / "oasis.was");
     ScriptedDialogs declined{Answer::Cancel, Answer::Cancel};
     EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", declined).imported);
-    EXPECT_FALSE(import(WadListKind::Objects, "BAT:", declined).imported);
+    EXPECT_FALSE(import(WadListKind::Objects, "BAT:", declined).unreadable);
     EXPECT_EQ(declined.conversation(Language::English),
               (std::vector<std::string>{
                   "OK/Cancel | Load SAM file | Open [oasis.SAM] and assign [#oa] to included sounds.\nAll "
@@ -432,7 +432,9 @@ TEST_F(WadImportTest, AListThatCannotBeReadChangesNothing)
     for (const std::string& list : {std::string("sample1.wav\r\n\"sample2.wav\r\n"),
                                     std::string("sample1.wav\0", 12), std::string(9U << 20U, 'x')}) {
         ScriptedDialogs dialogs;
-        EXPECT_FALSE(import(WadListKind::Samples, list, dialogs).imported);
+        const ImportResult result = import(WadListKind::Samples, list, dialogs);
+        EXPECT_FALSE(result.imported);
+        EXPECT_TRUE(result.unreadable);
         ASSERT_EQ(dialogs.said().size(), 1U);
         EXPECT_NE(dialogs.said()[0].text.french.find("OASIS.sam"), std::string::npos);
     }

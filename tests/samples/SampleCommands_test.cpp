@@ -190,3 +190,33 @@ TEST_F(SampleCommands, GiveALineWithoutSamplesItsFirst)
     EXPECT_TRUE(addSample(editor, input("A"), dialogs).changed);
     EXPECT_EQ(catalogue.currentLine(0), withTabs("N:>>>A>>>>VOL40>>>>>"));
 }
+
+TEST_F(SampleCommands, ReplaceAllJudgesTheNewNamesAlone)
+{
+    struct Case
+    {
+        const char* list;
+        std::vector<std::string> names;
+        const char* after; // empty: refused
+    };
+    const Case cases[] = {
+        {"A BB", {"BB", "new", "A"}, "BB new A"},
+        {"gone A", {"gone"}, "gone"}, // its file is missing, but the line had it
+        {"A BB", {"gone", "A"}, ""},
+        {"A BB", {"A", "A"}, ""},
+        {"A A", {"A", "A"}, "A A"},
+        {"A BB", {"stereo"}, ""},
+        {"A BB", {}, ""},
+        {"A BB", {name26, "A", "BB"}, "nnnnnnnnnnnnnnnnnnnnnnnnnn A BB"},
+        {"A BB", {"A", "BB", name27}, ""}, // too long by one character
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.list) + " / " + c.after);
+        start(c.list);
+        ScriptedDialogs dialogs;
+        const bool replaces = *c.after != '\0';
+        EXPECT_EQ(setSamples(editor, c.names, folder.path(), dialogs), replaces);
+        EXPECT_EQ(samples(), replaces ? c.after : c.list);
+        EXPECT_EQ(dialogs.said().size(), replaces ? 0U : 1U);
+    }
+}
