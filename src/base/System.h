@@ -57,7 +57,7 @@ public:
     Utf8Console();
     Utf8Console(const Utf8Console&) = delete;
     Utf8Console& operator=(const Utf8Console&) = delete;
-    ~Utf8Console();
+    ~Utf8Console(); // NOLINT(performance-trivially-destructible): it has work to do on Windows
 
 private:
     unsigned m_before = 0;

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <shellapi.h>
 
@@ -186,7 +187,9 @@ ReadBytes readInput(std::span<char> buffer)
 std::error_code writeOutput(std::string_view bytes)
 {
     const std::error_code error = writeAll(GetStdHandle(STD_OUTPUT_HANDLE), bytes);
-    const bool readerHasGone = error.value() == ERROR_NO_DATA || error.value() == ERROR_BROKEN_PIPE;
+    constexpr std::array<int, 3> whenReaderHasGone = {ERROR_NO_DATA, ERROR_BROKEN_PIPE,
+                                                      ERROR_PIPE_NOT_CONNECTED};
+    const bool readerHasGone = std::ranges::find(whenReaderHasGone, error.value()) != whenReaderHasGone.end();
     return readerHasGone ? std::make_error_code(std::errc::broken_pipe) : error;
 }
 

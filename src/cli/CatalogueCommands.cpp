@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/CodePage.h"
+#include "catalogue/LineEditor.h"
+#include "cli/Commands.h"
+#include "cli/LineJson.h"
+#include "cli/Session.h"
+#include "references/LetterList.h"
+#include "samples/SampleCommands.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+namespace tavrel {
+
+namespace {
+
+// list
+
+struct ListArguments
+{
+    std::optional<std::string> letter;
+    bool modifiedAlone = false;
+    bool json = false;
+};
+
+bool isListed(const SoundCatalogue& catalogue, std::size_t number, const SoundLine& record,
+              const ListArguments& arguments)
+{
+    if (arguments.modifiedAlone && !catalogue.isModified(number)) {
+        return false;
+    }
+    const std::vector<std::string> letters = lettersOf(record);
+    return !arguments.letter || std::ranges::find(letters, *arguments.letter) != letters.end();
+}
+
+// The entry of the main list, a star for a modified line, the letters.
+std::string listRow(const SoundCatalogue& catalogue, std::size_t number, const SoundLine& record)
+{
+    constexpr std::size_t letterColumn = 33;
+    std::string row = catalogue.listEntry(number);
+    row.resize(std::max(row.size() + 1, letterColumn), ' ');
+    row += catalogue.isModified(number) ? "* " : "  ";
+    return std::string(RTrimBlanks(row + record.Letters));
+}
+
+void appendSound(std::string& text, const SoundCatalogue& catalogue, std::size_t number,
+                 const SoundLine& record)
+{
+    JsonObject object(text);
+    object.number("Number", number)
+        .number("LineInFile", catalogue.lineInFile(number))
+        .flag("Modified", catalogue.isModified(number))
+        .flag("Protected", catalogue.isProtected(number))
+        .bytes("Line", catalogue.currentLine(number));
+    appendRecord(object, record);
+    object.end();
+}
+
+ExitStatus listSounds(const ListArguments& arguments, Console& console)
+{
+    const std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    const SoundCatalogue& catalogue = session->catalogue;
+    for (std::size_t k = 0; k < catalogue.size(); ++k) {
+        const SoundLine record = ParseSoundLine(catalogue.currentLine(k));
+        if (!isListed(catalogue, k, record, arguments)) {
+            continue;
+        }
+        if (arguments.json) {
+            appendSound(console.output.pending(), catalogue, k, record);
+            console.output.endLine();
+        } else {
+            console.output.writeLine(utf8FromCodePage(listRow(catalogue, k, record)));
+        }
+    }
+    return ExitStatus::Done;
+}
+
+// show
+
+void writeField(const BilingualText& name, const std::string& value, Console& console)
+{
+    constexpr std::size_t width = 10; // of both languages' words
+    std::string row = codePageFromUtf8(console.dialogs.inLanguage(name)).bytes;
+    row.resize(width, ' ');
+    row += value;
+    console.output.writeLine(utf8FromCodePage(RTrimBlanks(row)));
+}
+
+std::string joined(const std::vector<std::string>& words)
+{
+    std::string text;
+    for (const std::string& word : words) {
+        text += (text.empty() ? "" : " ") + word;
+    }
+    return text;
+}
+
+ExitStatus showSound(std::size_t number, Console& console)
+{
+    const std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    if (!hasSound(*session, number, console)) {
+        return ExitStatus::Refused;
+    }
+    const SoundCatalogue& catalogue = session->catalogue;
+    const SoundLine record = ParseSoundLine(catalogue.currentLine(number));
+    const auto row = [&console](const BilingualText& name, std::string_view value) {
+        writeField(name, std::string(value), console);
+    };
+    row({"Sound", "Son"}, catalogue.listEntry(number));
+    row({"Line", "Ligne"}, std::to_string(catalogue.lineInFile(number)));
+    row({"Current", "Actuelle"}, catalogue.currentLine(number));
+    row({"Original", "Originale"}, catalogue.originalLine(number));
+    row({"Samples", "Samples"},
+        joined({record.Samples.begin(),
+                record.Samples.begin() + static_cast<std::ptrdiff_t>(record.sampleCount())}));
+    row({"Values", "Valeurs"}, joined({std::string(record.Vol.trimmed()), std::string(record.Pit.trimmed()),
+                                       std::string(record.Rad.trimmed()), std::string(record.Ch.trimmed())}));
+    row({"Flags", "Flags"},
+        joined({std::string(record.FlagP.trimmed()), std::string(record.FlagV.trimmed()),
+                std::string(record.FlagRN.trimmed()), std::string(record.FlagL.trimmed())}));
+    for (const std::string& entry : letterEntries(record, session->references, {})) {
+        row({"Letter", "Lettre"}, entry);
+    }
+    return ExitStatus::Done;
+}
+
+// set
+
+constexpr std::array<std::pair<char, LineFlag>, 5> flagLetters = {
+    {{'P', LineFlag::P}, {'V', LineFlag::V}, {'R', LineFlag::R}, {'N', LineFlag::N}, {'L', LineFlag::L}}};
+
+struct SetArguments
+{
+    std::size_t number = 0;
+    std::array<std::optional<std::string>, 4> values; // in the order of ValueBox
+    std::optional<std::string> flags;
+    std::optional<std::string> samples;
+    std::optional<std::string> wadName;
+
+    std::optional<std::string>& value(ValueBox box) { return values[static_cast<std::size_t>(box)]; }
+};
+
+// What the keyboard can put into the box. The pitch is cut to its limits, the others hold two digits.
+ArgumentCheck checkOf(ValueBox box)
+{
+    return [box](std::string& argument) -> std::optional<BilingualText> {
+        constexpr std::size_t mostPitchDigits = 9;
+        const bool isPitch = box == ValueBox::Pit;
+        const bool hasSign = isPitch && argument.starts_with('-');
+        const std::string_view digits = std::string_view(argument).substr(hasSign ? 1 : 0);
+        if (isNumber(digits, isPitch ? mostPitchDigits : maximumLength(box)) || argument.empty()) {
+            return std::nullopt;
+        }
+        return isPitch ? BilingualText("[" + argument + "] is no pitch",
+                                       "[" + argument + "] n'est pas une hauteur")
+                       : BilingualText("[" + argument + "] is no number of at most two digits",
+                                       "[" + argument + "] n'est pas un nombre de deux chiffres au plus");
+    };
+}
+
+std::optional<BilingualText> checkFlags(std::string& argument)
+{
+    if (argument.find_first_not_of("PVRNL") == std::string::npos) {
+        return std::nullopt;
+    }
+    return BilingualText("[" + argument + "] are not flags; there are P, V, R, N and L",
+                         "[" + argument + "] ne sont pas des flags ; il y a P, V, R, N et L");
+}
+
+void setValues(LineEditor& editor, const SetArguments& arguments, Console& console)
+{
+    for (const ValueBox box : {ValueBox::Vol, ValueBox::Pit, ValueBox::Rad, ValueBox::Ch}) {
+        const std::optional<std::string>& typed = arguments.values[static_cast<std::size_t>(box)];
+        if (!typed) {
+            continue;
+        }
+        const std::string corrected = editor.setValue(box, *typed, false);
+        if (corrected != *typed) {
+            console.dialogs.say({"[" + *typed + "] becomes [" + corrected + "]",
+                                 "[" + *typed + "] devient [" + corrected + "]"});
+        }
+    }
+}
+
+// Like ticking boxes one after another: of R and N the later one stays.
+void setFlags(LineEditor& editor, const std::string& flags)
+{
+    for (const auto& [letter, flag] : flagLetters) {
+        editor.setFlag(flag, false);
+    }
+    for (const char wanted : flags) {
+        editor.setFlag(std::ranges::find(flagLetters, wanted, &std::pair<char, LineFlag>::first)->second,
+                       true);
+    }
+}
+
+std::vector<std::string> wordsOf(std::string_view text)
+{
+    std::vector<std::string> words;
+    for (std::size_t start = text.find_first_not_of(' '); start != std::string_view::npos;) {
+        const std::size_t end = std::min(text.find(' ', start), text.size());
+        words.emplace_back(text.substr(start, end - start));
+        start = text.find_first_not_of(' ', end);
+    }
+    return words;
+}
+
+ExitStatus setSound(const SetArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    if (!hasSound(*session, arguments.number, console)) {
+        return ExitStatus::Refused;
+    }
+    LineEditor editor(session->catalogue);
+    editor.select(arguments.number);
+    if (!editor.canEdit()) {
+        console.dialogs.show(protectedLineRefusal());
+        return ExitStatus::Refused;
+    }
+    setValues(editor, arguments, console);
+    if (arguments.flags) {
+        setFlags(editor, *arguments.flags);
+    }
+    const bool accepted = arguments.samples ? setSamples(editor, wordsOf(*arguments.samples),
+                                                         session->paths.samples, console.dialogs)
+                                            : !editor.edited() || editor.accept(console.dialogs);
+    return accepted ? apply(*session, arguments.wadName, console) : ExitStatus::Refused;
+}
+
+void addSet(const Menu& menu)
+{
+    const auto arguments = std::make_shared<SetArguments>();
+    const BilingualText value("Up to two digits; nothing empties the field",
+                              "Deux chiffres au plus ; rien vide le champ");
+    CommandEntry set =
+        menu.command("set", {"Change one sound and write sounds.txt", "Modifier un son et écrire sounds.txt"},
+                     [arguments](Console& console) { return setSound(*arguments, console); });
+    set.number("N", {"The sound's number", "Le numéro du son"}, arguments->number)
+        .optionalText("--vol", value, arguments->value(ValueBox::Vol), checkOf(ValueBox::Vol))
+        .optionalText("--pit", value, arguments->value(ValueBox::Pit), checkOf(ValueBox::Pit))
+        .optionalText("--rad", value, arguments->value(ValueBox::Rad), checkOf(ValueBox::Rad))
+        .optionalText("--ch", value, arguments->value(ValueBox::Ch), checkOf(ValueBox::Ch))
+        .optionalText("--flags",
+                      {"All flags of the line, of P V R N L; nothing takes all off",
+                       "Tous les flags de la ligne, parmi P V R N L ; rien les enlève tous"},
+                      arguments->flags, checkFlags)
+        .optionalText("--samples",
+                      {"All samples of the line, between blanks",
+                       "Tous les samples de la ligne, séparés par des espaces"},
+                      arguments->samples)
+        .wad(arguments->wadName);
+}
+
+} // namespace
+
+void addCatalogueCommands(const Menu& menu)
+{
+    const auto list = std::make_shared<ListArguments>();
+    menu.command("list", {"List the sounds", "Lister les sons"},
+                 [list](Console& console) { return listSounds(*list, console); })
+        .optionalLetter("--letter", {"Only sounds with this letter", "Seulement les sons avec cette lettre"},
+                        list->letter)
+        .flag("--modified", {"Only modified lines", "Seulement les lignes modifiées"}, list->modifiedAlone)
+        .flag("--json", {"One JSON object for each sound", "Un objet JSON par son"}, list->json);
+    const auto shown = std::make_shared<std::size_t>();
+    menu.command("show", {"Show one sound", "Montrer un son"},
+                 [shown](Console& console) { return showSound(*shown, console); })
+        .number("N", {"The sound's number", "Le numéro du son"}, *shown);
+    addSet(menu);
+}
+
+} // namespace tavrel

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/CommandLine.h"
+
+#include "app/ProgramSettings.h"
+#include "base/FailureTexts.h"
+#include "base/Folder.h"
+#include "base/System.h"
+#include "cli/Commands.h"
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct GlobalArguments
+{
+    std::optional<fs::path> programFolder;
+    std::optional<std::string> language;
+    bool agreesToAll = false;
+};
+
+std::optional<BilingualText> checkLanguage(std::string& argument)
+{
+    if (argument == "E" || argument == "F") {
+        return std::nullopt;
+    }
+    return BilingualText("The language is E or F", "La langue est E ou F");
+}
+
+// "--vol=8" as two arguments, so that "--vol=" has an empty one and does not take the next.
+std::vector<std::string> apart(const std::vector<std::string>& arguments)
+{
+    std::vector<std::string> result;
+    bool optionsAreOver = false;
+    for (const std::string& argument : arguments) {
+        optionsAreOver = optionsAreOver || argument == "--";
+        const std::size_t sign = argument.find('=');
+        if (!optionsAreOver && argument.starts_with("--") && sign != std::string::npos) {
+            result.push_back(argument.substr(0, sign));
+            result.push_back(argument.substr(sign + 1));
+        } else {
+            result.push_back(argument);
+        }
+    }
+    return result;
+}
+
+// The value of an option before the library has read the command line, whose words need the language.
+std::optional<std::string> lookAhead(const std::vector<std::string>& arguments, const std::string& option)
+{
+    const auto end = std::ranges::find(arguments, "--");
+    const auto found = std::find(arguments.begin(), end, option);
+    return found == end || found + 1 == end ? std::nullopt : std::optional(found[1]);
+}
+
+fs::path programFolderOf(const std::vector<std::string>& arguments)
+{
+    const std::optional<std::string> folder = lookAhead(arguments, "--program-folder");
+    std::error_code ignored;
+    return folder ? fs::absolute(std::u8string(folder->begin(), folder->end()), ignored)
+                  : system::ownProgram().parent_path();
+}
+
+// The one that was asked for, else the user's, else English.
+Language languageOf(const std::vector<std::string>& arguments, const fs::path& programFolder)
+{
+    if (const std::optional<std::string> asked = lookAhead(arguments, "--language")) {
+        return *asked == "F" ? Language::French : Language::English;
+    }
+    return LoadSettings(programFolder).settings.language;
+}
+
+void nameTheParts(CLI::App& app, Language language)
+{
+    const std::pair<const char*, BilingualText> labels[] = {
+        {"Usage", {"Usage", "Usage"}},
+        {"OPTIONS", {"OPTIONS", "OPTIONS"}},
+        {"Options", {"Options", "Options"}},
+        {"Positionals", {"Arguments", "Arguments"}},
+        {"SUBCOMMAND", {"COMMAND", "COMMANDE"}},
+        {"SUBCOMMANDS", {"COMMAND", "COMMANDE"}},
+        {"REQUIRED", {}},
+    };
+    for (const auto& [label, text] : labels) {
+        app.get_formatter()->label(label, text.in(language));
+    }
+}
+
+void addGlobalArguments(CLI::App& app, Language language, GlobalArguments& arguments)
+{
+    CommandEntry(app, language)
+        .optionalPath(
+            "--program-folder",
+            {"Where the settings and working files are; usually the program's own folder",
+             "Où se trouvent les paramètres et les fichiers de travail ; d'habitude le répertoire du "
+             "programme"},
+            arguments.programFolder)
+        .optionalText("--language",
+                      {"E or F; usually the one of the settings", "E ou F ; d'habitude celle des paramètres"},
+                      arguments.language, checkLanguage)
+        .flag("--yes", {"Agree to all questions", "Répondre oui à toutes les questions"},
+              arguments.agreesToAll);
+}
+
+void describe(CLI::App& app, Language language)
+{
+    const auto in = [language](const BilingualText& text) { return text.in(language); };
+    app.name("tavrel-cli");
+    app.description(in({"Edits the sound catalogue of the TRLE level editor from scripts.",
+                        "Modifie le catalogue de sons de l'éditeur de niveaux TRLE depuis des scripts."}));
+    app.set_help_flag("-h,--help", in({"Print this help", "Afficher cette aide"}));
+    app.set_version_flag("--version", "tavrel-cli " TAVREL_VERSION,
+                         in({"Print the version", "Afficher la version"}));
+    app.footer(
+        in({"Exit status: 0 done; 1 the command's own no; 2 wrong usage; 3 a file could not be read or "
+            "written.",
+            "Code de retour : 0 fait ; 1 refus de la commande ; 2 mauvais usage ; 3 un fichier n'a pas pu "
+            "être lu ou écrit."}));
+    app.allow_windows_style_options(false); // a folder may start with "/"
+    app.fallthrough();                      // --yes may stand behind the command
+    app.require_subcommand(1);
+    nameTheParts(app, language);
+}
+
+std::string before(const std::string& text, const std::string& mark)
+{
+    return text.substr(0, text.find(mark));
+}
+
+std::string behind(const std::string& text, const std::string& mark)
+{
+    const std::size_t found = text.find(mark);
+    return found == std::string::npos ? text : text.substr(found + mark.size());
+}
+
+BilingualText commandMissing(const std::vector<std::string>& unknown)
+{
+    if (unknown.empty()) {
+        return {"A command is missing", "Il manque une commande"};
+    }
+    const std::string name = "[" + unknown.front() + "]";
+    return {"There is no command " + name, "Il n'y a pas de commande " + name};
+}
+
+// The library speaks English.
+BilingualText usageText(const CLI::ParseError& error, const std::vector<std::string>& unknown)
+{
+    const std::string english = error.what();
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+        return {english, "Argument inattendu : " + behind(english, ": ")};
+    }
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        return {english, "Valeur manquante ou en trop : " + before(english, ":")};
+    }
+    if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+        return english.starts_with("A subcommand")
+                   ? commandMissing(unknown)
+                   : BilingualText(english, "Argument manquant : " + before(english, " is required"));
+    }
+    return BilingualText::same(english); // what our own checks say is in the language already
+}
+
+ExitStatus refuseUsage(const CLI::App& app, const CLI::ParseError& error, ConsoleDialogs& dialogs)
+{
+    dialogs.say(usageText(error, app.remaining(true)) +
+                BilingualText("\nThe option --help tells how a command is used.",
+                              "\nL'option --help indique comment utiliser une commande."));
+    return ExitStatus::WrongUsage;
+}
+
+// Reads the command line into `chosen`; a status when there is nothing to run.
+std::optional<ExitStatus> read(CLI::App& app, const std::vector<std::string>& arguments,
+                               ConsoleDialogs& dialogs, Output& output)
+{
+    try {
+        app.parse(std::vector<std::string>(arguments.rbegin(),
+                                           arguments.rend())); // the library wants the last first
+    } catch (const CLI::CallForHelp&) {
+        output.pending() += app.help();
+        return ExitStatus::Done;
+    } catch (const CLI::CallForVersion& version) {
+        output.writeLine(version.what());
+        return ExitStatus::Done;
+    } catch (const CLI::ParseError& error) {
+        return refuseUsage(app, error, dialogs);
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+ExitStatus runCommandLine(const std::vector<std::string>& given)
+{
+    const std::vector<std::string> arguments = apart(given);
+    const fs::path programFolder = programFolderOf(arguments);
+    const Language language = languageOf(arguments, programFolder);
+    Output output;
+    ConsoleDialogs dialogs(language, output);
+    CLI::App app;
+    GlobalArguments global;
+    Command chosen;
+    describe(app, language);
+    addGlobalArguments(app, language, global);
+    const Menu menu(app, language, chosen);
+    addLineCommands(menu);
+    addCatalogueCommands(menu);
+    addLetterCommands(menu);
+    addReferenceCommands(menu);
+    addSampleCommands(menu);
+
+    std::optional<ExitStatus> status = read(app, arguments, dialogs, output);
+    if (!status) {
+        dialogs.agreeToAll(global.agreesToAll);
+        Console console{programFolder, language, dialogs, output};
+        status = chosen(console);
+    }
+    output.flush();
+    if (const std::error_code error = output.failure()) {
+        dialogs.fail(cannotWrite("stdout", error));
+    }
+    return std::max(*status, dialogs.status());
+}
+
+} // namespace tavrel

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ConsoleDialogs.h"
+
+#include "base/CodePage.h"
+#include "base/System.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace tavrel {
+
+namespace {
+
+const BilingualText ownTitle = BilingualText::same("tavrel-cli");
+
+Answer agreement(Buttons buttons)
+{
+    return buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+}
+
+// Where there is a way back, silence takes it.
+Answer silence(Buttons buttons)
+{
+    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+}
+
+BilingualText choices(Buttons buttons)
+{
+    return buttons == Buttons::YesNoCancel ? BilingualText(" [y/n/c] ", " [o/n/a] ")
+                                           : BilingualText(" [y/n] ", " [o/n] ");
+}
+
+// The words of both languages count, whichever is spoken. Nothing for any other word.
+std::optional<Answer> answerFor(std::string_view typed, Buttons buttons)
+{
+    std::string word = lowerCase(typed);
+    std::erase_if(word, [](char c) { return c == ' ' || c == '\r'; });
+    const auto isOneOf = [&word](std::initializer_list<std::string_view> words) {
+        return std::ranges::find(words, word) != words.end();
+    };
+    if (isOneOf({"y", "yes", "o", "oui", "ok"})) {
+        return agreement(buttons);
+    }
+    if (isOneOf({"n", "no", "non"})) {
+        return buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
+    }
+    if (isOneOf({"c", "cancel", "a", "annuler"})) {
+        return silence(buttons);
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+void ConsoleDialogs::show(const Message& message)
+{
+    write(inLanguage(message.title) + ": " + inLanguage(message.text) + "\n");
+    if (message.icon == MessageIcon::Critical) {
+        note(ExitStatus::FileFailure);
+    } else if (message.icon == MessageIcon::Exclamation) {
+        note(ExitStatus::Refused);
+    }
+}
+
+Answer ConsoleDialogs::ask(const Question& question)
+{
+    write(inLanguage(question.title) + ": " + inLanguage(question.text) +
+          inLanguage(choices(question.buttons)));
+    if (m_agreesToAll) {
+        write(inLanguage({"yes\n", "oui\n"}));
+        return agreement(question.buttons);
+    }
+    if (system::inputIsTerminal()) {
+        return answerAtTerminal(question);
+    }
+    write("\n");
+    refuse(
+        {"The question was not answered: nobody is at the terminal. The option --yes agrees to all questions.",
+         "Question restée sans réponse : personne n'est au terminal. L'option --yes répond oui à toutes les "
+         "questions."});
+    return silence(question.buttons);
+}
+
+Answer ConsoleDialogs::answerAtTerminal(const Question& question)
+{
+    Answer answer = silence(question.buttons);
+    for (std::string typed; std::getline(std::cin, typed);) {
+        if (const std::optional<Answer> given = answerFor(typed, question.buttons)) {
+            answer = *given;
+            break;
+        }
+        write(inLanguage(choices(question.buttons)));
+    }
+    if (answer != agreement(question.buttons)) {
+        note(ExitStatus::Refused);
+    }
+    return answer;
+}
+
+std::optional<std::filesystem::path> ConsoleDialogs::chooseFile(const OpenFileQuestion& /*question*/)
+{
+    return std::nullopt;
+}
+
+std::optional<ColourValue> ConsoleDialogs::chooseColour(ColourValue /*current*/)
+{
+    return std::nullopt;
+}
+
+void ConsoleDialogs::say(const BilingualText& text)
+{
+    show({MessageIcon::Information, ownTitle, text});
+}
+
+ExitStatus ConsoleDialogs::refuse(const BilingualText& text)
+{
+    show({MessageIcon::Exclamation, ownTitle, text});
+    return ExitStatus::Refused;
+}
+
+ExitStatus ConsoleDialogs::fail(const Failure& failure)
+{
+    show({MessageIcon::Critical, ownTitle, failure.text});
+    return ExitStatus::FileFailure;
+}
+
+// What was printed so far stands before the message where both go to one screen.
+void ConsoleDialogs::write(const std::string& text)
+{
+    m_output.flush();
+    std::cerr << text << std::flush;
+}
+
+void ConsoleDialogs::note(ExitStatus status)
+{
+    m_status = std::max(m_status, status);
+}
+
+} // namespace tavrel

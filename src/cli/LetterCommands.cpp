@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "references/LetterCommands.h"
+
+#include "base/CodePage.h"
+#include "catalogue/LineEditor.h"
+#include "cli/Commands.h"
+#include "cli/Session.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace tavrel {
+
+namespace {
+
+struct LetterArguments
+{
+    std::string letter;
+    std::string newLetter;
+    std::vector<std::size_t> numbers;
+    std::optional<std::string> wadName;
+};
+
+std::string shown(std::string_view letter)
+{
+    return "[#" + utf8FromCodePage(letter) + "]";
+}
+
+bool mayEdit(Session& session, std::size_t number, Console& console)
+{
+    if (!hasSound(session, number, console)) {
+        return false;
+    }
+    if (session.catalogue.isProtected(number)) {
+        console.dialogs.show(protectedLineRefusal());
+        return false;
+    }
+    return true;
+}
+
+bool removeLetter(LineEditor& editor, const std::string& letter, Console& console)
+{
+    const std::vector<std::string> letters = lettersOf(editor.record());
+    const auto entry = std::ranges::find(letters, letter);
+    if (entry == letters.end()) {
+        console.dialogs.refuse({"The sound does not carry the letter " + shown(letter) + ".",
+                                "Le son ne porte pas la lettre " + shown(letter) + "."});
+        return false;
+    }
+    return removeLetterFromLine(editor, static_cast<std::size_t>(entry - letters.begin()), console.dialogs);
+}
+
+// Sounds that refuse the change stay as they are; the others are written.
+template <typename Change>
+ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Change change, Console& console)
+{
+    if (!std::ranges::all_of(arguments.numbers,
+                             [&](std::size_t number) { return mayEdit(session, number, console); })) {
+        return ExitStatus::Refused;
+    }
+    LineEditor editor(session.catalogue);
+    for (const std::size_t number : arguments.numbers) {
+        editor.select(number);
+        if (!change(editor)) {
+            const std::string sound = std::to_string(number);
+            console.dialogs.refuse(
+                {"Sound " + sound + " stays as it is.", "Le son " + sound + " reste tel quel."});
+        }
+    }
+    return apply(session, arguments.wadName, console);
+}
+
+ExitStatus addLetters(const LetterArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    const std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
+    if (!wad) {
+        return ExitStatus::Refused;
+    }
+    const auto add = [&](LineEditor& editor) {
+        return addLetterToLine(editor, *wad, console.dialogs) == AddedLetter::Added;
+    };
+    return changeSounds(*session, arguments, add, console);
+}
+
+ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    const auto remove = [&](LineEditor& editor) { return removeLetter(editor, arguments.letter, console); };
+    return changeSounds(*session, arguments, remove, console);
+}
+
+ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    const std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
+    if (!wad || !removeLetterEverywhere(session->catalogue, *wad, console.dialogs)) {
+        return ExitStatus::Refused;
+    }
+    return apply(*session, arguments.wadName, console);
+}
+
+// The lines first: when they cannot be written, the register still has the letter that they carry.
+ExitStatus replaceLetters(const LetterArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
+    if (!wad || replaceLetterOfWad(session->catalogue, session->references, *wad, arguments.newLetter,
+                                   console.dialogs) != ReplacedLetter::Replaced) {
+        return ExitStatus::Refused;
+    }
+    const ExitStatus status = apply(*session, arguments.wadName, console);
+    return status == ExitStatus::Done ? writeRegister(*session, console) : status;
+}
+
+using Run = ExitStatus (*)(const LetterArguments&, Console&);
+
+// The arguments live as long as the command.
+struct AddedCommand
+{
+    CommandEntry entry;
+    LetterArguments& arguments;
+};
+
+AddedCommand addCommand(const Menu& menu, const std::string& name, const BilingualText& what, Run run)
+{
+    const auto arguments = std::make_shared<LetterArguments>();
+    CommandEntry entry =
+        menu.command(name, what, [arguments, run](Console& console) { return run(*arguments, console); });
+    entry.wad(arguments->wadName);
+    return {entry, *arguments};
+}
+
+} // namespace
+
+void addLetterCommands(const Menu& menu)
+{
+    const Menu letters =
+        menu.group("letters", {"Give letters to sounds and take them off, and write sounds.txt",
+                               "Donner des lettres aux sons et les enlever, et écrire sounds.txt"});
+    const BilingualText letter("The letter of a WAD", "La lettre d'un WAD");
+    const BilingualText numbers("The sounds' numbers", "Les numéros des sons");
+    AddedCommand add =
+        addCommand(letters, "add", {"Give the letter to sounds", "Donner la lettre à des sons"}, addLetters);
+    add.entry.letter("X", letter, add.arguments.letter).numbers("N", numbers, add.arguments.numbers);
+    AddedCommand remove = addCommand(
+        letters, "remove", {"Take the letter off sounds", "Enlever la lettre à des sons"}, removeLetters);
+    remove.entry.letter("X", letter, remove.arguments.letter).numbers("N", numbers, remove.arguments.numbers);
+    AddedCommand erase = addCommand(
+        letters, "erase", {"Take the letter off every line", "Enlever la lettre de toutes les lignes"},
+        eraseLetters);
+    erase.entry.letter("X", letter, erase.arguments.letter);
+    AddedCommand replace =
+        addCommand(letters, "replace",
+                   {"Give a WAD another letter, on every line and in the register",
+                    "Donner une autre lettre à un WAD, sur toutes les lignes et dans le registre"},
+                   replaceLetters);
+    replace.entry.letter("OLD", letter, replace.arguments.letter)
+        .letter("NEW", {"Its new letter", "Sa nouvelle lettre"}, replace.arguments.newLetter);
+}
+
+} // namespace tavrel

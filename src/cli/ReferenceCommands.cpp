@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/CodePage.h"
+#include "cli/Commands.h"
+#include "cli/Session.h"
+#include "references/RegisterEditor.h"
+#include "references/WadImport.h"
+
+#include <memory>
+
+namespace tavrel {
+
+namespace {
+
+ExitStatus listReferences(Console& console)
+{
+    const Result<LoadedRegister> loaded = loadRegister(console.programFolder);
+    if (!loaded) {
+        return console.dialogs.fail(loaded.failure());
+    }
+    for (const WadReference& reference : loaded->references.all()) {
+        console.output.writeLine(
+            utf8FromCodePage(reference.wadName + "\t" + reference.letter + "\t" + reference.title));
+    }
+    return ExitStatus::Done;
+}
+
+struct ReferenceArguments
+{
+    WadReference reference;
+    std::optional<std::string> wadName;
+};
+
+RegisterEditor editorOf(Session& session, CurrentWad& wad, Console& console)
+{
+    return RegisterEditor({session.catalogue, session.references, wad, session.paths.wads, console.dialogs});
+}
+
+ExitStatus addReference(const ReferenceArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    CurrentWad none;
+    return editorOf(*session, none, console).add(arguments.reference) ? writeRegister(*session, console)
+                                                                      : ExitStatus::Refused;
+}
+
+std::optional<std::size_t> rowOf(const ReferenceRegister& references, const std::string& wadName)
+{
+    for (std::size_t i = 0; i < references.size(); ++i) {
+        if (references.at(i).wadName == wadName) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
+// The lines first: when they cannot be written, the register still knows the letter that they carry.
+ExitStatus deleteReference(const ReferenceArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    const std::optional<std::size_t> row = rowOf(session->references, arguments.reference.wadName);
+    if (!row) {
+        refuseWadName(arguments.reference.wadName, console);
+        return ExitStatus::Refused;
+    }
+    CurrentWad none;
+    RegisterEditor editor = editorOf(*session, none, console);
+    editor.select(row, true);
+    if (!editor.selected() || !editor.remove()) {
+        return ExitStatus::Refused;
+    }
+    const ExitStatus status = apply(*session, arguments.wadName, console);
+    return status == ExitStatus::Done ? writeRegister(*session, console) : status;
+}
+
+// The column of the register window.
+std::optional<BilingualText> checkNewWadName(std::string& argument)
+{
+    if (std::optional<BilingualText> wrong = toCodePage(argument)) {
+        return wrong;
+    }
+    if (argument.size() <= longestWadName) {
+        return std::nullopt;
+    }
+    const std::string longest = std::to_string(longestWadName);
+    return BilingualText("A WAD name has at most " + longest + " characters",
+                         "Un nom de WAD a au plus " + longest + " caractères");
+}
+
+struct ImportArguments
+{
+    std::string name;
+    std::optional<std::string> wadName;
+};
+
+ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    const std::optional<CurrentWad> wad = wadNamed(*session, arguments.name, console);
+    if (!wad) {
+        return ExitStatus::Refused;
+    }
+    if (!session->settings.loadWadAfterChanges &&
+        hasWorkToLose(session->catalogue, console.programFolder, arguments.name)) {
+        return console.dialogs.refuse(importForbidden());
+    }
+    const ImportResult result = importWadList(session->catalogue, *wad, kind,
+                                              {console.programFolder, session->paths.wads}, console.dialogs);
+    if (!result.imported) {
+        return result.unreadable ? ExitStatus::FileFailure : ExitStatus::Refused;
+    }
+    for (const std::string& sample : result.unknownSamples) {
+        console.output.writeLine(utf8FromCodePage(sample));
+    }
+    return apply(*session, arguments.wadName.value_or(arguments.name), console);
+}
+
+void addImport(const Menu& menu, const std::string& name, const BilingualText& what, WadListKind kind)
+{
+    const auto arguments = std::make_shared<ImportArguments>();
+    menu.command(name, what,
+                 [arguments, kind](Console& console) { return importList(kind, *arguments, console); })
+        .text("WAD", {"One of your WADs", "Un de vos WADs"}, arguments->name)
+        .wad(arguments->wadName);
+}
+
+} // namespace
+
+void addReferenceCommands(const Menu& menu)
+{
+    const Menu references = menu.group(
+        "refs", {"The register of WADs and their letters", "Le registre des WADs et de leurs lettres"});
+    const BilingualText wadName("The WAD's name, without folder and ending",
+                                "Le nom du WAD, sans répertoire ni extension");
+    references.command("list",
+                       {"WAD, letter and title of every reference, between TABs",
+                        "WAD, lettre et titre de toutes les références, séparés par des tabulations"},
+                       listReferences);
+    const auto added = std::make_shared<ReferenceArguments>();
+    references
+        .command("add", {"Add a reference", "Ajouter une référence"},
+                 [added](Console& console) { return addReference(*added, console); })
+        .text("NAME", wadName, added->reference.wadName, checkNewWadName)
+        .letter("LETTER", {"Two characters", "Deux caractères"}, added->reference.letter)
+        .text("TITLE", {"The level's title", "Le titre du niveau"}, added->reference.title);
+    const auto deleted = std::make_shared<ReferenceArguments>();
+    references
+        .command("delete",
+                 {"Delete a reference, and take its letter off every line of sounds.txt",
+                  "Supprimer une référence et enlever sa lettre de toutes les lignes de sounds.txt"},
+                 [deleted](Console& console) { return deleteReference(*deleted, console); })
+        .text("NAME", wadName, deleted->reference.wadName)
+        .wad(deleted->wadName);
+    addImport(
+        menu, "import-sam",
+        {"Give the WAD's letter to every sound that its list of samples names; print the samples of no sound",
+         "Donner la lettre du WAD aux sons de sa liste de samples ; afficher les samples d'aucun son"},
+        WadListKind::Samples);
+    addImport(menu, "import-was",
+              {"Give the WAD's letter to every sound of the objects that its list names",
+               "Donner la lettre du WAD aux sons des objets de sa liste"},
+              WadListKind::Objects);
+}
+
+} // namespace tavrel

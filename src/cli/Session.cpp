@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Session.h"
+
+#include "base/CodePage.h"
+#include "base/FailureTexts.h"
+#include "base/Folder.h"
+#include "catalogue/ApplyChanges.h"
+
+namespace tavrel {
+
+std::optional<ProgramSettings> openSettings(Console& console)
+{
+    if (!findFile(console.programFolder, settingsFileName)) {
+        console.dialogs.fail({fileMissing(console.programFolder, settingsFileName).text +
+                              BilingualText("\nStart Tavrel once, or name its folder with --program-folder.",
+                                            "\nLancez Tavrel une fois, ou indiquez son répertoire avec "
+                                            "--program-folder.")});
+        return std::nullopt;
+    }
+    LoadedSettings loaded = LoadSettings(console.programFolder);
+    if (loaded.damage) {
+        console.dialogs.say(loaded.damage->text);
+    }
+    if (!nativePath(loaded.settings.LevelEditorFolder).is_absolute()) {
+        console.dialogs.fail(
+            wrongContent(fileIn(console.programFolder, settingsFileName),
+                         {"The settings do not say where the level editor is.",
+                          "Les paramètres n'indiquent pas où se trouve l'éditeur de niveaux."}));
+        return std::nullopt;
+    }
+    return std::move(loaded.settings);
+}
+
+std::optional<Session> openSession(Console& console)
+{
+    std::optional<ProgramSettings> settings = openSettings(console);
+    if (!settings) {
+        return std::nullopt;
+    }
+    const LevelEditorPaths paths = derivePaths(settings->LevelEditorFolder);
+    Result<LoadedSession> loaded =
+        loadSession({console.programFolder, paths.creator, settings->protectedLinesEditable});
+    if (!loaded) {
+        console.dialogs.fail(loaded.failure());
+        return std::nullopt;
+    }
+    if (!loaded->notices.empty()) {
+        console.dialogs.say(listOf(loaded->notices));
+    }
+    return Session{std::move(*settings), paths, std::move(loaded->references), std::move(loaded->catalogue)};
+}
+
+bool hasSound(const Session& session, std::size_t number, Console& console)
+{
+    if (number < session.catalogue.size()) {
+        return true;
+    }
+    const std::string asked = std::to_string(number);
+    const std::string count = std::to_string(session.catalogue.size());
+    console.dialogs.refuse(
+        {"There is no sound " + asked + ": the sounds are numbered from 0, and there are " + count + ".",
+         "Il n'y a pas de son " + asked + " : les sons sont numérotés à partir de 0, et il y en a " + count +
+             "."});
+    return false;
+}
+
+CurrentWad settingsWad(const Session& session)
+{
+    return currentWad(session.references.findUserWad(session.settings.lastWad));
+}
+
+std::optional<CurrentWad> wadWithLetter(const Session& session, const std::string& letter, Console& console)
+{
+    if (const WadReference* const reference = session.references.findUserLetter(letter)) {
+        return currentWad(reference);
+    }
+    const std::string shown = "[#" + utf8FromCodePage(letter) + "]";
+    console.dialogs.refuse({"None of your references has the letter " + shown + ".",
+                            "Aucune de vos références n'a la lettre " + shown + "."});
+    return std::nullopt;
+}
+
+std::optional<CurrentWad> wadNamed(const Session& session, const std::string& name, Console& console)
+{
+    if (const WadReference* const reference = session.references.findUserWad(name)) {
+        return currentWad(reference);
+    }
+    refuseWadName(name, console);
+    return std::nullopt;
+}
+
+void refuseWadName(const std::string& name, Console& console)
+{
+    const std::string shown = "[" + utf8FromCodePage(name) + "]";
+    console.dialogs.refuse({"None of your references is named " + shown + ".",
+                            "Aucune de vos références ne s'appelle " + shown + "."});
+}
+
+ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Console& console)
+{
+    if (!session.catalogue.pending()) {
+        console.dialogs.say({"No line changes.", "Aucune ligne ne change."});
+        return ExitStatus::Done;
+    }
+    const ApplyTarget target{console.programFolder, wadName.value_or(settingsWad(session).wadName)};
+    return applyChanges(session.catalogue, target, console.dialogs) ? ExitStatus::Done : ExitStatus::Refused;
+}
+
+ExitStatus writeRegister(const Session& session, Console& console)
+{
+    const Problem problem = saveRegister(console.programFolder, session.references);
+    return problem ? console.dialogs.fail(*problem) : ExitStatus::Done;
+}
+
+} // namespace tavrel

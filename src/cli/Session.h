@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/ProgramSettings.h"
+#include "app/SessionLoading.h"
+#include "cli/Console.h"
+#include "references/LetterList.h"
+
+#include <optional>
+#include <string>
+
+namespace tavrel {
+
+// The settings, once they say where the level editor is. Nothing, and a message, when they cannot be used.
+std::optional<ProgramSettings> openSettings(Console& console);
+
+// What the commands on the catalogue work on.
+struct Session
+{
+    ProgramSettings settings;
+    LevelEditorPaths paths;
+    ReferenceRegister references;
+    SoundCatalogue catalogue;
+};
+
+// Nothing, and a message, when a file cannot be used.
+std::optional<Session> openSession(Console& console);
+
+// True when there is such a sound; else a message.
+bool hasSound(const Session& session, std::size_t number, Console& console);
+
+// The user's own WADs: the one that was last chosen in Tavrel, or none; the one with the letter (without "#")
+// or the name, or a message.
+CurrentWad settingsWad(const Session& session);
+std::optional<CurrentWad> wadWithLetter(const Session& session, const std::string& letter, Console& console);
+std::optional<CurrentWad> wadNamed(const Session& session, const std::string& name, Console& console);
+void refuseWadName(const std::string& name, Console& console);
+
+// Writes the lines that changed to sounds.txt; the record of changed lines is the named WAD's, usually that
+// of the settings.
+ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Console& console);
+
+// Writes the user's own references.
+ExitStatus writeRegister(const Session& session, Console& console);
+
+} // namespace tavrel

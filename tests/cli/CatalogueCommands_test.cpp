@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/SoundLine.h"
+#include "cli/Cli.h"
+#include "demo/WavFile.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+using namespace tavrel;
+
+namespace {
+
+std::size_t countLines(const std::string& text)
+{
+    return static_cast<std::size_t>(std::ranges::count(text, '\n'));
+}
+
+} // namespace
+
+TEST(CatalogueCommands, ListShowsWhatIsAskedFor)
+{
+    const DemoCli cli;
+    const CliRun all = cli.run({"list"});
+    EXPECT_EQ(all.status, 0);
+    EXPECT_EQ(countLines(all.output), 370U);
+    EXPECT_EQ(lineStarting(all.output, "  0:"), "  0: LARA_FEET                     #g");
+    EXPECT_EQ(lineStarting(all.output, " 62:"), " 62:     lara_pickup");
+    EXPECT_EQ(cli.run({"list", "--modified"}).output, "");
+    EXPECT_EQ(cli.run({"list", "--letter", "oa"}).output, "");
+
+    ASSERT_EQ(cli.agreeing({"letters", "add", "oa", "63", "65"}).status, 0);
+    const CliRun carriers = cli.run({"list", "--letter", "#oa"});
+    EXPECT_EQ(countLines(carriers.output), 2U);
+    EXPECT_EQ(lineStarting(carriers.output, " 63:"), " 63: PUSHABLE_SOUND              * #oa");
+    std::istringstream objects(cli.run({"list", "--modified", "--json"}).output);
+    std::vector<std::size_t> numbers;
+    for (std::string line; std::getline(objects, line);) {
+        const nlohmann::json object = nlohmann::json::parse(line);
+        numbers.push_back(object["Number"]);
+        EXPECT_EQ(object["Modified"], true);
+        EXPECT_EQ(object["Letters"], "#oa");
+        EXPECT_EQ(object["Line"], cli.lineOf(numbers.back()));
+    }
+    EXPECT_EQ(numbers, (std::vector<std::size_t>{63, 65}));
+}
+
+TEST(CatalogueCommands, ShowTellsAllOfASound)
+{
+    const DemoCli cli;
+    ASSERT_EQ(cli.agreeing({"set", "63", "--vol", "7"}).status, 0);
+    const CliRun run = cli.run({"show", "63"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(lineStarting(run.output, "Current"), "Current   " + cli.lineOf(63));
+    EXPECT_EQ(lineStarting(run.output, "Original"), "Original  " + stockLines()[63]);
+    EXPECT_EQ(lineStarting(run.output, "Values").substr(0, 15), "Values    VOL07");
+    EXPECT_EQ(lineStarting(cli.run({"show", "0"}).output, "Letter"), "Letter    #g - All levels");
+    EXPECT_EQ(cli.run({"show", "370"}).status, 1);
+}
+
+TEST(CatalogueCommands, SetChangesOneLineByTheRulesOfTheBoxes)
+{
+    struct Case
+    {
+        std::vector<std::string> options;
+        const char* after;
+    };
+    const char* const before = "N:>>>a b>>>>VOL20>P V>CH10>PIT05>RAD10>#g";
+    const Case cases[] = {
+        {{"--vol", "8"}, "N:>>>a b>>>>VOL08>P V>CH10>PIT05>RAD10>#g"},
+        {{"--vol", "0"}, "N:>>>a b>>>>VOL01>P V>CH10>PIT05>RAD10>#g"},
+        {{"--vol", "", "--rad=", "--ch", "0"}, "N:>>>a b>>>>>P V>>PIT05>>#g"},
+        {{"--pit", "-7"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT-07>RAD10>#g"},
+        {{"--pit=150"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT99>RAD10>#g"},
+        {{"--pit=-150"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT-99>RAD10>#g"},
+        {{"--flags", "LN"}, "N:>>>a b>>>>VOL20>    N L>CH10>PIT05>RAD10>#g"},
+        {{"--flags", "RN"}, "N:>>>a b>>>>VOL20>    N>CH10>PIT05>RAD10>#g"},
+        {{"--flags", "NR"}, "N:>>>a b>>>>VOL20>    R>CH10>PIT05>RAD10>#g"},
+        {{"--flags", ""}, "N:>>>a b>>>>VOL20>>CH10>PIT05>RAD10>#g"},
+        {{"--samples", " new  a "}, "N:>>>new a>>>>VOL20>P V>CH10>PIT05>RAD10>#g"},
+        {{"--samples", "new", "--vol", "1"}, "N:>>>new>>>>VOL01>P V>CH10>PIT05>RAD10>#g"},
+    };
+    const DemoCli cli;
+    writeBytes(cli.levelEditor / "sound" / "Samples" / "new.wav", wavBytes({.seconds = 0}));
+    for (const Case& c : cases) {
+        writeBytes(cli.sounds, textOf({"Z:\t", withTabs(before)}));
+        std::vector<std::string> arguments = {"set", "1"};
+        arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+        const CliRun run = cli.agreeing(arguments);
+        EXPECT_EQ(run.status, 0) << run.messages;
+        EXPECT_EQ(readBytes(cli.sounds), textOf({"Z:\t", withTabs(c.after)})) << c.after;
+    }
+}
+
+TEST(CatalogueCommands, SetKeepsThePromisesOfApplying)
+{
+    const DemoCli cli;
+    const std::string before = readBytes(cli.sounds);
+    writeBytes(cli.levelEditor / "sound" / "Samples" / "new.wav", wavBytes({.seconds = 0}));
+    ASSERT_EQ(cli.agreeing({"set", "63", "--samples", "new"}).status, 0);
+    EXPECT_EQ(readBytes(cli.creator / "Orig_Sounds.txt"), before);
+    EXPECT_EQ(readBytes(cli.program / "sounds" / "oasis.tor"), "63,\"" + cli.lineOf(63) + "\"\r\n");
+    ASSERT_EQ(cli.agreeing({"set", "65", "--vol", "9", "--wad", "other"}).status, 0);
+    EXPECT_EQ(namesIn(cli.program / "sounds"), (std::vector<std::string>{"oasis.tor", "other.tor"}));
+    EXPECT_EQ(readBytes(cli.creator / "Orig_Sounds.txt"), before);
+    const std::string applied = readBytes(cli.sounds);
+    EXPECT_EQ(cli.run({"set", "65", "--vol", "9"}).status, 0) << "nothing to ask about";
+    EXPECT_EQ(readBytes(cli.sounds), applied);
+}
+
+TEST(CatalogueCommands, SetRefusesAndChangesNothing)
+{
+    const DemoCli cli;
+    writeBytes(cli.levelEditor / "sound" / "Samples" / "stereo.wav", wavBytes({.channels = 2}));
+    const std::string before = readBytes(cli.sounds);
+    struct Case
+    {
+        std::vector<std::string> arguments;
+        const char* said;
+    };
+    const Case cases[] = {
+        {{"--yes", "set", "27", "--vol", "1"}, "This line should not be modified"},
+        {{"--yes", "set", "370", "--vol", "1"}, "There is no sound 370"},
+        {{"--yes", "set", "63", "--vol", "1", "--samples", "stereo"}, "[stereo.wav] must be"},
+        {{"--yes", "set", "63", "--samples", "gone"}, "gone.wav"},
+        {{"--yes", "set", "63", "--samples="}, "You must enter a sample name"},
+        {{"set", "63", "--vol", "1"}, "--yes agrees to all questions"},
+    };
+    for (const Case& c : cases) {
+        const CliRun run = cli.run(c.arguments);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_NE(run.messages.find(c.said), std::string::npos) << run.messages;
+    }
+    EXPECT_EQ(readBytes(cli.sounds), before);
+    EXPECT_EQ(namesIn(cli.creator), std::vector<std::string>{"Sounds.txt"});
+}
+
+TEST(CatalogueCommands, AFileThatCannotBeWrittenEndsWithThree)
+{
+    const DemoCli cli;
+    const std::string before = readBytes(cli.sounds);
+    std::filesystem::permissions(cli.sounds, std::filesystem::perms::owner_read);
+    const CliRun run = cli.agreeing({"set", "63", "--vol", "1"});
+    EXPECT_EQ(run.status, 3) << run.messages;
+    EXPECT_EQ(readBytes(cli.sounds), before);
+}

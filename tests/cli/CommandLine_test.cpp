@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/Cli.h"
+
+#include <gtest/gtest.h>
+
+using namespace tavrel;
+
+TEST(CommandLine, WrongUsageEndsWithTwo)
+{
+    struct Case
+    {
+        std::vector<std::string> arguments;
+        const char* english;
+        const char* french;
+    };
+    const Case cases[] = {
+        {{}, "A command is missing", "Il manque une commande"},
+        {{"line"}, "A command is missing", "Il manque une commande"},
+        {{"nonsense"}, "There is no command [nonsense]", "Il n'y a pas de commande [nonsense]"},
+        {{"parse", "--nonsense"}, "not expected: --nonsense", "Argument inattendu : --nonsense"},
+        {{"show"}, "N is required", "Argument manquant : N"},
+        {{"show", "5", "6"}, "not expected: 6", "Argument inattendu : 6"},
+        {{"show", "-1"}, "[-1] is no number of a sound", "[-1] n'est pas un numéro de son"},
+        {{"show", "1x"}, "[1x] is no number of a sound", "[1x] n'est pas un numéro de son"},
+        {{"show", ""}, "[] is no number of a sound", "[] n'est pas un numéro de son"},
+        {{"show", "9999999999"}, "is no number of a sound", "n'est pas un numéro de son"},
+        {{"letters", "add", "ab", "5", "6.0"}, "[6.0] is no number", "[6.0] n'est pas un numéro"},
+        {{"line", "add-letter", "\u4E00"}, "cannot hold", "ne peuvent pas contenir"},
+        {{"line", "replace-letter", "ab"}, "NEW is required", "Argument manquant : NEW"},
+        {{"set", "5", "--vol", "100"}, "at most two digits", "deux chiffres au plus"},
+        {{"set", "5", "--vol", "-1"}, "at most two digits", "deux chiffres au plus"},
+        {{"set", "5", "--pit", "1.5"}, "is no pitch", "n'est pas une hauteur"},
+        {{"set", "5", "--flags", "PX"}, "[PX] are not flags", "[PX] ne sont pas des flags"},
+        {{"set", "5", "--vol"}, "--vol", "--vol"},
+        {{"set", "5", "--wad", "../x"}, "cannot be a file's", "ne peut être celui d'un fichier"},
+        {{"refs", "add", std::string(26, 'n'), "ab", "T"}, "at most 25", "au plus 25"},
+    };
+    const DemoFolders folders;
+    for (const Case& c : cases) {
+        for (const char* const language : {"E", "F"}) {
+            std::vector<std::string> arguments = {"--program-folder", folders.program.string(), "--language",
+                                                  language};
+            arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+            const CliRun run = runCli(arguments);
+            EXPECT_EQ(run.status, 2) << run.messages;
+            EXPECT_EQ(run.output, "");
+            EXPECT_NE(run.messages.find(*language == 'E' ? c.english : c.french), std::string::npos)
+                << run.messages;
+        }
+    }
+    EXPECT_EQ(runCli({"--language", "D", "parse"}).status, 2);
+}
+
+TEST(CommandLine, HelpIsThereForEveryCommandInBothLanguages)
+{
+    const std::vector<std::string> commands[] = {{},
+                                                 {"parse"},
+                                                 {"compose"},
+                                                 {"line"},
+                                                 {"line", "add-letter"},
+                                                 {"line", "remove-letter"},
+                                                 {"line", "replace-letter"},
+                                                 {"line", "erase-letter"},
+                                                 {"list"},
+                                                 {"show"},
+                                                 {"set"},
+                                                 {"letters"},
+                                                 {"letters", "add"},
+                                                 {"letters", "remove"},
+                                                 {"letters", "erase"},
+                                                 {"letters", "replace"},
+                                                 {"refs"},
+                                                 {"refs", "list"},
+                                                 {"refs", "add"},
+                                                 {"refs", "delete"},
+                                                 {"import-sam"},
+                                                 {"import-was"},
+                                                 {"samples"},
+                                                 {"samples", "check"},
+                                                 {"samples", "list"}};
+    for (std::vector<std::string> command : commands) {
+        std::string name = "tavrel-cli";
+        for (const std::string& word : command) {
+            name += " " + word;
+        }
+        command.push_back("--help");
+        const CliRun english = runCli(command);
+        EXPECT_EQ(english.status, 0) << name;
+        EXPECT_NE(english.output.find("Usage: " + name + " "), std::string::npos) << english.output;
+        EXPECT_EQ(english.messages, "");
+        command.insert(command.begin(), "--language=F");
+        const CliRun french = runCli(command);
+        EXPECT_EQ(french.status, 0) << name;
+        EXPECT_NE(french.output.find("Afficher cette aide"), std::string::npos) << french.output;
+        EXPECT_NE(french.output.substr(0, french.output.find('\n')),
+                  english.output.substr(0, english.output.find('\n')));
+    }
+    EXPECT_EQ(runCli({"--version"}).output.substr(0, 11), "tavrel-cli ");
+}
+
+TEST(CommandLine, SpeaksTheLanguageOfTheSettings)
+{
+    const DemoFolders folders;
+    std::string settings = readBytes(folders.program / "Tavrel.par");
+    const std::size_t language = settings.find("\"E\"");
+    ASSERT_NE(language, std::string::npos);
+    writeBytes(folders.program / "Tavrel.par", settings.replace(language, 3, "\"F\""));
+    const std::vector<std::string> arguments = {"--program-folder", folders.program.string(), "show", "999"};
+    EXPECT_NE(runCli(arguments).messages.find("Il n'y a pas de son 999"), std::string::npos);
+    std::vector<std::string> english = arguments;
+    english.push_back("--language=E");
+    EXPECT_NE(runCli(english).messages.find("There is no sound 999"), std::string::npos);
+}
+
+TEST(CommandLine, AFileThatCannotBeReadEndsWithThree)
+{
+    const DemoFolders folders;
+    const auto statusOf = [&](const std::string& command) {
+        const CliRun run = runCli({"--program-folder", folders.program.string(), command});
+        EXPECT_NE(run.messages, "");
+        EXPECT_EQ(run.output, "");
+        return run.status;
+    };
+    EXPECT_EQ(runCli({"--program-folder", (folders.root / "missing").string(), "list"}).status, 3);
+    std::filesystem::remove(folders.program / "Tavrel.tow");
+    EXPECT_EQ(statusOf("list"), 3);
+    std::filesystem::copy(dataFolder() / "Tavrel.tow", folders.program / "Tavrel.tow");
+    std::filesystem::remove(folders.sounds);
+    EXPECT_EQ(statusOf("list"), 3);
+    writeBytes(folders.program / "Tavrel.par", "\"C:\\\"\r\n\"relative\"\r\n");
+    EXPECT_EQ(statusOf("list"), 3);
+    std::filesystem::remove(folders.program / "Tavrel.par");
+    EXPECT_EQ(statusOf("list"), 3);
+}
+
+// `script` gives the program a terminal; what it shows ends up in the output.
+TEST(CommandLine, AsksAtATerminal)
+{
+    struct Case
+    {
+        const char* typed;
+        int status;
+    };
+    for (const Case& c :
+         {Case{"n\\n", 1}, {"x\\nno\\n", 1}, {"\\004", 1}, {"y\\n", 0}, {"maybe\\nOUI\\n", 0}}) {
+        SCOPED_TRACE(c.typed);
+        const DemoCli cli;
+        const std::string before = readBytes(cli.sounds);
+        const std::string command = "$CLI --program-folder '" + cli.program.string() + "' set 5 --vol 11";
+        const CliRun run =
+            runShell("printf '" + std::string(c.typed) + "' | script -qec \"" + command + "\" /dev/null");
+        EXPECT_NE(run.output.find("[y/n]"), std::string::npos) << run.output;
+        EXPECT_EQ(run.status, c.status) << run.output;
+        EXPECT_EQ(readBytes(cli.sounds) == before, c.status == 1);
+    }
+}
