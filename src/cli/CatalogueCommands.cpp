@@ -240,19 +240,21 @@ ExitStatus setSound(const SetArguments& arguments, Console& console)
 void addSet(const Menu& menu)
 {
     const auto arguments = std::make_shared<SetArguments>();
-    const BilingualText value("Up to two digits; nothing empties the field",
-                              "Deux chiffres au plus ; rien vide le champ");
+    const BilingualText value("Up to two digits; an empty text empties the field",
+                              "Deux chiffres au plus ; un texte vide vide le champ");
+    const BilingualText pitch("From -99 to 99; an empty text empties the field",
+                              "De -99 à 99 ; un texte vide vide le champ");
     CommandEntry set =
         menu.command("set", {"Change one sound and write sounds.txt", "Modifier un son et écrire sounds.txt"},
                      [arguments](Console& console) { return setSound(*arguments, console); });
     set.number("N", {"The sound's number", "Le numéro du son"}, arguments->number)
         .optionalText("--vol", value, arguments->value(ValueBox::Vol), checkOf(ValueBox::Vol))
-        .optionalText("--pit", value, arguments->value(ValueBox::Pit), checkOf(ValueBox::Pit))
+        .optionalText("--pit", pitch, arguments->value(ValueBox::Pit), checkOf(ValueBox::Pit))
         .optionalText("--rad", value, arguments->value(ValueBox::Rad), checkOf(ValueBox::Rad))
         .optionalText("--ch", value, arguments->value(ValueBox::Ch), checkOf(ValueBox::Ch))
         .optionalText("--flags",
-                      {"All flags of the line, of P V R N L; nothing takes all off",
-                       "Tous les flags de la ligne, parmi P V R N L ; rien les enlève tous"},
+                      {"All flags of the line, of PVRNL; an empty text takes all off",
+                       "Tous les flags de la ligne, parmi PVRNL ; un texte vide les enlève tous"},
                       arguments->flags, checkFlags)
         .optionalText("--samples",
                       {"All samples of the line, between blanks",

@@ -76,9 +76,6 @@ Language languageOf(const std::vector<std::string>& arguments, const fs::path& p
 void nameTheParts(CLI::App& app, Language language)
 {
     const std::pair<const char*, BilingualText> labels[] = {
-        {"Usage", {"Usage", "Usage"}},
-        {"OPTIONS", {"OPTIONS", "OPTIONS"}},
-        {"Options", {"Options", "Options"}},
         {"Positionals", {"Arguments", "Arguments"}},
         {"SUBCOMMAND", {"COMMAND", "COMMANDE"}},
         {"SUBCOMMANDS", {"COMMAND", "COMMANDE"}},
@@ -115,8 +112,10 @@ void describe(CLI::App& app, Language language)
     app.set_version_flag("--version", "tavrel-cli " TAVREL_VERSION,
                          in({"Print the version", "Afficher la version"}));
     app.footer(
-        in({"Exit status: 0 done; 1 the command's own no; 2 wrong usage; 3 a file could not be read or "
+        in({"The options of tavrel-cli itself, --yes for one, may stand behind any command.\n"
+            "Exit status: 0 done; 1 the command's own no; 2 wrong usage; 3 a file could not be read or "
             "written.",
+            "Les options de tavrel-cli, --yes par exemple, peuvent suivre toute commande.\n"
             "Code de retour : 0 fait ; 1 refus de la commande ; 2 mauvais usage ; 3 un fichier n'a pas pu "
             "être lu ou écrit."}));
     app.allow_windows_style_options(false); // a folder may start with "/"
@@ -176,8 +175,8 @@ std::optional<ExitStatus> read(CLI::App& app, const std::vector<std::string>& ar
                                ConsoleDialogs& dialogs, Output& output)
 {
     try {
-        app.parse(std::vector<std::string>(arguments.rbegin(),
-                                           arguments.rend())); // the library wants the last first
+        std::vector<std::string> lastFirst(arguments.rbegin(), arguments.rend());
+        app.parse(std::move(lastFirst));
     } catch (const CLI::CallForHelp&) {
         output.pending() += app.help();
         return ExitStatus::Done;
