@@ -33,12 +33,15 @@ public:
     [[nodiscard]] virtual Problem whatIsMissing() const = 0;
 
     // Does not wait for the end. The folder of the batch file is the current one for it, and for it alone.
-    // What it says goes to a console window of its own on Windows, and to the file `output` elsewhere.
+    // What it says goes to the file `output`, or to a console window of its own.
     virtual Result<std::unique_ptr<RunningBatch>> start(const std::filesystem::path& batchFile,
                                                         const std::filesystem::path& output) = 0;
 };
 
+// Only Windows has console windows for them. Without one, a batch file that waits for a key goes on at once.
+enum class BatchConsole { Window, None };
+
 // cmd.exe on Windows; elsewhere that of Wine, under which the level editor itself runs there.
-std::unique_ptr<BatchRunner> makeSystemBatchRunner();
+std::unique_ptr<BatchRunner> makeSystemBatchRunner(BatchConsole console = BatchConsole::Window);
 
 } // namespace tavrel

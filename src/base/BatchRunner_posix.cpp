@@ -149,7 +149,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<BatchRunner> makeSystemBatchRunner()
+std::unique_ptr<BatchRunner> makeSystemBatchRunner(BatchConsole /*console*/)
 {
     return std::make_unique<WineRunner>();
 }

@@ -77,6 +77,8 @@ public:
     Phase look(Clock::time_point now);
     // How it ended, for a status line.
     const BilingualText& summary() const { return m_summary; }
+    // New files of the WAD are in place.
+    bool hasResults() const;
 
 private:
     struct FileState
@@ -93,7 +95,6 @@ private:
     bool confirm(const GenerationRequest& request);
     bool mayMoveOtherFiles(const GenerationRequest& request);
     bool start(const GenerationRequest& request, Clock::time_point now);
-    bool hasResults() const;
     bool wantsToStop(const FileStates& files, Clock::time_point now);
     void end();
     void removeBatchFile() const;
