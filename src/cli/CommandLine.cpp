@@ -209,6 +209,7 @@ ExitStatus runCommandLine(const std::vector<std::string>& given)
     addLetterCommands(menu);
     addReferenceCommands(menu);
     addSampleCommands(menu);
+    addGenerationCommands(menu);
 
     std::optional<ExitStatus> status = read(app, arguments, dialogs, output);
     if (!status) {

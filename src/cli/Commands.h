@@ -13,5 +13,7 @@ void addLetterCommands(const Menu& menu);
 // The register, and the imports of a WAD's lists.
 void addReferenceCommands(const Menu& menu);
 void addSampleCommands(const Menu& menu);
+// The level editor's tool, its original files, its script.
+void addGenerationCommands(const Menu& menu);
 
 } // namespace tavrel

@@ -48,14 +48,6 @@ std::size_t fieldLength(SampleChange change, const std::vector<std::string>& nam
     return change == SampleChange::Add ? length + input.typedName.size() + 1 : length;
 }
 
-BilingualText wrongFormat(std::string_view name)
-{
-    const std::string file = "[" + utf8FromCodePage(name) + ".wav]";
-    return BilingualText("The sample " + file + " must be\n",
-                         "Le sample " + file + " doit être au format\n") +
-           requiredSampleFormat();
-}
-
 bool mayChange(const LineEditor& editor, Dialogs& dialogs)
 {
     return editor.canEdit() && editor.confirmComposing(dialogs);
@@ -93,7 +85,7 @@ bool ValidateSampleName(SampleChange change, const std::vector<std::string>& nam
         return refuse(noSuchSample(input.samplesFolder, name), dialogs);
     }
     if (!CheckSampleFormat(input.samplesFolder, name)) {
-        return refuse(wrongFormat(name), dialogs);
+        return refuse(wrongSampleFormat(name), dialogs);
     }
     return true;
 }

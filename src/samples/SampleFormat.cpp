@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/SampleFormat.h"
 
+#include "base/CodePage.h"
 #include "base/System.h"
 #include "samples/SamplesFolder.h"
 
@@ -52,6 +53,14 @@ const BilingualText& requiredSampleFormat()
     return text;
 }
 
+BilingualText wrongSampleFormat(std::string_view name)
+{
+    const std::string file = "[" + utf8FromCodePage(name) + ".wav]";
+    return BilingualText("The sample " + file + " must be\n",
+                         "Le sample " + file + " doit être au format\n") +
+           requiredSampleFormat();
+}
+
 BilingualText anomalyTitle()
 {
     return {"List of wrong samples        ----------- ANOMALIES -----------",
@@ -82,7 +91,8 @@ BilingualText anomalyCount(std::size_t rows)
     if (rows == 0) {
         return {"No problem found", "Aucun problème rencontré"};
     }
-    return BilingualText::same(std::to_string(rows)) + BilingualText(" file(s) found", " fichier(s) trouvé(s)");
+    return BilingualText::same(std::to_string(rows)) +
+           BilingualText(" file(s) found", " fichier(s) trouvé(s)");
 }
 
 } // namespace tavrel

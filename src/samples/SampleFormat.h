@@ -32,6 +32,8 @@ bool CheckSampleFormat(const std::filesystem::path& folder, std::string_view nam
 
 // "Windows PCM 22050Hz 16bits Mono w/o header informations"
 const BilingualText& requiredSampleFormat();
+// The refusal of a sample (its name without ".wav", code page bytes) in another one.
+BilingualText wrongSampleFormat(std::string_view name);
 
 // The report of wrong samples, for a fixed-pitch list: two title lines, and a row for each file. Code page
 // bytes.

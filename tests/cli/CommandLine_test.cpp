@@ -77,7 +77,10 @@ TEST(CommandLine, HelpIsThereForEveryCommandInBothLanguages)
                                                  {"import-was"},
                                                  {"samples"},
                                                  {"samples", "check"},
-                                                 {"samples", "list"}};
+                                                 {"samples", "list"},
+                                                 {"generate"},
+                                                 {"restore"},
+                                                 {"stats"}};
     for (std::vector<std::string> command : commands) {
         std::string name = "tavrel-cli";
         for (const std::string& word : command) {
