@@ -232,12 +232,23 @@ bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
 
 ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress)
 {
+    ImportOutcome outcome = importLines(catalogue, request);
+    return outcome.complete ? copyImportedSamples(request, progress) : outcome;
+}
+
+ImportOutcome importLines(SoundCatalogue& catalogue, const ImportRequest& request)
+{
     Result<std::vector<SoundCatalogue::LineChange>> changes = plan(request, catalogue);
     const Problem problem =
         changes ? catalogue.setCurrentLines(std::move(*changes)) : Problem(changes.failure());
     if (problem) {
         return {false, false, report(request, MessageIcon::Exclamation, problem->text)};
     }
+    return {true, true, std::nullopt};
+}
+
+ImportOutcome copyImportedSamples(const ImportRequest& request, Progress& progress)
+{
     if (!request.withSamples) {
         return {true, true, std::nullopt};
     }

@@ -79,6 +79,9 @@ struct ImportOutcome
 };
 
 ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress);
+// The same in two steps, for a caller that writes the lines to sounds.txt in between.
+ImportOutcome importLines(SoundCatalogue& catalogue, const ImportRequest& request);
+ImportOutcome copyImportedSamples(const ImportRequest& request, Progress& progress);
 
 // A field of a line as the file has it, as the catalogue has it, and as it would become.
 struct FieldComparison

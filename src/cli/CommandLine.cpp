@@ -210,6 +210,7 @@ ExitStatus runCommandLine(const std::vector<std::string>& given)
     addReferenceCommands(menu);
     addSampleCommands(menu);
     addGenerationCommands(menu);
+    addExchangeCommands(menu);
 
     std::optional<ExitStatus> status = read(app, arguments, dialogs, output);
     if (!status) {

@@ -15,5 +15,7 @@ void addReferenceCommands(const Menu& menu);
 void addSampleCommands(const Menu& menu);
 // The level editor's tool, its original files, its script.
 void addGenerationCommands(const Menu& menu);
+// Exchange files and backups.
+void addExchangeCommands(const Menu& menu);
 
 } // namespace tavrel

@@ -80,7 +80,9 @@ TEST(CommandLine, HelpIsThereForEveryCommandInBothLanguages)
                                                  {"samples", "list"},
                                                  {"generate"},
                                                  {"restore"},
-                                                 {"stats"}};
+                                                 {"stats"},
+                                                 {"export"},
+                                                 {"import"}};
     for (std::vector<std::string> command : commands) {
         std::string name = "tavrel-cli";
         for (const std::string& word : command) {
