@@ -76,7 +76,7 @@ bool FmSFX::reload()
     const std::optional<std::size_t> selected = m_editor.selected();
     Result<LoadedSession> loaded = loadSession(sources(m_paths));
     if (!loaded) {
-        m_context.dialogs.show({MessageIcon::Critical, soundsTitle, loaded.failure().text});
+        m_context.dialogs.show({MessageIcon::Critical, titles::soundsFile, loaded.failure().text});
         return false;
     }
     adopt(std::move(*loaded));

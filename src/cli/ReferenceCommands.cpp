@@ -4,6 +4,7 @@
 #include "cli/Session.h"
 #include "references/RegisterEditor.h"
 #include "references/WadImport.h"
+#include "references/WadLists.h"
 
 #include <memory>
 
@@ -108,8 +109,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     if (!wad) {
         return ExitStatus::Refused;
     }
-    if (!session->settings.loadWadAfterChanges &&
-        hasWorkToLose(session->catalogue, console.programFolder, arguments.name)) {
+    if (!session->settings.loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
         return console.dialogs.refuse(importForbidden());
     }
     const ImportResult result = importWadList(session->catalogue, *wad, kind,
