@@ -84,6 +84,7 @@ inline const BilingualText generate("Generate SFX", "Générer SFX");
 inline const BilingualText statistics = BilingualText::same("Statistiques Projet");
 inline const BilingualText restoreDefaults("Restore Original files", "Restaurer les fichiers originaux");
 
+// NOLINTNEXTLINE(readability-function-size): a table
 inline std::span<const BilingualText* const> all()
 {
     static constexpr const BilingualText* every[] = {
