@@ -2,6 +2,7 @@
 #include "app/FmLanguage.h"
 #include "app/FmSFX.h"
 #include "app/HelpWindow.h"
+#include "app/ProgramFolder.h"
 #include "app/StartUp.h"
 #include "samples/SystemPlayer.h"
 #include "ui/Icons.h"
@@ -23,17 +24,22 @@ namespace fs = std::filesystem;
 void installTranslation(QTranslator& translator, tavrel::Language language)
 {
     QCoreApplication::removeTranslator(&translator);
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (language == tavrel::Language::French && translator.load("qtbase_fr", folder)) {
-        QCoreApplication::installTranslator(&translator);
+    if (language != tavrel::Language::French) {
+        return;
+    }
+    for (const QString& folder :
+         {QLibraryInfo::path(QLibraryInfo::TranslationsPath), QString(":/translations")}) {
+        if (translator.load("qtbase_fr", folder)) {
+            QCoreApplication::installTranslator(&translator);
+            return;
+        }
     }
 }
 
 fs::path programFolderFrom(const QCommandLineParser& parser, const QCommandLineOption& option)
 {
-    const QString folder =
-        parser.isSet(option) ? parser.value(option) : QCoreApplication::applicationDirPath();
-    return fs::absolute(folder.toStdU16String());
+    return parser.isSet(option) ? fs::absolute(parser.value(option).toStdU16String())
+                                : tavrel::usualProgramFolder(tavrel::programPlaces());
 }
 
 std::optional<tavrel::Language> askForLanguage(const fs::path& programFolder)
@@ -51,12 +57,14 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName("Tavrel");
     QCoreApplication::setApplicationVersion(TAVREL_VERSION);
+    QGuiApplication::setDesktopFileName("tavrel");
     QApplication::setWindowIcon(tavrel::programIcon());
     tavrel::applyTheme(application);
 
     QCommandLineParser parser;
     const QCommandLineOption programFolderOption(
-        "program-folder", "Where the settings and working files are; usually the program's own folder.",
+        "program-folder",
+        "Where the settings and working files are; usually the program's own folder, or one of the user's.",
         "dir");
     parser.addHelpOption();
     parser.addVersionOption();

@@ -78,7 +78,14 @@ bool inputIsTerminal();
 // A reader that goes away ends the output, not the program.
 void surviveClosedPipes();
 
+// Whether the console window was opened for this program alone, and closes with it before anyone can read it.
+bool consoleClosesWithProgram();
+
 // The file of the running program.
 std::filesystem::path ownProgram();
+
+// Where the user's own files of programs belong that are installed for everybody; empty where programs keep
+// their files beside themselves.
+std::filesystem::path usersDataFolder();
 
 } // namespace tavrel::system

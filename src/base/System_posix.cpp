@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -194,10 +195,26 @@ void surviveClosedPipes()
     std::signal(SIGPIPE, SIG_IGN);
 }
 
+bool consoleClosesWithProgram()
+{
+    return false;
+}
+
 std::filesystem::path ownProgram()
 {
     std::error_code ignored;
     return std::filesystem::read_symlink("/proc/self/exe", ignored);
+}
+
+std::filesystem::path usersDataFolder()
+{
+    const char* const data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && std::filesystem::path(data).is_absolute()) {
+        return data;
+    }
+    const char* const home = std::getenv("HOME");
+    const bool known = home != nullptr && std::filesystem::path(home).is_absolute();
+    return known ? std::filesystem::path(home) / ".local" / "share" : std::filesystem::path();
 }
 
 } // namespace tavrel::system

@@ -201,12 +201,23 @@ bool inputIsTerminal()
 
 void surviveClosedPipes() {}
 
+bool consoleClosesWithProgram()
+{
+    DWORD processes[2] = {};
+    return GetConsoleProcessList(processes, 2) == 1;
+}
+
 std::filesystem::path ownProgram()
 {
     constexpr DWORD longestPath = 32768;
     std::wstring path(longestPath, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), longestPath));
     return path;
+}
+
+std::filesystem::path usersDataFolder()
+{
+    return {};
 }
 
 } // namespace tavrel::system

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CommandLine.h"
 
+#include "app/ProgramFolder.h"
 #include "app/ProgramSettings.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
@@ -61,7 +62,7 @@ fs::path programFolderOf(const std::vector<std::string>& arguments)
     const std::optional<std::string> folder = lookAhead(arguments, "--program-folder");
     std::error_code ignored;
     return folder ? fs::absolute(std::u8string(folder->begin(), folder->end()), ignored)
-                  : system::ownProgram().parent_path();
+                  : usualProgramFolder(programPlaces());
 }
 
 // The one that was asked for, else the user's, else English.

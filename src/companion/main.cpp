@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Tavrel_Files: unpacks the working files beside the program. Files that are already there stay. From an
 // untouched level editor, it also takes the copies that the program restores.
+#include "app/ProgramFolder.h"
 #include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
@@ -22,7 +23,7 @@ namespace fs = std::filesystem;
 // The display language is not known before the first start.
 void say(const tavrel::BilingualText& text)
 {
-    std::cout << text.english << '\n' << text.french << '\n' << std::flush;
+    tavrel::system::writeOutput(text.english + "\n" + text.french + "\n");
 }
 
 bool unpackInto(const fs::path& folder)
@@ -51,8 +52,8 @@ bool takeCopies(const fs::path& levelEditor, const fs::path& folder)
 
 struct Options
 {
-    fs::path programFolder = tavrel::system::ownProgram().parent_path();
-    std::optional<fs::path> levelEditor; // what to take copies from
+    std::optional<fs::path> programFolder; // without it, the one that Tavrel takes
+    std::optional<fs::path> levelEditor;   // what to take copies from
 };
 
 // Nothing when they cannot be understood.
@@ -75,12 +76,19 @@ std::optional<Options> readOptions(const std::vector<std::string>& arguments)
     return options;
 }
 
-int endInTrouble()
+bool unpack(const Options& options)
 {
-#ifdef _WIN32
-    std::cin.get(); // the console window would close before anyone could read it
-#endif
-    return EXIT_FAILURE;
+    const fs::path folder =
+        options.programFolder ? *options.programFolder : tavrel::usualProgramFolder(tavrel::programPlaces());
+    if (!unpackInto(folder)) {
+        return false;
+    }
+    if (options.levelEditor) {
+        return takeCopies(*options.levelEditor, folder);
+    }
+    say({"The working files of Tavrel are in place. Start Tavrel again.",
+         "Les fichiers de travail de Tavrel sont en place. Relancez Tavrel."});
+    return true;
 }
 
 } // namespace
@@ -93,13 +101,10 @@ int main(int argc, char* argv[])
         std::cerr << "Usage: Tavrel_Files [--program-folder DIR] [--from LEVEL_EDITOR_FOLDER]\n";
         return EXIT_FAILURE;
     }
-    if (!unpackInto(options->programFolder)) {
-        return endInTrouble();
+    const bool done = unpack(*options);
+    if (tavrel::system::consoleClosesWithProgram()) {
+        say({"(Enter closes this window.)", "(Entrée ferme cette fenêtre.)"});
+        std::cin.get();
     }
-    if (options->levelEditor) {
-        return takeCopies(*options->levelEditor, options->programFolder) ? EXIT_SUCCESS : endInTrouble();
-    }
-    say({"The working files of Tavrel are in place. Start Tavrel again.",
-         "Les fichiers de travail de Tavrel sont en place. Relancez Tavrel."});
-    return EXIT_SUCCESS;
+    return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -4,6 +4,7 @@
 #include "demo/DemoFolder.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -60,6 +61,26 @@ std::vector<std::string> namesIn(const fs::path& folder)
     }
     std::ranges::sort(names);
     return names;
+}
+
+int runProgram(fs::path program, const std::vector<fs::path>& arguments, const fs::path& output)
+{
+    const auto quoted = [](const fs::path& text) {
+        return fs::path("\"") += text.native() + fs::path("\"").native();
+    };
+    fs::path command = quoted(program.make_preferred());
+    for (const fs::path& argument : arguments) {
+        command += " ";
+        command += quoted(argument);
+    }
+    command += " >";
+    command += quoted(output);
+    command += " 2>&1";
+#ifdef _WIN32
+    return _wsystem(quoted(command).c_str()); // the shell takes the outermost quotes away
+#else
+    return std::system(command.c_str());
+#endif
 }
 
 std::string withTabs(std::string text)

@@ -31,6 +31,10 @@ void writeBytes(const std::filesystem::path& file, std::string_view bytes);
 // The names in a folder, sorted; none when there is no such folder.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
+// Runs a program to its end, with what it says in a file. Returns its exit status.
+int runProgram(std::filesystem::path program, const std::vector<std::filesystem::path>& arguments,
+               const std::filesystem::path& output);
+
 // Spells a TAB as ">", so that tables of lines stay readable.
 std::string withTabs(std::string text);
 
