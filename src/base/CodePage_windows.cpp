@@ -37,9 +37,22 @@ std::string utf8From(std::wstring_view wide)
     return text;
 }
 
-CodePageText codePageFromWide(std::wstring_view wide)
+// A character of two units gets one "?", as everywhere.
+std::wstring withSinglePairs(std::wstring_view wide)
+{
+    std::wstring single;
+    for (const wchar_t unit : wide) {
+        if (!IS_LOW_SURROGATE(unit) || single.empty() || !IS_HIGH_SURROGATE(single.back())) {
+            single += unit;
+        }
+    }
+    return single;
+}
+
+CodePageText codePageFromWide(std::wstring_view text)
 {
     CodePageText result;
+    const std::wstring wide = withSinglePairs(text);
     const int length = static_cast<int>(wide.size());
     result.bytes.resize(wide.size() * 2);
     BOOL substituted = FALSE;

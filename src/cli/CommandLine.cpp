@@ -5,7 +5,6 @@
 #include "app/ProgramSettings.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
-#include "base/System.h"
 #include "cli/Commands.h"
 
 #include <algorithm>

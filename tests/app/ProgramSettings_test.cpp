@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ProgramSettings.h"
+#include "base/CodePage.h"
 #include "support/Files.h"
 
 #include <gtest/gtest.h>
@@ -239,7 +240,7 @@ TEST_F(ProgramSettingsTest, DeriveTheFoldersAsTheyStandOnTheDisk)
 {
     fs::create_directories(root / "Sound" / "LEVELSFX CREATOR");
     fs::create_directories(root / "GRAPHICS");
-    const LevelEditorPaths paths = derivePaths(withTrailingSeparator(root.path().string()));
+    const LevelEditorPaths paths = derivePaths(withTrailingSeparator(codePagePath(root.path()).bytes));
     EXPECT_EQ(paths.creator, root / "Sound" / "LEVELSFX CREATOR");
     EXPECT_EQ(paths.samples, root / "Sound" / "Samples");
     EXPECT_EQ(paths.wads, root / "GRAPHICS" / "wads");

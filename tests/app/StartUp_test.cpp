@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StartUp.h"
+#include "base/CodePage.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
 
@@ -71,7 +72,7 @@ protected:
                              [this](Language language) { shown.push_back(language); }});
     }
     void makeFirstStart() const { fs::remove(settingsFile); }
-    std::string editorFolder() const { return withTrailingSeparator(demo.levelEditor.string()); }
+    std::string editorFolder() const { return withTrailingSeparator(codePagePath(demo.levelEditor).bytes); }
     fs::path ngle() const { return demo.levelEditor / "ngle.exe"; }
 
     DemoFolders demo;
@@ -157,7 +158,7 @@ TEST_F(StartUp, AsksAgainUntilTheChoiceIsALevelEditor)
     dialogs.prepareFile("x.exe");
     dialogs.prepareFile(demo.root / "ngle.exe");
     dialogs.prepareFile(demo.levelEditor / "a_longer_name.exe");
-    dialogs.prepareFile(demo.root / "\u0416" / "ngle.exe"); // no such letter in the code page
+    dialogs.prepareFile(demo.root / u8"\u0416" / "ngle.exe"); // no such letter in the code page
     dialogs.prepareFile(demo.levelEditor / "winroomedit.exe");
     const std::optional<StartedSession> session = start(dialogs);
     ASSERT_TRUE(session);
@@ -210,9 +211,10 @@ TEST_F(StartUp, ChoosesAnewWhereTheSettingsNameNoFolder)
 TEST_F(StartUp, OffersAnotherFolderWhereTheLevelEditorIsGone)
 {
     const fs::path gone = demo.root / "gone";
-    writeBytes(settingsFile, textOf({"\"C:\\\"", "\"" + withTrailingSeparator(gone.string()) + "\""}));
+    writeBytes(settingsFile,
+               textOf({"\"C:\\\"", "\"" + withTrailingSeparator(codePagePath(gone).bytes) + "\""}));
     ScriptedDialogs dialogs{Answer::No, Answer::Yes};
-    EXPECT_EQ(start(dialogs)->settings.LevelEditorFolder, withTrailingSeparator(gone.string()));
+    EXPECT_EQ(start(dialogs)->settings.LevelEditorFolder, withTrailingSeparator(codePagePath(gone).bytes));
     dialogs.prepareFile(ngle());
     EXPECT_EQ(start(dialogs)->settings.LevelEditorFolder, editorFolder());
     EXPECT_NE(dialogs.said()[0].text.english.find(gone.string()), std::string::npos);

@@ -26,6 +26,7 @@ TEST(ExchangeFile, IsWrittenToTheByte)
     EXPECT_EQ(namesIn(root.path()), std::vector<std::string>{"a.tox"});
 }
 
+#ifndef _WIN32 // whose disks do not tell letter case apart
 TEST(ExchangeFile, ReplacesAnotherSpellingOfItsName)
 {
     const TemporaryFolder root;
@@ -34,6 +35,7 @@ TEST(ExchangeFile, ReplacesAnotherSpellingOfItsName)
     EXPECT_FALSE(writeExchangeFile(root / "city.tox", {}));
     EXPECT_EQ(namesIn(root.path()), (std::vector<std::string>{"CITY.tox", "city.tox"}));
 }
+#endif
 
 TEST(ExchangeFile, ReadsEachLineAsARecord)
 {
@@ -96,16 +98,16 @@ TEST(ExchangeFile, KindComesFromTheName)
 TEST(ExchangeFile, SamplesTravelInAFolderBesideIt)
 {
     const TemporaryFolder root;
-    for (const auto& [name, folder] : {std::pair{"city.tox", "city_Samples"},
-                                       {"abcdefgh", "abcd_Samples"},
-                                       {"a.b.tox", "a.b_Samples"},
-                                       {"tox", "_Samples"},
-                                       {"\u00E9t\u00E9\u0416.tox", "\u00E9t\u00E9\u0416_Samples"},
-                                       {"a\u0416\u0416\u0416\u0416", "a_Samples"}}) {
-        EXPECT_EQ(samplesFolderOf(root / name), root / folder) << name;
+    for (const auto& [name, folder] : {std::pair{u8"city.tox", u8"city_Samples"},
+                                       {u8"abcdefgh", u8"abcd_Samples"},
+                                       {u8"a.b.tox", u8"a.b_Samples"},
+                                       {u8"tox", u8"_Samples"},
+                                       {u8"\u00E9t\u00E9\u0416.tox", u8"\u00E9t\u00E9\u0416_Samples"},
+                                       {u8"a\u0416\u0416\u0416\u0416", u8"a_Samples"}}) {
+        EXPECT_EQ(samplesFolderOf(root / name), root / folder);
     }
     fs::create_directory(root / "CITY_sampleS");
-    EXPECT_EQ(samplesFolderOf(root / "city.tox"), root / "CITY_sampleS");
+    EXPECT_TRUE(fs::equivalent(samplesFolderOf(root / "city.tox"), root / "CITY_sampleS"));
 }
 
 TEST(ExchangeFile, RowsHaveFixedColumns)

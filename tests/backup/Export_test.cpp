@@ -198,6 +198,7 @@ TEST_F(ExportFile, SavesAllOrNothing)
 
     fs::permissions(root / "city.tox", fs::perms::owner_read);
     expectNothingSaved(saveExport(modified, progress), "Cannot write");
+    fs::permissions(root / "city.tox", fs::perms::owner_write, fs::perm_options::add);
     fs::remove(root / "city.tox");
     fs::create_directory(root / "city.tox");
     expectNothingSaved(saveExport(modified, progress), "Cannot write");

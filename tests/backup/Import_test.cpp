@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/ExportCommands.h"
 #include "backup/ImportCommands.h"
+#include "base/CodePage.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
 #include "support/Files.h"
@@ -204,7 +205,8 @@ TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
     writeBytes(root / "A_SAMPLES" / "two.wav", "new");
     writeBytes(root / "target" / "ONE.wav", "old");
     const ImportFile file = read("a.tox", {"\"1\",\"B:>one two con>VOL10>\"", "\"7\",\"Z:>gone>\""});
-    ASSERT_EQ(file.samplesFolder, root / "A_SAMPLES");
+    ASSERT_TRUE(file.samplesFolder);
+    EXPECT_TRUE(fs::equivalent(*file.samplesFolder, root / "A_SAMPLES"));
     EXPECT_EQ(offeredSamples(file.rows[0]), (Names{"one", "two", "con"}));
     EXPECT_EQ(offeredSamples(file.rows[1]), Names());
     EXPECT_FALSE(read("a.tob", {}).samplesFolder);
@@ -224,12 +226,15 @@ TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
     EXPECT_EQ(cancelled.report->text.english,
               "Cancelled.\n\nThe lines were imported. These samples were copied before:\none.wav");
     EXPECT_TRUE(catalogue.pending());
-    EXPECT_EQ(namesIn(root / "target"), Names{"one.wav"});
+    const auto expectTarget = [this](const Names& expected) { // Wine keeps the spelling of a replaced file
+        EXPECT_TRUE(std::ranges::equal(namesIn(root / "target"), expected, sameName));
+    };
+    expectTarget({"one.wav"});
 
     const ImportOutcome complete = applyImport(catalogue, asked, progress);
     EXPECT_TRUE(complete.complete);
     EXPECT_TRUE(complete.report->text.english.ends_with("[con]"));
-    EXPECT_EQ(namesIn(root / "target"), (Names{"one.wav", "two.wav"}));
+    expectTarget({"one.wav", "two.wav"});
     EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>one two con>VOL10>#b #oa")) << "the letter came once";
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/SampleTransfer.h"
+#include "base/CodePage.h"
 #include "support/Files.h"
 #include "support/ScriptedProgress.h"
 
@@ -48,7 +49,9 @@ TEST_F(SampleTransfer, ReplacesOneByOne)
         replaceSamples(Names{"door", "missing", "step", "door"}, source, target, progress);
     EXPECT_EQ(copies.end, CopyEnd::Complete);
     EXPECT_EQ(copies.copied, (Names{"door.wav", "step.wav"}));
-    EXPECT_EQ(namesIn(target), (Names{"door.wav", "more", "notes.txt", "old.WAV", "step.wav"}));
+    const Names names = namesIn(target);
+    EXPECT_TRUE(sameName(names.front(), "door.wav")); // Wine keeps the spelling of a file that is replaced
+    EXPECT_EQ(Names(names.begin() + 1, names.end()), (Names{"more", "notes.txt", "old.WAV", "step.wav"}));
     EXPECT_EQ(readBytes(target / "door.wav"), "new door");
     EXPECT_EQ(progress.said, (Names{"Copying sample [door.wav]...", "Copying sample [step.wav]...",
                                     "Copying sample [door.wav]..."}));
@@ -120,6 +123,7 @@ TEST_F(SampleTransfer, KeepsTheOldFolderWhenTheNewOneIsNotComplete)
     expectOldTarget();
 }
 
+#ifndef _WIN32 // where links take a right that users lack
 TEST_F(SampleTransfer, FollowsALinkToTheFolder)
 {
     fs::create_directory_symlink(target, root / "link");
@@ -130,6 +134,7 @@ TEST_F(SampleTransfer, FollowsALinkToTheFolder)
     EXPECT_TRUE(fs::is_symlink(root / "link"));
     EXPECT_EQ(namesIn(target), (Names{"more", "notes.txt", "step.wav"}));
 }
+#endif
 
 TEST_F(SampleTransfer, EndsASwapThatWasCutShort)
 {

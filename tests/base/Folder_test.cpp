@@ -13,17 +13,17 @@ TEST(Folder, FindsNamesWithoutRegardToCase)
 {
     const TemporaryFolder root;
     writeBytes(root / "SoundS.Txt", "");
-    writeBytes(root / "caf\u00E9.wav", "");
+    writeBytes(root / u8"caf\u00E9.wav", "");
     fs::create_directory(root / "Folder");
     EXPECT_EQ(findEntry(root.path(), "sounds.txt"), root / "SoundS.Txt");
-    EXPECT_EQ(findFile(root.path(), "CAF\xC9.WAV"), root / "caf\u00E9.wav");
+    EXPECT_EQ(findFile(root.path(), "CAF\xC9.WAV"), root / u8"caf\u00E9.wav");
     EXPECT_EQ(findEntry(root.path(), "FOLDER"), root / "Folder");
     EXPECT_FALSE(findFile(root.path(), "folder"));
     EXPECT_FALSE(findEntry(root.path(), "sounds.tx"));
     EXPECT_FALSE(findEntry(root.path(), ""));
     EXPECT_FALSE(findEntry(root / "missing", "a"));
     EXPECT_EQ(fileIn(root.path(), "SOUNDS.TXT"), root / "SoundS.Txt");
-    EXPECT_EQ(fileIn(root.path(), "New\xE9.txt"), root / "New\u00E9.txt");
+    EXPECT_EQ(fileIn(root.path(), "New\xE9.txt"), root / u8"New\u00E9.txt");
 }
 
 TEST(Folder, PrefersTheExactName)
@@ -51,7 +51,7 @@ TEST(Folder, FollowsFoldersToTheFirstThatIsMissing)
 TEST(Folder, ListsOrSaysWhyNot)
 {
     const TemporaryFolder root;
-    writeBytes(root / "a\u00E9", "");
+    writeBytes(root / u8"a\u00E9", "");
     fs::create_directory(root / "b");
     const Result<std::vector<FolderEntry>> entries = listFolder(root.path());
     ASSERT_TRUE(entries);

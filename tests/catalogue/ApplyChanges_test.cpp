@@ -61,7 +61,7 @@ protected:
     {
         return applyChanges(catalogue, {demo.program, wad}, dialogs);
     }
-    fs::path tor(const std::string& name = "oasis.tor") const { return demo.program / "sounds" / name; }
+    fs::path tor(const fs::path& name = "oasis.tor") const { return demo.program / "sounds" / name; }
 
     DemoFolders demo;
     SoundCatalogue catalogue;
@@ -137,7 +137,7 @@ TEST_F(ApplyChanges, KeepsRecordsOfPlainWadNamesOnly)
     }
     ScriptedDialogs dialogs{Answer::Yes};
     EXPECT_TRUE(apply(dialogs, "caf\xE9"));
-    EXPECT_TRUE(fs::exists(tor("caf\u00E9.tor")));
+    EXPECT_TRUE(fs::exists(tor(u8"caf\u00E9.tor")));
 }
 
 TEST_F(ApplyChanges, ChangesNothingWithoutAYes)
@@ -242,6 +242,7 @@ TEST_F(ApplyChanges, SaysWhenTheFileCannotBeWritten)
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), before), "");
     EXPECT_TRUE(catalogue.pending());
 
+    fs::permissions(demo.sounds, fs::perms::owner_write, fs::perm_options::add);
     fs::remove(demo.sounds);
     fs::create_directory(demo.sounds);
     ScriptedDialogs folder;

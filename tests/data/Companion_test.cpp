@@ -15,15 +15,13 @@ const std::vector<std::string> workingFiles = {"SFX_Eng1.txt", "SFX_Fra1.txt", "
 
 bool unpackInto(const fs::path& folder, const fs::path& output)
 {
-    const std::string command = "\"" TAVREL_COMPANION "\" --program-folder \"" + folder.string() + "\" >\"" +
-                                output.string() + "\" 2>&1";
-    return std::system(command.c_str()) == 0;
+    return runProgram(TAVREL_COMPANION, {"--program-folder", folder}, output) == 0;
 }
 
 TEST(Companion, UnpacksTheWorkingFiles)
 {
     const TemporaryFolder root;
-    const fs::path folder = root / "program \u00E9";
+    const fs::path folder = root / u8"program \u00E9 \u0416";
     fs::create_directory(folder);
     EXPECT_TRUE(unpackInto(folder, root / "said"));
     EXPECT_EQ(namesIn(folder), workingFiles);
@@ -67,15 +65,14 @@ TEST(Companion, TakesCopiesFromALevelEditor)
     const DemoFolders demo;
     const fs::path program = demo.root / "fresh";
     fs::create_directory(program);
-    const auto take = [&demo, &program](const std::string& editor) {
-        return std::system(("\"" TAVREL_COMPANION "\" --from \"" + editor + "\" --program-folder \"" +
-                            program.string() + "\" >\"" + (demo.root / "said").string() + "\" 2>&1")
-                               .c_str());
+    const auto take = [&demo, &program](const fs::path& editor) {
+        return runProgram(TAVREL_COMPANION, {"--from", editor, "--program-folder", program},
+                          demo.root / "said");
     };
     std::string sounds = readBytes(demo.sounds);
     sounds += "; a remark\r\n";
     writeBytes(demo.sounds, sounds);
-    EXPECT_NE(take(demo.levelEditor.string()), 0) << "the demo has no stock samples";
+    EXPECT_NE(take(demo.levelEditor), 0) << "the demo has no stock samples";
     EXPECT_EQ(readBytes(program / "Tavrel.tos"), sounds);
     EXPECT_EQ(namesIn(program),
               (std::vector<std::string>{"SFX_Eng1.txt", "SFX_Fra1.txt", "Tavrel.tod", "Tavrel.too",
@@ -92,9 +89,7 @@ TEST(Companion, SaysWhenItCannot)
     const TemporaryFolder root;
     EXPECT_FALSE(unpackInto(root / "missing", root / "said"));
     EXPECT_NE(readBytes(root / "said").find("Tavrel.tos"), std::string::npos);
-    EXPECT_NE(std::system(
-                  ("\"" TAVREL_COMPANION "\" --nonsense >\"" + (root / "said").string() + "\" 2>&1").c_str()),
-              0);
+    EXPECT_NE(runProgram(TAVREL_COMPANION, {"--nonsense"}, root / "said"), 0);
 }
 
 } // namespace

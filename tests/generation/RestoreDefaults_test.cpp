@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 using namespace tavrel;
@@ -120,7 +121,8 @@ TEST_F(RestoreDefaultsTest, PutsEverythingBackAndKeepsWhatWasThere)
 
     EXPECT_EQ(namesIn(samples).size(), 497U + 2U);
     EXPECT_EQ(readBytes(samples / "f1.wav"), readBytes(program / "samples_orig" / "f1.wav"));
-    EXPECT_FALSE(fs::exists(samples / "mine.wav") || fs::exists(samples / "F1.WAV"));
+    EXPECT_FALSE(fs::exists(samples / "mine.wav"));
+    EXPECT_EQ(std::ranges::count(namesIn(samples), "F1.WAV"), 0);
     EXPECT_TRUE(fs::exists(samples / "sub" / "deep.wav") && fs::exists(samples / ".hidden"));
     EXPECT_EQ(readBytes(samples.parent_path() / "Samples_replaced" / "mine.wav"), "mine");
 
@@ -142,6 +144,7 @@ TEST_F(RestoreDefaultsTest, FillsWhatIsMissing)
     installSamples();
     fs::remove(creator / "SOUNDS.TXT");
     fs::permissions(program / "samples_orig" / "f7.wav", fs::perms::owner_read);
+    fs::permissions(samples / "F1.WAV", fs::perms::owner_write, fs::perm_options::add);
     fs::remove_all(samples);
     EXPECT_TRUE(restore({true, true, false}).complete);
     EXPECT_EQ(namesIn(creator), std::vector<std::string>{"Sounds.txt"});

@@ -91,8 +91,10 @@ TEST_F(SfxGenerationTest, ChecksTheSamplesOfTheWadInTheirOrder)
     wad.letter = "b";
     EXPECT_EQ(findWrongSample(catalogue, wad, samples, progress), "other");
     fs::remove(samples / "other.wav");
+#ifndef _WIN32 // where links take a right that users lack
     fs::create_symlink("nowhere", samples / "other.wav");
     EXPECT_EQ(findWrongSample(catalogue, wad, samples, progress), "all") << "a link to nothing is no file";
+#endif
     EXPECT_EQ(findWrongSample(catalogue, wad, root / "none", progress), std::nullopt);
 }
 

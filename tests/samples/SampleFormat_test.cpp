@@ -78,7 +78,9 @@ TEST(SampleFormat, WhatCannotBeOpenedFailsEverything)
 {
     const TemporaryFolder root;
     fs::create_directory(root / "folder.wav");
+#ifndef _WIN32 // where links take a right that users lack
     fs::create_symlink(root / "nowhere", root / "link.wav");
+#endif
     for (const char* name : {"missing", "folder", "link", "..", "../a", ""}) {
         SCOPED_TRACE(name);
         EXPECT_FALSE(CheckSampleFormat(root.path(), name));

@@ -242,8 +242,9 @@ TEST_F(ExchangeWindows, SamplesComeAlongAndCanBeStopped)
         QTest::keyClick(&lines, Qt::Key_Return);
         selectRow(lines, 0);
         press(import, "CdPlay2");
-        EXPECT_EQ(player.played, (std::vector<fs::path>{levelEditorSamples / "foot01.wav",
-                                                        backups / "CITY_samples" / "other.wav"}));
+        ASSERT_EQ(player.played.size(), 2U);
+        EXPECT_EQ(player.played[0], levelEditorSamples / "foot01.wav");
+        EXPECT_TRUE(fs::equivalent(player.played[1], backups / "CITY_samples" / "other.wav"));
 
         auto& cancel = in<QPushButton>(import, "CdCancelCopy");
         QTimer::singleShot(0, &cancel, [&import, &cancel] {

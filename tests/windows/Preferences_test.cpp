@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "app/FmPreferences.h"
 #include "app/FmSounds.h"
+#include "base/CodePage.h"
 #include "samples/FmDoub.h"
 #include "ui/FmColors.h"
 #include "ui/FmHelp.h"
@@ -214,7 +215,7 @@ TEST_F(PreferencesTest, AnotherLevelEditorIsLoadedFromAtOnce)
         });
         return shown;
     };
-    const std::string before = window->settings().LevelEditorFolder;
+    const std::string before = utf8FromCodePage(window->settings().LevelEditorFolder);
     EXPECT_EQ(choose({Answer::No}, {}), before);
     EXPECT_TRUE(window->catalogue().pending());
 
@@ -224,7 +225,7 @@ TEST_F(PreferencesTest, AnotherLevelEditorIsLoadedFromAtOnce)
 
     EXPECT_EQ(choose({Answer::Yes}, other / "NGLE.exe"), otherFolder);
     EXPECT_EQ(window->catalogue().currentLine(0), lines[0]);
-    EXPECT_EQ(LoadSettings(folders.program).settings.LevelEditorFolder, otherFolder);
+    EXPECT_EQ(utf8FromCodePage(LoadSettings(folders.program).settings.LevelEditorFolder), otherFolder);
     EXPECT_EQ(control<QLabel>("LbPath").text().toStdString(), otherFolder);
 
     dialogs.prepareFile(std::nullopt);

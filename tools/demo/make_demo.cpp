@@ -4,7 +4,10 @@
 
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <iostream>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -23,14 +26,15 @@ void addTool(const std::filesystem::path& levelEditor)
 
 int main(int argc, char* argv[])
 {
-    if (argc != 3) {
+    const std::vector<std::string> arguments = tavrel::system::utf8Arguments(argc, argv);
+    if (arguments.size() != 2) {
         std::cerr
             << "Usage: make_demo DATA TARGET\n"
                "Makes TARGET/trle, a level editor folder, and TARGET/program, a program folder for it.\n";
         return EXIT_FAILURE;
     }
-    const std::filesystem::path data = argv[1];
-    const std::filesystem::path target = argv[2];
+    const std::filesystem::path data = std::u8string(arguments[0].begin(), arguments[0].end());
+    const std::filesystem::path target = std::u8string(arguments[1].begin(), arguments[1].end());
     try {
         tavrel::makeLevelEditorFolder(target / "trle", data, tavrel::DemoSamples::All);
         addTool(target / "trle");
