@@ -9,6 +9,8 @@ tool_packages="wine g++-mingw-w64-x86-64-posix"
 test_packages="libgtest-dev nlohmann-json3-dev strace util-linux fonts-dejavu-core $tool_packages"
 benchmark_packages="libbenchmark-dev"
 lint_packages="clang-format clang-tidy"
+windows_packages="g++-mingw-w64-x86-64-posix qt6-base-dev-tools qt6-translations-l10n dpkg-dev googletest libxml2-utils icoutils zip unzip"
+wine_packages="wine wine64 fonts-wine fonts-dejavu-core openbox xxd"
 display_packages="xvfb xauth xdotool imagemagick"
 
 need_packages() {

@@ -20,6 +20,17 @@ QString qtPath(const std::filesystem::path& path)
     return QString::fromStdString(displayPath(path));
 }
 
+// A console program gets a window, in which the user can read what it says. Qt would hide it.
+void showConsole([[maybe_unused]] QProcess& process)
+{
+#ifdef Q_OS_WIN
+    process.setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments* arguments) {
+        arguments->flags &= ~static_cast<unsigned long>(CREATE_NO_WINDOW);
+        arguments->flags |= CREATE_NEW_CONSOLE;
+    });
+#endif
+}
+
 } // namespace
 
 bool QtPrograms::start(const std::filesystem::path& program, const std::vector<std::string>& arguments)
@@ -28,7 +39,12 @@ bool QtPrograms::start(const std::filesystem::path& program, const std::vector<s
     for (const std::string& argument : arguments) {
         list += QString::fromStdString(argument);
     }
-    return QProcess::startDetached(qtPath(program), list, qtPath(program.parent_path()));
+    QProcess process;
+    process.setProgram(qtPath(program));
+    process.setArguments(list);
+    process.setWorkingDirectory(qtPath(program.parent_path()));
+    showConsole(process);
+    return process.startDetached();
 }
 
 #ifdef Q_OS_WIN

@@ -166,6 +166,10 @@ void applyTheme(QApplication& application)
 QFont fixedPitchFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+#ifdef Q_OS_WIN
+    // The system's own, Courier New, is too thin on a dark ground.
+    font.setFamilies({"Consolas", font.family()});
+#endif
     font.setPixelSize(textPixels);
     return font;
 }
