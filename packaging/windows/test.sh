@@ -86,14 +86,17 @@ mkdir "$WINEPREFIX/drive_c/Données temporaires"
 for variable in TEMP TMP; do
     wine reg add 'HKCU\Environment' /v "$variable" /d 'C:\Données temporaires' /f >/dev/null
 done
-for tests in tavrel_core_tests tavrel_window_tests; do
+run_tests() { # PROGRAM FILTER PLATFORM
     # Wine gives QT_QPA_PLATFORM to Windows programs under this name alone.
-    if ! WINEQT_QPA_PLATFORM=windows wine "build/windows/bin/$tests.exe" >"$work/$tests.txt" 2>&1; then
-        grep -a -B 20 '^\[  FAILED' "$work/$tests.txt" >&2 || tail -20 "$work/$tests.txt" >&2
-        fail "$tests.exe"
+    if ! WINEQT_QPA_PLATFORM=$3 wine "build/windows/bin/$1.exe" --gtest_filter="$2" >"$work/$1.txt" 2>&1; then
+        grep -a -B 20 '^\[  FAILED' "$work/$1.txt" >&2 || tail -20 "$work/$1.txt" >&2
+        fail "$1.exe"
     fi
-    grep -a '^\[  PASSED' "$work/$tests.txt"
-done
+    grep -a '^\[  PASSED' "$work/$1.txt"
+}
+run_tests tavrel_core_tests '*' windows
+run_tests tavrel_window_tests -Screens.* windows
+run_tests tavrel_window_tests Screens.* offscreen:configfile=tests/windows/screens.json
 
 step "Unpacking $zip"
 unzip -q "$zip" -d "$place"
@@ -201,6 +204,10 @@ await '^Tavrel - oasis$'
 picture generated
 keys ctrl+q
 ended
+
+step "The same folder from a script"
+wine "$program/tavrel-cli.exe" list --modified >"$work/list.txt"
+[ "$(grep -ac . "$work/list.txt")" = 1 ] && grep -aq LARA_NO "$work/list.txt" || fail "what tavrel-cli lists as modified"
 
 step "Another first start, in English, with ngle.exe"
 rm "$program/Tavrel.par"
