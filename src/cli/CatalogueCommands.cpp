@@ -94,7 +94,7 @@ std::string joined(const std::vector<std::string>& words)
 {
     std::string text;
     for (const std::string& word : words) {
-        text += (text.empty() ? "" : " ") + word;
+        text += (text.empty() || word.empty() ? "" : " ") + word;
     }
     return text;
 }
