@@ -27,6 +27,7 @@ void FmSFX::connectGenerationControls()
 void FmSFX::generate()
 {
     showInfo({});
+    m_results.stop(); // a look in the middle of the pass would end it
     m_busy = std::make_unique<StatusProgress>(*this, m_controls, m_settings.language);
     const GenerationRequest request{m_catalogue,
                                     m_wad,
@@ -49,6 +50,9 @@ void FmSFX::generate()
     case SfxGeneration::Begun::NotStarted:
         m_busy.reset();
         break;
+    }
+    if (m_generation.phase() != SfxGeneration::Phase::Idle && !m_results.isActive()) {
+        m_results.start(SfxGeneration::nextLook);
     }
 }
 

@@ -74,8 +74,11 @@ public:
             return wanted.failure();
         }
         std::error_code error;
-        m_wasInterrupted = fs::exists(m_incoming, error);
-        removeFolder(m_incoming);
+        if (holdsOnlyOurs(m_incoming)) {
+            removeFolder(m_incoming); // of a run that was cut short
+        } else if (fs::exists(fs::symlink_status(m_incoming, error))) {
+            m_incoming = freeName(m_incoming);
+        }
         fs::create_directory(m_incoming, error);
         if (error) {
             return cannotWrite(m_incoming, error);
@@ -102,16 +105,26 @@ public:
     {
         const std::error_code error = moveAll(oldFiles);
         if (!error) {
-            if (!m_wasInterrupted) { // else it holds what nobody has seen yet
-                removeFolder(m_setAside);
-            }
-            return std::nullopt;
+            return std::nullopt; // what was kept before stays aside: it may be the only copy of a user's file
         }
         moveBack();
         return cannotWrite(m_folder, error);
     }
 
 private:
+    // Copies of the files that are to come in, and nothing that somebody else put there.
+    bool holdsOnlyOurs(const fs::path& folder) const
+    {
+        std::error_code error;
+        if (!fs::is_directory(fs::symlink_status(folder, error))) {
+            return false;
+        }
+        const Result<std::vector<FolderEntry>> entries = listFolder(folder);
+        return entries && std::ranges::all_of(*entries, [this](const FolderEntry& entry) {
+                   return entry.isFile && isAmong(m_files, entry.name);
+               });
+    }
+
     // Without the read-only mark that the file may have.
     std::error_code copyIn(const fs::path& file) const
     {
@@ -191,7 +204,6 @@ private:
     fs::path m_incoming;
     fs::path m_replaced;
     fs::path m_setAside; // what was replaced the time before
-    bool m_wasInterrupted = false;
     std::vector<Move> m_moved;
 };
 

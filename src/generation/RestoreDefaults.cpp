@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
+#include "base/System.h"
 #include "base/TextFile.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
@@ -26,14 +27,18 @@ using Refusal = std::optional<BilingualText>;
 
 Refusal restoreCatalogue(const RestoreContext& context)
 {
+    const BilingualText noDefaults("No defaults found. Check your installation of Tavrel.",
+                                   "Aucun fichier d'origine trouvé. Vérifier l'installation de Tavrel.");
     const std::optional<fs::path> original = findFile(context.programFolder, originalLinesFileName);
     if (!original) {
-        return BilingualText("No defaults found. Check your installation of Tavrel.",
-                             "Aucun fichier d'origine trouvé. Vérifier l'installation de Tavrel.");
+        return noDefaults;
     }
     const Result<FileContent> content = readFile(*original);
     if (!content) {
         return content.failure().text;
+    }
+    if (content->bytes.find(':') == std::string::npos) { // no sound in it
+        return noDefaults;
     }
     const std::optional<fs::path> present = findEntry(context.creatorFolder, soundsFileName);
     if (present) {
@@ -41,8 +46,8 @@ Refusal restoreCatalogue(const RestoreContext& context)
         if (!old) {
             return old.failure().text;
         }
-        // A second restore must not push out what the first one replaced.
-        if (old->bytes != content->bytes) {
+        // Neither a second restore nor one that will fail must push out what the first one replaced.
+        if (old->bytes != content->bytes && system::isWritable(*present)) {
             const fs::path kept = fileIn(context.creatorFolder, replacedCatalogueName);
             if (const Problem problem = writeFileSafely(kept, old->bytes)) {
                 return problem->text;

@@ -317,7 +317,6 @@ bool SfxGeneration::wantsToStop(const FileStates& files, Clock::time_point now)
     if (now - m_lastChange < (m_running->hasEnded() ? patienceAfterTheEnd : patience)) {
         return false;
     }
-    m_lastChange = now;
     std::string names;
     for (const FileState& state : files) {
         names += "\n" + displayPath(state.file);
@@ -331,7 +330,10 @@ bool SfxGeneration::wantsToStop(const FileStates& files, Clock::time_point now)
             "La fenêtre de console a-t-elle été fermée trop tôt ?") +
             names + BilingualText("\nStop waiting?", "\nArrêter d'attendre ?"),
         Buttons::YesNo};
-    return m_dialogs.ask(question) == Answer::Yes;
+    const Clock::time_point asked = Clock::now();
+    const bool stops = m_dialogs.ask(question) == Answer::Yes;
+    m_lastChange = now + (Clock::now() - asked); // the time for the answer was no waiting
+    return stops;
 }
 
 void SfxGeneration::end()

@@ -105,7 +105,8 @@ TEST_P(ReplaceFaults, LeaveTheOldFilesOrTheNewOnes)
     const auto runWith = [this](const std::string& options) { return run(options); };
     const std::map<std::string, int> counts = program.countCalls(runWith);
     expectOneSet(0);
-    EXPECT_EQ(namesIn(work), (std::vector<std::string>{"Samples", "Samples_replaced"}));
+    EXPECT_EQ(namesIn(work), (std::vector<std::string>{"Samples", "Samples_replaced", "Samples_replaced_1"}));
+    EXPECT_EQ(contentsOf(work / "Samples_replaced_1"), Contents{"older"});
     ASSERT_TRUE(counts.contains("rename"));
     EXPECT_EQ(counts.at("rename"), 7); // old ones, new ones, what was replaced before
     const FaultCounts faults = program.withEachFault(counts, GetParam().fault, runWith,

@@ -134,9 +134,10 @@ TEST_F(RestoreDefaultsTest, PutsEverythingBackAndKeepsWhatWasThere)
     restore(catalogueOnly);
     EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "the user's") << "not pushed out by the stock one";
     restore(samplesOnly);
-    EXPECT_EQ(namesIn(samples.parent_path()),
-              (std::vector<std::string>{"LevelSFX Creator", "Samples", "Samples_replaced"}))
-        << "one generation is kept";
+    EXPECT_EQ(
+        namesIn(samples.parent_path()),
+        (std::vector<std::string>{"LevelSFX Creator", "Samples", "Samples_replaced", "Samples_replaced_1"}))
+        << "what the first one replaced is still there";
 }
 
 TEST_F(RestoreDefaultsTest, FillsWhatIsMissing)
