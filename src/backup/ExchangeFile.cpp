@@ -52,6 +52,13 @@ void dropLastCharacter(fs::path::string_type& name)
     }
 }
 
+std::string shownId(std::int64_t id, std::string_view text)
+{
+    using Limits = std::numeric_limits<std::int64_t>;
+    const bool isExact = id != Limits::min() && id != Limits::max();
+    return isExact ? std::to_string(id) : std::string(text.substr(text.find_first_not_of(' ')));
+}
+
 } // namespace
 
 ExchangeKind kindOfFile(const fs::path& file)
@@ -70,7 +77,11 @@ Result<std::vector<ExchangeRecord>> readExchangeFile(const fs::path& file)
         return text.failure();
     }
     std::vector<ExchangeRecord> records;
-    for (const std::string_view line : text->lines()) {
+    std::vector<std::string_view> lines = text->lines();
+    while (!lines.empty() && lines.back().empty()) {
+        lines.pop_back(); // an editor left them
+    }
+    for (const std::string_view line : lines) {
         std::optional<ExchangeFields> fields = splitExchangeRecord(line);
         if (!fields) {
             return wrongLine(
@@ -85,7 +96,7 @@ Result<std::vector<ExchangeRecord>> readExchangeFile(const fs::path& file)
                 file, records.size() + 1,
                 {"The ID " + shown + " is not a number.", "L'ID " + shown + " n'est pas un nombre."});
         }
-        records.push_back({*id, std::move(fields->text)});
+        records.push_back({*id, std::move(fields->text), shownId(*id, fields->number)});
     }
     return records;
 }
@@ -96,13 +107,15 @@ Problem writeExchangeFile(const fs::path& file, std::span<const ExchangeRecord> 
     for (const ExchangeRecord& record : records) {
         writer.text(std::to_string(record.id)).text(record.line).endRecord();
     }
-    if (Problem problem = writeFileSafely(file, writer.bytes())) {
-        return problem;
+    const Result<FolderIndex> folder = FolderIndex::of(file.parent_path());
+    Problem problem = folder ? checkOtherSpellings(*folder, file) : std::nullopt;
+    if (!problem) {
+        problem = writeFileSafely(file, writer.bytes());
     }
-    if (const Result<FolderIndex> folder = FolderIndex::of(file.parent_path())) {
+    if (!problem && folder) {
         removeOtherSpellings(*folder, file);
     }
-    return std::nullopt;
+    return problem;
 }
 
 fs::path samplesFolderOf(const fs::path& file)
@@ -111,20 +124,28 @@ fs::path samplesFolderOf(const fs::path& file)
     for (std::size_t i = 0; i < endingLength; ++i) {
         dropLastCharacter(name);
     }
-    fs::path folder = file.parent_path() / (fs::path(name) += "_Samples");
-    std::error_code ignored;
-    if (!fs::exists(folder, ignored)) {
-        const CodePageText wanted = codePagePath(folder.filename());
-        const std::optional<fs::path> found =
-            wanted.exact ? findEntry(file.parent_path(), wanted.bytes) : std::nullopt;
-        return found.value_or(folder);
-    }
-    return folder;
+    return asOnDisk(file.parent_path() / (fs::path(name) += "_Samples"));
 }
 
-std::string exchangeRow(std::int64_t id, const SoundLine& record, std::string_view letters)
+FirstHash firstHashOf(std::string_view line)
 {
-    const FixedText<5> idField(std::to_string(id) + " ");
+    const std::size_t hash = line.find('#');
+    if (hash == std::string_view::npos) {
+        return FirstHash::OpensLetters;
+    }
+    const std::optional<SoundLine> record = tryParse(line);
+    const auto holdsHash = [](const std::string& sample) {
+        return !sample.starts_with('#') && sample.find('#') != std::string::npos;
+    };
+    if (hash <= line.find(':') || !record || std::ranges::any_of(record->Samples, holdsHash)) {
+        return FirstHash::InNameOrSample;
+    }
+    return hash == lettersStart(line) ? FirstHash::OpensLetters : FirstHash::BeforeVolume;
+}
+
+std::string exchangeRow(std::string_view id, const SoundLine& record, std::string_view letters)
+{
+    const FixedText<5> idField(std::string(id) + " ");
     std::string row;
     for (const std::string_view field :
          {idField.view(), record.Name.view(), record.SampleText.view(), record.Vol.view(),

@@ -23,9 +23,10 @@ ExchangeKind kindOfFile(const std::filesystem::path& file);
 
 struct ExchangeRecord
 {
-    std::int64_t
-        id; // the sound's number when it was exported; a number too large for the type is the largest
+    // The sound's number when it was exported; a number too large for the type is the largest.
+    std::int64_t id;
     std::string line;
+    std::string idText = {}; // of a record that was read: decimal, however large
 };
 
 // All of the file or, on the first line that is no record, nothing.
@@ -39,8 +40,16 @@ Result<std::vector<ExchangeRecord>> readExchangeFile(const std::filesystem::path
 // need not exist; one in another letter case is found.
 std::filesystem::path samplesFolderOf(const std::filesystem::path& file);
 
+// What the first "#" of a line is. The files' lines are cut there and get other letters.
+enum class FirstHash {
+    OpensLetters, // or there is none
+    InNameOrSample,
+    BeforeVolume // letters are read behind "VOL" alone
+};
+FirstHash firstHashOf(std::string_view line);
+
 // The line as both windows list it, in fixed columns.
-std::string exchangeRow(std::int64_t id, const SoundLine& record, std::string_view letters);
+std::string exchangeRow(std::string_view id, const SoundLine& record, std::string_view letters);
 
 // Nothing for a line with more samples than a record takes.
 std::optional<SoundLine> tryParse(std::string_view line);

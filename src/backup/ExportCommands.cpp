@@ -59,18 +59,37 @@ bool confirm(const ExportRequest& request, const BilingualText& text, Dialogs& d
     return dialogs.ask({captionOf(request.mode), text, Buttons::YesNo, true}) == Answer::Yes;
 }
 
-// A backup that drops something must not look like one that does not.
-bool confirmDroppedText(const ExportRequest& request, Dialogs& dialogs)
+std::string numbersOf(const ExportRequest& request, SavedAs savedAs)
 {
-    if (request.mode != ExportMode::All) {
-        return true;
-    }
     std::string numbers;
     for (const ExportRow& row : request.rows) {
-        if (row.savedDiffers) {
+        if (row.savedAs == savedAs) {
             numbers += (numbers.empty() ? "" : ", ") + std::to_string(row.number);
         }
     }
+    return numbers;
+}
+
+bool confirmCutLines(const ExportRequest& request, Dialogs& dialogs)
+{
+    const std::string numbers = numbersOf(request, SavedAs::Cut);
+    return numbers.empty() ||
+           confirm(
+               request,
+               {"These lines are cut at their first \"#\", which does not open their letters: values are "
+                "lost.\n" +
+                    numbers + "\nSave them so?",
+                "Ces lignes sont coupées à leur premier « # », qui n'ouvre pas leurs lettres : des valeurs "
+                "sont perdues.\n" +
+                    numbers + "\nLes sauvegarder ainsi ?"},
+               dialogs);
+}
+
+// A backup that drops something must not look like one that does not.
+bool confirmDroppedText(const ExportRequest& request, Dialogs& dialogs)
+{
+    const std::string numbers =
+        request.mode == ExportMode::All ? numbersOf(request, SavedAs::Other) : std::string();
     return numbers.empty() ||
            confirm(request,
                    {"These lines hold text among or behind their letters that the backup does not keep: " +
@@ -130,11 +149,51 @@ Message report(const ExportRequest& request, MessageIcon icon, const BilingualTe
     return {icon, captionOf(request.mode), text};
 }
 
+// The samples folder of an earlier time, or what is left of it.
+BilingualText leftBehind(const std::vector<fs::path>& folders)
+{
+    std::string list;
+    for (const fs::path& folder : folders) {
+        list += "\n[" + displayPath(folder) + "]";
+    }
+    return BilingualText("Files of the old samples folder are left here; look whether you need them:",
+                         "Des fichiers de l'ancien répertoire de samples restent ici ; vérifiez s'ils sont "
+                         "utiles :") +
+           BilingualText::same(list);
+}
+
 Message nothingSaved(const ExportRequest& request, const BilingualText& why)
 {
     return report(request, MessageIcon::Exclamation,
                   why + BilingualText("\n\nNothing was saved; files that were there are as they were.",
                                       "\n\nRien n'a été sauvegardé ; les fichiers existants sont intacts."));
+}
+
+// The file itself is saved.
+ExportOutcome putSamplesInPlace(const ExportRequest& request, SamplesFolderSwap& samples,
+                                const SampleCopies& copies)
+{
+    const Problem problem = samples.putInPlace();
+    std::vector<BilingualText> texts;
+    if (problem) {
+        const std::string name = bracketed(request.file);
+        texts.push_back(problem->text);
+        texts.emplace_back(name + " was saved, its samples were not.",
+                           name + " a été sauvegardé, mais pas ses samples.");
+    } else if (!copies.refused.empty()) {
+        texts.push_back(unsafeSampleNames(copies.refused));
+    }
+    if (const std::vector<fs::path> left = samples.leftovers(); !left.empty()) {
+        texts.push_back(leftBehind(left));
+    }
+    BilingualText text;
+    for (const BilingualText& part : texts) {
+        text += (text.empty() ? BilingualText() : BilingualText::same("\n\n")) + part;
+    }
+    if (text.empty()) {
+        return {true, std::nullopt};
+    }
+    return {!problem, report(request, problem ? MessageIcon::Exclamation : MessageIcon::Information, text)};
 }
 
 } // namespace
@@ -150,9 +209,10 @@ std::vector<ExportRow> listForExport(const SoundCatalogue& catalogue, ExportMode
         if (isListed(mode, line, letter, current, original)) {
             const std::string& letters = mode == ExportMode::All ? current.Letters : original.Letters;
             std::string saved = savedLine(line, letters);
-            const bool differs = saved != line;
-            rows.push_back({i, current, exchangeRow(static_cast<std::int64_t>(i), current, letters),
-                            std::move(saved), differs});
+            const bool isCut = saved != line && firstHashOf(line) != FirstHash::OpensLetters;
+            const SavedAs savedAs = isCut ? SavedAs::Cut : saved != line ? SavedAs::Other : SavedAs::Same;
+            rows.push_back(
+                {i, current, exchangeRow(std::to_string(i), current, letters), std::move(saved), savedAs});
         }
     }
     return rows;
@@ -231,8 +291,8 @@ std::optional<fs::path> chooseExportFile(ExportMode mode, std::string_view wadNa
 
 bool confirmExport(const ExportRequest& request, Dialogs& dialogs)
 {
-    return confirmDroppedText(request, dialogs) && confirmKind(request, dialogs) &&
-           confirmReplacing(request, dialogs);
+    return confirmCutLines(request, dialogs) && confirmDroppedText(request, dialogs) &&
+           confirmKind(request, dialogs) && confirmReplacing(request, dialogs);
 }
 
 ExportOutcome saveExport(const ExportRequest& request, Progress& progress)
@@ -257,20 +317,7 @@ ExportOutcome saveExport(const ExportRequest& request, Progress& progress)
     if (const Problem problem = writeExchangeFile(file, records)) {
         return {false, nothingSaved(request, problem->text)};
     }
-    if (samples) {
-        if (const Problem problem = samples->putInPlace()) {
-            const std::string name = bracketed(file);
-            return {false,
-                    report(request, MessageIcon::Exclamation,
-                           problem->text +
-                               BilingualText("\n\n" + name + " was saved, its samples were not.",
-                                             "\n\n" + name + " a été sauvegardé, mais pas ses samples."))};
-        }
-    }
-    if (!copies.refused.empty()) {
-        return {true, report(request, MessageIcon::Information, unsafeSampleNames(copies.refused))};
-    }
-    return {true, std::nullopt};
+    return samples ? putSamplesInPlace(request, *samples, copies) : ExportOutcome{true, std::nullopt};
 }
 
 std::vector<ObjectGroup> objectGroups(std::span<const SoundObject> objects)

@@ -24,13 +24,20 @@ enum class ExportMode {
     All               // a backup of every line
 };
 
+// How the saved line stands to the current one.
+enum class SavedAs {
+    Same,
+    Other, // with other letters, or without a text among them
+    Cut    // at a "#" that does not open the letters: values are lost
+};
+
 struct ExportRow
 {
     std::size_t number; // of the sound
     SoundLine record;   // of its current line
     std::string text;   // as it is listed
     std::string savedLine;
-    bool savedDiffers; // the saved line is not the current one
+    SavedAs savedAs = SavedAs::Same;
 };
 
 // The lines of a mode, in the order of the catalogue. The letter (without "#") may stand anywhere in a line,
@@ -58,8 +65,8 @@ struct ExportRequest
     std::filesystem::path samplesFolder; // the level editor's
 };
 
-// Asks whatever there is to ask: lines that a backup would not keep as they are, a name that will be read as
-// the other kind of file, a file that exists. True when saveExport() may follow.
+// Asks whatever there is to ask: lines that would be cut, lines that a backup would not keep as they are, a
+// name that will be read as the other kind of file, a file that exists. True when saveExport() may follow.
 bool confirmExport(const ExportRequest& request, Dialogs& dialogs);
 
 struct ExportOutcome

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <numeric>
 #include <unordered_map>
 
 namespace tavrel {
@@ -24,21 +25,6 @@ std::string_view nameOf(std::string_view line)
 bool isInCatalogue(std::int64_t id, const SoundCatalogue& catalogue)
 {
     return id >= 0 && static_cast<std::uint64_t>(id) < catalogue.size();
-}
-
-// Whether the first "#" of the line opens its letters. One in a name or a sample would cut the line there.
-bool isCutAtLetters(std::string_view line)
-{
-    const std::size_t hash = line.find('#');
-    if (hash == std::string_view::npos) {
-        return true;
-    }
-    const std::optional<SoundLine> record = tryParse(line);
-    const auto holdsHash = [](const std::string& sample) {
-        return !sample.starts_with('#') && sample.find('#') != std::string::npos;
-    };
-    const bool inSample = !record || std::ranges::any_of(record->Samples, holdsHash);
-    return hash == lettersStart(line) && hash > nameOf(line).size() && !inSample;
 }
 
 // The samples and values that are read from both lines are the same, whatever their letters.
@@ -60,11 +46,27 @@ std::string resultFor(const ImportRow& row, ExchangeKind kind, std::string_view 
     return kind == ExchangeKind::Backup ? row.line : mergedLine(row.line, currentLine, letter);
 }
 
+BilingualText refusalToCut(std::string_view line)
+{
+    switch (firstHashOf(line)) {
+    case FirstHash::InNameOrSample:
+        return {"A \"#\" stands in a name or sample; the line would be cut there.",
+                "Un « # » se trouve dans un nom ou un sample ; la ligne y serait coupée."};
+    case FirstHash::BeforeVolume:
+        return {
+            "\"VOL\" stands behind the first \"#\"; the letters would be cut from the wrong place.",
+            "« VOL » se trouve après le premier « # » ; les lettres seraient coupées au mauvais endroit."};
+    case FirstHash::OpensLetters:
+        break;
+    }
+    return {};
+}
+
 BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCatalogue& catalogue,
                         std::string_view letter)
 {
     if (!isInCatalogue(row.id, catalogue)) {
-        const std::string id = std::to_string(row.id);
+        const std::string& id = row.idText;
         const std::string size = std::to_string(catalogue.size());
         return {"The catalogue has no line " + id + ": it holds " + size + " lines, from 0.",
                 "Le catalogue n'a pas de ligne " + id + " : il contient " + size + " lignes, à partir de 0."};
@@ -73,16 +75,18 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
         return *refusal;
     }
     const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
-    if (kind == ExchangeKind::Exchange && !(isCutAtLetters(row.line) && isCutAtLetters(current))) {
-        return {"A \"#\" stands in a name or sample; the line would be cut there.",
-                "Un « # » se trouve dans un nom ou un sample ; la ligne y serait coupée."};
+    if (kind == ExchangeKind::Exchange) {
+        for (const std::string& line : {row.line, current}) {
+            if (const BilingualText refusal = refusalToCut(line); !refusal.empty()) {
+                return refusal;
+            }
+        }
     }
     return SoundCatalogue::refusal(resultFor(row, kind, current, letter)).value_or(BilingualText());
 }
 
-BilingualText remarkOn(const ImportRow& row, const SoundCatalogue& catalogue)
+BilingualText remarkOn(const ImportRow& row, std::string_view current)
 {
-    const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
     if (nameOf(row.line) != nameOf(current)) {
         const std::string name = "[" + utf8FromCodePage(nameOf(current)) + "]";
         return {"The catalogue has " + name + " here: the file comes from another sounds.txt.",
@@ -101,35 +105,51 @@ ImportRow makeRow(ExchangeRecord record, ExchangeKind kind, const SoundCatalogue
 {
     ImportRow row;
     row.id = record.id;
+    row.idText = std::move(record.idText);
     row.line = std::move(record.line);
     row.record = tryParse(row.line);
-    row.text = row.record ? exchangeRow(row.id, *row.record, row.record->Letters)
-                          : std::to_string(row.id) + " " + row.line;
+    row.text =
+        row.record ? exchangeRow(row.idText, *row.record, row.record->Letters) : row.idText + " " + row.line;
     row.refusal = refusalOf(row, kind, catalogue, letter);
-    if (row.applicable()) {
-        row.result = resultFor(row, kind, catalogue.currentLine(static_cast<std::size_t>(row.id)), letter);
-        row.remark = remarkOn(row, catalogue);
-    }
     return row;
 }
 
-// The lines after all rows in their order; a row may build on what an earlier one made of its line.
+// The lines of the catalogue while rows are applied in their order: one may build on what an earlier one made
+// of its line.
+class LinesSoFar
+{
+public:
+    explicit LinesSoFar(const SoundCatalogue& catalogue) : m_catalogue(catalogue) {}
+
+    const std::string& line(const ImportRow& row) const
+    {
+        const auto changed = m_changed.find(row.id);
+        return changed == m_changed.end() ? m_catalogue.currentLine(static_cast<std::size_t>(row.id))
+                                          : changed->second;
+    }
+    void apply(const ImportRow& row, const std::string& result) { m_changed[row.id] = result; }
+
+private:
+    const SoundCatalogue& m_catalogue;
+    std::unordered_map<std::int64_t, std::string> m_changed;
+};
+
+// The lines after all rows. One that was applied before is in the catalogue already.
 Result<std::vector<SoundCatalogue::LineChange>> plan(const ImportRequest& request,
                                                      const SoundCatalogue& catalogue)
 {
     std::vector<SoundCatalogue::LineChange> changes;
-    std::unordered_map<std::size_t, std::size_t> lastChange; // of a number, in `changes`
+    LinesSoFar lines(catalogue);
     for (const std::size_t index : request.rows) {
         const ImportRow& row = request.file.rows.at(index);
         if (!row.applicable() || !isInCatalogue(row.id, catalogue)) {
-            return Failure{BilingualText::same("ID " + std::to_string(row.id) + "\n") + row.refusal};
+            return Failure{BilingualText::same("ID " + row.idText + "\n") + row.refusal};
         }
-        const auto number = static_cast<std::size_t>(row.id);
-        const auto earlier = lastChange.find(number);
-        const std::string current =
-            earlier == lastChange.end() ? catalogue.currentLine(number) : changes[earlier->second].text;
-        lastChange[number] = changes.size();
-        changes.push_back({number, resultFor(row, request.file.kind, current, request.wad.letter)});
+        if (!row.applied) {
+            const std::string result = resultFor(row, request.file.kind, lines.line(row), request.wad.letter);
+            lines.apply(row, result);
+            changes.push_back({static_cast<std::size_t>(row.id), result});
+        }
     }
     return changes;
 }
@@ -185,15 +205,43 @@ Result<ImportFile> readImportFile(const fs::path& file, const SoundCatalogue& ca
     for (ExchangeRecord& record : *records) {
         result.rows.push_back(makeRow(std::move(record), result.kind, catalogue, letter));
     }
+    std::vector<std::size_t> all(result.rows.size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    foresee(result, all, catalogue, letter);
     if (result.kind == ExchangeKind::Exchange) {
-        const fs::path samples = samplesFolderOf(fs::absolute(file));
-        finishSamplesSwap(samples);
-        std::error_code ignored;
-        if (fs::is_directory(samples, ignored)) {
-            result.samplesFolder = samples;
-        }
+        result.samplesFolder = samplesFolderToRead(samplesFolderOf(fs::absolute(file)));
     }
     return result;
+}
+
+void foresee(ImportFile& file, std::span<const std::size_t> ticked, const SoundCatalogue& catalogue,
+             std::string_view letter)
+{
+    LinesSoFar lines(catalogue);
+    for (std::size_t i = 0; i < file.rows.size(); ++i) {
+        ImportRow& row = file.rows[i];
+        if (!row.applicable() || row.applied) {
+            continue;
+        }
+        const std::string& current = lines.line(row);
+        row.result = resultFor(row, file.kind, current, letter);
+        row.remark = remarkOn(row, current);
+        if (std::ranges::binary_search(ticked, i)) {
+            lines.apply(row, row.result);
+        }
+    }
+}
+
+void markApplied(ImportFile& file, std::span<const std::size_t> rows, const SoundCatalogue& catalogue,
+                 std::string_view letter)
+{
+    for (const std::size_t i : rows) {
+        ImportRow& row = file.rows.at(i);
+        row.applied = true;
+        row.result = catalogue.currentLine(static_cast<std::size_t>(row.id));
+        row.remark = {};
+    }
+    foresee(file, rows, catalogue, letter);
 }
 
 std::optional<fs::path> chooseImportFile(const fs::path& programFolder, Dialogs& dialogs)

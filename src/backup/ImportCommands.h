@@ -29,12 +29,15 @@ std::string mergedLine(std::string_view fileLine, std::string_view currentLine, 
 struct ImportRow
 {
     std::int64_t id = -1;
-    std::string line; // as the file holds it
-    std::string text; // as it is listed
+    std::string idText; // as it is shown
+    std::string line;   // as the file holds it
+    std::string text;   // as it is listed
     std::optional<SoundLine> record;
-    std::string result;    // what the catalogue's line would become
+    std::string result;    // what the catalogue's line would become, or has become
     BilingualText refusal; // why it cannot be applied
     BilingualText remark;  // what to look at before it is
+
+    bool applied = false; // in the catalogue; not merged a second time
 
     bool applicable() const { return refusal.empty(); }
 };
@@ -50,6 +53,14 @@ struct ImportFile
 // Reads all of the file or, when a record is damaged, fails with its line.
 Result<ImportFile> readImportFile(const std::filesystem::path& file, const SoundCatalogue& catalogue,
                                   std::string_view letter);
+
+// Makes the results and remarks anew for other ticked rows, in order: a row builds on what the ticked ones
+// before it make of its line.
+void foresee(ImportFile& file, std::span<const std::size_t> ticked, const SoundCatalogue& catalogue,
+             std::string_view letter);
+// After importLines(): these rows are done. What is asked for again concerns their samples alone.
+void markApplied(ImportFile& file, std::span<const std::size_t> rows, const SoundCatalogue& catalogue,
+                 std::string_view letter);
 
 // Asks for the file to read. Nothing when the user cancels.
 std::optional<std::filesystem::path> chooseImportFile(const std::filesystem::path& programFolder,

@@ -5,6 +5,7 @@
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
+#include "base/System.h"
 #include "base/TextFile.h"
 #include "samples/SamplesFolder.h"
 
@@ -19,19 +20,97 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path withEnding(fs::path folder, const char* ending)
+fs::path withEnding(fs::path folder, const std::string& ending)
 {
     return folder += ending;
 }
 
-fs::path newBeside(const fs::path& folder)
+// Something stands there, be it a link that leads nowhere.
+bool isTaken(const fs::path& path)
 {
-    return withEnding(folder, ".tavrel-new");
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
 }
 
-fs::path oldBeside(const fs::path& folder)
+// For certain: what cannot be looked at may be there.
+bool isMissing(const fs::path& path)
 {
-    return withEnding(folder, ".tavrel-old");
+    std::error_code ignored;
+    return fs::symlink_status(path, ignored).type() == fs::file_type::not_found;
+}
+
+bool isTrueFolder(const fs::path& path)
+{
+    std::error_code ignored;
+    return fs::is_directory(path, ignored) && !system::isLink(path);
+}
+
+// Where a samples folder waits while the new one takes its place. A further one has a number.
+std::string oldEnding(std::size_t number)
+{
+    return ".tavrel-old" + (number == 1 ? std::string() : std::to_string(number));
+}
+
+struct OldFolder
+{
+    fs::path path;
+    fs::path name; // that it had before, in its own letter case
+};
+
+// What earlier swaps left beside the folder, the oldest first.
+std::vector<OldFolder> oldFoldersOf(const fs::path& folder)
+{
+    std::vector<OldFolder> found;
+    while (true) {
+        const std::string ending = oldEnding(found.size() + 1);
+        const fs::path path = asOnDisk(withEnding(folder, ending));
+        if (!isTaken(path)) {
+            return found;
+        }
+        const fs::path::string_type& name = path.native();
+        found.push_back({path, name.substr(0, name.size() - ending.size())});
+    }
+}
+
+const OldFolder* newestOf(const std::vector<OldFolder>& old)
+{
+    const auto newest =
+        std::find_if(old.rbegin(), old.rend(), [](const OldFolder& each) { return isTrueFolder(each.path); });
+    return newest == old.rend() ? nullptr : &*newest;
+}
+
+fs::path freeOldFolder(const fs::path& folder)
+{
+    return withEnding(folder, oldEnding(oldFoldersOf(folder).size() + 1));
+}
+
+void removeSamples(const fs::path& folder)
+{
+    if (const Result<std::vector<FolderEntry>> entries = listFolder(folder)) {
+        for (const FolderEntry& entry : *entries) {
+            std::error_code ignored;
+            if (isSample(entry)) {
+                fs::remove(entry.path, ignored);
+            }
+        }
+    }
+}
+
+// What the folder lacks; nothing is replaced. The old folder goes when nothing is left in it.
+void moveOver(const fs::path& old, const fs::path& folder)
+{
+    const Result<std::vector<FolderEntry>> entries = listFolder(old);
+    const Result<FolderIndex> there = FolderIndex::of(folder);
+    if (!entries || !there) {
+        return;
+    }
+    for (const FolderEntry& entry : *entries) {
+        if (!entry.exactName || there->find(entry.name) == nullptr) {
+            (void)moveSafely(entry.path, folder / entry.path.filename()); // else it stays where it is
+        }
+    }
+    std::error_code ignored;
+    fs::remove(old, ignored);
 }
 
 SampleCopies failed(Failure failure)
@@ -93,7 +172,11 @@ SampleCopies copyAll(std::span<const std::string> names, const FolderIndex& sour
             continue; // the same bytes again
         }
         const fs::path written = targetFolder / nativePath(file);
-        if (Problem problem = copyFile(sample->path, written)) {
+        Problem problem = checkOtherSpellings(target, written);
+        if (!problem) {
+            problem = copyFile(sample->path, written);
+        }
+        if (problem) {
             copies.end = CopyEnd::Failed;
             copies.failure = std::move(problem);
             return copies;
@@ -123,8 +206,11 @@ bool isSafeSampleName(std::string_view name)
 BilingualText unsafeSampleNames(std::span<const std::string> names)
 {
     std::vector<Failure> shown;
+    std::unordered_set<std::string> known;
     for (const std::string& name : names) {
-        shown.push_back({BilingualText::same("[" + utf8FromCodePage(name) + "]")});
+        if (known.insert(name).second) {
+            shown.push_back({BilingualText::same("[" + utf8FromCodePage(name) + "]")});
+        }
     }
     return BilingualText(
                "These samples have names that are no plain file names. They were not copied.\n\n",
@@ -150,39 +236,71 @@ SampleCopies replaceSamples(std::span<const std::string> names, const fs::path& 
 
 SamplesFolderSwap::SamplesFolderSwap(const fs::path& folder) : m_folder(folder)
 {
-    std::error_code error;
-    if (fs::is_symlink(folder, error)) {
-        const fs::path linked = fs::canonical(folder, error);
-        m_folder = error ? folder : linked;
+    if (!system::isLink(m_folder)) {
+        repair();
     }
-    m_new = newBeside(m_folder);
-    m_old = oldBeside(m_folder);
-    finishSamplesSwap(m_folder);
+    m_new = asOnDisk(withEnding(m_folder, ".tavrel-new"));
 }
 
 SamplesFolderSwap::~SamplesFolderSwap()
 {
-    std::error_code ignored;
-    fs::remove_all(m_new, ignored);
+    if (m_hasNew) {
+        std::error_code ignored;
+        fs::remove_all(m_new, ignored);
+    }
+}
+
+// Whoever cut it short, nothing is deleted: what lies in an old folder may be the last copy.
+void SamplesFolderSwap::repair()
+{
+    const std::vector<OldFolder> old = oldFoldersOf(m_folder);
+    if (isMissing(m_folder)) {
+        if (const OldFolder* const newest = newestOf(old)) {
+            m_folder = moveSafely(newest->path, newest->name) ? m_folder : newest->name;
+        }
+    }
+    for (const OldFolder& left : old) {
+        if (isTrueFolder(left.path) && isTrueFolder(m_folder)) {
+            moveOver(left.path, m_folder);
+        }
+    }
+}
+
+std::vector<fs::path> SamplesFolderSwap::leftovers() const
+{
+    std::vector<fs::path> paths;
+    for (const OldFolder& old : oldFoldersOf(m_folder)) {
+        paths.push_back(old.path);
+    }
+    return paths;
 }
 
 SampleCopies SamplesFolderSwap::copy(std::span<const std::string> names, const fs::path& source,
                                      Progress& progress)
 {
     std::error_code error;
-    if (fs::exists(m_folder, error) && !fs::is_directory(m_folder, error)) {
+    for (const fs::path& written : {m_folder, m_new}) {
+        if (system::isLink(written)) {
+            return failed(wrongContent(written, {"Samples are not written through a link to another folder.",
+                                                 "Les samples ne sont pas écrits à travers un lien vers un "
+                                                 "autre répertoire."}));
+        }
+    }
+    if (!isMissing(m_folder) && !isTrueFolder(m_folder)) {
         return failed(cannotWrite(m_folder, std::make_error_code(std::errc::not_a_directory)));
     }
     if (fs::equivalent(m_folder, source, error)) {
         return failed(wrongContent(m_folder, {"This is the folder of the level editor's own samples.",
                                               "C'est le répertoire des samples de l'éditeur de niveaux."}));
     }
-    const Result<FolderIndex> from = FolderIndex::of(source);
+    m_hasSource = !isMissing(source);
+    const Result<FolderIndex> from = m_hasSource ? FolderIndex::of(source) : FolderIndex();
     if (!from) {
         return failed(from.failure());
     }
     fs::remove_all(m_new, error);
-    if (!fs::create_directory(m_new, error)) {
+    m_hasNew = fs::create_directory(m_new, error);
+    if (!m_hasNew) {
         return failed(cannotWrite(m_new, error));
     }
     return copyAll(names, *from, m_new, FolderIndex(), progress);
@@ -190,46 +308,39 @@ SampleCopies SamplesFolderSwap::copy(std::span<const std::string> names, const f
 
 Problem SamplesFolderSwap::putInPlace()
 {
-    std::error_code ignored;
-    const bool replaces = fs::exists(m_folder, ignored);
+    const bool replaces = !isMissing(m_folder);
+    if (replaces && !m_hasSource) {
+        return std::nullopt; // the old samples go only for new ones
+    }
+    const fs::path old = freeOldFolder(m_folder);
     if (replaces) {
-        if (Problem problem = moveSafely(m_folder, m_old)) {
+        if (Problem problem = moveSafely(m_folder, old)) {
             return problem;
         }
     }
     if (Problem problem = moveSafely(m_new, m_folder)) {
         if (replaces) {
-            finishSamplesSwap(m_folder);
+            (void)moveSafely(old, m_folder); // else it is a leftover, and the next swap tries again
         }
         return problem;
     }
-    finishSamplesSwap(m_folder);
+    m_hasNew = false;
+    if (replaces) {
+        removeSamples(old);
+        moveOver(old, m_folder);
+    }
     return std::nullopt;
 }
 
-void finishSamplesSwap(const fs::path& folder)
+std::optional<fs::path> samplesFolderToRead(const fs::path& folder)
 {
     std::error_code ignored;
-    const fs::path old = oldBeside(folder);
-    if (!fs::is_directory(old, ignored)) {
-        return;
+    if (fs::is_directory(folder, ignored)) {
+        return folder;
     }
-    if (!fs::exists(folder, ignored)) {
-        (void)moveSafely(old, folder); // tried again the next time
-        return;
-    }
-    const Result<std::vector<FolderEntry>> entries = listFolder(old);
-    if (!entries) {
-        return;
-    }
-    for (const FolderEntry& entry : *entries) {
-        if (isSample(entry)) {
-            fs::remove(entry.path, ignored);
-        } else {
-            (void)moveSafely(entry.path, folder / entry.path.filename()); // else it stays where it is
-        }
-    }
-    fs::remove(old, ignored); // when nothing is left in it
+    const std::vector<OldFolder> old = oldFoldersOf(folder);
+    const OldFolder* const newest = isMissing(folder) ? newestOf(old) : nullptr;
+    return newest != nullptr ? std::optional(newest->path) : std::nullopt;
 }
 
 } // namespace tavrel

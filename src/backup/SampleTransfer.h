@@ -42,29 +42,36 @@ SampleCopies replaceSamples(std::span<const std::string> names, const std::files
                             const std::filesystem::path& target, Progress& progress);
 
 // A samples folder that is made new beside the old one and takes its place when it is complete. Files of the
-// old folder that are no samples move over.
+// old folder that are no samples move over. A folder that is a link is never written.
 class SamplesFolderSwap
 {
 public:
-    // Brings the folder in order first when an earlier swap was cut short.
+    // Brings the folder in order first when an earlier swap was cut short: what it lacks of the old one moves
+    // back.
     explicit SamplesFolderSwap(const std::filesystem::path& folder);
     SamplesFolderSwap(const SamplesFolderSwap&) = delete;
     SamplesFolderSwap& operator=(const SamplesFolderSwap&) = delete;
     ~SamplesFolderSwap();
 
+    // Samples that the source does not hold are passed over; a missing source holds none.
     SampleCopies copy(std::span<const std::string> names, const std::filesystem::path& source,
                       Progress& progress);
-    // After a complete copy. On a failure the old folder is in its place.
+    // After a complete copy. On a failure the old folder is in its place. Without a source it stays there.
     [[nodiscard]] Problem putInPlace();
 
+    // Old folders that could not go, of this swap and of earlier ones: the user has to look.
+    std::vector<std::filesystem::path> leftovers() const;
+
 private:
+    void repair();
+
     std::filesystem::path m_folder;
     std::filesystem::path m_new;
-    std::filesystem::path m_old;
+    bool m_hasNew = false;
+    bool m_hasSource = false;
 };
 
-// Ends a swap that was cut short: the folder is the old one again, or what is left of the old one goes. Does
-// nothing to any other folder.
-void finishSamplesSwap(const std::filesystem::path& folder);
+// The folder, or the old one when a swap was cut short before the new one came. Changes nothing.
+std::optional<std::filesystem::path> samplesFolderToRead(const std::filesystem::path& folder);
 
 } // namespace tavrel

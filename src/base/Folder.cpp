@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/System.h"
 
 #include <algorithm>
 #include <array>
@@ -104,18 +105,41 @@ std::vector<fs::path> FolderIndex::otherSpellings(std::string_view name) const
     return others;
 }
 
-void removeOtherSpellings(const FolderIndex& folder, const fs::path& file)
+namespace {
+
+std::vector<fs::path> otherFilesOfThatName(const FolderIndex& folder, const fs::path& file)
 {
     const CodePageText name = codePagePath(file.filename());
     if (!name.exact) {
-        return;
+        return {};
     }
-    for (const fs::path& other : folder.otherSpellings(name.bytes)) {
+    std::vector<fs::path> others = folder.otherSpellings(name.bytes);
+    std::erase_if(others, [&file](const fs::path& other) {
         std::error_code ignored;
         // On a disk that knows no letter case it is the file itself.
-        if (!fs::equivalent(other, file, ignored) && !fs::is_directory(other, ignored)) {
-            fs::remove(other, ignored);
+        return fs::equivalent(other, file, ignored) || fs::is_directory(other, ignored);
+    });
+    return others;
+}
+
+} // namespace
+
+Problem checkOtherSpellings(const FolderIndex& folder, const fs::path& file)
+{
+    for (const fs::path& other : otherFilesOfThatName(folder, file)) {
+        std::error_code ignored;
+        if (fs::exists(other, ignored) && !system::isWritable(other)) {
+            return cannotWrite(other, std::make_error_code(std::errc::permission_denied));
         }
+    }
+    return std::nullopt;
+}
+
+void removeOtherSpellings(const FolderIndex& folder, const fs::path& file)
+{
+    for (const fs::path& other : otherFilesOfThatName(folder, file)) {
+        std::error_code ignored;
+        fs::remove(other, ignored);
     }
 }
 
@@ -140,6 +164,16 @@ fs::path fileIn(const fs::path& folder, std::string_view name)
     return findEntry(folder, name).value_or(folder / nativePath(name));
 }
 
+fs::path asOnDisk(const fs::path& path)
+{
+    std::error_code ignored;
+    if (fs::exists(fs::symlink_status(path, ignored))) {
+        return path;
+    }
+    const CodePageText name = codePagePath(path.filename());
+    return name.exact ? findEntry(path.parent_path(), name.bytes).value_or(path) : path;
+}
+
 fs::path folderIn(const fs::path& base, std::initializer_list<std::string_view> names)
 {
     fs::path folder = base;
@@ -154,12 +188,13 @@ namespace {
 bool isDeviceName(std::string_view name)
 {
     const std::string base = upperCase(name.substr(0, name.find('.')));
-    constexpr std::array<std::string_view, 4> devices = {"CON", "PRN", "AUX", "NUL"};
+    constexpr std::array<std::string_view, 6> devices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
     if (std::ranges::find(devices, base) != devices.end()) {
         return true;
     }
-    return base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT")) && base[3] >= '1' &&
-           base[3] <= '9';
+    constexpr std::string_view ports = "123456789\xB9\xB2\xB3"; // the superscript digits count too
+    return base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT")) &&
+           ports.find(base[3]) != std::string_view::npos;
 }
 
 } // namespace

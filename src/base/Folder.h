@@ -57,12 +57,17 @@ private:
     std::vector<Entry> m_entries; // sorted by both names
 };
 
+// Before a file is written: fails when one of those files is read-only, as the file itself would be refused.
+[[nodiscard]] Problem checkOtherSpellings(const FolderIndex& folder, const std::filesystem::path& file);
 // After a file was written: removes files of that folder that differ from it in nothing but the letter case
 // of their names, as they stood in the index. To the level editor all of them are one file.
 void removeOtherSpellings(const FolderIndex& folder, const std::filesystem::path& file);
 
 // Where the file stands, or where it would be created.
 std::filesystem::path fileIn(const std::filesystem::path& folder, std::string_view name);
+
+// The entry at the path, be it in another letter case; the path itself when there is none.
+std::filesystem::path asOnDisk(const std::filesystem::path& path);
 
 // Follows folder names without regard to letter case; from the first that is missing, the names as given.
 std::filesystem::path folderIn(const std::filesystem::path& base,

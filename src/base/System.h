@@ -37,6 +37,9 @@ bool isWritable(const std::filesystem::path& file);
 // Whether files may be created in the folder.
 bool isWritableFolder(const std::filesystem::path& folder);
 
+// A symbolic link or a junction, wherever it leads.
+bool isLink(const std::filesystem::path& path);
+
 // Marked hidden or as the system's own.
 bool isHidden(const std::filesystem::path& file);
 

@@ -143,6 +143,12 @@ bool isWritableFolder(const std::filesystem::path& folder)
     return ::access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
+bool isLink(const std::filesystem::path& path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_symlink(path, ignored);
+}
+
 bool isHidden(const std::filesystem::path& file)
 {
     return file.filename().native().starts_with('.');

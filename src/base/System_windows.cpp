@@ -127,6 +127,19 @@ bool isWritableFolder(const std::filesystem::path& folder)
     return true;
 }
 
+bool isLink(const std::filesystem::path& path)
+{
+    WIN32_FIND_DATAW found = {};
+    const HANDLE search = FindFirstFileW(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    FindClose(search);
+    // Files that are kept in a cloud are reparse points as well.
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
 bool isHidden(const std::filesystem::path& file)
 {
     return hasAttribute(file, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);

@@ -32,6 +32,10 @@ TEST(ExchangeFile, ReplacesAnotherSpellingOfItsName)
     const TemporaryFolder root;
     writeBytes(root / "City.TOX", "old");
     fs::create_directory(root / "CITY.tox"); // never what a folder holds
+    fs::permissions(root / "City.TOX", fs::perms::owner_read);
+    EXPECT_TRUE(writeExchangeFile(root / "city.tox", {})) << "read-only, whatever its spelling";
+    EXPECT_EQ(namesIn(root.path()), (std::vector<std::string>{"CITY.tox", "City.TOX"}));
+    fs::permissions(root / "City.TOX", fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_FALSE(writeExchangeFile(root / "city.tox", {}));
     EXPECT_EQ(namesIn(root.path()), (std::vector<std::string>{"CITY.tox", "city.tox"}));
 }
@@ -52,6 +56,7 @@ TEST(ExchangeFile, ReadsEachLineAsARecord)
         {"\"-1\",\"A:\"\r\n\"007\",\"A:\"\r\n\"99999999999999999999\",\"A:\"",
          {{-1, "A:"}, {7, "A:"}, {most, "A:"}}},
         {"  12 ,  \"\"", {{12, ""}}},
+        {"\"3\",\"A:\"\r\n\r\n\n", {{3, "A:"}}},
     };
     const TemporaryFolder root;
     for (const auto& [bytes, expected] : cases) {
@@ -114,11 +119,11 @@ TEST(ExchangeFile, RowsHaveFixedColumns)
 {
     const SoundLine record = ParseSoundLine(
         withTabs("A_NAME_OF_MORE_THAN_24_CHARACTERS:>>foot01 foot02>VOL44>P VNL>CH50>PIT-05>RAD10>#g #ab"));
-    EXPECT_EQ(exchangeRow(7, record, record.Letters),
+    EXPECT_EQ(exchangeRow("7", record, record.Letters),
               "7    A_NAME_OF_MORE_THAN_24_Cfoot01 foot02                   VOL44   P     L CH50    PIT-05  "
               "RAD10   #g #ab");
-    EXPECT_EQ(exchangeRow(12345, SoundLine(), "").substr(0, 6), "12345 ");
-    EXPECT_EQ(exchangeRow(-1, SoundLine(), "").size(), 101U);
+    EXPECT_EQ(exchangeRow("12345", SoundLine(), "").substr(0, 6), "12345 ");
+    EXPECT_EQ(exchangeRow("-1", SoundLine(), "").size(), 101U);
 }
 
 } // namespace

@@ -153,6 +153,24 @@ TEST_F(ExportFile, AsksBeforeItReplacesOrDropsOrMisnames)
     }
 }
 
+TEST_F(ExportFile, NamesTheLinesThatAreCut)
+{
+    const SoundCatalogue cut = catalogueOf({{"A#oa:>a>VOL44>>#g", "A#oa:>a>VOL11>>#g"},
+                                            {"B:>b>VOL44>>#oa", "B:>b>VOL11>>"},
+                                            {"C:>c#1>VOL44>>#oa", "C:>c>VOL11>>"},
+                                            {"D:>d>#oa>VOL44", "D:>d>#oa>VOL11"}});
+    for (const ExportMode mode : {ExportMode::Modified, ExportMode::ModifiedAndAdded, ExportMode::All}) {
+        const ExportRequest asked{mode, listForExport(cut, mode, "oa"), root / "a.tox", false, {}};
+        ScriptedDialogs dialogs{Answer::No};
+        EXPECT_FALSE(confirmExport(asked, dialogs));
+        EXPECT_EQ(
+            dialogs.conversation(Language::English),
+            Names{"Yes/No | " + captionOf(mode).english +
+                  " | These lines are cut at their first \"#\", which does not open their letters: values "
+                  "are lost.\n0, 2, 3\nSave them so?"});
+    }
+}
+
 TEST_F(ExportFile, WritesTheTickedLinesToTheByte)
 {
     ExportRequest modified = request(ExportMode::Modified, "city.tox");
@@ -206,6 +224,37 @@ TEST_F(ExportFile, SavesAllOrNothing)
     modified.withSamples = false;
     expectNothingSaved(saveExport(modified, progress), "Cannot write");
     EXPECT_EQ(namesIn(root.path()), (Names{"city.tox", "city_Samples", "samples"}));
+}
+
+TEST_F(ExportFile, WithoutASamplesFolderOrWithALinkForIt)
+{
+    writeBytes(root / "city_Samples" / "old.wav", "old");
+    ExportRequest modified = request(ExportMode::Modified, "city.tox");
+    modified.withSamples = true;
+    const ExportOutcome outcome = saveExport(modified, progress);
+    EXPECT_TRUE(outcome.saved && !outcome.report) << "what does not exist is passed over";
+    EXPECT_EQ(namesIn(root / "city_Samples"), Names{"old.wav"}) << "it goes for new ones alone";
+
+    fs::rename(root / "city_Samples", root / "elsewhere");
+    fs::create_directory_symlink(root / "elsewhere", root / "city_Samples");
+    writeBytes(root / "samples" / "foot.wav", "foot");
+    writeBytes(root / "city.tox", "old");
+    EXPECT_FALSE(saveExport(modified, progress).saved);
+    EXPECT_EQ(readBytes(root / "city.tox"), "old");
+    EXPECT_EQ(namesIn(root / "elsewhere"), Names{"old.wav"});
+}
+
+TEST_F(ExportFile, SaysWhatStaysOfTheOldSamples)
+{
+    writeBytes(root / "samples" / "foot.wav", "foot");
+    writeBytes(root / "city_Samples" / "notes.txt", "notes");
+    writeBytes(root / "city_Samples.tavrel-old" / "notes.txt", "older");
+    ExportRequest modified = request(ExportMode::Modified, "city.tox");
+    modified.withSamples = true;
+    const ExportOutcome outcome = saveExport(modified, progress);
+    EXPECT_TRUE(outcome.saved);
+    EXPECT_TRUE(outcome.report->text.english.ends_with("city_Samples.tavrel-old]"));
+    EXPECT_EQ(namesIn(root / "city_Samples"), (Names{"foot.wav", "notes.txt"}));
 }
 
 TEST(Export, ObjectsComeInGroupsOfTheirType)

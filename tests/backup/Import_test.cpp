@@ -111,6 +111,7 @@ TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
         "\"2\",\"OTHER:>e>VOL10>\"",
         "\"1\",\"B:>bell\"",
         "\"2\",\"C:>#b #c\"",
+        "\"0\",\"A:>a>#b>VOL10\"",
     };
     const struct
     {
@@ -119,14 +120,15 @@ TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
     } imported[] = {{"", ""},
                     {"The catalogue has no line 4", ""},
                     {"The catalogue has no line -1", ""},
-                    {"The catalogue has no line 9223372036854775807", ""},
+                    {"The catalogue has no line 99999999999999999999:", ""},
                     {"A sound line needs a name", ""},
                     {"A \"#\" stands in a name", ""},
                     {"A \"#\" stands in a name", ""},
                     {"A sound line cannot hold more than 50", ""},
                     {"", "The catalogue has [C] here"},
                     {"", "With the letters behind it"},
-                    {"", "With the letters behind it"}};
+                    {"", "The catalogue has [OTHER] here"},
+                    {"\"VOL\" stands behind the first", ""}};
     const ImportFile file = read("a.tox", records);
     ASSERT_EQ(file.rows.size(), std::size(imported));
     for (std::size_t i = 0; i < file.rows.size(); ++i) {
@@ -167,6 +169,31 @@ TEST_F(ImportFiles, AppliesTheTickedRowsOrNone)
     const ImportFile backup = read("a.TOB", {"\"2\",\"C:>x>VOL10>#z>behind \""});
     EXPECT_TRUE(applyImport(catalogue, request(backup), progress).complete);
     EXPECT_EQ(catalogue.currentLine(2), withTabs("C:>x>VOL10>#z>behind "));
+}
+
+TEST_F(ImportFiles, ARowBuildsOnTheTickedOnesBefore)
+{
+    ImportFile file = read("a.tox", {"\"2\",\"NEW:>x>VOL10>#z\"", "\"2\",\"NEW:>y>VOL20>P\""});
+    EXPECT_EQ(file.rows[1].result, withTabs("NEW:>y>VOL20>P#z #oa"));
+    EXPECT_TRUE(file.rows[1].remark.english.starts_with("With the letters behind it"));
+    const std::vector<std::size_t> second = {1};
+    foresee(file, second, catalogue, "oa");
+    EXPECT_EQ(file.rows[1].result, withTabs("NEW:>y>VOL20>P #oa"));
+    EXPECT_TRUE(file.rows[1].remark.english.starts_with("The catalogue has [C] here"));
+}
+
+TEST_F(ImportFiles, WhatIsAppliedIsNotMergedAgain)
+{
+    ImportFile file = read("a.tox", {"\"2\",\"C:>x>VOL10>P\"", "\"1\",\"B:>y>VOL20>\""});
+    ImportRequest asked = request(file);
+    asked.rows = {0};
+    ASSERT_TRUE(importLines(catalogue, asked).linesApplied);
+    markApplied(file, asked.rows, catalogue, "oa");
+    asked.rows = {0, 1};
+    ASSERT_TRUE(importLines(catalogue, asked).linesApplied);
+    EXPECT_EQ(catalogue.currentLine(2), withTabs("C:>x>VOL10>P #oa"));
+    EXPECT_EQ(file.rows[0].result, catalogue.currentLine(2));
+    EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>y>VOL20>#b #oa")) << "what was ticked later comes in";
 }
 
 TEST_F(ImportFiles, AsksFirst)
@@ -236,6 +263,36 @@ TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
     EXPECT_TRUE(complete.report->text.english.ends_with("[con]"));
     expectTarget({"one.wav", "two.wav"});
     EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>one two con>VOL10>#b #oa")) << "the letter came once";
+}
+
+TEST_F(ImportFiles, ReadingChangesNothingOnTheDisk)
+{
+    const auto tree = [this] {
+        Names entries;
+        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root.path())) {
+            entries.push_back(entry.path().string() + "|" +
+                              (entry.is_regular_file() ? readBytes(entry.path()) : std::string()));
+        }
+        std::ranges::sort(entries);
+        return entries;
+    };
+    // A stranger's file comes with a link to the level editor's samples, and with what a swap leaves.
+    writeBytes(root / "target" / "one.wav", "the user's");
+    for (const char* name : {"linked_Samples", "a_Samples.tavrel-old", "a_Samples.tavrel-new"}) {
+        fs::create_directory_symlink(root / "target", root / name);
+    }
+    writeBytes(root / "a_Samples" / "one.wav", "theirs");
+    writeBytes(root / "b_Samples.tavrel-old" / "one.wav", "theirs");
+    for (const char* name : {"a.tox", "b.tox", "linked.tox", "a.tob"}) {
+        writeBytes(root / name, withTabs(textOf({"\"1\",\"B:>one>VOL10>\""})));
+    }
+    const Names before = tree();
+    for (const char* name : {"a.tox", "b.tox", "linked.tox", "a.tob"}) {
+        const Result<ImportFile> file = readImportFile(root / name, catalogue, "oa");
+        ASSERT_TRUE(file);
+        EXPECT_EQ(file->samplesFolder.has_value(), file->kind == ExchangeKind::Exchange) << name;
+    }
+    EXPECT_EQ(tree(), before);
 }
 
 TEST_F(ImportFiles, ComparesAFileLineWithTheCataloguesLine)

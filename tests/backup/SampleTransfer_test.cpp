@@ -89,6 +89,7 @@ TEST_F(SampleTransfer, NeverLeavesItsFolders)
     }
     expectOldTarget();
     EXPECT_TRUE(progress.said.empty());
+    EXPECT_TRUE(unsafeSampleNames(Names{"con", "..", "con"}).english.ends_with("\n\n[con]\n\n[..]"));
 }
 
 TEST_F(SampleTransfer, SwapsTheWholeFolder)
@@ -115,7 +116,9 @@ TEST_F(SampleTransfer, KeepsTheOldFolderWhenTheNewOneIsNotComplete)
     ScriptedProgress progress;
     {
         SamplesFolderSwap swap(target);
-        EXPECT_EQ(swap.copy(Names{"step"}, root / "none", progress).end, CopyEnd::Failed);
+        EXPECT_EQ(swap.copy(Names{"step"}, root / "evil.wav", progress).end, CopyEnd::Failed);
+        EXPECT_EQ(swap.copy(Names{"step"}, root / "none", progress).end, CopyEnd::Complete);
+        EXPECT_FALSE(swap.putInPlace()) << "nothing to put there";
         EXPECT_EQ(swap.copy(Names{"step"}, target, progress).end, CopyEnd::Failed) << "the same folder";
         EXPECT_EQ(SamplesFolderSwap(root / "evil.wav").copy(Names{"step"}, source, progress).end,
                   CopyEnd::Failed);
@@ -124,37 +127,78 @@ TEST_F(SampleTransfer, KeepsTheOldFolderWhenTheNewOneIsNotComplete)
 }
 
 #ifndef _WIN32 // where links take a right that users lack
-TEST_F(SampleTransfer, FollowsALinkToTheFolder)
+TEST_F(SampleTransfer, NeverWritesThroughALink)
 {
     fs::create_directory_symlink(target, root / "link");
+    fs::create_directory_symlink(target, root / "other.tavrel-old");
+    fs::create_directory_symlink(target, root / "third.tavrel-new");
     ScriptedProgress progress;
-    SamplesFolderSwap swap(root / "link");
-    EXPECT_EQ(swap.copy(Names{"step"}, source, progress).end, CopyEnd::Complete);
-    EXPECT_FALSE(swap.putInPlace());
-    EXPECT_TRUE(fs::is_symlink(root / "link"));
-    EXPECT_EQ(namesIn(target), (Names{"more", "notes.txt", "step.wav"}));
+    for (const char* name : {"link", "third"}) {
+        SamplesFolderSwap swap(root / name);
+        const SampleCopies copies = swap.copy(Names{"step"}, source, progress);
+        EXPECT_EQ(copies.end, CopyEnd::Failed);
+        EXPECT_TRUE(copies.failure->text.english.find("through a link") != std::string::npos);
+    }
+    EXPECT_FALSE(samplesFolderToRead(root / "other"));
+    SamplesFolderSwap other(root / "other");
+    EXPECT_EQ(other.copy(Names{"step"}, source, progress).end, CopyEnd::Complete);
+    EXPECT_FALSE(other.putInPlace());
+    EXPECT_EQ(namesIn(root / "other"), Names{"step.wav"});
+    EXPECT_EQ(other.leftovers(), std::vector<fs::path>{root / "other.tavrel-old"});
+    for (const char* link : {"link", "other.tavrel-old", "third.tavrel-new"}) {
+        EXPECT_TRUE(fs::remove(root / link));
+    }
+    fs::remove_all(root / "other");
+    expectOldTarget();
 }
 #endif
 
-TEST_F(SampleTransfer, EndsASwapThatWasCutShort)
+TEST_F(SampleTransfer, BringsTheOldFolderBackAfterASwapThatWasCutShort)
 {
     const fs::path old = root / "target.tavrel-old";
     fs::rename(target, old); // the new folder had not come yet
-    finishSamplesSwap(target);
+    EXPECT_EQ(samplesFolderToRead(target), old);
+    EXPECT_EQ(samplesFolderToRead(root / "TARGET"), old);
+    EXPECT_FALSE(fs::exists(target)) << "reading moves nothing";
+    {
+        const SamplesFolderSwap otherLetterCase(root / "TARGET");
+    }
     expectOldTarget();
 
     fs::rename(target, old);
-    writeBytes(target / "step.wav", "new step");
-    writeBytes(target / "notes.txt", "newer");
-    finishSamplesSwap(target);
-    EXPECT_EQ(namesIn(target), (Names{"more", "notes.txt", "step.wav"}));
-    EXPECT_EQ(readBytes(target / "notes.txt"), "newer");
-    EXPECT_EQ(namesIn(old), Names{"notes.txt"}) << "nothing of the user's is thrown away";
+    fs::create_directory(target); // by the user, who missed it
+    {
+        const SamplesFolderSwap swap(target);
+        EXPECT_TRUE(swap.leftovers().empty());
+    }
+    expectOldTarget();
+}
+
+TEST_F(SampleTransfer, NeverDeletesWhatAnotherRunLeft)
+{
+    const fs::path old = root / "target.tavrel-old";
+    writeBytes(old / "door.wav", "older door"); // DOOR.wav to the level editor
+    writeBytes(old / "notes.txt", "older notes");
     ScriptedProgress progress;
     SamplesFolderSwap swap(target);
     EXPECT_EQ(swap.copy(Names{"bell"}, source, progress).end, CopyEnd::Complete);
-    EXPECT_TRUE(swap.putInPlace()) << "its name is taken";
-    EXPECT_EQ(namesIn(target), (Names{"more", "notes.txt", "step.wav"}));
+    EXPECT_FALSE(swap.putInPlace()) << "another name is free";
+    EXPECT_EQ(namesIn(target), (Names{"bell.wav", "more", "notes.txt"}));
+    EXPECT_EQ(readBytes(target / "notes.txt"), "the user's");
+    EXPECT_EQ(swap.leftovers(), std::vector<fs::path>{old});
+    EXPECT_EQ(namesIn(old), (Names{"door.wav", "notes.txt"}));
+}
+
+TEST_F(SampleTransfer, AReadOnlyFileIsRefusedInEachSpelling)
+{
+    fs::permissions(target / "DOOR.wav", fs::perms::owner_read);
+    ScriptedProgress progress;
+    for (const char* name : {"door", "DOOR"}) {
+        const SampleCopies copies = replaceSamples(Names{name}, source, target, progress);
+        EXPECT_EQ(copies.end, CopyEnd::Failed);
+        EXPECT_TRUE(copies.failure->text.english.find("DOOR.wav]") != std::string::npos);
+    }
+    expectOldTarget();
 }
 
 } // namespace

@@ -71,10 +71,11 @@ TEST(Folder, KnowsPlainFileNames)
                              "lpt0x", "console", "nul1", "a'b", "x.con", "con-1"}) {
         EXPECT_TRUE(isPlainFileName(name)) << name;
     }
-    for (const char* name : {"",      ".",    "..",         "a.",   "a ",   "/",       "a/b",     "a\\b",
-                             "..\\a", "C:",   "C:a",        "a*",   "a?",   "a\"",     "<a",      "a>",
-                             "a|b",   "a\nb", "a\tb",       "\x1F", "con",  "CON",     "Con.txt", "prn",
-                             "aux",   "nul",  "nul.tar.gz", "com1", "LPT9", "com1.wav"}) {
+    for (const char* name :
+         {"",     ".",    "..",       "a.",     "a ",        "/",       "a/b",         "a\\b",   "..\\a",
+          "C:",   "C:a",  "a*",       "a?",     "a\"",       "<a",      "a>",          "a|b",    "a\nb",
+          "a\tb", "\x1F", "con",      "CON",    "Con.txt",   "prn",     "aux",         "nul",    "nul.tar.gz",
+          "com1", "LPT9", "com1.wav", "ConIn$", "conout$.x", "com\xB9", "LPT\xB2.wav", "com\xB3"}) {
         EXPECT_FALSE(isPlainFileName(name)) << name;
     }
     EXPECT_FALSE(isPlainFileName(std::string_view("a\0b", 3)));
