@@ -10,7 +10,7 @@ test_packages="libgtest-dev nlohmann-json3-dev strace util-linux fonts-dejavu-co
 benchmark_packages="libbenchmark-dev"
 lint_packages="clang-format clang-tidy"
 windows_packages="g++-mingw-w64-x86-64-posix qt6-base-dev-tools qt6-translations-l10n dpkg-dev googletest libxml2-utils icoutils zip unzip"
-wine_packages="wine wine64 fonts-wine fonts-dejavu-core openbox xxd"
+wine_packages="wine wine64 fonts-wine fonts-dejavu-core openbox xclip xxd"
 display_packages="xvfb xauth xdotool imagemagick"
 
 need_packages() {

@@ -15,7 +15,8 @@ SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
 export SOURCE_DATE_EPOCH TZ=UTC
 
 configure windows
-cmake --build build/windows
+# Resources keep the times of their files; one for every commit, as builds of several share them.
+SOURCE_DATE_EPOCH=0 cmake --build build/windows
 
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' build/windows/CMakeCache.txt)
 name=Tavrel-$version-win64
