@@ -60,15 +60,22 @@ void TickList::addRow(const QString& text, Mark mark, const QString& why, bool t
     const bool tickable = mark != Mark::Refusal;
     item->setFlags(item->flags().setFlag(Qt::ItemIsUserCheckable, tickable));
     item->setCheckState(tickable && ticked ? Qt::Checked : Qt::Unchecked);
-    if (hasMarks()) {
-        item->setIcon(m_markIcons.at(static_cast<std::size_t>(mark)));
-    }
     if (!tickable) {
         item->setForeground(mutedColour(paintedWith(palette())));
     }
-    item->setToolTip(why);
-    item->setData(Qt::AccessibleDescriptionRole, why);
     addItem(item);
+    this->mark(rows() - 1, mark, why);
+}
+
+void TickList::mark(std::size_t row, Mark mark, const QString& why)
+{
+    const QSignalBlocker blocker(this); // no tick changes
+    QListWidgetItem& marked = *item(static_cast<int>(row));
+    if (hasMarks()) {
+        marked.setIcon(m_markIcons.at(static_cast<std::size_t>(mark)));
+    }
+    marked.setToolTip(plainToolTip(why));
+    marked.setData(Qt::AccessibleDescriptionRole, why);
 }
 
 void TickList::setTicked(QListWidgetItem& item, bool ticked)

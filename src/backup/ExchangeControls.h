@@ -49,6 +49,8 @@ public:
     // With marks, every row has room for one; a refused row cannot be ticked.
     void useMarks();
     void addRow(const QString& text, Mark mark = Mark::None, const QString& why = {}, bool ticked = true);
+    // Whether the row can be ticked stays as it is.
+    void mark(std::size_t row, Mark mark, const QString& why);
     void tick(const std::vector<std::size_t>& rows, bool ticked);
     void tickAll(bool ticked);
     bool isTicked(std::size_t row) const;

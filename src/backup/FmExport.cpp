@@ -250,9 +250,7 @@ void FmExport::tickObject()
 
 void FmExport::selectionChanged()
 {
-    const bool selected = m_lines->selectedRow().has_value();
-    m_play->setEnabled(selected);
-    m_stop->setEnabled(selected);
+    m_play->setEnabled(m_lines->selectedRow().has_value()); // to stop stays possible: a sample may be playing
 }
 
 void FmExport::play()

@@ -51,6 +51,19 @@ QTableWidget* makeComparisonTable()
     return table;
 }
 
+TickList::Mark markOf(const ImportRow& row)
+{
+    if (!row.applicable()) {
+        return TickList::Mark::Refusal;
+    }
+    return row.remark.empty() ? TickList::Mark::None : TickList::Mark::Remark;
+}
+
+const BilingualText& whyMarked(const ImportRow& row)
+{
+    return row.applicable() ? row.remark : row.refusal;
+}
+
 } // namespace
 
 FmImport::FmImport(QWidget* parent, const ExchangeContext& context)
@@ -147,10 +160,7 @@ void FmImport::connectControls()
     connect(m_chooseFile, &QPushButton::clicked, this, &FmImport::chooseFile);
     connect(m_tickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(true); });
     connect(m_untickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(false); });
-    connect(m_lines, &TickList::ticksChanged, this, [this] {
-        showCounts();
-        fillSamples();
-    });
+    connect(m_lines, &TickList::ticksChanged, this, &FmImport::linesTicked);
     connect(m_lines, &QListWidget::itemSelectionChanged, this, &FmImport::selectionChanged);
     connect(m_samples, &TickList::ticksChanged, this, &FmImport::samplesTicked);
     connect(m_withSamples, &QCheckBox::toggled, this, &FmImport::fillSamples);
@@ -247,16 +257,33 @@ void FmImport::showFile()
     m_apply->setEnabled(true);
     m_withSamples->setVisible(m_file->samplesFolder.has_value());
     for (const ImportRow& row : m_file->rows) {
-        const TickList::Mark mark = !row.applicable()     ? TickList::Mark::Refusal
-                                    : !row.remark.empty() ? TickList::Mark::Remark
-                                                          : TickList::Mark::None;
-        m_lines->addRow(fromCodePage(row.text), mark,
-                        inLanguage(row.applicable() ? row.remark : row.refusal));
+        m_lines->addRow(fromCodePage(row.text), markOf(row), inLanguage(whyMarked(row)));
     }
     m_lines->scrollToTop();
     showCounts();
     selectionChanged();
     m_lines->setFocus();
+}
+
+void FmImport::linesTicked()
+{
+    if (!m_file) {
+        return;
+    }
+    foresee(*m_file, m_lines->tickedRows(), m_context.catalogue, m_context.wad.letter);
+    showMarks();
+    showCounts();
+    fillSamples();
+}
+
+void FmImport::showMarks()
+{
+    for (std::size_t i = 0; i < m_file->rows.size(); ++i) {
+        const ImportRow& row = m_file->rows[i];
+        m_lines->mark(i, markOf(row), inLanguage(whyMarked(row)));
+    }
+    showRemarks();
+    compare();
 }
 
 void FmImport::showCounts()
@@ -277,7 +304,7 @@ void FmImport::showRemarks()
     };
     if (const std::optional<std::size_t> row = m_lines->selectedRow()) {
         const ImportRow& selected = m_file->rows[*row];
-        say(selected.applicable() ? selected.remark : selected.refusal, !selected.applicable());
+        say(whyMarked(selected), !selected.applicable());
         return;
     }
     const auto refused =
@@ -340,8 +367,7 @@ void FmImport::showSampleCounts()
 void FmImport::selectionChanged()
 {
     const bool selected = m_lines->selectedRow().has_value();
-    m_play->setEnabled(selected);
-    m_stop->setEnabled(selected);
+    m_play->setEnabled(selected); // to stop stays possible: a sample may be playing
     showRemarks();
     compare();
 }
@@ -361,7 +387,7 @@ void FmImport::compare()
             column, new QTableWidgetItem(inLanguage(field.field) + (field.differs ? " *" : "")));
         for (std::size_t line = 0; line < field.values.size(); ++line) {
             auto* const item = new QTableWidgetItem(fromCodePage(field.values[line]));
-            item->setToolTip(item->text());
+            item->setToolTip(plainToolTip(item->text()));
             if (line == FieldComparison::result ? field.changes() : field.differs) {
                 item->setForeground(markColour(paintedWith(m_table->palette())));
             }
@@ -405,6 +431,9 @@ void FmImport::apply()
         return applyImport(m_context.catalogue, request, progress);
     }();
     m_importDone = m_importDone || outcome.linesApplied;
+    if (outcome.linesApplied) {
+        markApplied(*m_file, request.rows, m_context.catalogue, m_context.wad.letter);
+    }
     if (outcome.report) {
         m_context.dialogs.show(*outcome.report);
     }
@@ -412,7 +441,7 @@ void FmImport::apply()
         accept();
         return;
     }
-    compare();
+    showMarks();
 }
 
 void FmImport::reject()

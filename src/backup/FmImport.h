@@ -40,6 +40,8 @@ private:
     void chooseFile();
     void showNothing();
     void showFile();
+    void linesTicked();
+    void showMarks();
     void showCounts();
     void showRemarks();
     void fillSamples();

@@ -3,6 +3,8 @@
 
 #include "base/CodePage.h"
 
+#include <QTextDocument>
+
 namespace tavrel {
 
 QString fromCodePage(std::string_view bytes)
@@ -23,6 +25,11 @@ bool fitsCodePage(const QString& text)
 QValidator::State CodePageValidator::validate(QString& text, int& /*position*/) const
 {
     return fitsCodePage(text) ? Acceptable : Invalid;
+}
+
+QString plainToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 QString inLanguage(const BilingualText& text, Language language)

@@ -26,6 +26,9 @@ public:
     State validate(QString& text, int& position) const override;
 };
 
+// A tool tip that shows the text of a file as it stands, whatever markup it seems to hold.
+QString plainToolTip(const QString& text);
+
 QString inLanguage(const BilingualText& text, Language language);
 
 } // namespace tavrel

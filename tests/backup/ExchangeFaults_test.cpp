@@ -2,7 +2,7 @@
 // A full disk, or the plug pulled, at every system call of an export and an import with samples.
 #include "backup/SampleTransfer.h"
 #include "base/SafeFile.h"
-#include "support/FaultyRuns.h"
+#include "support/FaultyProgram.h"
 #include "support/Files.h"
 
 #include <gtest/gtest.h>
@@ -43,20 +43,38 @@ protected:
         writeBytes(start / "all.tox", "\"0\",\"A:\tfoot\t\"\r\n");
     }
 
-    FaultyRuns runsOf(const char* command) const
+    FaultyProgram programFor(const char* command) const
     {
         return {{TAVREL_EXCHANGE_ONCE, command, (work / "program").string(), (work / "creator").string(),
                  (work / "all.tox").string(), (work / "samples").string()},
-                root.path(),
-                [this] {
-                    fs::remove_all(work);
-                    fs::copy(start, work, fs::copy_options::recursive);
-                }};
+                root.path()};
     }
 
-    void expectNoCrash(const FaultyRuns::Run& run) const
+    // Undisturbed first, then with each fault, on fresh copies of the folders. Returns what was called.
+    std::map<std::string, int> strikeEach(const FaultyProgram& program,
+                                          const std::function<void(int status)>& check) const
     {
-        EXPECT_TRUE(GetParam().isKill || run.hitTheSanitizer || WIFEXITED(run.status));
+        const auto runOnce = [&](const std::string& straceOptions) {
+            fs::remove_all(work);
+            fs::copy(start, work, fs::copy_options::recursive);
+            return program.run(straceOptions);
+        };
+        const auto checkWithoutCrash = [&](int status) {
+            EXPECT_TRUE(mayBeEither(program) || WIFEXITED(status)) << "the program crashed";
+            check(status);
+        };
+        const std::map<std::string, int> counts = program.countCalls(runOnce);
+        checkWithoutCrash(0);
+        const FaultCounts faults =
+            program.withEachFault(counts, GetParam().fault, runOnce, checkWithoutCrash);
+        EXPECT_GT(faults.runs, 50);
+        EXPECT_GT(faults.failures, faults.runs / 4) << "the faults did not reach the program";
+        return counts;
+    }
+
+    static bool mayBeEither(const FaultyProgram& program)
+    {
+        return GetParam().isKill || program.hitTheSanitizer();
     }
 
     TemporaryFolder root;
@@ -73,9 +91,8 @@ TEST_P(ExchangeFaults, AnExportLeavesTheOldFilesOrTheNewOnes)
     writeBytes(start / "all_Samples" / "notes.txt", "the user's");
     const std::string oldFile = readBytes(start / "all.tox");
     const fs::path samples = work / "all_Samples";
-    const auto check = [&](const FaultyRuns::Run& run) {
-        expectNoCrash(run);
-        const bool mayBeEither = GetParam().isKill || run.hitTheSanitizer;
+    const FaultyProgram program = programFor("export");
+    const std::map<std::string, int> calls = strikeEach(program, [&](int status) {
         {
             const SamplesFolderSwap next(samples); // brings the folder in order
         }
@@ -98,16 +115,12 @@ TEST_P(ExchangeFaults, AnExportLeavesTheOldFilesOrTheNewOnes)
         EXPECT_EQ(readBytes(samples / "notes.txt"), "the user's");
         EXPECT_EQ(namesIn(work), (Names{"all.tox", "all_Samples", "creator", "program", "samples"}));
         EXPECT_TRUE(isNewFile || !areNewSamples);
-        if (!mayBeEither) {
-            EXPECT_EQ(areNewSamples, run.status == 0);
+        if (!mayBeEither(program)) {
+            EXPECT_EQ(areNewSamples, status == 0);
         }
-    };
-    const FaultyRuns runs = runsOf("export");
-    const std::map<std::string, int> calls = runs.countCalls();
-    check({0, false});
+    });
     EXPECT_GE(calls.at("fsync"), 4);
     EXPECT_GE(calls.at("renameat2"), 3); // the old folder, the new one, the user's file
-    runs.strikeEach(calls, GetParam().fault, check);
 }
 
 TEST_P(ExchangeFaults, AnImportLeavesEachSampleOldOrNew)
@@ -115,8 +128,8 @@ TEST_P(ExchangeFaults, AnImportLeavesEachSampleOldOrNew)
     writeBytes(start / "all_Samples" / "foot.wav", "new foot");
     writeBytes(start / "samples" / "FOOT.wav", "old foot");
     writeBytes(start / "samples" / "bell.wav", "untouched");
-    const auto check = [&](const FaultyRuns::Run& run) {
-        expectNoCrash(run);
+    const FaultyProgram program = programFor("import");
+    strikeEach(program, [&](int status) {
         removeUnfinishedWrites(work / "samples");
         const Names names = namesIn(work / "samples");
         const bool isNew = fs::exists(work / "samples" / "foot.wav");
@@ -124,14 +137,10 @@ TEST_P(ExchangeFaults, AnImportLeavesEachSampleOldOrNew)
         EXPECT_EQ(readBytes(work / "samples" / (isNew ? "foot.wav" : "FOOT.wav")),
                   isNew ? "new foot" : "old foot");
         EXPECT_EQ(readBytes(work / "samples" / "bell.wav"), "untouched");
-        if (!GetParam().isKill && !run.hitTheSanitizer && run.status == 0) {
+        if (!mayBeEither(program) && status == 0) {
             EXPECT_TRUE(isNew);
         }
-    };
-    const FaultyRuns runs = runsOf("import");
-    const std::map<std::string, int> calls = runs.countCalls();
-    check({0, false});
-    runs.strikeEach(calls, GetParam().fault, check);
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(EachCall, ExchangeFaults,

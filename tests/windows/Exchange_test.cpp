@@ -186,6 +186,7 @@ TEST_F(ExchangeWindows, MarkedRowsSayWhy)
         press(import, "ImPlus");
         selectRow(lines, 1);
         EXPECT_TRUE(labelOf(import, "LbRemark").starts_with("The catalogue has [LARA_CLIMB2] here"));
+        EXPECT_TRUE(in<QWidget>(import, "CdStopS2").isEnabled());
         const auto& table = in<QTableWidget>(import, "TbCompare");
         EXPECT_EQ(table.horizontalHeaderItem(0)->text(), "Name *");
         EXPECT_EQ(table.horizontalHeaderItem(3)->text(), "P");
@@ -193,6 +194,41 @@ TEST_F(ExchangeWindows, MarkedRowsSayWhy)
         EXPECT_EQ(table.item(1, 2)->text(), "VOL70");
         EXPECT_EQ(table.item(2, 10)->text(), "#g #oa");
         EXPECT_NE(table.item(0, 2)->foreground(), table.item(0, 3)->foreground());
+    });
+}
+
+TEST_F(ExchangeWindows, TheFirstTwoModesSaveExchangeFiles)
+{
+    open();
+    type("TxVOL", "33");
+    click("CdValidW");
+    for (const auto& [option, name] : {std::pair{"OpExport0", "m.tox"}, {"OpExport1", "a.tox"}}) {
+        whenOpened<FmExport>([&](FmExport& window) {
+            mark(window, option);
+            dialogs.prepareFile(backups / name);
+            press(window, "CdSave");
+            EXPECT_EQ(window.result(), QDialog::Accepted);
+        });
+        click("CdExport");
+        EXPECT_TRUE(fs::exists(backups / name)) << name;
+    }
+    const std::string modified = readBytes(backups / "m.tox");
+    const std::string added = readBytes(backups / "a.tox");
+    EXPECT_LE(std::ranges::count(modified, '\n'), 1);
+    EXPECT_GT(std::ranges::count(added, '\n'), std::ranges::count(modified, '\n'));
+    EXPECT_TRUE(added.find(modified) != std::string::npos);
+    closeWithoutApplying();
+}
+
+TEST_F(ExchangeWindows, MarkupInAFileIsShownAsItStands)
+{
+    writeBytes(backups / "odd.tox", "\"0\",\"<b>x</b>:\tone\t\"\r\n");
+    open();
+    inImport(backups / "odd.tox", [](FmImport& import) {
+        press(import, "ImPlus");
+        selectRow(in<TickList>(import, "LiLine"), 0);
+        const QString tip = in<QTableWidget>(import, "TbCompare").item(0, 0)->toolTip();
+        EXPECT_TRUE(tip.contains("&lt;b&gt;x&lt;/b&gt;")) << tip.toStdString();
     });
 }
 
