@@ -9,6 +9,7 @@
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
+#include "generation/ReferenceCopies.h"
 #include "ui/Text.h"
 
 #include <QCloseEvent>
@@ -47,6 +48,11 @@ void FmSFX::adopt(LoadedSession loaded)
         m_references = std::move(loaded.references);
     }
     m_catalogue = std::move(loaded.catalogue);
+    for (const std::filesystem::path& folder : {m_paths.samples, m_paths.wads}) {
+        if (Problem problem = cutShortReplacement(folder)) {
+            loaded.notices.push_back(std::move(*problem));
+        }
+    }
     showLoaded();
     if (!loaded.notices.empty()) { // last: while the box is up, the window paints what was loaded
         m_context.dialogs.show({MessageIcon::Information, titles::soundsFile, listOf(loaded.notices)});

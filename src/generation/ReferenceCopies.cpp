@@ -20,6 +20,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t stockSounds = 370;
+constexpr std::string_view incomingSuffix = "_incoming";
+constexpr std::string_view replacedSuffix = "_replaced";
 
 fs::path withSuffix(fs::path folder, std::string_view suffix)
 {
@@ -45,7 +47,9 @@ void removeFolder(const fs::path& folder)
         if (ignored) {
             break;
         }
-        fs::permissions(it->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+        if (!it->is_symlink(ignored)) { // what it leads to is not ours
+            fs::permissions(it->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+        }
     }
     fs::remove_all(folder, ignored);
 }
@@ -60,8 +64,8 @@ class Replacement
 {
 public:
     Replacement(const std::vector<FolderEntry>& files, const fs::path& folder)
-        : m_files(files), m_folder(folder), m_incoming(withSuffix(folder, "_incoming")),
-          m_replaced(withSuffix(folder, "_replaced"))
+        : m_files(files), m_folder(folder), m_incoming(withSuffix(folder, incomingSuffix)),
+          m_replaced(withSuffix(folder, replacedSuffix))
     {}
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
@@ -103,12 +107,11 @@ public:
 
     Problem moveIn(const std::vector<FolderEntry>& oldFiles)
     {
-        const std::error_code error = moveAll(oldFiles);
-        if (!error) {
-            return std::nullopt; // what was kept before stays aside: it may be the only copy of a user's file
+        Problem problem = moveAll(oldFiles);
+        if (problem) {
+            moveBack();
         }
-        moveBack();
-        return cannotWrite(m_folder, error);
+        return problem; // what was kept before stays aside: it may be the only copy of a user's file
     }
 
 private:
@@ -150,46 +153,52 @@ private:
         return std::nullopt;
     }
 
-    std::error_code moveAll(const std::vector<FolderEntry>& oldFiles)
+    Problem moveAll(const std::vector<FolderEntry>& oldFiles)
     {
         std::error_code error;
         fs::create_directory(m_folder, error);
         if (!error && fs::exists(m_replaced, error)) {
             m_setAside = freeName(m_replaced);
-            fs::rename(m_replaced, m_setAside, error);
+            if (Problem problem = moveSafely(m_replaced, m_setAside)) {
+                m_setAside.clear();
+                return problem;
+            }
         }
         if (!error && !oldFiles.empty()) {
             fs::create_directory(m_replaced, error);
         }
-        for (std::size_t i = 0; i < oldFiles.size() && !error; ++i) {
-            error = move(oldFiles[i].path, m_replaced / oldFiles[i].path.filename());
+        if (error) {
+            return cannotWrite(m_folder, error);
         }
-        for (std::size_t i = 0; i < m_files.size() && !error; ++i) {
+        Problem problem;
+        for (std::size_t i = 0; i < oldFiles.size() && !problem; ++i) {
+            problem = move(oldFiles[i].path, m_replaced / oldFiles[i].path.filename());
+        }
+        for (std::size_t i = 0; i < m_files.size() && !problem; ++i) {
             const fs::path name = m_files[i].path.filename();
-            error = move(m_incoming / name, m_folder / name);
+            problem = move(m_incoming / name, m_folder / name);
         }
-        return error;
+        return problem;
     }
 
-    std::error_code move(const fs::path& from, const fs::path& to)
+    Problem move(const fs::path& from, const fs::path& to)
     {
-        std::error_code error;
-        fs::rename(from, to, error);
-        if (!error) {
+        Problem problem = moveSafely(from, to);
+        if (!problem) {
             m_moved.push_back({from, to});
         }
-        return error;
+        return problem;
     }
 
     void moveBack()
     {
-        std::error_code ignored;
         for (; !m_moved.empty(); m_moved.pop_back()) {
-            fs::rename(m_moved.back().to, m_moved.back().from, ignored);
+            static_cast<void>(moveSafely(m_moved.back().to, m_moved.back().from)); // else it stays aside
         }
+        std::error_code ignored;
         fs::remove(m_replaced, ignored); // stays when something is left in it
         if (!m_setAside.empty() && !fs::exists(m_replaced, ignored)) {
-            fs::rename(m_setAside, m_replaced, ignored);
+            static_cast<void>(moveSafely(m_setAside, m_replaced));
         }
     }
 
@@ -323,12 +332,16 @@ void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::
     }
     const fs::path target = fileIn(programFolder, originalLinesFileName);
     const Result<FileContent> bytes = readFile(source);
+    const bool isThere = findEntry(programFolder, originalLinesFileName).has_value();
     const Result<FileContent> old = readFile(target);
     if (old && bytes && old->bytes == bytes->bytes) {
         wasThere(taken, originalLinesFileName);
         return;
     }
     Problem problem = bytes ? std::nullopt : Problem(bytes.failure());
+    if (!problem && isThere && !old) {
+        problem = old.failure(); // it could not be kept
+    }
     if (!problem && old) {
         const Result<fs::path> kept = keepCopyBeside(target, old->bytes);
         problem = kept ? std::nullopt : Problem(kept.failure());
@@ -413,6 +426,22 @@ Problem replaceFiles(const std::vector<FolderEntry>& files, const fs::path& fold
     }
     progress.show(replacement.steps(), replacement.steps());
     return problem;
+}
+
+Problem cutShortReplacement(const fs::path& folder)
+{
+    const fs::path incoming = withSuffix(folder, incomingSuffix);
+    const fs::path replaced = withSuffix(folder, replacedSuffix);
+    std::error_code ignored;
+    if (!fs::is_directory(incoming, ignored) || !fs::is_directory(replaced, ignored)) {
+        return std::nullopt;
+    }
+    return Failure{BilingualText("A restore of the original files was cut short:\n",
+                                 "Une restauration des fichiers d'origine a été interrompue :\n") +
+                   displayPath(folder) +
+                   BilingualText("\nRestore them again. What was taken away lies in\n",
+                                 "\nRelancez-la. Ce qui avait été retiré se trouve dans\n") +
+                   displayPath(replaced)};
 }
 
 TakenCopies takeReferenceCopies(const fs::path& levelEditorFolder, const fs::path& programFolder)

@@ -49,6 +49,10 @@ Result<FolderSize> sizeOf(const std::vector<FolderEntry>& files);
 [[nodiscard]] Problem replaceFiles(const std::vector<FolderEntry>& files, const std::filesystem::path& folder,
                                    const std::vector<FolderEntry>& oldFiles, Progress& progress);
 
+// Says where the files are when a run of replaceFiles() was killed after it had begun to move them; a new run
+// works all the same.
+[[nodiscard]] Problem cutShortReplacement(const std::filesystem::path& folder);
+
 struct TakenCopies
 {
     std::vector<BilingualText> said; // what was taken, and what was left and why

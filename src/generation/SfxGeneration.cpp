@@ -200,9 +200,11 @@ bool SfxGeneration::mayBegin(const GenerationRequest& request)
             ("[" + utf8FromCodePage(request.wad.wadName) + "] [" + utf8FromCodePage(request.wad.letter) +
              "]") +
             BilingualText("\nA blank, an accented letter or one of & | < > ^ % \" ' in the name of the WAD "
-                          "or in its letter would be misread. Rename it.",
+                          "or in its letter would be misread, and some names cannot be those of a file "
+                          "(\"aux\", one with * or ?). Rename it.",
                           "\nUn espace, une lettre accentuée ou l'un des caractères & | < > ^ % \" ' dans "
-                          "le nom du WAD ou dans sa lettre serait mal lu. Renommez-le."));
+                          "le nom du WAD ou dans sa lettre serait mal lu, et certains noms ne peuvent pas "
+                          "être ceux d'un fichier (« aux », un nom avec * ou ?). Renommez-le."));
         return false;
     }
     if (const Problem missing = m_runner.whatIsMissing()) {
@@ -239,7 +241,12 @@ bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
     std::string others;
     for (const std::string_view ending : {".sam", ".sfx"}) {
         const std::string own = request.wad.wadName + std::string(ending);
-        for (const FileState& state : filesOf(request.creatorFolder, ending)) {
+        const Result<FileStates> files = filesOf(request.creatorFolder, ending);
+        if (!files) {
+            refuse(impossible(request.creatorFolder), MessageIcon::Critical);
+            return false;
+        }
+        for (const FileState& state : *files) {
             const std::string name = codePagePath(state.file.filename()).bytes;
             if (!sameName(name, own)) {
                 others += "\n" + utf8FromCodePage(name);
@@ -275,6 +282,11 @@ bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point no
     m_wadsFolder = request.wadsFolder;
     m_wadName = request.wad.wadName;
     m_resultsBefore = resultsOf(m_wadsFolder, m_wadName);
+    // What an earlier run left beside the tool is copied, too, and keeps its time.
+    for (FileState stale : resultsOf(request.creatorFolder, m_wadName)) {
+        stale.file = m_wadsFolder / stale.file.filename();
+        m_resultsBefore.push_back(std::move(stale));
+    }
     std::error_code ignored;
     fs::remove(m_output, ignored);
     Result<std::unique_ptr<RunningBatch>> running = m_runner.start(m_batchFile, m_output);
@@ -295,8 +307,8 @@ SfxGeneration::Phase SfxGeneration::look(Clock::time_point now)
 {
     if (m_phase == Phase::Waiting) {
         // The batch file deletes the .sfx file only after it was copied.
-        const FileStates files = filesOf(m_batchFile.parent_path(), ".sfx");
-        if (files.empty() || wantsToStop(files, now)) {
+        const Result<FileStates> files = filesOf(m_batchFile.parent_path(), ".sfx");
+        if ((files && files->empty()) || wantsToStop(files ? *files : m_lastSeen, now)) {
             m_phase = Phase::ConsoleOpen;
         }
     }
@@ -307,10 +319,10 @@ SfxGeneration::Phase SfxGeneration::look(Clock::time_point now)
 }
 
 // A console that was closed too early leaves them there for ever.
-bool SfxGeneration::wantsToStop(const FileStates& files, Clock::time_point now)
+bool SfxGeneration::wantsToStop(FileStates files, Clock::time_point now)
 {
     if (files != m_lastSeen) {
-        m_lastSeen = files;
+        m_lastSeen = std::move(files);
         m_lastChange = now;
         return false;
     }
@@ -330,9 +342,8 @@ bool SfxGeneration::wantsToStop(const FileStates& files, Clock::time_point now)
             "La fenêtre de console a-t-elle été fermée trop tôt ?") +
             names + BilingualText("\nStop waiting?", "\nArrêter d'attendre ?"),
         Buttons::YesNo};
-    const Clock::time_point asked = Clock::now();
     const bool stops = m_dialogs.ask(question) == Answer::Yes;
-    m_lastChange = now + (Clock::now() - asked); // the time for the answer was no waiting
+    m_lastSeen.clear(); // the patience begins anew, and the time for the answer does not count
     return stops;
 }
 
@@ -353,7 +364,8 @@ void SfxGeneration::end()
     const std::string said = lastWords(m_output);
     if (!said.empty()) {
         refuse(m_summary +
-               BilingualText("\nThe last words of the tool:", "\nLes derniers mots de l'outil :") + said);
+               BilingualText("\nThe last words of the tool:", "\nLes derniers mots de l'outil :") + said +
+               "\n\n[" + displayPath(m_output) + "]");
     }
 }
 
@@ -377,12 +389,14 @@ void SfxGeneration::refuse(const BilingualText& text, MessageIcon icon) const
     m_dialogs.show({icon, titles::generate, text});
 }
 
-SfxGeneration::FileStates SfxGeneration::filesOf(const fs::path& folder, std::string_view ending)
+Result<SfxGeneration::FileStates> SfxGeneration::filesOf(const fs::path& folder, std::string_view ending)
 {
-    FileStates states;
     const Result<std::vector<FolderEntry>> entries = listFolder(folder);
-    for (std::size_t i = 0; entries && i < entries->size(); ++i) {
-        const FolderEntry& entry = (*entries)[i];
+    if (!entries) {
+        return entries.failure();
+    }
+    FileStates states;
+    for (const FolderEntry& entry : *entries) {
         std::error_code error;
         if (!hasEnding(entry.name, ending) || !entry.isFile || system::isHidden(entry.path)) {
             continue;
@@ -396,11 +410,13 @@ SfxGeneration::FileStates SfxGeneration::filesOf(const fs::path& folder, std::st
     return states;
 }
 
-SfxGeneration::FileStates SfxGeneration::resultsOf(const fs::path& wadsFolder, const std::string& wadName)
+SfxGeneration::FileStates SfxGeneration::resultsOf(const fs::path& folder, const std::string& wadName)
 {
     FileStates results;
     for (const std::string_view ending : {".sam", ".sfx"}) {
-        for (FileState& state : filesOf(wadsFolder, ending)) {
+        Result<FileStates> files = filesOf(folder, ending);
+        for (std::size_t i = 0; files && i < files->size(); ++i) {
+            FileState& state = (*files)[i];
             if (sameName(codePagePath(state.file.filename()).bytes, wadName + std::string(ending))) {
                 results.push_back(std::move(state));
             }

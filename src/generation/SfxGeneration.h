@@ -95,13 +95,14 @@ private:
     bool confirm(const GenerationRequest& request);
     bool mayMoveOtherFiles(const GenerationRequest& request);
     bool start(const GenerationRequest& request, Clock::time_point now);
-    bool wantsToStop(const FileStates& files, Clock::time_point now);
+    bool wantsToStop(FileStates files, Clock::time_point now);
     void end();
     void removeBatchFile() const;
     void refuse(const BilingualText& text, MessageIcon icon = MessageIcon::Exclamation) const;
 
-    static FileStates filesOf(const std::filesystem::path& folder, std::string_view ending);
-    static FileStates resultsOf(const std::filesystem::path& wadsFolder, const std::string& wadName);
+    // None when the folder cannot be listed.
+    static Result<FileStates> filesOf(const std::filesystem::path& folder, std::string_view ending);
+    static FileStates resultsOf(const std::filesystem::path& folder, const std::string& wadName);
 
     BatchRunner& m_runner;
     Dialogs& m_dialogs;

@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <vector>
 
 namespace tavrel {
@@ -36,11 +37,25 @@ QString existingFolder(const std::filesystem::path& folder)
                : QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
 }
 
+// While a console of a tool has the focus, no window of this program is active.
+QWidget* ownerOfDialogs()
+{
+    if (QWidget* const modal = QApplication::activeModalWidget()) {
+        return modal;
+    }
+    if (QWidget* const active = QApplication::activeWindow()) {
+        return active;
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto shown = std::ranges::find_if(windows, &QWidget::isVisible);
+    return shown != windows.end() ? *shown : nullptr;
+}
+
 } // namespace
 
 void QtDialogs::show(const Message& message)
 {
-    MessageWindow window(QApplication::activeWindow(), message.icon, inLanguage(message.title, m_language),
+    MessageWindow window(ownerOfDialogs(), message.icon, inLanguage(message.title, m_language),
                          inLanguage(message.text, m_language));
     const Answer ok[] = {Answer::Ok};
     window.offer(ok, Answer::Ok, m_language);
@@ -49,8 +64,8 @@ void QtDialogs::show(const Message& message)
 
 Answer QtDialogs::ask(const Question& question)
 {
-    MessageWindow window(QApplication::activeWindow(), MessageIcon::Question,
-                         inLanguage(question.title, m_language), inLanguage(question.text, m_language));
+    MessageWindow window(ownerOfDialogs(), MessageIcon::Question, inLanguage(question.title, m_language),
+                         inLanguage(question.text, m_language));
     const std::vector<Answer> answers = offeredAnswers(question.buttons);
     const Answer refusal = question.buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
     const Answer cautious = question.buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
@@ -65,7 +80,7 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
         patterns += QString::fromStdString(name);
     }
     const QString filter = inLanguage(question.filterName, m_language) + " (" + patterns.join(' ') + ")";
-    QFileDialog dialog(QApplication::activeWindow(), inLanguage(question.title, m_language),
+    QFileDialog dialog(ownerOfDialogs(), inLanguage(question.title, m_language),
                        existingFolder(question.folder), filter);
     dialog.setFileMode(question.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     if (question.forSaving) {
@@ -89,7 +104,7 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
 
 std::optional<ColourValue> QtDialogs::chooseColour(ColourValue current)
 {
-    return askForColour(QApplication::activeWindow(), current, m_keptColours, m_language);
+    return askForColour(ownerOfDialogs(), current, m_keptColours, m_language);
 }
 
 } // namespace tavrel

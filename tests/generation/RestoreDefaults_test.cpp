@@ -46,7 +46,7 @@ protected:
         fs::permissions(samples / "F1.WAV", fs::perms::owner_read);
         writeBytes(wads / "KARNAK.sam", "changed");
         writeBytes(wads / "oasis.sam", "another level's");
-        writeBytes(program / "TAVREL.TOS", "the stock one");
+        writeBytes(program / "TAVREL.TOS", "STOCK:one");
     }
 
     void installSamples(int files = samplesFiles, int bytes = samplesBytes)
@@ -116,7 +116,7 @@ TEST_F(RestoreDefaultsTest, PutsEverythingBackAndKeepsWhatWasThere)
     EXPECT_EQ(stops, 1);
 
     EXPECT_EQ(namesIn(creator), (std::vector<std::string>{"SOUNDS.TXT", "Sounds_replaced.txt"}));
-    EXPECT_EQ(readBytes(creator / "SOUNDS.TXT"), "the stock one");
+    EXPECT_EQ(readBytes(creator / "SOUNDS.TXT"), "STOCK:one");
     EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "the user's");
 
     EXPECT_EQ(namesIn(samples).size(), 497U + 2U);
@@ -179,6 +179,8 @@ TEST_F(RestoreDefaultsTest, RefusesDamagedReferenceCopies)
          samplesNeeded},
         {"none", [] {}, sfxOnly, sfxNeeded},
         {"one byte less", [this] { installSfx(43144); }, sfxOnly, sfxNeeded},
+        {"an empty catalogue", [this] { writeBytes(program / "TAVREL.TOS", ""); }, everything,
+         "critical | Restore | No defaults found. Check your installation of Tavrel.\n" + aborted},
         {"no catalogue", [this] { fs::remove(program / "TAVREL.TOS"); }, everything,
          "critical | Restore | No defaults found. Check your installation of Tavrel.\n" + aborted},
     };
@@ -206,7 +208,7 @@ TEST_F(RestoreDefaultsTest, WhatCameBeforeAFailureStaysRestored)
     const RestoreResult result = restore(everything);
     EXPECT_TRUE(result.catalogueReplaced) << "the main window has to know";
     EXPECT_FALSE(result.complete);
-    EXPECT_EQ(readBytes(creator / "SOUNDS.TXT"), "the stock one");
+    EXPECT_EQ(readBytes(creator / "SOUNDS.TXT"), "STOCK:one");
     EXPECT_EQ(dialogs.said().size(), 1U);
     expectUntouched();
 }
@@ -249,12 +251,33 @@ TEST_F(RestoreDefaultsTest, AFailureInTheMiddleLeavesTheOldFiles)
     expectUntouched();
 }
 
+TEST_F(RestoreDefaultsTest, FilesOfOthersBesideTheFolderStay)
+{
+    installSfx();
+    const fs::path incoming = wads.parent_path() / "wads_incoming";
+    writeBytes(incoming / "karnak.sam", "of a run that was cut short");
+    EXPECT_FALSE(cutShortReplacement(wads)) << "nothing was taken away yet";
+    fs::create_directory(wads.parent_path() / "wads_replaced");
+    const Problem problem = cutShortReplacement(wads);
+    ASSERT_TRUE(problem);
+    EXPECT_NE(problem->text.english.find("wads_replaced"), std::string::npos);
+
+    writeBytes(incoming / "mine.txt", "the user's");
+    EXPECT_TRUE(restore(sfxOnly).complete);
+    EXPECT_EQ(namesIn(incoming), (std::vector<std::string>{"karnak.sam", "mine.txt"}));
+    fs::remove(incoming / "mine.txt");
+    EXPECT_TRUE(restore(sfxOnly).complete);
+    EXPECT_FALSE(fs::exists(incoming));
+}
+
 TEST_F(RestoreDefaultsTest, ACatalogueThatCannotBeWrittenIsNoRestore)
 {
+    writeBytes(creator / "Sounds_replaced.txt", "of the first restore");
     fs::permissions(creator / "SOUNDS.TXT", fs::perms::owner_read);
     const RestoreResult result = restore(catalogueOnly);
     EXPECT_FALSE(result.complete || result.catalogueReplaced);
     EXPECT_EQ(readBytes(creator / "SOUNDS.TXT"), "the user's");
+    EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "of the first restore");
     EXPECT_TRUE(lastSaid().starts_with("critical | Restore | Cannot write"));
     EXPECT_TRUE(lastSaid().ends_with("\n" + aborted));
 }

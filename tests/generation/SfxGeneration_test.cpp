@@ -251,13 +251,34 @@ TEST_F(SfxGenerationTest, OffersToStopWaitingInVain)
     dialogs.prepareAnswer(Answer::No);
     EXPECT_EQ(lookAfter(63s), Phase::Waiting);
     EXPECT_NE(lastSaid().find(bank.string()), std::string::npos);
+    EXPECT_EQ(lookAfter(95s), Phase::Waiting) << "the time for the answer does not count";
     *runner.ended = true;
-    EXPECT_EQ(lookAfter(65s), Phase::Waiting);
+    EXPECT_EQ(lookAfter(97s), Phase::Waiting);
     EXPECT_EQ(dialogs.said().size(), 2U);
     dialogs.prepareAnswer(Answer::Yes);
-    EXPECT_EQ(lookAfter(66s), Phase::Idle) << "sooner, when nothing runs any more";
+    EXPECT_EQ(lookAfter(98s), Phase::Idle) << "sooner, when nothing runs any more";
     EXPECT_EQ(namesIn(creator), std::vector<std::string>{"Oasis.SFX"});
     EXPECT_EQ(generation.summary().english, "No new .SAM and .SFX files of [oasis]");
+}
+
+TEST_F(SfxGenerationTest, FilesThatAnEarlierRunLeftAreNoResults)
+{
+    for (const bool isNew : {false, true}) {
+        for (const char* name : {"oasis.sam", "oasis.sfx"}) {
+            writeBytes(creator / name, "left");
+            fs::remove(wads / name);
+        }
+        ASSERT_EQ(beginWith({Answer::Ok}), Begun::Started);
+        for (const char* name : {"oasis.sam", "oasis.sfx"}) {
+            if (isNew) {
+                writeBytes(creator / name, "of the tool");
+            }
+            fs::rename(creator / name, wads / name); // keeps the time, as the copies of the batch file do
+        }
+        *runner.ended = true;
+        EXPECT_EQ(lookAfter(3s), Phase::Idle);
+        EXPECT_EQ(generation.hasResults(), isNew);
+    }
 }
 
 TEST_F(SfxGenerationTest, QuittingTakesTheBatchFileAwayWhenItHasDoneItsWork)
