@@ -20,15 +20,18 @@ need_packages() {
             missing+=("$package")
     done
     [ ${#missing[@]} -gt 0 ] || return 0
+    local root=()
     if [ "$(id -u)" -ne 0 ]; then
-        echo "Please install these packages first:" >&2
-        echo "    sudo apt-get install ${missing[*]}" >&2
-        exit 1
+        if ! command -v sudo >/dev/null; then
+            echo "Please install these packages first: ${missing[*]}" >&2
+            exit 1
+        fi
+        root=(sudo)
     fi
-    echo "Installing ${missing[*]}"
-    export DEBIAN_FRONTEND=noninteractive
-    apt-get update -qq
-    apt-get install -qq -y --no-install-recommends "${missing[@]}" >/dev/null
+    echo "Installing ${missing[*]}" >&2
+    "${root[@]}" apt-get update -qq >&2
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -qq -y --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 # Configures a preset once; CMake itself notices later changes.

@@ -23,12 +23,10 @@ if [ ! -f "$qt/complete" ]; then
     mkdir -p "$work/lists/partial" "$work/cache/archives/partial"
     cd "$work"
     {
-        # The machine's own list of sources stays as it is.
+        # From where the machine has its packages; its own list of sources stays as it is.
         signed=/usr/share/keyrings/debian-archive-keyring.gpg
-        for suite in bookworm bookworm-updates; do
-            echo "deb-src [signed-by=$signed] http://deb.debian.org/debian $suite main"
-        done >sources.list
-        echo "deb-src [signed-by=$signed] http://deb.debian.org/debian-security bookworm-security main" >>sources.list
+        apt-get indextargets --format "deb-src [signed-by=$signed] \$(REPO_URI) \$(CODENAME) \$(COMPONENT)" \
+            'Created-By: Packages' 'Origin: Debian' | sort -u >sources.list
         apt=(apt-get -q -o "Dir::Etc::sourcelist=$work/sources.list" -o Dir::Etc::sourceparts=-
             -o "Dir::State::lists=$work/lists" -o "Dir::Cache=$work/cache" -o APT::Sandbox::User=)
         "${apt[@]}" update
