@@ -166,10 +166,6 @@ fs::path fileIn(const fs::path& folder, std::string_view name)
 
 fs::path asOnDisk(const fs::path& path)
 {
-    std::error_code ignored;
-    if (fs::exists(fs::symlink_status(path, ignored))) {
-        return path;
-    }
     const CodePageText name = codePagePath(path.filename());
     return name.exact ? findEntry(path.parent_path(), name.bytes).value_or(path) : path;
 }

@@ -265,6 +265,7 @@ TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
     EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>one two con>VOL10>#b #oa")) << "the letter came once";
 }
 
+#ifndef _WIN32 // where links take a right that users lack
 TEST_F(ImportFiles, ReadingChangesNothingOnTheDisk)
 {
     const auto tree = [this] {
@@ -294,6 +295,7 @@ TEST_F(ImportFiles, ReadingChangesNothingOnTheDisk)
     }
     EXPECT_EQ(tree(), before);
 }
+#endif
 
 TEST_F(ImportFiles, ComparesAFileLineWithTheCataloguesLine)
 {

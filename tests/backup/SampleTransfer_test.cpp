@@ -196,7 +196,7 @@ TEST_F(SampleTransfer, AReadOnlyFileIsRefusedInEachSpelling)
     for (const char* name : {"door", "DOOR"}) {
         const SampleCopies copies = replaceSamples(Names{name}, source, target, progress);
         EXPECT_EQ(copies.end, CopyEnd::Failed);
-        EXPECT_TRUE(copies.failure->text.english.find("DOOR.wav]") != std::string::npos);
+        EXPECT_TRUE(upperCase(copies.failure->text.english).find("DOOR.WAV]") != std::string::npos);
     }
     expectOldTarget();
 }
