@@ -34,7 +34,7 @@ need_packages() {
         apt-get install -qq -y --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Configures a preset once; CMake itself notices later changes.
+# Configures a preset once; CMake itself notices later changes, but not those of CMakePresets.json.
 configure() {
     local preset=$1
     [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"

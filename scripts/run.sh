@@ -6,17 +6,18 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
 need_packages $build_packages $run_packages
-configure release
-cmake --build build/release --target Tavrel Tavrel_Files make_demo
+cmake --preset run >/dev/null # each time: it finds what was installed since
+cmake --build build/run
 
 demo=$PWD/build/demo
 if [ "${1:-}" = --fresh ] || [ ! -f "$demo/program/Tavrel.par" ]; then
     rm -rf "$demo"
-    build/release/bin/make_demo data "$demo"
+    build/run/bin/make_demo data "$demo"
 fi
-start=(build/release/bin/Tavrel --program-folder "$demo/program")
+start=(build/run/bin/Tavrel --program-folder "$demo/program")
 
-[ -f build/release/bin/pcwadsfx.exe ] || echo "To generate SFX files in the demo, install: $tool_packages"
+[ -f "$demo/trle/sound/LevelSFX Creator/pcwadsfx.exe" ] ||
+    echo "To generate SFX files in the demo, install $tool_packages, then: scripts/run.sh --fresh"
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "${start[@]}"

@@ -14,14 +14,14 @@ export TAVREL_QT TAVREL_QT_PACKAGE
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
 export SOURCE_DATE_EPOCH TZ=UTC
 
-configure windows
+cmake --fresh --preset windows # an older build may have found another Qt
 # Resources keep the times of their files; one for every commit, as builds of several share them.
 SOURCE_DATE_EPOCH=0 cmake --build build/windows
 
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' build/windows/CMakeCache.txt)
 name=Tavrel-$version-win64
 stage=build/windows/stage
-rm -rf "$stage" "build/$name.zip"
+rm -rf "$stage" build/Tavrel-*-win64.zip
 cmake --install build/windows --prefix "$stage/Tavrel" >/dev/null
 
 licences=$stage/Tavrel/Licences
@@ -29,6 +29,7 @@ mkdir "$licences"
 add_licence() { sed 's/\r*$/\r/' "$1" >"$licences/$2.txt"; }
 add_licence "$TAVREL_QT/copyright" Qt
 add_licence /usr/share/doc/qt6-translations-l10n/copyright "Qt translations"
+add_licence /usr/share/doc/libcli11-dev/copyright CLI11
 add_licence /usr/share/doc/gcc-mingw-w64-base/copyright GCC
 add_licence /usr/share/doc/mingw-w64-common/copyright mingw-w64
 

@@ -27,6 +27,10 @@ if [ ! -f "$qt/complete" ]; then
         signed=/usr/share/keyrings/debian-archive-keyring.gpg
         apt-get indextargets --format "deb-src [signed-by=$signed] \$(REPO_URI) \$(CODENAME) \$(COMPONENT)" \
             'Created-By: Packages' 'Origin: Debian' | sort -u >sources.list
+        if [ ! -s sources.list ]; then
+            echo "apt knows no packages. Run first: apt-get update"
+            exit 1
+        fi
         apt=(apt-get -q -o "Dir::Etc::sourcelist=$work/sources.list" -o Dir::Etc::sourceparts=-
             -o "Dir::State::lists=$work/lists" -o "Dir::Cache=$work/cache" -o APT::Sandbox::User=)
         "${apt[@]}" update

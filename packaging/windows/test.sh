@@ -98,7 +98,7 @@ run_tests() { # PROGRAM FILTER PLATFORM
         grep -a -B 20 '^\[  FAILED' "$work/$1.txt" >&2 || tail -20 "$work/$1.txt" >&2
         fail "$1.exe"
     fi
-    grep -a '^\[  PASSED' "$work/$1.txt"
+    grep -a '^\[  PASSED  \] [1-9]' "$work/$1.txt" || fail "$1.exe ran no test"
 }
 run_tests tavrel_core_tests '*' windows
 run_tests tavrel_window_tests -Screens.* windows
@@ -203,8 +203,9 @@ gone 'cmd\.exe$'
 generated() { [ -s "$wads/oasis.sam" ] && [ -s "$wads/oasis.sfx" ] && [ ! -e "$creator/CreateSFX.bat" ]; }
 within "nothing was generated" generated
 (cd "$creator" && wine pcwadsfx.exe oasis oa >/dev/null)
+mv "$creator"/oasis.s?? "$work/"
 for ending in sam sfx; do
-    same "$creator/oasis.$ending" "$wads/oasis.$ending" "oasis.$ending"
+    same "$work/oasis.$ending" "$wads/oasis.$ending" "oasis.$ending"
 done
 await '^Tavrel - oasis$'
 picture generated
@@ -214,6 +215,12 @@ ended
 step "The same folder from a script"
 wine "$program/tavrel-cli.exe" list --modified >"$work/list.txt"
 [ "$(grep -ac . "$work/list.txt")" = 1 ] && grep -aq LARA_NO "$work/list.txt" || fail "what tavrel-cli lists as modified"
+rm "$wads"/oasis.s??
+wine "$program/tavrel-cli.exe" --yes generate oasis >"$work/generate.txt" 2>&1 || fail "tavrel-cli generate"
+for ending in sam sfx; do
+    same "$work/oasis.$ending" "$wads/oasis.$ending" "oasis.$ending of tavrel-cli"
+done
+[ -s "$program/CreateSFX.log" ] && [ ! -e "$creator/CreateSFX.bat" ] || fail "what tavrel-cli leaves of a generation"
 
 step "Another first start, in English, with ngle.exe"
 rm "$program/Tavrel.par"

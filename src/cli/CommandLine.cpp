@@ -91,9 +91,9 @@ void addGlobalArguments(CLI::App& app, Language language, GlobalArguments& argum
     CommandEntry(app, language)
         .optionalPath(
             "--program-folder",
-            {"Where the settings and working files are; usually the program's own folder",
+            {"Where the settings and working files are; usually the program's own folder or one of the user's",
              "Où se trouvent les paramètres et les fichiers de travail ; d'habitude le répertoire du "
-             "programme"},
+             "programme ou un répertoire de l'utilisateur"},
             arguments.programFolder)
         .optionalText("--language",
                       {"E or F; usually the one of the settings", "E ou F ; d'habitude celle des paramètres"},

@@ -156,12 +156,13 @@ CommandEntry& CommandEntry::optionalLetter(const std::string& name, const Biling
     return optionalText(name, what, target, toLetter);
 }
 
-CommandEntry& CommandEntry::wad(std::optional<std::string>& target)
+CommandEntry& CommandEntry::wad(std::optional<std::string>& target, const BilingualText& usual)
 {
     return optionalText("--wad",
-                        {"The WAD whose record of changed lines is written; usually that of the settings",
-                         "Le WAD dont l'enregistrement des lignes modifiées est écrit ; d'habitude celui des "
-                         "paramètres"},
+                        BilingualText("The WAD whose record of changed lines is written; usually ",
+                                      "Le WAD dont l'enregistrement des lignes modifiées est écrit ; "
+                                      "d'habitude ") +
+                            usual,
                         target, checkWadName);
 }
 

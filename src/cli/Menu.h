@@ -46,7 +46,8 @@ public:
     CommandEntry& optionalLetter(const std::string& name, const BilingualText& what,
                                  std::optional<std::string>& target);
     // Whose record of changed lines is written with sounds.txt.
-    CommandEntry& wad(std::optional<std::string>& target);
+    CommandEntry& wad(std::optional<std::string>& target,
+                      const BilingualText& usual = {"that of the settings", "celui des paramètres"});
     CommandEntry& optionalPath(const std::string& name, const BilingualText& what,
                                std::optional<std::filesystem::path>& target);
 

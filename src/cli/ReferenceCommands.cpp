@@ -129,7 +129,7 @@ void addImport(const Menu& menu, const std::string& name, const BilingualText& w
     menu.command(name, what,
                  [arguments, kind](Console& console) { return importList(kind, *arguments, console); })
         .text("WAD", {"One of your WADs", "Un de vos WADs"}, arguments->name)
-        .wad(arguments->wadName);
+        .wad(arguments->wadName, {"the imported one", "celui qui est importé"});
 }
 
 } // namespace

@@ -10,6 +10,12 @@ namespace tavrel {
 
 namespace {
 
+// In the code page that the player reads, which is UTF-8 on some systems.
+std::string ansiPath(const std::filesystem::path& file)
+{
+    return GetACP() == CP_UTF8 ? displayPath(file) : codePagePath(file).bytes;
+}
+
 class WindowsPlayer : public SamplePlayer
 {
 public:
@@ -20,7 +26,7 @@ public:
 
     Problem play(const std::filesystem::path& file) override
     {
-        if (sndPlaySoundA(codePagePath(file).bytes.c_str(), SND_ASYNC) == FALSE) {
+        if (sndPlaySoundA(ansiPath(file).c_str(), SND_ASYNC) == FALSE) {
             return Failure{{"No sound", "Pas de son"}};
         }
         return std::nullopt;
