@@ -26,7 +26,9 @@ void FmSFX::exportLines()
         return;
     }
     refreshLine();
-    FmExport(this, exchangeContext()).exec();
+    if (FmExport(this, exchangeContext()).exec() == QDialog::Accepted) {
+        showInfo({"The file is written", "Le fichier est écrit"});
+    }
 }
 
 // What comes in is only in memory; the file is written when the user applies the changes.
@@ -40,6 +42,7 @@ void FmSFX::importLines()
     window.exec();
     if (window.importDone()) {
         rebuildList();
+        showInfo({"The lines have come in", "Les lignes sont importées"});
     }
 }
 

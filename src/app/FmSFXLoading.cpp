@@ -9,7 +9,7 @@
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
-#include "generation/ReferenceCopies.h"
+#include "generation/FolderReplacement.h"
 #include "ui/Text.h"
 
 #include <QCloseEvent>

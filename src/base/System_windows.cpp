@@ -160,12 +160,11 @@ std::string errorText(const std::error_code& error)
 {
     // The standard library's text is in the code page of the system, which may be none of a catalogue's.
     std::array<wchar_t, 512> text = {};
-    const DWORD length =
-        error.category() != std::system_category()
-            ? 0
-            : FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                             static_cast<DWORD>(error.value()), 0, text.data(),
-                             static_cast<DWORD>(text.size()), nullptr);
+    const DWORD length = error.category() != std::system_category()
+                             ? 0
+                             : FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                                              nullptr, static_cast<DWORD>(error.value()), 0, text.data(),
+                                              static_cast<DWORD>(text.size()), nullptr);
     if (length == 0) {
         return utf8FromCodePage(error.message());
     }

@@ -8,6 +8,7 @@
 #include "base/TextFile.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
+#include "generation/FolderReplacement.h"
 #include "generation/ReferenceCopies.h"
 
 #include <optional>

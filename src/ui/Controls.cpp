@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Controls.h"
 
+#include "ui/Text.h"
 #include "ui/Theme.h"
 
 #include <QComboBox>
@@ -133,6 +134,7 @@ void setPaperText(QLabel& label, const QString& text, bool alarming)
     palette.setColor(QPalette::WindowText, alarming ? alarm : calm);
     label.setPalette(palette);
     label.setText(text);
+    label.setToolTip(plainToolTip(text)); // for what the window has no room for
 }
 
 QLineEdit* makeReadOnly(const char* name)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "generation/FolderReplacement.h"
 #include "generation/ReferenceCopies.h"
 #include "generation/RestoreDefaults.h"
 #include "support/Files.h"

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Puts copies of all files of one folder in the place of another's. The tests watch what its system calls
 // leave behind when they fail.
-#include "generation/ReferenceCopies.h"
+#include "generation/FolderFiles.h"
+#include "generation/FolderReplacement.h"
 
 #include <cstdio>
 
