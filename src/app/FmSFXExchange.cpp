@@ -42,7 +42,7 @@ void FmSFX::importLines()
     window.exec();
     if (window.importDone()) {
         rebuildList();
-        showInfo({"The lines have come in", "Les lignes sont importées"});
+        showInfo({"The lines are imported", "Les lignes sont importées"});
     }
 }
 
