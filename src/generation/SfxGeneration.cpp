@@ -12,6 +12,7 @@
 #include "samples/SampleFormat.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace tavrel {
@@ -163,8 +164,12 @@ Message wrongSamplesMessage()
 SfxGeneration::~SfxGeneration()
 {
     // The interpreter reads it line by line: taken away too early, the results would never be copied.
-    if (m_phase != Phase::Idle && (m_running->hasEnded() || hasResults())) {
-        removeBatchFile();
+    try {
+        if (m_phase != Phase::Idle && (m_running->hasEnded() || hasResults())) {
+            removeBatchFile();
+        }
+    } catch (const std::exception&) { // the next generation takes it away
+        return;
     }
 }
 
