@@ -107,26 +107,29 @@ std::vector<fs::path> FolderIndex::otherSpellings(std::string_view name) const
 
 namespace {
 
-std::vector<fs::path> otherFilesOfThatName(const FolderIndex& folder, const fs::path& file)
+std::vector<fs::path> otherSpellingsOf(const fs::path& file, const FolderIndex& folder)
 {
     const CodePageText name = codePagePath(file.filename());
-    if (!name.exact) {
-        return {};
-    }
-    std::vector<fs::path> others = folder.otherSpellings(name.bytes);
-    std::erase_if(others, [&file](const fs::path& other) {
+    std::vector<fs::path> others = name.exact ? folder.otherSpellings(name.bytes) : std::vector<fs::path>();
+    std::erase_if(others, [](const fs::path& other) {
         std::error_code ignored;
-        // On a disk that knows no letter case it is the file itself.
-        return fs::equivalent(other, file, ignored) || fs::is_directory(other, ignored);
+        return fs::is_directory(other, ignored);
     });
     return others;
+}
+
+// For certain: what cannot be compared may be the file itself.
+bool isAnotherFile(const fs::path& other, const fs::path& file)
+{
+    std::error_code error;
+    return !fs::equivalent(other, file, error) && !error;
 }
 
 } // namespace
 
 Problem checkOtherSpellings(const FolderIndex& folder, const fs::path& file)
 {
-    for (const fs::path& other : otherFilesOfThatName(folder, file)) {
+    for (const fs::path& other : otherSpellingsOf(file, folder)) {
         std::error_code ignored;
         if (fs::exists(other, ignored) && !system::isWritable(other)) {
             return cannotWrite(other, std::make_error_code(std::errc::permission_denied));
@@ -137,9 +140,21 @@ Problem checkOtherSpellings(const FolderIndex& folder, const fs::path& file)
 
 void removeOtherSpellings(const FolderIndex& folder, const fs::path& file)
 {
-    for (const fs::path& other : otherFilesOfThatName(folder, file)) {
+    const std::vector<fs::path> others = otherSpellingsOf(file, folder);
+    const Result<std::vector<FolderEntry>> entries =
+        others.empty() ? std::vector<FolderEntry>() : listFolder(file.parent_path());
+    // A disk that knows no letter case may hold the new file under its old name.
+    const auto isFile = [&file](const FolderEntry& entry) {
+        return entry.path.filename() == file.filename();
+    };
+    if (!entries || std::ranges::none_of(*entries, isFile)) {
+        return;
+    }
+    for (const fs::path& other : others) {
         std::error_code ignored;
-        fs::remove(other, ignored);
+        if (isAnotherFile(other, file)) {
+            fs::remove(other, ignored);
+        }
     }
 }
 

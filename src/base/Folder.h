@@ -60,7 +60,9 @@ private:
 // Before a file is written: fails when one of those files is read-only, as the file itself would be refused.
 [[nodiscard]] Problem checkOtherSpellings(const FolderIndex& folder, const std::filesystem::path& file);
 // After a file was written: removes files of that folder that differ from it in nothing but the letter case
-// of their names, as they stood in the index. To the level editor all of them are one file.
+// of their names, as they stood in the index. To the level editor all of them are one file. Nothing is
+// removed when the folder does not list the file under its exact name, or when it cannot be told from the
+// other.
 void removeOtherSpellings(const FolderIndex& folder, const std::filesystem::path& file);
 
 // Where the file stands, or where it would be created.

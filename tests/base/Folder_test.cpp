@@ -65,6 +65,32 @@ TEST(Folder, ListsOrSaysWhyNot)
     EXPECT_NE(missing.failure().text.english.find((root / "missing").string()), std::string::npos);
 }
 
+TEST(Folder, RemovesOtherSpellingsOfAFileThatIsThere)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "FOOT.wav", "old");
+    writeBytes(root / "bell.wav", "another");
+    const Result<FolderIndex> before = FolderIndex::of(root.path());
+    removeOtherSpellings(*before, root / "foot.wav");
+    EXPECT_EQ(namesIn(root.path()), (std::vector<std::string>{"FOOT.wav", "bell.wav"})) << "not written yet";
+    writeBytes(root / "foot.wav", "new");
+    removeOtherSpellings(*before, root / "foot.wav");
+    EXPECT_EQ(namesIn(root.path()).size(), 2U);
+    EXPECT_EQ(readBytes(root / "foot.wav"), "new");
+}
+
+#ifndef _WIN32 // where links take a right that users lack
+TEST(Folder, KeepsWhatCannotBeToldFromTheFile)
+{
+    const TemporaryFolder root;
+    fs::create_symlink("FOOT.wav", root / "FOOT.wav"); // a ring
+    const Result<FolderIndex> before = FolderIndex::of(root.path());
+    writeBytes(root / "foot.wav", "new");
+    removeOtherSpellings(*before, root / "foot.wav");
+    EXPECT_EQ(namesIn(root.path()), (std::vector<std::string>{"FOOT.wav", "foot.wav"}));
+}
+#endif
+
 TEST(Folder, KnowsPlainFileNames)
 {
     for (const char* name : {"a", "oasis", "tomb of wind", ".hidden", "a..b", "caf\xE9", "com", "com10",
