@@ -119,20 +119,6 @@ bool confirmKind(const ExportRequest& request, Dialogs& dialogs)
     return confirm(request, text, dialogs);
 }
 
-bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
-{
-    const fs::path file = fs::absolute(request.file);
-    std::error_code ignored;
-    if (!fs::exists(file, ignored) && !findEntry(file.parent_path(), codePagePath(file.filename()).bytes)) {
-        return true;
-    }
-    const std::string name = displayPath(file.filename());
-    return confirm(request,
-                   {"The file " + name + " already exists.\n\rReplace it.",
-                    "Le fichier " + name + " existe déjà.\n\rLe remplacer."},
-                   dialogs);
-}
-
 std::vector<std::string> sampleNamesOf(std::span<const ExportRow> rows)
 {
     std::vector<std::string> names;
@@ -142,6 +128,43 @@ std::vector<std::string> sampleNamesOf(std::span<const ExportRow> rows)
         }
     }
     return names;
+}
+
+// A folder of samples that no earlier save of this file has made.
+bool confirmForeignSamples(const ExportRequest& request, const fs::path& file, Dialogs& dialogs)
+{
+    if (!request.withSamples) {
+        return true;
+    }
+    const fs::path folder = samplesFolderOf(file);
+    const std::size_t lost = samplesLostToSwap(sampleNamesOf(request.rows), request.samplesFolder, folder);
+    if (lost == 0) {
+        return true;
+    }
+    const std::string name = "[" + displayPath(folder) + "]";
+    const std::string count = std::to_string(lost);
+    return confirm(request,
+                   {"The folder " + name + " holds " + count +
+                        " WAV file(s) that do not belong to this export; they will be deleted.\nSave all the "
+                        "same?",
+                    "Le répertoire " + name + " contient " + count +
+                        " fichier(s) WAV étranger(s) à cet export ; ils seront supprimés.\nSauvegarder quand "
+                        "même ?"},
+                   dialogs);
+}
+
+bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
+{
+    const fs::path file = fs::absolute(request.file);
+    std::error_code ignored;
+    if (!fs::exists(file, ignored) && !findEntry(file.parent_path(), codePagePath(file.filename()).bytes)) {
+        return confirmForeignSamples(request, file, dialogs);
+    }
+    const std::string name = displayPath(file.filename());
+    return confirm(request,
+                   {"The file " + name + " already exists.\n\rReplace it.",
+                    "Le fichier " + name + " existe déjà.\n\rLe remplacer."},
+                   dialogs);
 }
 
 Message report(const ExportRequest& request, MessageIcon icon, const BilingualText& text)
@@ -162,11 +185,19 @@ BilingualText leftBehind(const std::vector<fs::path>& folders)
            BilingualText::same(list);
 }
 
-Message nothingSaved(const ExportRequest& request, const BilingualText& why)
+ExportOutcome nothingSaved(const ExportRequest& request, const BilingualText& why,
+                           const std::optional<SamplesFolderSwap>& samples)
 {
-    return report(request, MessageIcon::Exclamation,
-                  why + BilingualText("\n\nNothing was saved; files that were there are as they were.",
-                                      "\n\nRien n'a été sauvegardé ; les fichiers existants sont intacts."));
+    const BilingualText otherFiles =
+        samples && samples->repaired()
+            ? BilingualText("Samples of an earlier save that was cut short are back in their folder.",
+                            "Des samples d'une sauvegarde précédente interrompue sont de retour dans leur "
+                            "répertoire.")
+            : BilingualText("Files that were there are as they were.",
+                            "Les fichiers existants sont intacts.");
+    return {false, report(request, MessageIcon::Exclamation,
+                          why + BilingualText("\n\nNothing was saved. ", "\n\nRien n'a été sauvegardé. ") +
+                              otherFiles)};
 }
 
 // The file itself is saved.
@@ -180,8 +211,13 @@ ExportOutcome putSamplesInPlace(const ExportRequest& request, SamplesFolderSwap&
         texts.push_back(problem->text);
         texts.emplace_back(name + " was saved, its samples were not.",
                            name + " a été sauvegardé, mais pas ses samples.");
-    } else if (!copies.refused.empty()) {
-        texts.push_back(unsafeSampleNames(copies.refused));
+    } else {
+        if (!copies.refused.empty()) {
+            texts.push_back(unsafeSampleNames(copies.refused));
+        }
+        if (!copies.kept.empty()) {
+            texts.push_back(keptSamples(copies.kept));
+        }
     }
     if (const std::vector<fs::path> left = samples.leftovers(); !left.empty()) {
         texts.push_back(leftBehind(left));
@@ -305,17 +341,17 @@ ExportOutcome saveExport(const ExportRequest& request, Progress& progress)
         copies = samples->copy(sampleNamesOf(request.rows), request.samplesFolder, progress);
     }
     if (copies.end == CopyEnd::Cancelled) {
-        return {false, nothingSaved(request, {"Cancelled.", "Annulé."})};
+        return nothingSaved(request, {"Cancelled.", "Annulé."}, samples);
     }
     if (copies.failure) {
-        return {false, nothingSaved(request, copies.failure->text)};
+        return nothingSaved(request, copies.failure->text, samples);
     }
     std::vector<ExchangeRecord> records;
     for (const ExportRow& row : request.rows) {
         records.push_back({static_cast<std::int64_t>(row.number), row.savedLine});
     }
     if (const Problem problem = writeExchangeFile(file, records)) {
-        return {false, nothingSaved(request, problem->text)};
+        return nothingSaved(request, problem->text, samples);
     }
     return samples ? putSamplesInPlace(request, *samples, copies) : ExportOutcome{true, std::nullopt};
 }

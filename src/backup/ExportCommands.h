@@ -66,7 +66,8 @@ struct ExportRequest
 };
 
 // Asks whatever there is to ask: lines that would be cut, lines that a backup would not keep as they are, a
-// name that will be read as the other kind of file, a file that exists. True when saveExport() may follow.
+// name that will be read as the other kind of file, a file that exists, or without one a samples folder with
+// samples of something else. True when saveExport() may follow.
 bool confirmExport(const ExportRequest& request, Dialogs& dialogs);
 
 struct ExportOutcome

@@ -159,15 +159,6 @@ Message report(const ImportRequest& request, MessageIcon icon, const BilingualTe
     return {icon, actionOf(request.file.kind), text};
 }
 
-BilingualText listOfFiles(const std::vector<std::string>& files)
-{
-    std::string list;
-    for (const std::string& file : files) {
-        list += "\n" + utf8FromCodePage(file);
-    }
-    return BilingualText::same(list);
-}
-
 // The lines are in the catalogue; some samples are not in their folder.
 Message incomplete(const ImportRequest& request, const SampleCopies& copies)
 {

@@ -10,9 +10,10 @@
 #include "samples/SamplesFolder.h"
 
 #include <algorithm>
+#include <charconv>
 #include <iterator>
+#include <tuple>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace tavrel {
 
@@ -23,13 +24,6 @@ namespace {
 fs::path withEnding(fs::path folder, const std::string& ending)
 {
     return folder += ending;
-}
-
-// Something stands there, be it a link that leads nowhere.
-bool isTaken(const fs::path& path)
-{
-    std::error_code ignored;
-    return fs::exists(fs::symlink_status(path, ignored));
 }
 
 // For certain: what cannot be looked at may be there.
@@ -53,23 +47,43 @@ std::string oldEnding(std::size_t number)
 
 struct OldFolder
 {
+    std::size_t number;
     fs::path path;
     fs::path name; // that it had before, in its own letter case
 };
+
+// The number in such an ending; nothing in any other.
+std::optional<std::size_t> numberOfOld(std::string_view ending)
+{
+    const std::string first = oldEnding(1);
+    std::size_t number = 1;
+    if (ending.size() > first.size()) {
+        std::from_chars(ending.data() + first.size(), ending.data() + ending.size(), number);
+    }
+    return sameName(ending, oldEnding(number)) ? std::optional(number) : std::nullopt;
+}
+
+bool sameFileName(const fs::path& left, const fs::path& right)
+{
+    const CodePageText first = codePagePath(left);
+    const CodePageText second = codePagePath(right);
+    return first.exact && second.exact ? sameName(first.bytes, second.bytes) : left == right;
+}
 
 // What earlier swaps left beside the folder, the oldest first.
 std::vector<OldFolder> oldFoldersOf(const fs::path& folder)
 {
     std::vector<OldFolder> found;
-    while (true) {
-        const std::string ending = oldEnding(found.size() + 1);
-        const fs::path path = asOnDisk(withEnding(folder, ending));
-        if (!isTaken(path)) {
-            return found;
+    if (const Result<std::vector<FolderEntry>> entries = listFolder(folder.parent_path())) {
+        for (const FolderEntry& entry : *entries) {
+            const std::optional<std::size_t> number = numberOfOld(codePagePath(entry.path.extension()).bytes);
+            if (number && sameFileName(entry.path.stem(), folder.filename())) {
+                found.push_back({*number, entry.path, folder.parent_path() / entry.path.stem()});
+            }
         }
-        const fs::path::string_type& name = path.native();
-        found.push_back({path, name.substr(0, name.size() - ending.size())});
     }
+    std::ranges::sort(found, {}, [](const OldFolder& old) { return std::tie(old.number, old.path); });
+    return found;
 }
 
 const OldFolder* newestOf(const std::vector<OldFolder>& old)
@@ -79,38 +93,78 @@ const OldFolder* newestOf(const std::vector<OldFolder>& old)
     return newest == old.rend() ? nullptr : &*newest;
 }
 
+// Behind all others, so that their order stays that of their age.
 fs::path freeOldFolder(const fs::path& folder)
 {
-    return withEnding(folder, oldEnding(oldFoldersOf(folder).size() + 1));
+    const std::vector<OldFolder> old = oldFoldersOf(folder);
+    return withEnding(folder, oldEnding(old.empty() ? 1 : old.back().number + 1));
 }
 
-void removeSamples(const fs::path& folder)
+using FileNames = std::unordered_set<std::string>; // in capitals
+
+std::string fileOf(const std::string& sample)
+{
+    return sample + ".wav";
+}
+
+FileNames filesOf(std::span<const std::string> samples)
+{
+    FileNames files;
+    for (const std::string& sample : samples) {
+        files.insert(upperCase(fileOf(sample)));
+    }
+    return files;
+}
+
+// The samples of the folder that are none of these files.
+std::vector<fs::path> otherSamples(const std::vector<FolderEntry>& folder, const FileNames& files)
+{
+    std::vector<fs::path> others;
+    for (const FolderEntry& entry : folder) {
+        if (isSample(entry) && !(entry.exactName && files.contains(upperCase(entry.name)))) {
+            others.push_back(entry.path);
+        }
+    }
+    return others;
+}
+
+void removeSamples(const fs::path& folder, const FileNames& kept)
 {
     if (const Result<std::vector<FolderEntry>> entries = listFolder(folder)) {
-        for (const FolderEntry& entry : *entries) {
+        for (const fs::path& sample : otherSamples(*entries, kept)) {
             std::error_code ignored;
-            if (isSample(entry)) {
-                fs::remove(entry.path, ignored);
-            }
+            fs::remove(sample, ignored);
         }
     }
 }
 
-// What the folder lacks; nothing is replaced. The old folder goes when nothing is left in it.
-void moveOver(const fs::path& old, const fs::path& folder)
+// What the folder lacks; nothing is replaced. The old folder goes when nothing is left in it. True when
+// something was moved.
+bool moveOver(const fs::path& old, const fs::path& folder)
 {
     const Result<std::vector<FolderEntry>> entries = listFolder(old);
     const Result<FolderIndex> there = FolderIndex::of(folder);
     if (!entries || !there) {
-        return;
+        return false;
     }
+    bool moved = false;
     for (const FolderEntry& entry : *entries) {
         if (!entry.exactName || there->find(entry.name) == nullptr) {
-            (void)moveSafely(entry.path, folder / entry.path.filename()); // else it stays where it is
+            moved |= !moveSafely(entry.path, folder / entry.path.filename()); // else it stays where it is
         }
     }
     std::error_code ignored;
     fs::remove(old, ignored);
+    return moved;
+}
+
+void copyPermissions(const fs::path& from, const fs::path& to)
+{
+    std::error_code error;
+    const fs::perms permissions = fs::status(from, error).permissions();
+    if (!error) {
+        fs::permissions(to, permissions, error); // else it has those of any new folder
+    }
 }
 
 SampleCopies failed(Failure failure)
@@ -121,13 +175,30 @@ SampleCopies failed(Failure failure)
     return copies;
 }
 
+// The link makes room in one step; the file that it leads to stays as it is.
+Problem replaceLink(const fs::path& link, std::string_view bytes)
+{
+    const fs::path beside = withEnding(link, ".tavrel-new");
+    std::error_code ignored;
+    fs::remove(beside, ignored);
+    if (Problem problem = createFileSafely(beside, bytes)) {
+        return problem;
+    }
+    if (const std::error_code error = system::replaceFile(beside, link)) {
+        fs::remove(beside, ignored);
+        return cannotWrite(link, error);
+    }
+    return std::nullopt;
+}
+
 Problem copyFile(const fs::path& source, const fs::path& target)
 {
     const Result<FileContent> content = readFile(source);
     if (!content) {
         return content.failure();
     }
-    return writeFileSafely(target, content->bytes);
+    return system::isLink(target) ? replaceLink(target, content->bytes)
+                                  : writeFileSafely(target, content->bytes);
 }
 
 const FolderEntry* sampleIn(const FolderIndex& folder, std::string_view file)
@@ -161,7 +232,7 @@ SampleCopies copyAll(std::span<const std::string> names, const FolderIndex& sour
             copies.refused.push_back(names[i]);
             continue;
         }
-        const std::string file = spellings[upperCase(names[i])] + ".wav";
+        const std::string file = fileOf(spellings[upperCase(names[i])]);
         const FolderEntry* const sample = sampleIn(source, file);
         if (sample == nullptr) {
             continue;
@@ -200,7 +271,7 @@ std::vector<std::string> sampleNamesOf(const SoundLine& record)
 
 bool isSafeSampleName(std::string_view name)
 {
-    return isPlainFileName(name) && isPlainFileName(std::string(name) + ".wav");
+    return isPlainFileName(name) && isPlainFileName(fileOf(std::string(name)));
 }
 
 BilingualText unsafeSampleNames(std::span<const std::string> names)
@@ -217,6 +288,24 @@ BilingualText unsafeSampleNames(std::span<const std::string> names)
                "Ces samples ont des noms qui ne sont pas de simples noms de fichiers. Ils n'ont pas "
                "été copiés.\n\n") +
            listOf(shown);
+}
+
+BilingualText listOfFiles(std::span<const std::string> files)
+{
+    std::string list;
+    for (const std::string& file : files) {
+        list += "\n" + utf8FromCodePage(file);
+    }
+    return BilingualText::same(list);
+}
+
+BilingualText keptSamples(std::span<const std::string> files)
+{
+    return BilingualText("These samples are not in the level editor's samples folder; the copies of the "
+                         "earlier export were kept:",
+                         "Ces samples ne sont pas dans le répertoire des samples de l'éditeur de niveaux ; "
+                         "les copies de l'export précédent ont été conservées :") +
+           listOfFiles(files);
 }
 
 SampleCopies replaceSamples(std::span<const std::string> names, const fs::path& source,
@@ -256,12 +345,15 @@ void SamplesFolderSwap::repair()
     const std::vector<OldFolder> old = oldFoldersOf(m_folder);
     if (isMissing(m_folder)) {
         if (const OldFolder* const newest = newestOf(old)) {
-            m_folder = moveSafely(newest->path, newest->name) ? m_folder : newest->name;
+            if (!moveSafely(newest->path, newest->name)) {
+                m_folder = newest->name;
+                m_repaired = true;
+            }
         }
     }
     for (const OldFolder& left : old) {
         if (isTrueFolder(left.path) && isTrueFolder(m_folder)) {
-            moveOver(left.path, m_folder);
+            m_repaired |= moveOver(left.path, m_folder);
         }
     }
 }
@@ -303,7 +395,32 @@ SampleCopies SamplesFolderSwap::copy(std::span<const std::string> names, const f
     if (!m_hasNew) {
         return failed(cannotWrite(m_new, error));
     }
-    return copyAll(names, *from, m_new, FolderIndex(), progress);
+    SampleCopies copies = copyAll(names, *from, m_new, FolderIndex(), progress);
+    const Problem problem = copies.end == CopyEnd::Complete ? keepWhatIsLacking(names, copies) : std::nullopt;
+    return problem ? failed(*problem) : copies;
+}
+
+// The old folder may hold the only copy of a sample that the level editor has no more.
+Problem SamplesFolderSwap::keepWhatIsLacking(std::span<const std::string> names, SampleCopies& copies)
+{
+    m_kept = filesOf(names);
+    for (const std::string& file : copies.copied) {
+        m_kept.erase(upperCase(file));
+    }
+    if (isMissing(m_folder)) {
+        return std::nullopt;
+    }
+    const Result<std::vector<FolderEntry>> old = listFolder(m_folder);
+    if (!old) {
+        return old.failure();
+    }
+    for (const FolderEntry& entry : *old) {
+        if (isSample(entry) && entry.exactName && m_kept.contains(upperCase(entry.name))) {
+            copies.kept.push_back(entry.name);
+        }
+    }
+    std::ranges::sort(copies.kept);
+    return std::nullopt;
 }
 
 Problem SamplesFolderSwap::putInPlace()
@@ -314,6 +431,7 @@ Problem SamplesFolderSwap::putInPlace()
     }
     const fs::path old = freeOldFolder(m_folder);
     if (replaces) {
+        copyPermissions(m_folder, m_new);
         if (Problem problem = moveSafely(m_folder, old)) {
             return problem;
         }
@@ -326,10 +444,18 @@ Problem SamplesFolderSwap::putInPlace()
     }
     m_hasNew = false;
     if (replaces) {
-        removeSamples(old);
-        moveOver(old, m_folder);
+        removeSamples(old, m_kept);
+        (void)moveOver(old, m_folder);
     }
     return std::nullopt;
+}
+
+std::size_t samplesLostToSwap(std::span<const std::string> names, const fs::path& source,
+                              const fs::path& folder)
+{
+    const std::optional<fs::path> old = isMissing(source) ? std::nullopt : samplesFolderToRead(folder);
+    const Result<std::vector<FolderEntry>> entries = old ? listFolder(*old) : std::vector<FolderEntry>();
+    return entries ? otherSamples(*entries, filesOf(names)).size() : 0;
 }
 
 std::optional<fs::path> samplesFolderToRead(const fs::path& folder)

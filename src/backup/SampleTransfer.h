@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 // Copying the samples that travel with an exchange file. Names of samples come from files of strangers: one
@@ -25,6 +26,11 @@ bool isSafeSampleName(std::string_view name);
 // Says which names were not copied for that reason.
 BilingualText unsafeSampleNames(std::span<const std::string> names);
 
+// Each on a line of its own, behind a line break.
+BilingualText listOfFiles(std::span<const std::string> files);
+// Says which old samples stayed for want of new ones.
+BilingualText keptSamples(std::span<const std::string> files);
+
 enum class CopyEnd { Complete, Cancelled, Failed };
 
 struct SampleCopies
@@ -33,16 +39,18 @@ struct SampleCopies
     std::optional<Failure> failure;
     std::vector<std::string> copied;  // file names, each once
     std::vector<std::string> refused; // names that are not safe
+    std::vector<std::string> kept;    // of a swap: files of the old folder that the source does not hold
 };
 
 // Puts samples of one folder into the place of those of another, one after the other, each complete before
 // the old one goes. Samples that the source does not hold are passed over. What was copied before a failure
-// or a cancel stays.
+// or a cancel stays. A sample that is a link to another file is replaced, the other file stays as it is.
 SampleCopies replaceSamples(std::span<const std::string> names, const std::filesystem::path& source,
                             const std::filesystem::path& target, Progress& progress);
 
 // A samples folder that is made new beside the old one and takes its place when it is complete. Files of the
-// old folder that are no samples move over. A folder that is a link is never written.
+// old folder that are no samples move over, and so do the samples that were asked for and that the source
+// does not hold. A folder that is a link is never written.
 class SamplesFolderSwap
 {
 public:
@@ -59,17 +67,27 @@ public:
     // After a complete copy. On a failure the old folder is in its place. Without a source it stays there.
     [[nodiscard]] Problem putInPlace();
 
+    // Files of an earlier swap were moved back: the folder is no more as it was before this one began.
+    bool repaired() const { return m_repaired; }
+
     // Old folders that could not go, of this swap and of earlier ones: the user has to look.
     std::vector<std::filesystem::path> leftovers() const;
 
 private:
     void repair();
+    [[nodiscard]] Problem keepWhatIsLacking(std::span<const std::string> names, SampleCopies& copies);
 
     std::filesystem::path m_folder;
     std::filesystem::path m_new;
     bool m_hasNew = false;
     bool m_hasSource = false;
+    bool m_repaired = false;
+    std::unordered_set<std::string> m_kept; // files to keep of the old folder, in capitals
 };
+
+// How many samples a swap would delete, because they are none of the names. Changes nothing.
+std::size_t samplesLostToSwap(std::span<const std::string> names, const std::filesystem::path& source,
+                              const std::filesystem::path& folder);
 
 // The folder, or the old one when a swap was cut short before the new one came. Changes nothing.
 std::optional<std::filesystem::path> samplesFolderToRead(const std::filesystem::path& folder);

@@ -28,7 +28,7 @@ void PrintTo(const Scenario& scenario, std::ostream* stream)
     *stream << scenario.name;
 }
 
-const std::string firstLine = "A:\tfoot bell\tVOL44\t#oa";
+const std::string firstLine = "A:\tfoot bell gone\tVOL44\t#oa";
 
 class ExchangeFaults : public testing::TestWithParam<Scenario>
 {
@@ -88,6 +88,7 @@ TEST_P(ExchangeFaults, AnExportLeavesTheOldFilesOrTheNewOnes)
     writeBytes(start / "samples" / "bell.wav", "new bell");
     writeBytes(start / "all_Samples" / "foot.wav", "old foot");
     writeBytes(start / "all_Samples" / "stale.wav", "old");
+    writeBytes(start / "all_Samples" / "gone.wav", "the only copy");
     writeBytes(start / "all_Samples" / "notes.txt", "the user's");
     const std::string oldFile = readBytes(start / "all.tox");
     const fs::path samples = work / "all_Samples";
@@ -108,10 +109,12 @@ TEST_P(ExchangeFaults, AnExportLeavesTheOldFilesOrTheNewOnes)
         }
         const bool isNewFile = readBytes(work / "all.tox") == "\"0\",\"" + firstLine + "\"\r\n";
         EXPECT_TRUE(isNewFile || readBytes(work / "all.tox") == oldFile);
-        const bool areNewSamples = namesIn(samples) == Names{"bell.wav", "foot.wav", "notes.txt"};
+        const bool areNewSamples = namesIn(samples) == Names{"bell.wav", "foot.wav", "gone.wav", "notes.txt"};
         EXPECT_EQ(areNewSamples, hasNewSamples);
-        EXPECT_TRUE(areNewSamples || (namesIn(samples) == Names{"foot.wav", "notes.txt", "stale.wav"}));
+        EXPECT_TRUE(areNewSamples ||
+                    (namesIn(samples) == Names{"foot.wav", "gone.wav", "notes.txt", "stale.wav"}));
         EXPECT_EQ(readBytes(samples / "foot.wav"), areNewSamples ? "new foot" : "old foot");
+        EXPECT_EQ(readBytes(samples / "gone.wav"), "the only copy");
         EXPECT_EQ(readBytes(samples / "notes.txt"), "the user's");
         EXPECT_EQ(namesIn(work), (Names{"all.tox", "all_Samples", "creator", "program", "samples"}));
         EXPECT_TRUE(isNewFile || !areNewSamples);

@@ -153,6 +153,51 @@ TEST_F(ExportFile, AsksBeforeItReplacesOrDropsOrMisnames)
     }
 }
 
+#ifndef _WIN32 // where the name of a file depends on more than its bytes
+TEST_F(ExportFile, AsksBeforeItReplacesAFileWhoseNameTheCodePageLacks)
+{
+    const fs::path name = u8"\u03A9.tox";
+    writeBytes(root / name, "old");
+    ScriptedDialogs dialogs{Answer::No};
+    EXPECT_FALSE(confirmExport(request(ExportMode::Modified, name), dialogs));
+    EXPECT_EQ(dialogs.conversation(Language::French).front(),
+              "Yes/No | Exporter uniquement les lignes modifiées | Le fichier \u03A9.tox existe déjà.\n\rLe "
+              "remplacer.");
+}
+#endif
+
+TEST_F(ExportFile, AsksBeforeItDeletesForeignSamples)
+{
+    writeBytes(root / "samples" / "foot.wav", "foot");
+    for (const char* name : {"song.WAV", "foot.wav", "boat.wav", "notes.txt"}) {
+        writeBytes(root / "city_Samples" / name, "the user's");
+    }
+    ExportRequest asked = request(ExportMode::Modified, "city.tox");
+    const auto conversation = [&asked](std::initializer_list<Answer> answers, bool confirmed) {
+        ScriptedDialogs dialogs(answers);
+        EXPECT_EQ(confirmExport(asked, dialogs), confirmed);
+        for (const ScriptedDialogs::Said& said : dialogs.said()) {
+            EXPECT_TRUE(said.refusalIsDefault);
+        }
+        return dialogs.conversation(Language::English);
+    };
+    EXPECT_EQ(conversation({}, true), Names()) << "without samples";
+    asked.withSamples = true;
+    EXPECT_EQ(
+        conversation({Answer::No}, false),
+        Names{"Yes/No | Export only modified lines | The folder [" + (root / "city_Samples").string() +
+              "] holds 1 WAV file(s) that do not belong to this export; they will be deleted.\nSave all "
+              "the same?"});
+    EXPECT_EQ(conversation({Answer::Yes}, true).size(), 1U);
+    writeBytes(root / "CITY.tox", "old");
+    EXPECT_EQ(
+        conversation({Answer::Yes}, true),
+        Names{"Yes/No | Export only modified lines | The file city.tox already exists.\n\rReplace it."});
+    fs::remove(root / "CITY.tox");
+    fs::remove(root / "city_Samples" / "song.WAV");
+    EXPECT_EQ(conversation({}, true), Names()) << "one is written anew, the other stays";
+}
+
 TEST_F(ExportFile, NamesTheLinesThatAreCut)
 {
     const SoundCatalogue cut = catalogueOf({{"A#oa:>a>VOL44>>#g", "A#oa:>a>VOL11>>#g"},
@@ -195,6 +240,23 @@ TEST_F(ExportFile, TakesTheSamplesAlong)
     EXPECT_EQ(namesIn(root.path()), (Names{"city.tox", "city_Samples", "samples"}));
 }
 
+TEST_F(ExportFile, SaysWhichSamplesAreNotNew)
+{
+    writeBytes(root / "samples" / "foot.wav", "foot");
+    writeBytes(root / "city_Samples" / "boat.wav", "the only copy");
+    ExportRequest modified = request(ExportMode::Modified, "city.tox");
+    modified.withSamples = true;
+    modified.rows.front().savedLine = withTabs("B:>foot con>VOL50>");
+    const ExportOutcome outcome = saveExport(modified, progress);
+    EXPECT_TRUE(outcome.saved);
+    EXPECT_EQ(
+        outcome.report->text.english,
+        "These samples have names that are no plain file names. They were not copied.\n\n[con]\n\nThese "
+        "samples are not in the level editor's samples folder; the copies of the earlier export were "
+        "kept:\nboat.wav");
+    EXPECT_EQ(readBytes(root / "city_Samples" / "boat.wav"), "the only copy");
+}
+
 TEST_F(ExportFile, SavesAllOrNothing)
 {
     writeBytes(root / "samples" / "foot.wav", "foot");
@@ -205,7 +267,9 @@ TEST_F(ExportFile, SavesAllOrNothing)
     modified.withSamples = true;
     const auto expectNothingSaved = [&](const ExportOutcome& outcome, const char* why) {
         EXPECT_FALSE(outcome.saved);
-        EXPECT_TRUE(outcome.report->text.english.find("Nothing was saved") != std::string::npos) << why;
+        EXPECT_TRUE(outcome.report->text.english.ends_with(
+            "\n\nNothing was saved. Files that were there are as they were."))
+            << outcome.report->text.english;
         EXPECT_TRUE(outcome.report->text.english.find(why) != std::string::npos)
             << outcome.report->text.english;
         EXPECT_EQ(namesIn(root / "city_Samples"), Names{"old.wav"});
@@ -234,6 +298,54 @@ TEST_F(ExportFile, WithoutASamplesFolder)
     const ExportOutcome outcome = saveExport(modified, progress);
     EXPECT_TRUE(outcome.saved && !outcome.report) << "what does not exist is passed over";
     EXPECT_EQ(namesIn(root / "city_Samples"), Names{"old.wav"}) << "it goes for new ones alone";
+}
+
+TEST_F(ExportFile, SaysThatItRepairedThoughNothingWasSaved)
+{
+    ExportRequest modified = request(ExportMode::Modified, "city.tox");
+    modified.withSamples = true;
+    for (const char* left : {"city_Samples.tavrel-old", "city_Samples.tavrel-old2"}) {
+        writeBytes(root / left / (std::string(left) + ".wav"), "old");
+        ScriptedProgress stopping(0);
+        writeBytes(root / "samples" / "foot.wav", "foot");
+        EXPECT_EQ(
+            saveExport(modified, stopping).report->text.english,
+            "Cancelled.\n\nNothing was saved. Samples of an earlier save that was cut short are back in "
+            "their folder.");
+    }
+    EXPECT_EQ(namesIn(root / "city_Samples").size(), 2U);
+}
+
+class LosesTheNewFolder : public ScriptedProgress
+{
+public:
+    explicit LosesTheNewFolder(fs::path folder) : m_folder(std::move(folder)) {}
+
+    bool show(std::size_t done, std::size_t total) override
+    {
+        if (done == total) {
+            fs::remove_all(m_folder);
+        }
+        return true;
+    }
+
+private:
+    fs::path m_folder;
+};
+
+TEST_F(ExportFile, SaysWhenTheSamplesDoNotReachTheirPlace)
+{
+    writeBytes(root / "samples" / "foot.wav", "foot");
+    writeBytes(root / "city_Samples" / "old.wav", "old");
+    ExportRequest modified = request(ExportMode::Modified, "city.tox");
+    modified.withSamples = true;
+    LosesTheNewFolder losing(root / "city_Samples.tavrel-new");
+    const ExportOutcome outcome = saveExport(modified, losing);
+    EXPECT_FALSE(outcome.saved);
+    const std::string& text = outcome.report->text.english;
+    EXPECT_TRUE(text.starts_with("Cannot write [" + (root / "city_Samples").string() + "]")) << text;
+    EXPECT_TRUE(text.ends_with("\n\n[city.tox] was saved, its samples were not.")) << text;
+    EXPECT_EQ(namesIn(root / "city_Samples"), Names{"old.wav"});
 }
 
 #ifndef _WIN32 // where links take a right that users lack

@@ -44,6 +44,7 @@ const Names hostile = {"../evil", "..", "con", "C:\\evil", "/evil", "sub\\evil",
 
 TEST_F(SampleTransfer, ReplacesOneByOne)
 {
+    writeBytes(target / "cut_short.wav.tavrel-new", "unfinished");
     ScriptedProgress progress;
     const SampleCopies copies =
         replaceSamples(Names{"door", "missing", "step", "door"}, source, target, progress);
@@ -57,6 +58,24 @@ TEST_F(SampleTransfer, ReplacesOneByOne)
                                     "Copying sample [door.wav]..."}));
     EXPECT_EQ(progress.steps.back(), std::pair(std::size_t{4}, std::size_t{4}));
 }
+
+#ifndef _WIN32 // where links take a right that users lack
+TEST_F(SampleTransfer, ReplacesALinkAndNotWhatItLeadsTo)
+{
+    fs::create_symlink(root / "evil.wav", target / "step.wav");
+    writeBytes(target / "step.wav.tavrel-new" / "in the way", "");
+    ScriptedProgress progress;
+    EXPECT_EQ(replaceSamples(Names{"step"}, source, target, progress).end, CopyEnd::Failed);
+    EXPECT_EQ(readBytes(target / "step.wav"), "outside") << "as before";
+    fs::remove_all(target / "step.wav.tavrel-new");
+    EXPECT_EQ(replaceSamples(Names{"step"}, source, target, progress).end, CopyEnd::Complete);
+    EXPECT_FALSE(fs::is_symlink(target / "step.wav"));
+    EXPECT_EQ(readBytes(target / "step.wav"), "new step");
+    fs::remove(target / "step.wav");
+    expectOldTarget();
+    EXPECT_EQ(readBytes(root / "evil.wav"), "outside");
+}
+#endif
 
 TEST_F(SampleTransfer, KeepsWhatWasReplacedBeforeACancelOrAFailure)
 {
@@ -94,6 +113,8 @@ TEST_F(SampleTransfer, NeverLeavesItsFolders)
 
 TEST_F(SampleTransfer, SwapsTheWholeFolder)
 {
+    fs::permissions(target, fs::perms::group_write | fs::perms::others_write, fs::perm_options::add);
+    const fs::perms permissions = fs::status(target).permissions();
     ScriptedProgress progress;
     SamplesFolderSwap swap(target);
     EXPECT_EQ(swap.copy(Names{"DOOR", "step", "door", "missing"}, source, progress).end, CopyEnd::Complete);
@@ -102,6 +123,23 @@ TEST_F(SampleTransfer, SwapsTheWholeFolder)
     EXPECT_EQ(namesIn(target), (Names{"door.wav", "more", "notes.txt", "step.wav"}));
     EXPECT_EQ(readBytes(target / "door.wav"), "new door");
     EXPECT_EQ(namesIn(target / "more"), Names{"deep.wav"});
+    EXPECT_EQ(namesIn(root.path()), (Names{"evil.wav", "source", "target"}));
+    EXPECT_EQ(fs::status(target).permissions(), permissions);
+}
+
+TEST_F(SampleTransfer, KeepsWantedSamplesThatTheSourceLacks)
+{
+    writeBytes(target / "GONE.wav", "the only copy");
+    const Names wanted = {"gone", "step", "door", "nowhere"};
+    EXPECT_EQ(samplesLostToSwap(wanted, source, target), 1U) << "old.WAV";
+    EXPECT_EQ(samplesLostToSwap(wanted, root / "none", target), 0U) << "nothing to put there";
+    EXPECT_EQ(samplesLostToSwap(wanted, source, root / "none"), 0U);
+    ScriptedProgress progress;
+    SamplesFolderSwap swap(target);
+    EXPECT_EQ(swap.copy(wanted, source, progress).kept, Names{"GONE.wav"});
+    EXPECT_FALSE(swap.putInPlace());
+    EXPECT_EQ(namesIn(target), (Names{"GONE.wav", "door.wav", "more", "notes.txt", "step.wav"}));
+    EXPECT_EQ(readBytes(target / "GONE.wav"), "the only copy");
     EXPECT_EQ(namesIn(root.path()), (Names{"evil.wav", "source", "target"}));
 }
 
@@ -187,6 +225,31 @@ TEST_F(SampleTransfer, NeverDeletesWhatAnotherRunLeft)
     EXPECT_EQ(readBytes(target / "notes.txt"), "the user's");
     EXPECT_EQ(swap.leftovers(), std::vector<fs::path>{old});
     EXPECT_EQ(namesIn(old), (Names{"door.wav", "notes.txt"}));
+}
+
+TEST_F(SampleTransfer, OldFoldersAreOrderedByTheirNumbers)
+{
+    for (const char* name : {"TARGET.Tavrel-OLD3", "target.tavrel-old10"}) {
+        writeBytes(root / name / "notes.txt", name);
+    }
+    const Names others = {"target.tavrel-old1", "target.tavrel-old04", "target.tavrel-oldest",
+                          "targets.tavrel-old"};
+    for (const std::string& name : others) {
+        writeBytes(root / name / "more.txt", "");
+    }
+    writeBytes(target / "step.wav" / "deep.txt", ""); // a folder that cannot move beside the sample
+    ScriptedProgress progress;
+    SamplesFolderSwap swap(target);
+    EXPECT_EQ(swap.copy(Names{"step"}, source, progress).end, CopyEnd::Complete);
+    EXPECT_FALSE(swap.putInPlace());
+    EXPECT_EQ(swap.leftovers(),
+              (std::vector<fs::path>{root / "TARGET.Tavrel-OLD3", root / "target.tavrel-old10",
+                                     root / "target.tavrel-old11"}));
+    for (const std::string& name : others) {
+        EXPECT_EQ(namesIn(root / name), Names{"more.txt"}) << name;
+    }
+    fs::remove_all(target);
+    EXPECT_EQ(samplesFolderToRead(target), root / "target.tavrel-old11");
 }
 
 TEST_F(SampleTransfer, AReadOnlyFileIsRefusedInEachSpelling)
