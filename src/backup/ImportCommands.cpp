@@ -85,8 +85,10 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
     return SoundCatalogue::refusal(resultFor(row, kind, current, letter)).value_or(BilingualText());
 }
 
-BilingualText remarkOn(const ImportRow& row, std::string_view current)
+// The names are compared with the catalogue: another row of the file tells nothing about sounds.txt.
+BilingualText remarkOn(const ImportRow& row, const SoundCatalogue& catalogue)
 {
+    const std::string_view current = catalogue.currentLine(static_cast<std::size_t>(row.id));
     if (nameOf(row.line) != nameOf(current)) {
         const std::string name = "[" + utf8FromCodePage(nameOf(current)) + "]";
         return {"The catalogue has " + name + " here: the file comes from another sounds.txt.",
@@ -214,9 +216,8 @@ void foresee(ImportFile& file, std::span<const std::size_t> ticked, const SoundC
         if (!row.applicable() || row.applied) {
             continue;
         }
-        const std::string& current = lines.line(row);
-        row.result = resultFor(row, file.kind, current, letter);
-        row.remark = remarkOn(row, current);
+        row.result = resultFor(row, file.kind, lines.line(row), letter);
+        row.remark = remarkOn(row, catalogue);
         if (std::ranges::binary_search(ticked, i)) {
             lines.apply(row, row.result);
         }

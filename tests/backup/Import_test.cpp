@@ -97,7 +97,7 @@ TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
 {
     std::string manySamples = "\"1\",\"B:>";
     for (int i = 0; i < 51; ++i) {
-        manySamples += "s ";
+        manySamples += i < 50 ? "s " : "s";
     }
     const Names records = {
         "\"1\",\"B:>other>VOL10>#z\"",
@@ -107,11 +107,13 @@ TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
         "\"0\",\"no colon\"",
         "\"3\",\"D#1:>d>VOL44>#d\"",
         "\"1\",\"B:>a#b>VOL10>\"",
-        manySamples + "\"",
+        manySamples + " \"",
         "\"2\",\"OTHER:>e>VOL10>\"",
         "\"1\",\"B:>bell\"",
         "\"2\",\"C:>#b #c\"",
         "\"0\",\"A:>a>#b>VOL10\"",
+        "\"3\",\"D:>d>VOL44>\"",
+        manySamples + "\"",
     };
     const struct
     {
@@ -127,8 +129,10 @@ TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
                     {"A sound line cannot hold more than 50", ""},
                     {"", "The catalogue has [C] here"},
                     {"", "With the letters behind it"},
-                    {"", "The catalogue has [OTHER] here"},
-                    {"\"VOL\" stands behind the first", ""}};
+                    {"", ""},
+                    {"\"VOL\" stands behind the first", ""},
+                    {"A \"#\" stands in a name", ""},               // of the catalogue's line
+                    {"A sound line cannot hold more than 50", ""}}; // once letters stand behind the last
     const ImportFile file = read("a.tox", records);
     ASSERT_EQ(file.rows.size(), std::size(imported));
     for (std::size_t i = 0; i < file.rows.size(); ++i) {
@@ -175,11 +179,16 @@ TEST_F(ImportFiles, ARowBuildsOnTheTickedOnesBefore)
 {
     ImportFile file = read("a.tox", {"\"2\",\"NEW:>x>VOL10>#z\"", "\"2\",\"NEW:>y>VOL20>P\""});
     EXPECT_EQ(file.rows[1].result, withTabs("NEW:>y>VOL20>P#z #oa"));
-    EXPECT_TRUE(file.rows[1].remark.english.starts_with("With the letters behind it"));
+    EXPECT_TRUE(file.rows[1].remark.english.starts_with("The catalogue has [C] here"));
     const std::vector<std::size_t> second = {1};
     foresee(file, second, catalogue, "oa");
     EXPECT_EQ(file.rows[1].result, withTabs("NEW:>y>VOL20>P #oa"));
     EXPECT_TRUE(file.rows[1].remark.english.starts_with("The catalogue has [C] here"));
+
+    file = read("b.tox", {"\"2\",\"C:>x>VOL10>#z\"", "\"2\",\"C:>y>VOL20>P\""});
+    EXPECT_TRUE(file.rows[1].remark.english.starts_with("With the letters behind it"));
+    foresee(file, second, catalogue, "oa");
+    EXPECT_EQ(file.rows[1].remark.english, "");
 }
 
 TEST_F(ImportFiles, WhatIsAppliedIsNotMergedAgain)
