@@ -160,9 +160,9 @@ TEST_F(ExportFile, AsksBeforeItReplacesAFileWhoseNameTheCodePageLacks)
     writeBytes(root / name, "old");
     ScriptedDialogs dialogs{Answer::No};
     EXPECT_FALSE(confirmExport(request(ExportMode::Modified, name), dialogs));
-    EXPECT_EQ(dialogs.conversation(Language::French).front(),
-              "Yes/No | Exporter uniquement les lignes modifiées | Le fichier \u03A9.tox existe déjà.\n\rLe "
-              "remplacer.");
+    EXPECT_EQ(dialogs.conversation(Language::French),
+              Names{"Yes/No | Exporter uniquement les lignes modifiées | Le fichier \u03A9.tox existe "
+                    "déjà.\n\rLe remplacer."});
 }
 #endif
 

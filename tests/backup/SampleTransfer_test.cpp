@@ -229,7 +229,7 @@ TEST_F(SampleTransfer, NeverDeletesWhatAnotherRunLeft)
 
 TEST_F(SampleTransfer, OldFoldersAreOrderedByTheirNumbers)
 {
-    for (const char* name : {"TARGET.Tavrel-OLD3", "target.tavrel-old10"}) {
+    for (const char* name : {"target.tavrel-old3", "TARGET.Tavrel-OLD10"}) {
         writeBytes(root / name / "notes.txt", name);
     }
     const Names others = {"target.tavrel-old1", "target.tavrel-old04", "target.tavrel-oldest",
@@ -243,7 +243,7 @@ TEST_F(SampleTransfer, OldFoldersAreOrderedByTheirNumbers)
     EXPECT_EQ(swap.copy(Names{"step"}, source, progress).end, CopyEnd::Complete);
     EXPECT_FALSE(swap.putInPlace());
     EXPECT_EQ(swap.leftovers(),
-              (std::vector<fs::path>{root / "TARGET.Tavrel-OLD3", root / "target.tavrel-old10",
+              (std::vector<fs::path>{root / "target.tavrel-old3", root / "TARGET.Tavrel-OLD10",
                                      root / "target.tavrel-old11"}));
     for (const std::string& name : others) {
         EXPECT_EQ(namesIn(root / name), Names{"more.txt"}) << name;

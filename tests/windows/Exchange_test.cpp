@@ -3,6 +3,7 @@
 #include "MainWindow.h"
 #include "backup/FmExport.h"
 #include "backup/FmImport.h"
+#include "ui/Colours.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -141,6 +142,66 @@ TEST_F(ExchangeWindows, TheExportTicksAndSaves)
     EXPECT_TRUE(saved.starts_with("\"4\",\"LARA_LAND:"));
 }
 
+TEST_F(ExchangeWindows, TheExportReplacesAFileAndItsSamplesOrNothing)
+{
+    const fs::path file = backups / "city.tob";
+    const fs::path samples = backups / "city_Samples";
+    writeBytes(file, "old");
+    open();
+    whenOpened<FmExport>([&](FmExport& window) {
+        const auto expectNothingSaved = [&] {
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_EQ(readBytes(file), "old");
+            EXPECT_FALSE(fs::exists(samples));
+        };
+        auto& lines = in<TickList>(window, "LiLine");
+        press(window, "CdEfface");
+        selectRow(lines, 0);
+        QTest::keyClick(&lines, Qt::Key_Space);
+        mark(window, "CkSamp");
+        dialogs.prepareFile(file);
+        dialogs.prepareAnswer(Answer::No);
+        press(window, "CdSave");
+        EXPECT_TRUE(dialogs.said().back().text.english.ends_with("Replace it."));
+        expectNothingSaved();
+
+        QTimer::singleShot(0, &window, [&window] { press(window, "CdCancelCopy"); });
+        dialogs.prepareFile(file);
+        dialogs.prepareAnswer(Answer::Yes);
+        press(window, "CdSave");
+        EXPECT_TRUE(dialogs.said().back().text.english.starts_with("Cancelled."));
+        expectNothingSaved();
+
+        dialogs.prepareFile(file);
+        dialogs.prepareAnswer(Answer::Yes);
+        press(window, "CdSave");
+        EXPECT_EQ(window.result(), QDialog::Accepted);
+    });
+    click("CdExport");
+    EXPECT_EQ(readBytes(file), "\"0\",\"" + stockLines()[0] + "\"\r\n");
+    EXPECT_EQ(namesIn(samples), Names{"foot01.wav"});
+}
+
+TEST_F(ExchangeWindows, EachListHasItsColours)
+{
+    open();
+    const auto expectSlot = [](const QWidget& window, const char* list, std::size_t slot) {
+        EXPECT_EQ(in<QWidget>(window, list).palette().color(QPalette::Base),
+                  colourFrom(ColourScheme().slots.at(slot).back))
+            << list;
+    };
+    whenOpened<FmExport>([&](FmExport& window) {
+        expectSlot(window, "LiLine", 2);
+        expectSlot(window, "LiOBJ", 3);
+    });
+    click("CdExport");
+    whenOpened<FmImport>([&](FmImport& window) {
+        expectSlot(window, "LiLine", 4);
+        expectSlot(window, "LiIncluS", 0);
+    });
+    click("CdImport");
+}
+
 TEST_F(ExchangeWindows, ARestoredLineComesBackIntoTheMainWindow)
 {
     writeExchange("all.tob",
@@ -200,6 +261,7 @@ TEST_F(ExchangeWindows, MarkedRowsSayWhy)
 TEST_F(ExchangeWindows, TheFirstTwoModesSaveExchangeFiles)
 {
     open();
+    clickRow(9); // "oa", the WAD's letter, stands in its sample
     type("TxVOL", "33");
     click("CdValidW");
     for (const auto& [option, name] : {std::pair{"OpExport0", "m.tox"}, {"OpExport1", "a.tox"}}) {
@@ -214,7 +276,7 @@ TEST_F(ExchangeWindows, TheFirstTwoModesSaveExchangeFiles)
     }
     const std::string modified = readBytes(backups / "m.tox");
     const std::string added = readBytes(backups / "a.tox");
-    EXPECT_LE(std::ranges::count(modified, '\n'), 1);
+    EXPECT_EQ(modified, withTabs("\"9\",\"LARA_RELOAD:>>reload>>>>VOL33>>>PIT20>RAD13>#g\"\r\n"));
     EXPECT_GT(std::ranges::count(added, '\n'), std::ranges::count(modified, '\n'));
     EXPECT_TRUE(added.find(modified) != std::string::npos);
     closeWithoutApplying();
@@ -255,7 +317,7 @@ TEST_F(ExchangeWindows, ADamagedFileListsNothing)
 TEST_F(ExchangeWindows, SamplesComeAlongAndCanBeStopped)
 {
     writeExchange("city.tox", {"\"1\",\"LARA_CLIMB2:>other third ../foot01>VOL11>\"",
-                               "\"2\",\"LARA_NO:>foot01 third>VOL11>\""});
+                               "\"11\",\"PUSH_BLOCK_END:>foot01 third>VOL11>\""});
     for (const char* name : {"other.wav", "third.wav"}) {
         writeBytes(backups / "CITY_samples" / name, "new");
     }
@@ -300,7 +362,8 @@ TEST_F(ExchangeWindows, SamplesComeAlongAndCanBeStopped)
     });
     EXPECT_EQ(readBytes(levelEditorSamples / "other.wav"), "new");
     EXPECT_EQ(readBytes(levelEditorSamples / "third.wav"), "new");
-    EXPECT_EQ(window->catalogue().currentLine(2), withTabs("LARA_NO:>foot01 third>VOL11>#g #oa"));
+    EXPECT_EQ(window->catalogue().currentLine(11), withTabs("PUSH_BLOCK_END:>foot01 third>VOL11> #oa"))
+        << "once";
     closeWithoutApplying();
 }
 
