@@ -166,6 +166,16 @@ int TickList::textStart() const
            textMargin;
 }
 
+LineButtons::LineButtons(TickList& lines, SamplePlayer& player)
+    : tickAll(makeButton("CdSelect", Glyph::Accept)), untickAll(makeButton("CdEfface", Glyph::RemoveItem)),
+      play(makeButton("CdPlay2", Glyph::Play)), stop(makeButton("CdStopS2", Glyph::Stop))
+{
+    QObject::connect(tickAll, &QPushButton::clicked, &lines, [&lines] { lines.tickAll(true); });
+    QObject::connect(untickAll, &QPushButton::clicked, &lines, [&lines] { lines.tickAll(false); });
+    QObject::connect(stop, &QPushButton::clicked, &lines, [&player] { StopSample(player); });
+    QObject::connect(&lines, &TickList::enterPressed, play, &QPushButton::click);
+}
+
 ColumnTitles::ColumnTitles(const char* name, const TickList& list) : m_list(list)
 {
     setObjectName(name);

@@ -78,6 +78,18 @@ private:
     bool m_changing = false;          // several ticks change, which is told once
 };
 
+// The buttons of a list of lines: they tick all of it and play its selected row. What playing means is left
+// to the window.
+struct LineButtons
+{
+    LineButtons(TickList& lines, SamplePlayer& player);
+
+    QPushButton* tickAll;
+    QPushButton* untickAll;
+    QPushButton* play;
+    QPushButton* stop;
+};
+
 // The titles over the columns of the lines; they scroll with the list.
 class ColumnTitles : public QLabel
 {

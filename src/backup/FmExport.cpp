@@ -32,15 +32,13 @@ FmExport::FmExport(QWidget* parent, const ExchangeContext& context)
     : TitledWindow(parent), m_context(context),
       m_body(new QWidget), m_modes{named(new QRadioButton, "OpExport0"), named(new QRadioButton, "OpExport1"),
                                    named(new QRadioButton, "OpExport2")},
-      m_description(named(new QLabel, "LbDescription")), m_tickAll(makeButton("CdSelect", Glyph::Accept)),
-      m_untickAll(makeButton("CdEfface", Glyph::RemoveItem)),
+      m_description(named(new QLabel, "LbDescription")),
       m_showObjects(makeButton("CdOBJ", Glyph::ObjectSelection)), m_counts(named(new QLabel, "LbIndic")),
-      m_lines(new TickList("LiLine")), m_titles(new ColumnTitles("Label4", *m_lines)),
-      m_types(makeComboBox("CbType")), m_objectNames(makeFixedPitchList("LiOBJ")),
-      m_objectPanel(makeObjectPanel()), m_play(makeButton("CdPlay2", Glyph::Play)),
-      m_stop(makeButton("CdStopS2", Glyph::Stop)), m_withSamples(named(new QCheckBox, "CkSamp")),
-      m_save(makeButton("CdSave", Glyph::ExportBackup)), m_close(makeButton("CdStop", Glyph::Close)),
-      m_status(new CopyStatus)
+      m_lines(new TickList("LiLine")), m_buttons(*m_lines, m_context.player),
+      m_titles(new ColumnTitles("Label4", *m_lines)), m_types(makeComboBox("CbType")),
+      m_objectNames(makeFixedPitchList("LiOBJ")), m_objectPanel(makeObjectPanel()),
+      m_withSamples(named(new QCheckBox, "CkSamp")), m_save(makeButton("CdSave", Glyph::ExportBackup)),
+      m_close(makeButton("CdStop", Glyph::Close)), m_status(new CopyStatus)
 {
     setObjectName("FmExport");
     setWindowModality(Qt::ApplicationModal);
@@ -93,7 +91,7 @@ void FmExport::layOut()
     m_description->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_description->setMinimumHeight(2 * m_description->fontMetrics().lineSpacing());
     m_showObjects->setCheckable(true);
-    auto* const ticks = rowOf({m_tickAll, m_untickAll, m_showObjects, m_counts});
+    auto* const ticks = rowOf({m_buttons.tickAll, m_buttons.untickAll, m_showObjects, m_counts});
     ticks->insertStretch(3, 1);
     auto* const lines = new QVBoxLayout;
     lines->setSpacing(2);
@@ -103,7 +101,7 @@ void FmExport::layOut()
     lists->setSpacing(margin);
     lists->addLayout(lines, 1);
     lists->addWidget(m_objectPanel);
-    auto* const buttons = rowOf({m_play, m_stop, m_withSamples, m_save, m_close});
+    auto* const buttons = rowOf({m_buttons.play, m_buttons.stop, m_withSamples, m_save, m_close});
     buttons->insertSpacing(2, margin);
     buttons->insertStretch(4, 1);
     auto* const body = new QVBoxLayout(m_body);
@@ -131,19 +129,15 @@ void FmExport::connectControls()
             }
         });
     }
-    connect(m_tickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(true); });
-    connect(m_untickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(false); });
     connect(m_showObjects, &QPushButton::toggled, m_objectPanel, &QWidget::setVisible);
     connect(m_lines, &TickList::ticksChanged, this, &FmExport::showCounts);
     connect(m_lines, &QListWidget::itemSelectionChanged, this, &FmExport::selectionChanged);
     connect(m_types, &QComboBox::currentIndexChanged, this, &FmExport::fillObjects);
     connect(m_objectNames, &QListWidget::itemClicked, this, &FmExport::tickObject);
     connect(m_objectNames, &QListWidget::itemActivated, this, &FmExport::tickObject);
-    connect(m_play, &QPushButton::clicked, this, &FmExport::play);
-    connect(m_stop, &QPushButton::clicked, this, [this] { StopSample(m_context.player); });
+    connect(m_buttons.play, &QPushButton::clicked, this, &FmExport::play);
     connect(m_save, &QPushButton::clicked, this, &FmExport::save);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
-    connect(m_lines, &TickList::enterPressed, m_play, &QPushButton::click);
 }
 
 void FmExport::showCaptions()
@@ -250,7 +244,8 @@ void FmExport::tickObject()
 
 void FmExport::selectionChanged()
 {
-    m_play->setEnabled(m_lines->selectedRow().has_value()); // to stop stays possible: a sample may be playing
+    // To stop stays possible: a sample may be playing.
+    m_buttons.play->setEnabled(m_lines->selectedRow().has_value());
 }
 
 void FmExport::play()

@@ -49,17 +49,14 @@ private:
     QWidget* m_body; // all but the status line
     std::array<QRadioButton*, 3> m_modes;
     QLabel* m_description;
-    QPushButton* m_tickAll;
-    QPushButton* m_untickAll;
     QPushButton* m_showObjects;
     QLabel* m_counts;
     TickList* m_lines;
+    LineButtons m_buttons;
     ColumnTitles* m_titles;
     QComboBox* m_types;
     QListWidget* m_objectNames;
     QWidget* m_objectPanel;
-    QPushButton* m_play;
-    QPushButton* m_stop;
     QCheckBox* m_withSamples;
     QPushButton* m_save;
     QPushButton* m_close;

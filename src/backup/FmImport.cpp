@@ -69,13 +69,11 @@ const BilingualText& whyMarked(const ImportRow& row)
 FmImport::FmImport(QWidget* parent, const ExchangeContext& context)
     : TitledWindow(parent), m_context(context), m_body(new QWidget),
       m_chooseFile(makeButton("CdFile", Glyph::ChooseFile)), m_path(makeElidedLabel("LbRep")),
-      m_mode(makeHeading("Label5")), m_tickAll(makeButton("CdSelect", Glyph::Accept)),
-      m_untickAll(makeButton("CdEfface", Glyph::RemoveItem)), m_counts(named(new QLabel, "LbIndic")),
-      m_lines(new TickList("LiLine")), m_titles(new ColumnTitles("Label4", *m_lines)),
+      m_mode(makeHeading("Label5")), m_counts(named(new QLabel, "LbIndic")), m_lines(new TickList("LiLine")),
+      m_buttons(*m_lines, m_context.player), m_titles(new ColumnTitles("Label4", *m_lines)),
       m_remark(makePaperLabel("LbRemark")), m_samples(new TickList("LiIncluS")),
       m_sampleCounts(named(new QLabel, "LbIncluS")), m_samplesPanel(makeSamplesPanel()),
       m_comparison(new FoldingPanel("ImPlus", nullptr)), m_table(makeComparisonTable()),
-      m_play(makeButton("CdPlay2", Glyph::Play)), m_stop(makeButton("CdStopS2", Glyph::Stop)),
       m_withSamples(named(new QCheckBox, "CkSamp")), m_apply(makeButton("CdOpen", Glyph::ImportBackup)),
       m_close(makeButton("CdStop", Glyph::Close)), m_status(new CopyStatus)
 {
@@ -123,7 +121,7 @@ void FmImport::layOut()
     m_remark->setSizePolicy(remarkSize);
     auto* const fileRow = rowOf({m_chooseFile, m_path, m_mode});
     fileRow->setStretch(1, 1);
-    auto* const ticks = rowOf({m_tickAll, m_untickAll, m_counts});
+    auto* const ticks = rowOf({m_buttons.tickAll, m_buttons.untickAll, m_counts});
     ticks->insertStretch(2, 1);
     auto* const lines = new QVBoxLayout;
     lines->setSpacing(2);
@@ -133,7 +131,7 @@ void FmImport::layOut()
     lists->setSpacing(margin);
     lists->addLayout(lines, 1);
     lists->addWidget(m_samplesPanel);
-    auto* const buttons = rowOf({m_play, m_stop, m_withSamples, m_apply, m_close});
+    auto* const buttons = rowOf({m_buttons.play, m_buttons.stop, m_withSamples, m_apply, m_close});
     buttons->insertSpacing(2, margin);
     buttons->insertStretch(4, 1);
     m_comparison->content().addWidget(m_table);
@@ -158,18 +156,14 @@ void FmImport::layOut()
 void FmImport::connectControls()
 {
     connect(m_chooseFile, &QPushButton::clicked, this, &FmImport::chooseFile);
-    connect(m_tickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(true); });
-    connect(m_untickAll, &QPushButton::clicked, this, [this] { m_lines->tickAll(false); });
     connect(m_lines, &TickList::ticksChanged, this, &FmImport::linesTicked);
     connect(m_lines, &QListWidget::itemSelectionChanged, this, &FmImport::selectionChanged);
     connect(m_samples, &TickList::ticksChanged, this, &FmImport::samplesTicked);
     connect(m_withSamples, &QCheckBox::toggled, this, &FmImport::fillSamples);
     connect(m_comparison, &FoldingPanel::openChanged, this, &FmImport::compare);
-    connect(m_play, &QPushButton::clicked, this, &FmImport::play);
-    connect(m_stop, &QPushButton::clicked, this, [this] { StopSample(m_context.player); });
+    connect(m_buttons.play, &QPushButton::clicked, this, &FmImport::play);
     connect(m_apply, &QPushButton::clicked, this, &FmImport::apply);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
-    connect(m_lines, &TickList::enterPressed, m_play, &QPushButton::click);
 }
 
 void FmImport::showCaptions()
@@ -367,7 +361,7 @@ void FmImport::showSampleCounts()
 void FmImport::selectionChanged()
 {
     const bool selected = m_lines->selectedRow().has_value();
-    m_play->setEnabled(selected); // to stop stays possible: a sample may be playing
+    m_buttons.play->setEnabled(selected); // to stop stays possible: a sample may be playing
     showRemarks();
     compare();
 }

@@ -65,10 +65,9 @@ private:
     QPushButton* m_chooseFile;
     QLabel* m_path;
     QLabel* m_mode;
-    QPushButton* m_tickAll;
-    QPushButton* m_untickAll;
     QLabel* m_counts;
     TickList* m_lines;
+    LineButtons m_buttons;
     ColumnTitles* m_titles;
     QLabel* m_remark;
     TickList* m_samples;
@@ -76,8 +75,6 @@ private:
     QWidget* m_samplesPanel;
     FoldingPanel* m_comparison;
     QTableWidget* m_table;
-    QPushButton* m_play;
-    QPushButton* m_stop;
     QCheckBox* m_withSamples;
     QPushButton* m_apply;
     QPushButton* m_close;

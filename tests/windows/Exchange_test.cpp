@@ -124,6 +124,9 @@ TEST_F(ExchangeWindows, TheExportTicksAndSaves)
         selectRow(lines, 0);
         QTest::keyClick(&lines, Qt::Key_Return);
         EXPECT_EQ(player.played, std::vector<fs::path>{levelEditorSamples / "foot01.wav"});
+        const int stopsBefore = player.stops;
+        press(window, "CdStopS2");
+        EXPECT_EQ(player.stops, stopsBefore + 1);
 
         dialogs.prepareFile(std::nullopt);
         press(window, "CdSave");
