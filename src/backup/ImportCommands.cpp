@@ -54,7 +54,7 @@ BilingualText refusalToCut(std::string_view line)
                 "Un « # » se trouve dans un nom ou un sample ; la ligne y serait coupée."};
     case FirstHash::BeforeVolume:
         return {
-            "\"VOL\" stands behind the first \"#\"; the letters would be cut from the wrong place.",
+            R"("VOL" stands behind the first "#"; the letters would be cut from the wrong place.)",
             "« VOL » se trouve après le premier « # » ; les lettres seraient coupées au mauvais endroit."};
     case FirstHash::OpensLetters:
         break;
@@ -77,7 +77,7 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
     const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
     if (kind == ExchangeKind::Exchange) {
         for (const std::string& line : {row.line, current}) {
-            if (const BilingualText refusal = refusalToCut(line); !refusal.empty()) {
+            if (BilingualText refusal = refusalToCut(line); !refusal.empty()) {
                 return refusal;
             }
         }
