@@ -16,21 +16,9 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-struct Scenario
-{
-    const char* name;
-    const char* fault; // for strace
-    bool isKill;
-};
-
-void PrintTo(const Scenario& scenario, std::ostream* stream)
-{
-    *stream << scenario.name;
-}
-
 const std::string firstLine = "A:\tfoot bell gone\tVOL44\t#oa";
 
-class ExchangeFaults : public testing::TestWithParam<Scenario>
+class ExchangeFaults : public testing::TestWithParam<Fault>
 {
 protected:
     ExchangeFaults()
@@ -65,8 +53,7 @@ protected:
         };
         const std::map<std::string, int> counts = program.countCalls(runOnce);
         checkWithoutCrash(0);
-        const FaultCounts faults =
-            program.withEachFault(counts, GetParam().fault, runOnce, checkWithoutCrash);
+        const FaultCounts faults = program.withEachFault(counts, GetParam(), runOnce, checkWithoutCrash);
         EXPECT_GT(faults.runs, 50);
         EXPECT_GT(faults.failures, faults.runs / 4) << "the faults did not reach the program";
         return counts;
@@ -146,9 +133,7 @@ TEST_P(ExchangeFaults, AnImportLeavesEachSampleOldOrNew)
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(EachCall, ExchangeFaults,
-                         testing::Values(Scenario{"FullDisk", "error=ENOSPC", false},
-                                         Scenario{"Killed", "signal=KILL", true}),
+INSTANTIATE_TEST_SUITE_P(EachCall, ExchangeFaults, testing::Values(fullDisk, killed),
                          [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace

@@ -23,8 +23,7 @@ struct Scenario
 {
     const char* name;
     bool appliedBefore; // what earlier applies keep is there, and a copy of the comments must be made
-    const char* fault;  // for strace
-    bool isKill;
+    Fault fault;
 };
 
 void PrintTo(const Scenario& scenario, std::ostream* stream)
@@ -78,7 +77,7 @@ protected:
     {
         const fs::path creator = work / "creator";
         const fs::path records = work / "program" / "sounds";
-        if (GetParam().isKill ? status != 0 : program.hitTheSanitizer()) {
+        if (GetParam().fault.isKill ? status != 0 : program.hitTheSanitizer()) {
             expectWholeFile(creator / "Sounds.txt", {oldText, newText});
         } else {
             EXPECT_TRUE(WIFEXITED(status)) << "the program crashed";
@@ -147,10 +146,10 @@ TEST_P(ApplyFaults, LeaveTheOldFileOrTheNewOneWhole)
 }
 
 INSTANTIATE_TEST_SUITE_P(EachCall, ApplyFaults,
-                         testing::Values(Scenario{"FirstApplyFullDisk", false, "error=ENOSPC", false},
-                                         Scenario{"FirstApplyKilled", false, "signal=KILL", true},
-                                         Scenario{"LaterApplyFullDisk", true, "error=ENOSPC", false},
-                                         Scenario{"LaterApplyKilled", true, "signal=KILL", true}),
+                         testing::Values(Scenario{"FirstApplyFullDisk", false, fullDisk},
+                                         Scenario{"FirstApplyKilled", false, killed},
+                                         Scenario{"LaterApplyFullDisk", true, fullDisk},
+                                         Scenario{"LaterApplyKilled", true, killed}),
                          [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace

@@ -15,18 +15,6 @@ namespace {
 
 using Contents = std::vector<std::string>;
 
-struct Fault
-{
-    const char* name;
-    const char* fault; // for strace
-    bool isKill;
-};
-
-void PrintTo(const Fault& fault, std::ostream* stream)
-{
-    *stream << fault.name;
-}
-
 class ReplaceFaults : public testing::TestWithParam<Fault>
 {
 protected:
@@ -108,15 +96,13 @@ TEST_P(ReplaceFaults, LeaveTheOldFilesOrTheNewOnes)
     EXPECT_EQ(contentsOf(work / "Samples_replaced_1"), Contents{"older"});
     expectOneSet(0);
     EXPECT_EQ(counts.at("renameat2"), 7); // old ones, new ones, what was replaced before
-    const FaultCounts faults = program.withEachFault(counts, GetParam().fault, runWith,
-                                                     [this](int status) { expectOneSet(status); });
+    const FaultCounts faults =
+        program.withEachFault(counts, GetParam(), runWith, [this](int status) { expectOneSet(status); });
     EXPECT_GT(faults.runs, 50);
     EXPECT_GT(faults.failures, faults.runs / 4) << "the faults did not reach the program";
 }
 
-INSTANTIATE_TEST_SUITE_P(EachCall, ReplaceFaults,
-                         testing::Values(Fault{"FullDisk", "error=ENOSPC", false},
-                                         Fault{"Killed", "signal=KILL", true}),
+INSTANTIATE_TEST_SUITE_P(EachCall, ReplaceFaults, testing::Values(fullDisk, killed),
                          [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace

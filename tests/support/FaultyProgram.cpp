@@ -60,7 +60,7 @@ std::map<std::string, int> FaultyProgram::countCalls(const Run& runOnce) const
     return counts;
 }
 
-FaultCounts FaultyProgram::withEachFault(const std::map<std::string, int>& counts, const std::string& fault,
+FaultCounts FaultyProgram::withEachFault(const std::map<std::string, int>& counts, const Fault& fault,
                                          const Run& runOnce,
                                          const std::function<void(int status)>& check) const
 {
@@ -68,8 +68,8 @@ FaultCounts FaultyProgram::withEachFault(const std::map<std::string, int>& count
     for (const auto& [call, count] : counts) {
         for (int n = 1; n <= count; ++n) {
             SCOPED_TRACE(call + " number " + std::to_string(n));
-            const int status = runOnce("-o /dev/null -e trace=" + call + " -e inject=" + call + ":" + fault +
-                                       ":when=" + std::to_string(n));
+            const int status = runOnce("-o /dev/null -e trace=" + call + " -e inject=" + call + ":" +
+                                       fault.words + ":when=" + std::to_string(n));
             check(status);
             ++result.runs;
             result.failures += status == 0 ? 0 : 1;

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,20 @@ struct FaultCounts
     int runs = 0;
     int failures = 0; // of the program, not of the test
 };
+
+struct Fault
+{
+    const char* name;
+    const char* words; // for strace
+    bool isKill;
+};
+constexpr Fault fullDisk{"FullDisk", "error=ENOSPC", false};
+constexpr Fault killed{"Killed", "signal=KILL", true};
+
+inline void PrintTo(const Fault& fault, std::ostream* stream)
+{
+    *stream << fault.name;
+}
 
 // A program whose system calls fail, or are the last one, each in turn.
 class FaultyProgram
@@ -29,8 +44,8 @@ public:
     // How often an undisturbed run makes each call that touches files or folders. The runs are the test's,
     // which prepares the folders first.
     std::map<std::string, int> countCalls(const Run& runOnce) const;
-    // A run with the fault (in strace's words) at each of these calls, each with its check.
-    FaultCounts withEachFault(const std::map<std::string, int>& counts, const std::string& fault,
+    // A run with the fault at each of these calls, each with its check.
+    FaultCounts withEachFault(const std::map<std::string, int>& counts, const Fault& fault,
                               const Run& runOnce, const std::function<void(int status)>& check) const;
     // A sanitized build reads and writes for itself. It ends, with any status, when the fault strikes there,
     // and says so.
