@@ -6,6 +6,8 @@
 #include "app/StatusProgress.h"
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
+#include "catalogue/ChangeLock.h"
+#include "ui/BusyPointer.h"
 #include "ui/Colours.h"
 #include "ui/FoldingPanel.h"
 #include "ui/Text.h"
@@ -432,6 +434,14 @@ void FmSFX::apply()
         return;
     }
     refreshLine();
+    const Result<ChangeLock> lock = [this] {
+        const BusyPointer busy;
+        return lockChanges(m_context.programFolder, std::chrono::seconds(2));
+    }();
+    if (!lock) {
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::modification, lock.failure().text});
+        return;
+    }
     const bool applied =
         applyChanges(m_catalogue, {m_context.programFolder, m_wad.wadName}, m_context.dialogs);
     m_wadHasSavedLines.reset();

@@ -25,6 +25,8 @@ struct Question
     Buttons buttons = Buttons::YesNo;
     // Set where a thoughtless Enter would cost the user something.
     bool refusalIsDefault = false;
+    // Set where nobody can agree before the question is asked (--yes): what happened was not to be expected.
+    bool needsAPerson = false;
 };
 
 } // namespace tavrel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -27,6 +28,25 @@ std::error_code replaceFile(const std::filesystem::path& from, const std::filesy
 
 // The same, but fails when there is a `to` already.
 std::error_code moveToNewName(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// One process at a time has the lock of a file. The system ends it with the process, however that ends; the
+// file itself stays.
+class FileLock
+{
+public:
+    FileLock() = default;
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+    ~FileLock();
+
+    // Makes the file if need be. std::errc::resource_unavailable_try_again while another process has the
+    // lock.
+    std::error_code take(const std::filesystem::path& file);
+
+private:
+    static constexpr std::intptr_t none = -1;
+    std::intptr_t m_handle = none;
+};
 
 // Another program holds the file right now; it may let go of it in a moment.
 bool isPassing(const std::error_code& error);
@@ -78,8 +98,9 @@ ReadBytes readInput(std::span<char> buffer);
 std::error_code writeOutput(std::string_view bytes);
 // Somebody sits there and can answer.
 bool inputIsTerminal();
-// A reader that goes away ends the output, not the program.
-void surviveClosedPipes();
+// A reader that goes away, or a file that reaches its largest size, fails the write and does not end the
+// program.
+void surviveFailedWrites();
 
 // Whether the console window was opened for this program alone, and closes with it before anyone can read it.
 bool consoleClosesWithProgram();

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -124,6 +125,28 @@ std::error_code moveToNewName(const std::filesystem::path& from, const std::file
     return errno == ENOENT ? replaceFile(from, to) : lastError();
 }
 
+FileLock::~FileLock()
+{
+    if (m_handle != none) {
+        ::close(static_cast<int>(m_handle));
+    }
+}
+
+std::error_code FileLock::take(const std::filesystem::path& file)
+{
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (descriptor < 0) {
+        return lastError();
+    }
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        const std::error_code error = lastError();
+        ::close(descriptor);
+        return error;
+    }
+    m_handle = descriptor;
+    return {};
+}
+
 bool isPassing(const std::error_code& error)
 {
     return error == std::errc::device_or_resource_busy || error == std::errc::text_file_busy ||
@@ -196,9 +219,10 @@ bool inputIsTerminal()
     return ::isatty(STDIN_FILENO) == 1;
 }
 
-void surviveClosedPipes()
+void surviveFailedWrites()
 {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool consoleClosesWithProgram()

@@ -93,6 +93,27 @@ std::error_code moveToNewName(const std::filesystem::path& from, const std::file
                                                                               : lastError();
 }
 
+FileLock::~FileLock()
+{
+    if (m_handle != none) {
+        CloseHandle(reinterpret_cast<HANDLE>(m_handle));
+    }
+}
+
+std::error_code FileLock::take(const std::filesystem::path& file)
+{
+    const HANDLE handle =
+        CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+        m_handle = reinterpret_cast<std::intptr_t>(handle);
+        return {};
+    }
+    const std::error_code error = lastError();
+    return error.value() == ERROR_SHARING_VIOLATION
+               ? std::make_error_code(std::errc::resource_unavailable_try_again)
+               : error;
+}
+
 bool isPassing(const std::error_code& error)
 {
     // A virus scanner or indexer that looks at a fresh file shows as either.
@@ -223,7 +244,7 @@ bool inputIsTerminal()
     return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != 0;
 }
 
-void surviveClosedPipes() {}
+void surviveFailedWrites() {}
 
 bool consoleClosesWithProgram()
 {

@@ -84,7 +84,7 @@ bool confirmOverwriting(bool fileIsThere, Dialogs& dialogs)
                           "ces modifications ?")
                     : BilingualText("[sounds.txt] is no longer in its folder.\nWrite it anew?",
                                     "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
-    return dialogs.ask({titles::modification, text, Buttons::YesNo, true}) == Answer::Yes;
+    return dialogs.ask({titles::modification, text, Buttons::YesNo, true, true}) == Answer::Yes;
 }
 
 // The file as it stands once the user has agreed to overwrite just that file. It may change while a question

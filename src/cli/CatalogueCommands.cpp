@@ -214,7 +214,7 @@ std::vector<std::string> wordsOf(std::string_view text)
 
 ExitStatus setSound(const SetArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }

@@ -98,7 +98,10 @@ void addGlobalArguments(CLI::App& app, Language language, GlobalArguments& argum
         .optionalText("--language",
                       {"E or F; usually the one of the settings", "E ou F ; d'habitude celle des paramètres"},
                       arguments.language, checkLanguage)
-        .flag("--yes", {"Agree to all questions", "Répondre oui à toutes les questions"},
+        .flag("--yes",
+              {"Agree to all questions, except to overwriting what another program has changed meanwhile",
+               "Répondre oui à toutes les questions, sauf pour écraser ce qu'un autre programme a modifié "
+               "entre-temps"},
               arguments.agreesToAll);
 }
 

@@ -66,7 +66,7 @@ Answer ConsoleDialogs::ask(const Question& question)
 {
     write(inLanguage(question.title) + ": " + inLanguage(question.text) +
           inLanguage(choices(question.buttons)));
-    if (m_agreesToAll) {
+    if (m_agreesToAll && !question.needsAPerson) {
         write(inLanguage({"yes\n", "oui\n"}));
         return agreement(question.buttons);
     }
@@ -74,10 +74,12 @@ Answer ConsoleDialogs::ask(const Question& question)
         return answerAtTerminal(question);
     }
     write("\n");
-    refuse(
-        {"The question was not answered: nobody is at the terminal. The option --yes agrees to all questions.",
-         "Question restée sans réponse : personne n'est au terminal. L'option --yes répond oui à toutes les "
-         "questions."});
+    refuse(BilingualText("The question was not answered: nobody is at the terminal. ",
+                         "Question restée sans réponse : personne n'est au terminal. ") +
+           (question.needsAPerson
+                ? BilingualText("The option --yes does not agree to this question.",
+                                "L'option --yes ne répond pas oui à cette question.")
+                : BilingualText("The option --yes agrees to it.", "L'option --yes y répond oui.")));
     return silence(question.buttons);
 }
 

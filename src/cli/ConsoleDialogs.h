@@ -9,7 +9,7 @@
 namespace tavrel {
 
 // The talk with a user at a console, or with nobody: messages and questions go to standard error. A question
-// is agreed to beforehand (--yes), answered at the terminal, or not agreed to.
+// is agreed to beforehand (--yes) unless it needs a person, answered at the terminal, or not agreed to.
 class ConsoleDialogs : public Dialogs
 {
 public:

@@ -140,7 +140,7 @@ ExitStatus importInto(Session& session, const ImportRequest& request, const Exch
 
 ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }

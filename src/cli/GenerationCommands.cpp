@@ -85,7 +85,8 @@ ExitStatus restore(const RestoreChoice& choice, Console& console)
         return ExitStatus::WrongUsage;
     }
     const std::optional<ProgramSettings> settings = openSettings(console);
-    if (!settings) {
+    const std::optional<ChangeLock> lock = settings ? lockForChanges(console) : std::nullopt;
+    if (!lock) {
         return ExitStatus::FileFailure;
     }
     const LevelEditorPaths paths = derivePaths(settings->LevelEditorFolder);

@@ -72,7 +72,7 @@ ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Chan
 
 ExitStatus addLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -88,7 +88,7 @@ ExitStatus addLetters(const LetterArguments& arguments, Console& console)
 
 ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -98,7 +98,7 @@ ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
 
 ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -112,7 +112,7 @@ ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
 // The lines first: when they cannot be written, the register still has the letter that they carry.
 ExitStatus replaceLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }

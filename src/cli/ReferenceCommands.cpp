@@ -38,7 +38,7 @@ RegisterEditor editorOf(Session& session, CurrentWad& wad, Console& console)
 
 ExitStatus addReference(const ReferenceArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -60,7 +60,7 @@ std::optional<std::size_t> rowOf(const ReferenceRegister& references, const std:
 // The lines first: when they cannot be written, the register still knows the letter that they carry.
 ExitStatus deleteReference(const ReferenceArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -101,7 +101,7 @@ struct ImportArguments
 
 ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSession(console);
+    std::optional<Session> session = openSessionToChange(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }

@@ -8,6 +8,26 @@
 
 namespace tavrel {
 
+namespace {
+
+std::optional<Session> load(ProgramSettings settings, ChangeLock lock, Console& console)
+{
+    const LevelEditorPaths paths = derivePaths(settings.LevelEditorFolder);
+    Result<LoadedSession> loaded =
+        loadSession({console.programFolder, paths.creator, settings.protectedLinesEditable});
+    if (!loaded) {
+        console.dialogs.fail(loaded.failure());
+        return std::nullopt;
+    }
+    if (!loaded->notices.empty()) {
+        console.dialogs.say(listOf(loaded->notices));
+    }
+    return Session{std::move(lock), std::move(settings), paths, std::move(loaded->references),
+                   std::move(loaded->catalogue)};
+}
+
+} // namespace
+
 std::optional<ProgramSettings> openSettings(Console& console)
 {
     if (!findFile(console.programFolder, settingsFileName)) {
@@ -31,23 +51,27 @@ std::optional<ProgramSettings> openSettings(Console& console)
     return std::move(loaded.settings);
 }
 
+std::optional<ChangeLock> lockForChanges(Console& console)
+{
+    Result<ChangeLock> lock = lockChanges(console.programFolder, std::chrono::seconds(30));
+    if (!lock) {
+        console.dialogs.fail(lock.failure());
+        return std::nullopt;
+    }
+    return std::move(*lock);
+}
+
 std::optional<Session> openSession(Console& console)
 {
     std::optional<ProgramSettings> settings = openSettings(console);
-    if (!settings) {
-        return std::nullopt;
-    }
-    const LevelEditorPaths paths = derivePaths(settings->LevelEditorFolder);
-    Result<LoadedSession> loaded =
-        loadSession({console.programFolder, paths.creator, settings->protectedLinesEditable});
-    if (!loaded) {
-        console.dialogs.fail(loaded.failure());
-        return std::nullopt;
-    }
-    if (!loaded->notices.empty()) {
-        console.dialogs.say(listOf(loaded->notices));
-    }
-    return Session{std::move(*settings), paths, std::move(loaded->references), std::move(loaded->catalogue)};
+    return settings ? load(std::move(*settings), nullptr, console) : std::nullopt;
+}
+
+std::optional<Session> openSessionToChange(Console& console)
+{
+    std::optional<ProgramSettings> settings = openSettings(console);
+    std::optional<ChangeLock> lock = settings ? lockForChanges(console) : std::nullopt;
+    return lock ? load(std::move(*settings), std::move(*lock), console) : std::nullopt;
 }
 
 bool hasSound(const Session& session, std::size_t number, Console& console)

@@ -3,6 +3,7 @@
 
 #include "app/ProgramSettings.h"
 #include "app/SessionLoading.h"
+#include "catalogue/ChangeLock.h"
 #include "cli/Console.h"
 #include "references/LetterList.h"
 
@@ -14,9 +15,13 @@ namespace tavrel {
 // The settings, once they say where the level editor is. Nothing, and a message, when they cannot be used.
 std::optional<ProgramSettings> openSettings(Console& console);
 
+// Waits while another window or command changes the files. Nothing, and a message, when that lasts too long.
+std::optional<ChangeLock> lockForChanges(Console& console);
+
 // What the commands on the catalogue work on.
 struct Session
 {
+    ChangeLock lock; // none for a command that only reads
     ProgramSettings settings;
     LevelEditorPaths paths;
     ReferenceRegister references;
@@ -25,6 +30,8 @@ struct Session
 
 // Nothing, and a message, when a file cannot be used.
 std::optional<Session> openSession(Console& console);
+// For a command that writes what it has read: others wait for it.
+std::optional<Session> openSessionToChange(Console& console);
 
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);

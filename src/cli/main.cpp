@@ -6,6 +6,6 @@
 int main(int argc, char* argv[])
 {
     const tavrel::system::Utf8Console console;
-    tavrel::system::surviveClosedPipes();
+    tavrel::system::surviveFailedWrites();
     return static_cast<int>(tavrel::runCommandLine(tavrel::system::utf8Arguments(argc, argv)));
 }

@@ -126,7 +126,7 @@ TEST(CatalogueCommands, SetRefusesAndChangesNothing)
         {{"--yes", "set", "63", "--vol", "1", "--samples", "stereo"}, "[stereo.wav] must be"},
         {{"--yes", "set", "63", "--samples", "gone"}, "gone.wav"},
         {{"--yes", "set", "63", "--samples="}, "You must enter a sample name"},
-        {{"set", "63", "--vol", "1"}, "--yes agrees to all questions"},
+        {{"set", "63", "--vol", "1"}, "--yes agrees to it"},
     };
     for (const Case& c : cases) {
         const CliRun run = cli.run(c.arguments);
@@ -145,4 +145,16 @@ TEST(CatalogueCommands, AFileThatCannotBeWrittenEndsWithThree)
     const CliRun run = cli.agreeing({"set", "63", "--vol", "1"});
     EXPECT_EQ(run.status, 3) << run.messages;
     EXPECT_EQ(readBytes(cli.sounds), before);
+}
+
+TEST(CatalogueCommands, AFileThatMayNotGrowEndsWithThree)
+{
+    const DemoCli cli;
+    const std::string before = readBytes(cli.sounds);
+    const CliRun run =
+        runShell("ulimit -f 8; $CLI --program-folder '" + cli.program.string() + "' --yes set 63 --vol 1");
+    EXPECT_EQ(run.status, 3) << run.messages;
+    EXPECT_NE(run.messages.find("Cannot write"), std::string::npos) << run.messages;
+    EXPECT_EQ(readBytes(cli.sounds), before);
+    EXPECT_EQ(namesIn(cli.creator), std::vector<std::string>{"Sounds.txt"});
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MainWindow.h"
+#include "catalogue/ChangeLock.h"
 #include "ui/Text.h"
 
 #include <QApplication>
@@ -39,6 +40,25 @@ TEST_F(MainWindowTest, anEditReachesSoundsTxtAndNothingElseChanges)
     click("CdRestore");
     EXPECT_EQ(text("TxVOL"), "75");
     EXPECT_TRUE(window->catalogue().pending());
+}
+
+TEST_F(MainWindowTest, appliesNothingWhileACommandIsAtWork)
+{
+    open();
+    clickRow(4);
+    type("TxVOL", "8");
+    click("CdValidW");
+    const std::string before = readBytes(folders.sounds);
+    Result<ChangeLock> command = lockChanges(folders.program, std::chrono::seconds(0));
+    ASSERT_TRUE(command);
+    click("CdApply");
+    EXPECT_NE(dialogs.said().back().text.english.find("at work on the same files"), std::string::npos);
+    EXPECT_TRUE(window->catalogue().pending());
+    EXPECT_EQ(readBytes(folders.sounds), before);
+    command->reset();
+    dialogs.prepareAnswer(Answer::Yes);
+    click("CdApply");
+    EXPECT_NE(readBytes(folders.sounds), before);
 }
 
 TEST_F(MainWindowTest, boxesCorrectWhatIsTyped)

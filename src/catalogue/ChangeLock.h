@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Result.h"
+#include "base/System.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+namespace tavrel {
+
+constexpr std::string_view changeLockFileName = "Tavrel.lock";
+
+// Whoever changes sounds.txt or the register has this from reading them to writing them: what another process
+// would change in between would be lost. It ends with its owner.
+using ChangeLock = std::unique_ptr<system::FileLock>;
+
+// Waits while another process has it, and fails when that lasts too long. Where the program folder takes no
+// lock (it may not be written to, its disk knows none), the work goes on without one.
+Result<ChangeLock> lockChanges(const std::filesystem::path& programFolder, std::chrono::seconds patience);
+
+} // namespace tavrel
