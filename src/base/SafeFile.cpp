@@ -3,6 +3,7 @@
 
 #include "base/FailureTexts.h"
 #include "base/System.h"
+#include "base/TextFile.h"
 
 #include <chrono>
 #include <string>
@@ -79,6 +80,9 @@ std::error_code replaceWith(fs::path target, std::string_view bytes)
     const fs::file_status old = fs::status(target, statusError);
     if (old.type() == fs::file_type::none) {
         return statusError;
+    }
+    if (const std::error_code refusal = refusalOfKind(old)) {
+        return refusal;
     }
     if (fs::exists(old) && !system::isWritable(target)) {
         return std::make_error_code(std::errc::permission_denied);

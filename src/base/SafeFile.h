@@ -10,8 +10,8 @@ namespace tavrel {
 
 // The one way in which this program writes a user's file: the new bytes go to a file beside the target, reach
 // the disk, and take the target's place in one step. Whatever happens, the target is the old file or the new
-// one, whole. Links are followed; a read-only target is refused; one that another program holds is tried
-// again for a moment.
+// one, whole. Links are followed; a read-only target is refused, and one that is no file; one that another
+// program holds is tried again for a moment.
 [[nodiscard]] Problem writeFileSafely(const std::filesystem::path& target, std::string_view bytes);
 
 // The same for a file that must not exist yet: whatever stands there under that name is never replaced.

@@ -30,11 +30,21 @@ std::error_code streamError()
 
 } // namespace
 
+std::error_code refusalOfKind(const fs::file_status& status)
+{
+    if (fs::is_directory(status)) {
+        return std::make_error_code(std::errc::is_a_directory);
+    }
+    return fs::exists(status) && !fs::is_regular_file(status)
+               ? std::make_error_code(std::errc::operation_not_supported)
+               : std::error_code();
+}
+
 Result<FileContent> readFile(const fs::path& file)
 {
     std::error_code error;
-    if (fs::is_directory(file, error)) {
-        return cannotRead(file, std::make_error_code(std::errc::is_a_directory));
+    if (const std::error_code refusal = refusalOfKind(fs::status(file, error))) {
+        return cannotRead(file, refusal);
     }
     const fs::file_time_type modified = fs::last_write_time(file, error);
     if (error) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace tavrel {
@@ -26,6 +27,10 @@ struct FileContent
     std::string bytes;
     FileStamp stamp;
 };
+
+// Only regular files are read and written: a pipe would wait for ever, a folder or a device is no text. Why
+// another is refused; nothing for a regular one and for none.
+std::error_code refusalOfKind(const std::filesystem::file_status& status);
 
 Result<FileContent> readFile(const std::filesystem::path& file);
 

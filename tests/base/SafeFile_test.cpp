@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 using namespace tavrel;
 namespace fs = std::filesystem;
 
@@ -86,6 +90,20 @@ TEST(SafeFile, KeepsThePermissions)
         EXPECT_FALSE(writeFileSafely(root / "file", "new"));
         EXPECT_EQ(fs::status(root / "file").permissions(), mode);
     }
+}
+
+TEST(SafeFile, NeverTakesThePlaceOfADevice)
+{
+    const TemporaryFolder root;
+    ASSERT_EQ(::mkfifo((root / "pipe").c_str(), 0600), 0);
+    fs::create_symlink("pipe", root / "link");
+    for (const char* name : {"pipe", "link"}) {
+        const Problem problem = writeFileSafely(root / name, "new");
+        ASSERT_TRUE(problem) << name;
+        EXPECT_NE(problem->text.english.find("Cannot write"), std::string::npos);
+    }
+    EXPECT_TRUE(fs::is_fifo(root / "pipe"));
+    EXPECT_EQ(namesIn(root.path()), (Names{"link", "pipe"}));
 }
 
 TEST(SafeFile, FollowsLinks)

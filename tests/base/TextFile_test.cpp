@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 using namespace tavrel;
 namespace fs = std::filesystem;
 
@@ -77,5 +81,16 @@ TEST(TextFile, SaysWhyItCannotBeRead)
     EXPECT_EQ(file->text, "text");
     EXPECT_TRUE(file->hadByteOrderMark);
 }
+
+#ifndef _WIN32
+TEST(TextFile, DoesNotWaitAtAPipe)
+{
+    const TemporaryFolder root;
+    ASSERT_EQ(::mkfifo((root / "x.tox").c_str(), 0600), 0);
+    const Result<FileContent> content = readFile(root / "x.tox");
+    ASSERT_FALSE(content);
+    EXPECT_NE(content.failure().text.english.find("Cannot read"), std::string::npos);
+}
+#endif
 
 } // namespace
