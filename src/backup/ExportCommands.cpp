@@ -6,6 +6,8 @@
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
+#include "catalogue/ApplyChanges.h"
+#include "catalogue/CatalogueLoading.h"
 
 #include <algorithm>
 #include <iterator>
@@ -155,8 +157,12 @@ bool confirmForeignSamples(const ExportRequest& request, const fs::path& file, D
 
 bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
 {
-    const fs::path file = fs::absolute(request.file);
+    std::error_code error;
     std::error_code ignored;
+    const fs::path file = fs::absolute(request.file, error);
+    if (error) { // saveExport() says so
+        return true;
+    }
     if (!fs::exists(file, ignored) && !findEntry(file.parent_path(), codePagePath(file.filename()).bytes)) {
         return confirmForeignSamples(request, file, dialogs);
     }
@@ -325,6 +331,36 @@ std::optional<fs::path> chooseExportFile(ExportMode mode, std::string_view wadNa
                                true});
 }
 
+Problem refuseOwnFile(const fs::path& file, const fs::path& catalogue, const fs::path& programFolder)
+{
+    std::error_code ignored;
+    const fs::path folder = fs::absolute(file, ignored).parent_path();
+    const std::string name = codePagePath(file.filename()).bytes;
+    const fs::path creator = catalogue.parent_path();
+    const auto isSame = [](const fs::path& a, const fs::path& b) {
+        std::error_code missing;
+        return fs::equivalent(a, b, missing);
+    };
+    const auto isOwnName = [](std::string_view candidate) {
+        const std::string upper = upperCase(candidate);
+        return upper.starts_with("TAVREL.") || upper.starts_with("SFX_");
+    };
+    // One that is not there yet must not become an exchange file, either.
+    bool isOwn =
+        (isSame(folder, programFolder) && isOwnName(name)) ||
+        (isSame(folder, creator) && (sameName(name, soundsFileName) || sameName(name, firstBackupName))) ||
+        isSame(file, catalogue) || isSame(file, fileIn(creator, firstBackupName));
+    const Result<std::vector<FolderEntry>> entries = listFolder(programFolder);
+    for (std::size_t i = 0; entries && i < entries->size() && !isOwn; ++i) {
+        isOwn = isOwnName((*entries)[i].name) && isSame(file, (*entries)[i].path);
+    }
+    return !isOwn
+               ? Problem()
+               : wrongContent(file, {"This is a file of the level editor or of Tavrel. Choose another name.",
+                                     "C'est un fichier de l'éditeur de niveaux ou de Tavrel. Choisissez un "
+                                     "autre nom."});
+}
+
 bool confirmExport(const ExportRequest& request, Dialogs& dialogs)
 {
     return confirmCutLines(request, dialogs) && confirmDroppedText(request, dialogs) &&
@@ -333,7 +369,11 @@ bool confirmExport(const ExportRequest& request, Dialogs& dialogs)
 
 ExportOutcome saveExport(const ExportRequest& request, Progress& progress)
 {
-    const fs::path file = fs::absolute(request.file);
+    std::error_code error;
+    const fs::path file = fs::absolute(request.file, error);
+    if (error) {
+        return nothingSaved(request, cannotWrite(request.file, error).text, std::nullopt);
+    }
     std::optional<SamplesFolderSwap> samples;
     SampleCopies copies;
     if (request.withSamples) {

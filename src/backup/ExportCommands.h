@@ -65,6 +65,11 @@ struct ExportRequest
     std::filesystem::path samplesFolder; // the level editor's
 };
 
+// Refuses the catalogue, the copy of it that the first apply has kept, and the program's own files, by
+// whatever path they are reached.
+[[nodiscard]] Problem refuseOwnFile(const std::filesystem::path& file, const std::filesystem::path& catalogue,
+                                    const std::filesystem::path& programFolder);
+
 // Asks whatever there is to ask: lines that would be cut, lines that a backup would not keep as they are, a
 // name that will be read as the other kind of file, a file that exists, or without one a samples folder with
 // samples of something else. True when saveExport() may follow.

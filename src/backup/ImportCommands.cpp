@@ -202,7 +202,9 @@ Result<ImportFile> readImportFile(const fs::path& file, const SoundCatalogue& ca
     std::iota(all.begin(), all.end(), std::size_t{0});
     foresee(result, all, catalogue, letter);
     if (result.kind == ExchangeKind::Exchange) {
-        result.samplesFolder = samplesFolderToRead(samplesFolderOf(fs::absolute(file)));
+        std::error_code error;
+        const fs::path whole = fs::absolute(file, error);
+        result.samplesFolder = error ? std::nullopt : samplesFolderToRead(samplesFolderOf(whole));
     }
     return result;
 }

@@ -48,11 +48,14 @@ std::optional<CurrentWad> wadFor(const Session& session, const ExchangeArguments
     return arguments.letter ? wadWithLetter(session, *arguments.letter, console) : settingsWad(session);
 }
 
-void tell(const std::optional<Message>& report, Console& console)
+// What was left out, or left behind, is for the user to look at.
+ExitStatus tell(const std::optional<Message>& report, Console& console)
 {
-    if (report) {
-        console.dialogs.show(*report);
+    if (!report) {
+        return ExitStatus::Done;
     }
+    console.dialogs.show(*report);
+    return ExitStatus::Refused;
 }
 
 ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
@@ -61,22 +64,29 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
     if (!session) {
         return ExitStatus::FileFailure;
     }
-    const std::string letter = arguments.letter.value_or(settingsWad(*session).letter);
+    const std::optional<CurrentWad> wad = wadFor(*session, arguments, console);
+    if (!wad) {
+        return ExitStatus::Refused;
+    }
+    if (const Problem problem =
+            refuseOwnFile(arguments.file, session->catalogue.file().path, console.programFolder)) {
+        return console.dialogs.refuse(problem->text);
+    }
     const ExportMode mode = modeNamed(arguments.mode);
-    const ExportRequest request{mode, listForExport(session->catalogue, mode, letter), arguments.file,
+    const ExportRequest request{mode, listForExport(session->catalogue, mode, wad->letter), arguments.file,
                                 arguments.withSamples, session->paths.samples};
     if (!confirmExport(request, console.dialogs)) {
         return ExitStatus::Refused;
     }
     SilentProgress progress;
     const ExportOutcome outcome = saveExport(request, progress);
-    tell(outcome.report, console);
+    const ExitStatus status = tell(outcome.report, console);
     if (!outcome.saved) {
         return ExitStatus::FileFailure;
     }
     const std::string count = std::to_string(request.rows.size());
     console.dialogs.say({count + " line(s) saved.", count + " ligne(s) sauvegardée(s)."});
-    return ExitStatus::Done;
+    return status;
 }
 
 BilingualText inRow(const ImportRow& row, const BilingualText& text)
@@ -134,15 +144,15 @@ ExitStatus importInto(Session& session, const ImportRequest& request, const Exch
     }
     SilentProgress progress;
     const ImportOutcome samples = copyImportedSamples(request, progress);
-    tell(samples.report, console);
-    return samples.complete ? ExitStatus::Done : ExitStatus::FileFailure;
+    const ExitStatus status = tell(samples.report, console);
+    return samples.complete ? status : ExitStatus::FileFailure;
 }
 
 ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     const std::optional<CurrentWad> wad = wadFor(*session, arguments, console);
     if (!wad) {

@@ -67,11 +67,19 @@ std::optional<Session> openSession(Console& console)
     return settings ? load(std::move(*settings), nullptr, console) : std::nullopt;
 }
 
-std::optional<Session> openSessionToChange(Console& console)
+std::optional<Session> openSessionToChange(Console& console, const std::optional<std::string>& wadName)
 {
     std::optional<ProgramSettings> settings = openSettings(console);
     std::optional<ChangeLock> lock = settings ? lockForChanges(console) : std::nullopt;
-    return lock ? load(std::move(*settings), std::move(*lock), console) : std::nullopt;
+    std::optional<Session> session =
+        lock ? load(std::move(*settings), std::move(*lock), console) : std::nullopt;
+    if (session && wadName && session->references.findWad(*wadName) == nullptr) {
+        const std::string shown = "[" + utf8FromCodePage(*wadName) + "]";
+        console.dialogs.refuse(
+            {"No reference is named " + shown + ".", "Aucune référence ne s'appelle " + shown + "."});
+        return std::nullopt;
+    }
+    return session;
 }
 
 bool hasSound(const Session& session, std::size_t number, Console& console)

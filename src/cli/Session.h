@@ -30,8 +30,10 @@ struct Session
 
 // Nothing, and a message, when a file cannot be used.
 std::optional<Session> openSession(Console& console);
-// For a command that writes what it has read: others wait for it.
-std::optional<Session> openSessionToChange(Console& console);
+// For a command that writes what it has read: others wait for it. Nothing also when no reference has the name
+// of the WAD whose record is to be written.
+std::optional<Session> openSessionToChange(Console& console,
+                                           const std::optional<std::string>& wadName = std::nullopt);
 
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);

@@ -67,6 +67,62 @@ TEST_F(ExchangeCommands, ExportWritesTheLinesOfItsMode)
     EXPECT_EQ(readBytes(at("m.tox")), modified);
     EXPECT_EQ(cli.run({"export", "modified", at("missing/m.tox")}).status, 3);
     EXPECT_EQ(cli.run({"export", "some", at("m.tox")}).status, 2);
+    EXPECT_EQ(cli.run({"export", "letter", at("z.tox"), "--letter", "oz"}).status, 1) << "nobody's letter";
+    EXPECT_FALSE(std::filesystem::exists(at("z.tox")));
+}
+
+TEST_F(ExchangeCommands, NoExportTakesThePlaceOfAFileOfTheProgramOrTheLevelEditor)
+{
+    std::filesystem::create_hard_link(cli.sounds, cli.root / "linked.tob");
+    std::filesystem::create_symlink(cli.program / "Tavrel.paw", cli.root / "symbolic.tob");
+    const std::filesystem::path files[] = {cli.sounds,
+                                           cli.creator / "sounds.TXT",
+                                           cli.creator / "Orig_Sounds.txt", // to come
+                                           cli.creator / ".." / "LevelSFX Creator" / "Sounds.txt",
+                                           cli.root / "linked.tob",
+                                           cli.root / "symbolic.tob",
+                                           cli.program / "Tavrel.par",
+                                           cli.program / "tavrel.new",
+                                           cli.program / "SFX_Eng1.txt"};
+    const std::string sounds = readBytes(cli.sounds);
+    const std::string references = readBytes(cli.program / "Tavrel.paw");
+    const std::vector<std::string> creator = namesIn(cli.creator);
+    const std::vector<std::string> program = namesIn(cli.program);
+    for (const std::filesystem::path& file : files) {
+        const CliRun run = cli.agreeing({"export", "all", file.string()});
+        EXPECT_EQ(run.status, 1) << file;
+        EXPECT_NE(run.messages.find("This is a file of the level editor or of Tavrel"), std::string::npos)
+            << run.messages;
+    }
+    EXPECT_EQ(readBytes(cli.sounds), sounds);
+    EXPECT_EQ(readBytes(cli.program / "Tavrel.paw"), references);
+    EXPECT_EQ(namesIn(cli.creator), creator);
+    EXPECT_EQ(namesIn(cli.program), program);
+    EXPECT_EQ(cli.run({"export", "all", (cli.program / "other.tob").string()}).status, 0);
+}
+
+TEST_F(ExchangeCommands, AFolderThatHasGoneIsNoCrash)
+{
+    const std::string start = "mkdir '" + at("gone") + "' && cd '" + at("gone") + "' && rmdir '" +
+                              at("gone") + "' && $CLI --yes --program-folder '" + cli.program.string() + "' ";
+    for (const char* const command :
+         {"export all x.tob", "export modified x.tox --samples", "import x.tox"}) {
+        const CliRun run = runShell(start + command);
+        EXPECT_EQ(run.status, 3) << run.messages;
+        EXPECT_NE(run.messages.find("[x.to"), std::string::npos) << run.messages;
+    }
+}
+
+TEST_F(ExchangeCommands, SamplesThatAreLeftOutShowInTheStatus)
+{
+    writeBytes(cli.sounds, textOf({line("S0", "a", "#g"), line("S1", "..\\foot", "#oa")}));
+    const CliRun run = cli.run({"export", "letter", at("s.tox"), "--samples"});
+    EXPECT_EQ(run.status, 1) << run.messages;
+    EXPECT_NE(run.messages.find("..\\foot"), std::string::npos) << run.messages;
+    EXPECT_NE(run.messages.find("1 line(s) saved"), std::string::npos) << run.messages;
+    writeBytes(cli.root / "s_Samples" / "b.wav", "");
+    const CliRun imported = cli.agreeing({"import", at("s.tox"), "--letter", "tw", "--samples"});
+    EXPECT_EQ(imported.status, 1) << imported.messages;
 }
 
 TEST_F(ExchangeCommands, ABackupBringsEverythingBack)
