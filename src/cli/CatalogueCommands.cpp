@@ -147,15 +147,21 @@ struct SetArguments
     std::optional<std::string>& value(ValueBox box) { return values[static_cast<std::size_t>(box)]; }
 };
 
-// What the keyboard can put into the box. The pitch is cut to its limits, the others hold two digits.
+// What the keyboard can put into the box, without zeros that would push digits out of it. The pitch is cut to
+// its limits, the others hold two digits.
 ArgumentCheck checkOf(ValueBox box)
 {
     return [box](std::string& argument) -> std::optional<BilingualText> {
+        constexpr std::size_t boxDigits = 2;
         constexpr std::size_t mostPitchDigits = 9;
         const bool isPitch = box == ValueBox::Pit;
-        const bool hasSign = isPitch && argument.starts_with('-');
-        const std::string_view digits = std::string_view(argument).substr(hasSign ? 1 : 0);
-        if (isNumber(digits, isPitch ? mostPitchDigits : maximumLength(box)) || argument.empty()) {
+        const std::string sign = isPitch && argument.starts_with('-') ? "-" : "";
+        std::string_view digits = std::string_view(argument).substr(sign.size());
+        while (digits.size() > boxDigits && digits.starts_with('0')) {
+            digits.remove_prefix(1);
+        }
+        if (isNumber(digits, isPitch ? mostPitchDigits : boxDigits) || argument.empty()) {
+            argument = sign + std::string(digits);
             return std::nullopt;
         }
         return isPitch ? BilingualText("[" + argument + "] is no pitch",
@@ -214,9 +220,9 @@ std::vector<std::string> wordsOf(std::string_view text)
 
 ExitStatus setSound(const SetArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     if (!hasSound(*session, arguments.number, console)) {
         return ExitStatus::Refused;

@@ -132,12 +132,6 @@ std::string before(const std::string& text, const std::string& mark)
     return text.substr(0, text.find(mark));
 }
 
-std::string behind(const std::string& text, const std::string& mark)
-{
-    const std::size_t found = text.find(mark);
-    return found == std::string::npos ? text : text.substr(found + mark.size());
-}
-
 BilingualText commandMissing(const std::vector<std::string>& unknown)
 {
     if (unknown.empty()) {
@@ -147,20 +141,40 @@ BilingualText commandMissing(const std::vector<std::string>& unknown)
     return {"There is no command " + name, "Il n'y a pas de commande " + name};
 }
 
-// The library speaks English.
+BilingualText unexpected(const std::vector<std::string>& arguments)
+{
+    std::string list;
+    for (const std::string& argument : arguments) {
+        list += " " + argument;
+    }
+    return arguments.size() == 1
+               ? BilingualText("Unexpected argument:" + list, "Argument inattendu :" + list)
+               : BilingualText("Unexpected arguments:" + list, "Arguments inattendus :" + list);
+}
+
+// An option has one value.
+BilingualText wrongValueCount(const std::string& option, bool isMissing)
+{
+    return isMissing
+               ? BilingualText("The value of " + option + " is missing", "Il manque la valeur de " + option)
+               : BilingualText(option + " is given more than once", option + " est indiqué plus d'une fois");
+}
+
+// The library speaks English, and of kinds of trouble that there cannot be here.
 BilingualText usageText(const CLI::ParseError& error, const std::vector<std::string>& unknown)
 {
     const std::string english = error.what();
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-        return {english, "Argument inattendu : " + behind(english, ": ")};
+        return unexpected(unknown);
     }
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
-        return {english, "Valeur manquante ou en trop : " + before(english, ":")};
+        return wrongValueCount(before(english, ":"), english.ends_with("missing"));
     }
     if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+        const std::string name = before(english, " is required");
         return english.starts_with("A subcommand")
                    ? commandMissing(unknown)
-                   : BilingualText(english, "Argument manquant : " + before(english, " is required"));
+                   : BilingualText("Missing argument: " + name, "Argument manquant : " + name);
     }
     return BilingualText::same(english); // what our own checks say is in the language already
 }

@@ -37,11 +37,14 @@ ExitStatus waitForResults(SfxGeneration& generation, Console& console)
         std::this_thread::sleep_for(step);
         step = SfxGeneration::nextLook;
     } while (generation.look(SfxGeneration::Clock::now()) != SfxGeneration::Phase::Idle);
-    if (!generation.hasResults()) {
-        return console.dialogs.refuse(generation.summary());
+    if (generation.hasResults()) {
+        console.dialogs.say(generation.summary());
+        return ExitStatus::Done;
     }
-    console.dialogs.say(generation.summary());
-    return ExitStatus::Done;
+    if (!generation.summaryWasShown()) {
+        console.dialogs.refuse(generation.summary());
+    }
+    return ExitStatus::Refused;
 }
 
 ExitStatus generate(const std::string& wadName, Console& console)

@@ -72,9 +72,9 @@ ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Chan
 
 ExitStatus addLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     const std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
     if (!wad) {
@@ -88,9 +88,9 @@ ExitStatus addLetters(const LetterArguments& arguments, Console& console)
 
 ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     const auto remove = [&](LineEditor& editor) { return removeLetter(editor, arguments.letter, console); };
     return changeSounds(*session, arguments, remove, console);
@@ -98,9 +98,9 @@ ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
 
 ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     const std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
     if (!wad || !removeLetterEverywhere(session->catalogue, *wad, console.dialogs)) {
@@ -112,9 +112,9 @@ ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
 // The lines first: when they cannot be written, the register still has the letter that they carry.
 ExitStatus replaceLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
     if (!wad || replaceLetterOfWad(session->catalogue, session->references, *wad, arguments.newLetter,

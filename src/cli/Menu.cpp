@@ -58,6 +58,15 @@ std::optional<BilingualText> checkWadName(std::string& argument)
     return BilingualText("This name cannot be a file's", "Ce nom ne peut être celui d'un fichier");
 }
 
+std::optional<BilingualText> checkPath(std::string& argument)
+{
+    if (!argument.empty()) {
+        return std::nullopt;
+    }
+    return BilingualText("The name of a file or folder is empty",
+                         "Le nom d'un fichier ou d'un répertoire est vide");
+}
+
 const std::string& groupTitle(Language language)
 {
     static const BilingualText title("Commands", "Commandes");
@@ -133,7 +142,7 @@ CommandEntry& CommandEntry::numbers(const std::string& name, const BilingualText
 CommandEntry& CommandEntry::path(const std::string& name, const BilingualText& what,
                                  std::filesystem::path& target)
 {
-    add(name, what, {}, [&target](const std::string& value) { target = pathOf(value); });
+    add(name, what, checkPath, [&target](const std::string& value) { target = pathOf(value); });
     return *this;
 }
 
@@ -169,7 +178,9 @@ CommandEntry& CommandEntry::wad(std::optional<std::string>& target, const Biling
 CommandEntry& CommandEntry::optionalPath(const std::string& name, const BilingualText& what,
                                          std::optional<std::filesystem::path>& target)
 {
-    add(name, what, {}, [&target](const std::string& value) { target = pathOf(value); }).required(false);
+    add(name, what, checkPath, [&target](const std::string& value) {
+        target = pathOf(value);
+    }).required(false);
     return *this;
 }
 

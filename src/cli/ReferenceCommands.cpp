@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
+#include "base/Folder.h"
 #include "cli/Commands.h"
 #include "cli/Session.h"
 #include "references/RegisterEditor.h"
@@ -18,11 +20,15 @@ ExitStatus listReferences(Console& console)
     if (!loaded) {
         return console.dialogs.fail(loaded.failure());
     }
+    if (!loaded->notices.empty()) {
+        console.dialogs.say(listOf(loaded->notices));
+    }
     for (const WadReference& reference : loaded->references.all()) {
         console.output.writeLine(
             utf8FromCodePage(reference.wadName + "\t" + reference.letter + "\t" + reference.title));
     }
-    return ExitStatus::Done;
+    const bool userFileWasRead = !loaded->references.isUserFileProtected();
+    return userFileWasRead ? ExitStatus::Done : ExitStatus::FileFailure;
 }
 
 struct ReferenceArguments
@@ -40,7 +46,7 @@ ExitStatus addReference(const ReferenceArguments& arguments, Console& console)
 {
     std::optional<Session> session = openSessionToChange(console);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     CurrentWad none;
     return editorOf(*session, none, console).add(arguments.reference) ? writeRegister(*session, console)
@@ -60,9 +66,9 @@ std::optional<std::size_t> rowOf(const ReferenceRegister& references, const std:
 // The lines first: when they cannot be written, the register still knows the letter that they carry.
 ExitStatus deleteReference(const ReferenceArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     const std::optional<std::size_t> row = rowOf(session->references, arguments.reference.wadName);
     if (!row) {
@@ -101,13 +107,19 @@ struct ImportArguments
 
 ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
-        return ExitStatus::FileFailure;
+        return console.dialogs.status();
     }
     const std::optional<CurrentWad> wad = wadNamed(*session, arguments.name, console);
     if (!wad) {
         return ExitStatus::Refused;
+    }
+    if (kind == WadListKind::Objects && session->catalogue.objects().empty()) {
+        return console.dialogs.fail(
+            wrongContent(fileIn(console.programFolder, objectsFileName),
+                         {"The sounds of the listed objects are not known. Nothing was imported.",
+                          "Les sons des objets de la liste ne sont pas connus. Rien n'a été importé."}));
     }
     if (!session->settings.loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
         return console.dialogs.refuse(importForbidden());

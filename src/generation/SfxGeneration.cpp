@@ -305,6 +305,7 @@ bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point no
     m_lastSeen.clear();
     m_lastChange = now;
     m_summary = {};
+    m_summaryWasShown = false;
     return true;
 }
 
@@ -371,6 +372,7 @@ void SfxGeneration::end()
         refuse(m_summary +
                BilingualText("\nThe last words of the tool:", "\nLes derniers mots de l'outil :") + said +
                "\n\n[" + displayPath(m_output) + "]");
+        m_summaryWasShown = true;
     }
 }
 

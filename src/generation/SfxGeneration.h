@@ -77,6 +77,8 @@ public:
     Phase look(Clock::time_point now);
     // How it ended, for a status line.
     const BilingualText& summary() const { return m_summary; }
+    // A message has told it already, with more words.
+    bool summaryWasShown() const { return m_summaryWasShown; }
     // New files of the WAD are in place.
     bool hasResults() const;
 
@@ -116,6 +118,7 @@ private:
     FileStates m_lastSeen;
     Clock::time_point m_lastChange;
     BilingualText m_summary;
+    bool m_summaryWasShown = false;
 };
 
 } // namespace tavrel

@@ -73,6 +73,10 @@ TEST(CatalogueCommands, SetChangesOneLineByTheRulesOfTheBoxes)
         {{"--vol", "0"}, "N:>>>a b>>>>VOL01>P V>CH10>PIT05>RAD10>#g"},
         {{"--vol", "", "--rad=", "--ch", "0"}, "N:>>>a b>>>>>P V>>PIT05>>#g"},
         {{"--pit", "-7"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT-07>RAD10>#g"},
+        {{"--pit", "0012"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT12>RAD10>#g"},
+        {{"--pit", "-007"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT-07>RAD10>#g"},
+        {{"--pit", "00000000150"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT99>RAD10>#g"},
+        {{"--vol", "0008", "--rad=007", "--ch", "000"}, "N:>>>a b>>>>VOL08>P V>>PIT05>RAD07>#g"},
         {{"--pit=150"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT99>RAD10>#g"},
         {{"--pit=-150"}, "N:>>>a b>>>>VOL20>P V>CH10>PIT-99>RAD10>#g"},
         {{"--flags", "LN"}, "N:>>>a b>>>>VOL20>    N L>CH10>PIT05>RAD10>#g"},
@@ -102,6 +106,12 @@ TEST(CatalogueCommands, SetKeepsThePromisesOfApplying)
     ASSERT_EQ(cli.agreeing({"set", "63", "--samples", "new"}).status, 0);
     EXPECT_EQ(readBytes(cli.creator / "Orig_Sounds.txt"), before);
     EXPECT_EQ(readBytes(cli.program / "sounds" / "oasis.tor"), "63,\"" + cli.lineOf(63) + "\"\r\n");
+    const CliRun unknown = cli.agreeing({"set", "65", "--vol", "9", "--wad", "other"});
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_NE(unknown.messages.find("No reference is named [other]"), std::string::npos) << unknown.messages;
+    EXPECT_EQ(namesIn(cli.program / "sounds"), std::vector<std::string>{"oasis.tor"});
+    const std::filesystem::path references = cli.program / "Tavrel.paw";
+    writeBytes(references, readBytes(references) + "\"Another level\",\"ot\",\"other\"\r\n");
     ASSERT_EQ(cli.agreeing({"set", "65", "--vol", "9", "--wad", "other"}).status, 0);
     EXPECT_EQ(namesIn(cli.program / "sounds"), (std::vector<std::string>{"oasis.tor", "other.tor"}));
     EXPECT_EQ(readBytes(cli.creator / "Orig_Sounds.txt"), before);

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 using namespace tavrel;
 
 TEST(GenerationCommands, StatsPrintsFourRowsWhateverHappens)
@@ -75,11 +77,18 @@ TEST(GenerationCommandsUnderWine, GenerateWaitsForTheTool)
     const DemoCli cli;
     writeBytes(cli.levelEditor / "sound" / "Samples" / "foot01.wav", wavBytes({.seconds = 0}));
     const std::filesystem::path wads = cli.levelEditor / "graphics" / "wads";
-    EXPECT_EQ(cli.agreeing({"generate", "oasis"}).status, 1) << "without the tool";
+    const CliRun without = cli.agreeing({"generate", "oasis"});
+    EXPECT_EQ(without.status, 1) << "without the tool";
+    const std::size_t said = without.messages.find("No new .SAM and .SFX files");
+    EXPECT_NE(said, std::string::npos) << without.messages;
+    EXPECT_EQ(without.messages.find("No new .SAM and .SFX files", said + 1), std::string::npos)
+        << without.messages;
     installTool(cli.creator);
-    const ToolSetting slow("TAVREL_TOOL_MILLISECONDS", "3500");
+    const ToolSetting slow("TAVREL_TOOL_STARTS_AFTER", "4500");
+    const auto start = std::chrono::steady_clock::now();
     const CliRun run = cli.agreeing({"generate", "oasis"});
     EXPECT_EQ(run.status, 0) << run.messages;
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(4500));
     EXPECT_NE(run.messages.find("files of [oasis] are generated"), std::string::npos);
     EXPECT_TRUE(readBytes(wads / "oasis.sfx").starts_with("RIFF"));
     EXPECT_EQ(namesIn(cli.creator), (std::vector<std::string>{"Sounds.txt", "pcwadsfx.exe"}));

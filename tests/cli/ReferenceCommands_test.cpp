@@ -78,6 +78,37 @@ TEST(ReferenceCommands, ImportsGiveTheLetterOfTheirWad)
     EXPECT_NE(carriers(cli, "tw").find("60 "), std::string::npos);
 }
 
+TEST(ReferenceCommands, WhatCouldNotBeReadIsSaid)
+{
+    const DemoCli cli;
+    writeBytes(cli.program / "Tavrel.paw", readBytes(cli.program / "Tavrel.paw") + "\"no reference\"\r\n");
+    const CliRun oddLine = cli.run({"refs", "list"});
+    EXPECT_EQ(oddLine.status, 0);
+    EXPECT_NE(oddLine.messages.find("no reference of three fields"), std::string::npos) << oddLine.messages;
+    writeBytes(cli.program / "Tavrel.paw", std::string("\0\0", 2));
+    const CliRun unreadable = cli.run({"refs", "list"});
+    EXPECT_EQ(unreadable.status, 3);
+    EXPECT_NE(unreadable.messages.find("Tavrel.paw"), std::string::npos) << unreadable.messages;
+    EXPECT_NE(unreadable.output, "") << "the built-in ones";
+}
+
+TEST(ReferenceCommands, NoObjectsAreImportedWithoutTheirTable)
+{
+    const DemoCli cli;
+    const std::string before = readBytes(cli.sounds);
+    const auto refused = [&cli] {
+        const CliRun run = cli.agreeing({"import-was", "tomb_of_wind"});
+        EXPECT_EQ(run.status, 3);
+        EXPECT_NE(run.messages.find("Nothing was imported"), std::string::npos) << run.messages;
+    };
+    writeBytes(cli.program / "Tavrel.too", std::string("\0\0", 2));
+    refused();
+    std::filesystem::remove(cli.program / "Tavrel.too");
+    refused();
+    EXPECT_EQ(readBytes(cli.sounds), before);
+    EXPECT_EQ(cli.agreeing({"import-sam", "tomb_of_wind"}).status, 0) << "needs no objects";
+}
+
 TEST(ReferenceCommands, ImportsThatCannotBeDoneChangeNothing)
 {
     const DemoCli cli;
