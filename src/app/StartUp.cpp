@@ -10,6 +10,10 @@
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
+#include "catalogue/ChangeLock.h"
+
+#include <algorithm>
+#include <initializer_list>
 
 namespace tavrel {
 
@@ -55,11 +59,12 @@ void startCompanion(const StartContext& context)
     }
 }
 
-void removeLeftovers(const fs::path& programFolder)
+// What a command that is at work writes is not left over; the next start looks again.
+void removeLeftovers(const fs::path& programFolder, std::initializer_list<fs::path> folders)
 {
-    removeUnfinishedWrites(programFolder);
-    removeUnfinishedWrites(fileIn(programFolder, changedLinesFolderName));
-    removeUnfinishedWrites(fileIn(programFolder, backupsFolderName));
+    if (const Result<ChangeLock> lock = lockChanges(programFolder, std::chrono::seconds(0))) {
+        std::ranges::for_each(folders, removeUnfinishedWrites);
+    }
 }
 
 void sayNoLevelEditor(Dialogs& dialogs)
@@ -202,11 +207,13 @@ std::optional<StartedSession> startSession(const StartContext& context)
         startCompanion(context);
         return std::nullopt;
     }
-    removeLeftovers(context.programFolder);
+    const fs::path& program = context.programFolder;
+    removeLeftovers(program,
+                    {program, fileIn(program, changedLinesFolderName), fileIn(program, backupsFolderName)});
     const bool isFirstStart = !findEntry(context.programFolder, settingsFileName);
     std::optional<StartedSession> session = isFirstStart ? firstStart(context) : laterStart(context);
     if (session) {
-        removeUnfinishedWrites(derivePaths(session->settings.LevelEditorFolder).creator);
+        removeLeftovers(program, {derivePaths(session->settings.LevelEditorFolder).creator});
     }
     return session;
 }

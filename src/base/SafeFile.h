@@ -24,7 +24,7 @@ Result<std::filesystem::path> keepCopyBeside(const std::filesystem::path& file, 
 [[nodiscard]] Problem moveSafely(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // What an interrupted write left in a folder, or beside the files to which links in the folder lead. Called
-// at the start, when no write is under way.
+// at the start, when no write is under way: every process writes beside the target under the same name.
 void removeUnfinishedWrites(const std::filesystem::path& folder);
 
 } // namespace tavrel

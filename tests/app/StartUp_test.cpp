@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StartUp.h"
 #include "base/CodePage.h"
+#include "catalogue/ChangeLock.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
 
@@ -244,6 +245,13 @@ TEST_F(StartUp, ClearsUpAfterInterruptedWrites)
         writeBytes(file, "half");
     }
     ScriptedDialogs dialogs;
+    Result<ChangeLock> command = lockChanges(demo.program, std::chrono::seconds(0));
+    ASSERT_TRUE(command);
+    ASSERT_TRUE(start(dialogs));
+    for (const fs::path& file : leftovers) {
+        EXPECT_TRUE(fs::exists(file)) << "may be what the command is writing: " << file;
+    }
+    command->reset();
     ASSERT_TRUE(start(dialogs));
     for (const fs::path& file : leftovers) {
         EXPECT_FALSE(fs::exists(file)) << file;
