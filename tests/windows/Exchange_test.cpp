@@ -135,6 +135,10 @@ TEST_F(ExchangeWindows, TheExportTicksAndSaves)
         press(window, "CdSave");
         EXPECT_TRUE(dialogs.said().back().text.english.starts_with("Cannot write"));
         EXPECT_TRUE(window.isVisible());
+        dialogs.prepareFile(backups.parent_path() / "Tavrel.par");
+        press(window, "CdSave");
+        EXPECT_TRUE(dialogs.said().back().text.english.find("Choose another name") != std::string::npos);
+        EXPECT_TRUE(window.isVisible());
         dialogs.prepareFile(backups / "croc.tob");
         press(window, "CdSave");
         EXPECT_EQ(window.result(), QDialog::Accepted);
