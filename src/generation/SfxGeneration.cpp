@@ -23,6 +23,7 @@ namespace {
 
 constexpr std::string_view batchFileName = "CreateSFX.bat";
 constexpr std::string_view outputFileName = "CreateSFX.log";
+constexpr std::string_view lockFileName = "CreateSFX.lock";
 constexpr std::string_view letterOfAllLevels = "#g";
 
 bool isFolder(const fs::path& path)
@@ -183,7 +184,14 @@ SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Prog
     if (findWrongSample(request.catalogue, request.wad, request.samplesFolder, progress)) {
         return Begun::WrongSample;
     }
-    return start(request, now) ? Begun::Started : Begun::NotStarted;
+    if (!lock(request)) {
+        return Begun::NotStarted;
+    }
+    if (!start(request, now)) {
+        m_lock.reset();
+        return Begun::NotStarted;
+    }
+    return Begun::Started;
 }
 
 bool SfxGeneration::mayBegin(const GenerationRequest& request)
@@ -275,6 +283,21 @@ bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
     return m_dialogs.ask(question) == Answer::Yes;
 }
 
+// As with changes, where the program folder takes no lock the work goes on without one.
+bool SfxGeneration::lock(const GenerationRequest& request)
+{
+    auto lock = std::make_unique<system::FileLock>();
+    if (lock->take(fileIn(request.programFolder, lockFileName)) ==
+        std::errc::resource_unavailable_try_again) {
+        refuse({"Another window or command of Tavrel is generating. Try again when it is done.",
+                "Une autre fenêtre ou commande de Tavrel est en train de générer. Réessayez quand elle aura "
+                "fini."});
+        return false;
+    }
+    m_lock = std::move(lock);
+    return true;
+}
+
 bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point now)
 {
     m_batchFile = fileIn(request.creatorFolder, batchFileName);
@@ -357,6 +380,7 @@ void SfxGeneration::end()
 {
     removeBatchFile();
     m_running.reset();
+    m_lock.reset();
     m_phase = Phase::Idle;
     const std::string name = utf8FromCodePage(m_wadName);
     if (hasResults()) {

@@ -4,6 +4,7 @@
 #include "base/BatchRunner.h"
 #include "base/Dialogs.h"
 #include "base/Progress.h"
+#include "base/System.h"
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
 
@@ -96,6 +97,7 @@ private:
     bool mayBegin(const GenerationRequest& request);
     bool confirm(const GenerationRequest& request);
     bool mayMoveOtherFiles(const GenerationRequest& request);
+    bool lock(const GenerationRequest& request);
     bool start(const GenerationRequest& request, Clock::time_point now);
     bool wantsToStop(FileStates files, Clock::time_point now);
     void end();
@@ -109,6 +111,7 @@ private:
     BatchRunner& m_runner;
     Dialogs& m_dialogs;
     Phase m_phase = Phase::Idle;
+    std::unique_ptr<system::FileLock> m_lock; // two batch files of one name would be in each other's way
     std::unique_ptr<RunningBatch> m_running;
     std::filesystem::path m_batchFile;
     std::filesystem::path m_output;

@@ -261,6 +261,21 @@ TEST_F(SfxGenerationTest, OffersToStopWaitingInVain)
     EXPECT_EQ(generation.summary().english, "No new .SAM and .SFX files of [oasis]");
 }
 
+TEST_F(SfxGenerationTest, OneAtATimeEvenInTwoWindows)
+{
+    fs::create_directory(root / "program");
+    ASSERT_EQ(beginWith({Answer::Ok}), Begun::Started);
+    HeldBatchRunner secondRunner;
+    SfxGeneration second(secondRunner, dialogs);
+    dialogs.prepareAnswer(Answer::Ok);
+    EXPECT_EQ(second.begin(request(), progress, start), Begun::NotStarted);
+    EXPECT_TRUE(lastSaid().starts_with("exclamation | Generate SFX | Another window or command of Tavrel"));
+    *runner.ended = true;
+    EXPECT_EQ(lookAfter(3s), Phase::Idle);
+    dialogs.prepareAnswer(Answer::Ok);
+    EXPECT_EQ(second.begin(request(), progress, start), Begun::Started);
+}
+
 TEST_F(SfxGenerationTest, FilesThatAnEarlierRunLeftAreNoResults)
 {
     for (const bool isNew : {false, true}) {
