@@ -138,7 +138,7 @@ ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Co
     return applyChanges(session.catalogue, target, console.dialogs) ? ExitStatus::Done : ExitStatus::Refused;
 }
 
-ExitStatus writeRegister(const Session& session, Console& console)
+ExitStatus writeRegister(Session& session, Console& console)
 {
     const Problem problem = saveRegister(console.programFolder, session.references);
     return problem ? console.dialogs.fail(*problem) : ExitStatus::Done;

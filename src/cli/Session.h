@@ -50,6 +50,6 @@ void refuseWadName(const std::string& name, Console& console);
 ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Console& console);
 
 // Writes the user's own references.
-ExitStatus writeRegister(const Session& session, Console& console);
+ExitStatus writeRegister(Session& session, Console& console);
 
 } // namespace tavrel

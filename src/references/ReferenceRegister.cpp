@@ -150,6 +150,12 @@ std::string ReferenceRegister::userFileText() const
     return text;
 }
 
+void ReferenceRegister::isInStepWith(std::string text)
+{
+    m_textInFile = std::move(text);
+    m_writtenText = userFileText();
+}
+
 Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
 {
     const Result<TextFile> builtIn = readTextFile(programFolder, builtInReferencesFileName);
@@ -182,10 +188,11 @@ Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
             references.appendUser(std::move(reference));
         },
         [&references](std::string line) { references.keepUserLine(std::move(line)); });
+    references.isInStepWith(user->text);
     return loaded;
 }
 
-Problem saveRegister(const std::filesystem::path& programFolder, const ReferenceRegister& references)
+Problem saveRegister(const std::filesystem::path& programFolder, ReferenceRegister& references)
 {
     const std::filesystem::path file = fileIn(programFolder, userReferencesFileName);
     if (references.isUserFileProtected()) {
@@ -195,7 +202,21 @@ Problem saveRegister(const std::filesystem::path& programFolder, const Reference
                              "Le fichier n'a pas pu être lu au démarrage et n'est donc pas remplacé. Les "
                              "références sont conservées jusqu'à la fin du programme."});
     }
-    return writeFileSafely(file, references.userFileText());
+    const Result<TextFile> present = readTextFile(file);
+    if (present && present->text != references.textInFile()) {
+        if (!references.hasChanged()) {
+            return std::nullopt;
+        }
+        if (const Result<std::filesystem::path> kept = keepCopyBeside(file, present->text); !kept) {
+            return kept.failure();
+        }
+    }
+    std::string text = references.userFileText();
+    if (Problem problem = writeFileSafely(file, text)) {
+        return problem;
+    }
+    references.isInStepWith(std::move(text));
+    return std::nullopt;
 }
 
 } // namespace tavrel

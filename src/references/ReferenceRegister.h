@@ -59,6 +59,11 @@ public:
     // The user's references and the kept lines, as the file holds them.
     std::string userFileText() const;
 
+    // The user's file was just read or written, and holds this text.
+    void isInStepWith(std::string text);
+    bool hasChanged() const { return userFileText() != m_writtenText; }
+    const std::string& textInFile() const { return m_textInFile; }
+
 private:
     struct KeptLine
     {
@@ -70,6 +75,8 @@ private:
     std::size_t m_builtInCount = 0;
     std::vector<KeptLine> m_keptLines;
     bool m_userFileProtected = false;
+    std::string m_textInFile;
+    std::string m_writtenText; // the same as this program writes it
 };
 
 constexpr std::string_view builtInReferencesFileName = "Tavrel.tow";
@@ -84,8 +91,8 @@ struct LoadedRegister
 // The installed references must be there; the user's file may be missing.
 Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder);
 
-// Writes the user's own references.
-[[nodiscard]] Problem saveRegister(const std::filesystem::path& programFolder,
-                                   const ReferenceRegister& references);
+// Writes the user's own references. What another window or command has written since they were read stays: as
+// it is when nothing has changed here, else in a copy beside the file.
+[[nodiscard]] Problem saveRegister(const std::filesystem::path& programFolder, ReferenceRegister& references);
 
 } // namespace tavrel

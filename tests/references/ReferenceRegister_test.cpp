@@ -78,7 +78,8 @@ TEST_F(ReferenceRegisterTest, NeedsTheInstalledFileOnly)
     fs::create_directory(root / "Tavrel.paw");
     EXPECT_EQ(load().references.size(), 42U);
     EXPECT_EQ(load().notices.size(), 1U);
-    EXPECT_TRUE(saveRegister(root.path(), load().references)) << "what could not be read is not replaced";
+    LoadedRegister unreadable = load();
+    EXPECT_TRUE(saveRegister(root.path(), unreadable.references)) << "what could not be read is not replaced";
     fs::remove(root / "TAVREL.TOW");
     const Result<LoadedRegister> loaded = loadRegister(root.path());
     ASSERT_FALSE(loaded);
@@ -92,7 +93,7 @@ TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
     EXPECT_EQ(load().notices.size(), 3U);
     for (const int rows : {40, 44}) {
         writeBytes(root / "TAVREL.TOW", builtIn(rows));
-        const LoadedRegister loaded = load();
+        LoadedRegister loaded = load();
         EXPECT_EQ(loaded.notices.size(), 4U);
         EXPECT_EQ(loaded.references.userBegin(), static_cast<std::size_t>(rows));
         ASSERT_FALSE(saveRegister(root.path(), loaded.references));
@@ -101,6 +102,25 @@ TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
         ReferenceRegister shortened = loaded.references;
         shortened.remove(static_cast<std::size_t>(rows) - 1); // an installed one
         EXPECT_EQ(shortened.userFileText(), loaded.references.userFileText());
+    }
+}
+
+TEST_F(ReferenceRegisterTest, KeepsWhatAnotherWindowHasWritten)
+{
+    const std::string theirs = "\"B\",\"bb\",\"b\"\r\n";
+    writeBytes(root / "Tavrel.paw", "\"A\",\"aa\",\"a\"\n");
+    ReferenceRegister references = load().references;
+    writeBytes(root / "Tavrel.paw", theirs);
+    EXPECT_FALSE(saveRegister(root.path(), references));
+    EXPECT_EQ(readBytes(root / "Tavrel.paw"), theirs) << "nothing has changed here";
+
+    references.appendUser({"c", "cc", "C"});
+    for (const char* const letter : {"cc", "dd"}) { // the second time the file is our own
+        references.replaceLetter("cc", letter);
+        EXPECT_FALSE(saveRegister(root.path(), references));
+        EXPECT_EQ(readBytes(root / "Tavrel.paw"), references.userFileText());
+        EXPECT_EQ(readBytes(root / "Tavrel_copy1.paw"), theirs);
+        EXPECT_FALSE(fs::exists(root / "Tavrel_copy2.paw"));
     }
 }
 
