@@ -3,6 +3,7 @@
 #include "app/FmSFX.h"
 #include "app/StatusProgress.h"
 #include "base/CodePage.h"
+#include "base/Titles.h"
 #include "generation/FmDefault.h"
 #include "generation/FmStats.h"
 #include "generation/RestoreDefaults.h"
@@ -89,6 +90,10 @@ void FmSFX::openRestore(QWidget* parent)
 {
     FmDefault chooser(parent, m_settings.language, m_context.dialogs);
     if (chooser.exec() != QDialog::Accepted) {
+        return;
+    }
+    const std::optional<ProcessLock> lock = lockForChanges(titles::restore);
+    if (!lock) {
         return;
     }
     m_busy = std::make_unique<StatusProgress>(*this, m_controls, m_settings.language);

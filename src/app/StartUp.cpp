@@ -5,12 +5,12 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
+#include "base/ProcessLock.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
-#include "catalogue/ChangeLock.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -62,7 +62,7 @@ void startCompanion(const StartContext& context)
 // What a command that is at work writes is not left over; the next start looks again.
 void removeLeftovers(const fs::path& programFolder, std::initializer_list<fs::path> folders)
 {
-    if (const Result<ChangeLock> lock = lockChanges(programFolder, std::chrono::seconds(0))) {
+    if (const Result<ProcessLock> lock = takeLock(programFolder, changesLock, std::chrono::seconds(0))) {
         std::ranges::for_each(folders, removeUnfinishedWrites);
     }
 }

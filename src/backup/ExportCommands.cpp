@@ -178,6 +178,37 @@ Message report(const ExportRequest& request, MessageIcon icon, const BilingualTe
     return {icon, captionOf(request.mode), text};
 }
 
+bool isSame(const fs::path& a, const fs::path& b)
+{
+    std::error_code missing;
+    return fs::equivalent(a, b, missing);
+}
+
+bool isNameOfProgram(std::string_view name)
+{
+    const std::string upper = upperCase(name);
+    return upper.starts_with("TAVREL.") || upper.starts_with("SFX_");
+}
+
+// One that is not there yet must not become an exchange file, either.
+bool isOwnFile(const ExportRequest& request)
+{
+    std::error_code ignored;
+    const fs::path folder = fs::absolute(request.file, ignored).parent_path();
+    const std::string name = codePagePath(request.file.filename()).bytes;
+    const fs::path creator = request.catalogueFile.parent_path();
+    if ((isSame(folder, request.programFolder) && isNameOfProgram(name)) ||
+        (isSame(folder, creator) && (sameName(name, soundsFileName) || sameName(name, firstBackupName))) ||
+        isSame(request.file, request.catalogueFile) ||
+        isSame(request.file, fileIn(creator, firstBackupName))) {
+        return true;
+    }
+    const Result<std::vector<FolderEntry>> entries = listFolder(request.programFolder);
+    return entries && std::ranges::any_of(*entries, [&request](const FolderEntry& entry) {
+               return isNameOfProgram(entry.name) && isSame(request.file, entry.path);
+           });
+}
+
 // The samples folder of an earlier time, or what is left of it.
 BilingualText leftBehind(const std::vector<fs::path>& folders)
 {
@@ -331,38 +362,16 @@ std::optional<fs::path> chooseExportFile(ExportMode mode, std::string_view wadNa
                                true});
 }
 
-Problem refuseOwnFile(const fs::path& file, const fs::path& catalogue, const fs::path& programFolder)
-{
-    std::error_code ignored;
-    const fs::path folder = fs::absolute(file, ignored).parent_path();
-    const std::string name = codePagePath(file.filename()).bytes;
-    const fs::path creator = catalogue.parent_path();
-    const auto isSame = [](const fs::path& a, const fs::path& b) {
-        std::error_code missing;
-        return fs::equivalent(a, b, missing);
-    };
-    const auto isOwnName = [](std::string_view candidate) {
-        const std::string upper = upperCase(candidate);
-        return upper.starts_with("TAVREL.") || upper.starts_with("SFX_");
-    };
-    // One that is not there yet must not become an exchange file, either.
-    bool isOwn =
-        (isSame(folder, programFolder) && isOwnName(name)) ||
-        (isSame(folder, creator) && (sameName(name, soundsFileName) || sameName(name, firstBackupName))) ||
-        isSame(file, catalogue) || isSame(file, fileIn(creator, firstBackupName));
-    const Result<std::vector<FolderEntry>> entries = listFolder(programFolder);
-    for (std::size_t i = 0; entries && i < entries->size() && !isOwn; ++i) {
-        isOwn = isOwnName((*entries)[i].name) && isSame(file, (*entries)[i].path);
-    }
-    return !isOwn
-               ? Problem()
-               : wrongContent(file, {"This is a file of the level editor or of Tavrel. Choose another name.",
-                                     "C'est un fichier de l'éditeur de niveaux ou de Tavrel. Choisissez un "
-                                     "autre nom."});
-}
-
 bool confirmExport(const ExportRequest& request, Dialogs& dialogs)
 {
+    if (isOwnFile(request)) {
+        const Failure refusal =
+            wrongContent(request.file,
+                         {"This is a file of the level editor or of Tavrel. Choose another name.",
+                          "C'est un fichier de l'éditeur de niveaux ou de Tavrel. Choisissez un autre nom."});
+        dialogs.show(report(request, MessageIcon::Exclamation, refusal.text));
+        return false;
+    }
     return confirmCutLines(request, dialogs) && confirmDroppedText(request, dialogs) &&
            confirmKind(request, dialogs) && confirmReplacing(request, dialogs);
 }

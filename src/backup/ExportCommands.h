@@ -63,16 +63,14 @@ struct ExportRequest
     std::filesystem::path file;
     bool withSamples = false;
     std::filesystem::path samplesFolder; // the level editor's
+    std::filesystem::path catalogueFile;
+    std::filesystem::path programFolder;
 };
 
 // Refuses the catalogue, the copy of it that the first apply has kept, and the program's own files, by
-// whatever path they are reached.
-[[nodiscard]] Problem refuseOwnFile(const std::filesystem::path& file, const std::filesystem::path& catalogue,
-                                    const std::filesystem::path& programFolder);
-
-// Asks whatever there is to ask: lines that would be cut, lines that a backup would not keep as they are, a
-// name that will be read as the other kind of file, a file that exists, or without one a samples folder with
-// samples of something else. True when saveExport() may follow.
+// whatever path they are reached. Then asks whatever there is to ask: lines that would be cut, lines that a
+// backup would not keep as they are, a name that will be read as the other kind of file, a file that exists,
+// or without one a samples folder with samples of something else. True when saveExport() may follow.
 bool confirmExport(const ExportRequest& request, Dialogs& dialogs);
 
 struct ExportOutcome

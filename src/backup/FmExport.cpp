@@ -266,12 +266,13 @@ void FmExport::save()
     if (!file) {
         return;
     }
-    if (const Problem problem =
-            refuseOwnFile(*file, m_context.catalogue.file().path, m_context.programFolder)) {
-        m_context.dialogs.show({MessageIcon::Exclamation, captionOf(m_mode), problem->text});
-        return;
-    }
-    ExportRequest request{m_mode, {}, *file, m_withSamples->isChecked(), m_context.samplesFolder};
+    ExportRequest request{m_mode,
+                          {},
+                          *file,
+                          m_withSamples->isChecked(),
+                          m_context.samplesFolder,
+                          m_context.catalogue.file().path,
+                          m_context.programFolder};
     for (const std::size_t row : m_lines->tickedRows()) {
         request.rows.push_back(m_rows[row]);
     }

@@ -21,11 +21,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path withEnding(fs::path folder, const std::string& ending)
-{
-    return folder += ending;
-}
-
 // For certain: what cannot be looked at may be there.
 bool isMissing(const fs::path& path)
 {

@@ -179,6 +179,11 @@ fs::path fileIn(const fs::path& folder, std::string_view name)
     return findEntry(folder, name).value_or(folder / nativePath(name));
 }
 
+fs::path withEnding(fs::path path, std::string_view ending)
+{
+    return path += ending;
+}
+
 fs::path asOnDisk(const fs::path& path)
 {
     const CodePageText name = codePagePath(path.filename());

@@ -68,6 +68,9 @@ void removeOtherSpellings(const FolderIndex& folder, const std::filesystem::path
 // Where the file stands, or where it would be created.
 std::filesystem::path fileIn(const std::filesystem::path& folder, std::string_view name);
 
+// "Samples_old" for "Samples".
+std::filesystem::path withEnding(std::filesystem::path path, std::string_view ending);
+
 // The entry at the path, be it in another letter case; the path itself when there is none.
 std::filesystem::path asOnDisk(const std::filesystem::path& path);
 

@@ -23,4 +23,11 @@ public:
     virtual void say(const BilingualText& /*text*/) {}
 };
 
+// Nobody watches, as in scripts.
+class SilentProgress : public Progress
+{
+public:
+    bool show(std::size_t /*done*/, std::size_t /*total*/) override { return true; }
+};
+
 } // namespace tavrel

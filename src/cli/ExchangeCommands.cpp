@@ -3,9 +3,9 @@
 #include "backup/ImportCommands.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/Progress.h"
 #include "cli/Commands.h"
 #include "cli/Session.h"
-#include "cli/SilentProgress.h"
 
 #include <algorithm>
 #include <memory>
@@ -68,13 +68,14 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
     if (!wad) {
         return ExitStatus::Refused;
     }
-    if (const Problem problem =
-            refuseOwnFile(arguments.file, session->catalogue.file().path, console.programFolder)) {
-        return console.dialogs.refuse(problem->text);
-    }
     const ExportMode mode = modeNamed(arguments.mode);
-    const ExportRequest request{mode, listForExport(session->catalogue, mode, wad->letter), arguments.file,
-                                arguments.withSamples, session->paths.samples};
+    const ExportRequest request{mode,
+                                listForExport(session->catalogue, mode, wad->letter),
+                                arguments.file,
+                                arguments.withSamples,
+                                session->paths.samples,
+                                session->catalogue.file().path,
+                                console.programFolder};
     if (!confirmExport(request, console.dialogs)) {
         return ExitStatus::Refused;
     }

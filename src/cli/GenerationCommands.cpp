@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/Progress.h"
 #include "base/TextFile.h"
 #include "cli/Commands.h"
 #include "cli/Session.h"
-#include "cli/SilentProgress.h"
 #include "generation/RestoreDefaults.h"
 #include "generation/ScriptStatistics.h"
 #include "generation/SfxGeneration.h"
@@ -88,7 +88,7 @@ ExitStatus restore(const RestoreChoice& choice, Console& console)
         return ExitStatus::WrongUsage;
     }
     const std::optional<ProgramSettings> settings = openSettings(console);
-    const std::optional<ChangeLock> lock = settings ? lockForChanges(console) : std::nullopt;
+    const std::optional<ProcessLock> lock = settings ? lockForChanges(console) : std::nullopt;
     if (!lock) {
         return ExitStatus::FileFailure;
     }

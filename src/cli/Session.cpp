@@ -10,7 +10,7 @@ namespace tavrel {
 
 namespace {
 
-std::optional<Session> load(ProgramSettings settings, ChangeLock lock, Console& console)
+std::optional<Session> load(ProgramSettings settings, ProcessLock lock, Console& console)
 {
     const LevelEditorPaths paths = derivePaths(settings.LevelEditorFolder);
     Result<LoadedSession> loaded =
@@ -51,9 +51,9 @@ std::optional<ProgramSettings> openSettings(Console& console)
     return std::move(loaded.settings);
 }
 
-std::optional<ChangeLock> lockForChanges(Console& console)
+std::optional<ProcessLock> lockForChanges(Console& console)
 {
-    Result<ChangeLock> lock = lockChanges(console.programFolder, std::chrono::seconds(30));
+    Result<ProcessLock> lock = takeLock(console.programFolder, changesLock, std::chrono::seconds(30));
     if (!lock) {
         console.dialogs.fail(lock.failure());
         return std::nullopt;
@@ -70,7 +70,7 @@ std::optional<Session> openSession(Console& console)
 std::optional<Session> openSessionToChange(Console& console, const std::optional<std::string>& wadName)
 {
     std::optional<ProgramSettings> settings = openSettings(console);
-    std::optional<ChangeLock> lock = settings ? lockForChanges(console) : std::nullopt;
+    std::optional<ProcessLock> lock = settings ? lockForChanges(console) : std::nullopt;
     std::optional<Session> session =
         lock ? load(std::move(*settings), std::move(*lock), console) : std::nullopt;
     if (session && wadName && session->references.findWad(*wadName) == nullptr) {

@@ -3,7 +3,7 @@
 
 #include "app/ProgramSettings.h"
 #include "app/SessionLoading.h"
-#include "catalogue/ChangeLock.h"
+#include "base/ProcessLock.h"
 #include "cli/Console.h"
 #include "references/LetterList.h"
 
@@ -16,12 +16,12 @@ namespace tavrel {
 std::optional<ProgramSettings> openSettings(Console& console);
 
 // Waits while another window or command changes the files. Nothing, and a message, when that lasts too long.
-std::optional<ChangeLock> lockForChanges(Console& console);
+std::optional<ProcessLock> lockForChanges(Console& console);
 
 // What the commands on the catalogue work on.
 struct Session
 {
-    ChangeLock lock; // none for a command that only reads
+    ProcessLock lock; // none for a command that only reads
     ProgramSettings settings;
     LevelEditorPaths paths;
     ReferenceRegister references;

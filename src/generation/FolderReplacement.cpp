@@ -20,18 +20,13 @@ namespace {
 constexpr std::string_view incomingSuffix = "_incoming";
 constexpr std::string_view replacedSuffix = "_replaced";
 
-fs::path withSuffix(fs::path folder, std::string_view suffix)
-{
-    return folder += suffix;
-}
-
 fs::path freeName(const fs::path& folder)
 {
     std::error_code ignored;
     fs::path name;
     int number = 0;
     do {
-        name = withSuffix(folder, "_" + std::to_string(++number));
+        name = withEnding(folder, "_" + std::to_string(++number));
     } while (fs::exists(fs::symlink_status(name, ignored)));
     return name;
 }
@@ -61,8 +56,8 @@ class Replacement
 {
 public:
     Replacement(const std::vector<FolderEntry>& files, const fs::path& folder)
-        : m_files(files), m_folder(folder), m_incoming(withSuffix(folder, incomingSuffix)),
-          m_replaced(withSuffix(folder, replacedSuffix))
+        : m_files(files), m_folder(folder), m_incoming(withEnding(folder, incomingSuffix)),
+          m_replaced(withEnding(folder, replacedSuffix))
     {}
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
@@ -258,8 +253,8 @@ Problem replaceFiles(const std::vector<FolderEntry>& files, const fs::path& fold
 
 Problem cutShortReplacement(const fs::path& folder)
 {
-    const fs::path incoming = withSuffix(folder, incomingSuffix);
-    const fs::path replaced = withSuffix(folder, replacedSuffix);
+    const fs::path incoming = withEnding(folder, incomingSuffix);
+    const fs::path replaced = withEnding(folder, replacedSuffix);
     std::error_code ignored;
     if (!fs::is_directory(incoming, ignored) || !fs::is_directory(replaced, ignored)) {
         return std::nullopt;

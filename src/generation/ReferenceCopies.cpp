@@ -2,6 +2,7 @@
 #include "generation/ReferenceCopies.h"
 
 #include "base/CodePage.h"
+#include "base/Progress.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
 #include "catalogue/ApplyChanges.h"
@@ -25,13 +26,6 @@ BilingualText sizeText(const FolderSize& size)
     const std::string bytes = std::to_string(size.bytes);
     return {files + " files and " + bytes + " bytes", files + " fichiers et " + bytes + " octets"};
 }
-
-// Nobody waits at a window for these copies.
-class NoProgress : public Progress
-{
-public:
-    bool show(std::size_t /*done*/, std::size_t /*total*/) override { return true; }
-};
 
 void left(TakenCopies& taken, std::string_view name, const BilingualText& why)
 {
@@ -87,7 +81,7 @@ void takeFolder(TakenCopies& taken, const ReferenceFolder& reference, const fs::
         return;
     }
     const Result<std::vector<FolderEntry>> oldFiles = filesIn(target);
-    NoProgress progress;
+    SilentProgress progress;
     const Problem problem = oldFiles ? replaceFiles(*files, target, *oldFiles, progress) : oldFiles.failure();
     if (problem) {
         left(taken, reference.name, problem->text);

@@ -23,7 +23,6 @@ namespace {
 
 constexpr std::string_view batchFileName = "CreateSFX.bat";
 constexpr std::string_view outputFileName = "CreateSFX.log";
-constexpr std::string_view lockFileName = "CreateSFX.lock";
 constexpr std::string_view letterOfAllLevels = "#g";
 
 bool isFolder(const fs::path& path)
@@ -184,13 +183,15 @@ SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Prog
     if (findWrongSample(request.catalogue, request.wad, request.samplesFolder, progress)) {
         return Begun::WrongSample;
     }
-    if (!lock(request)) {
+    Result<ProcessLock> lock = takeLock(request.programFolder, generationLock, std::chrono::seconds(0));
+    if (!lock) {
+        refuse(lock.failure().text);
         return Begun::NotStarted;
     }
     if (!start(request, now)) {
-        m_lock.reset();
         return Begun::NotStarted;
     }
+    m_lock = std::move(*lock);
     return Begun::Started;
 }
 
@@ -283,21 +284,6 @@ bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
     return m_dialogs.ask(question) == Answer::Yes;
 }
 
-// As with changes, where the program folder takes no lock the work goes on without one.
-bool SfxGeneration::lock(const GenerationRequest& request)
-{
-    auto lock = std::make_unique<system::FileLock>();
-    if (lock->take(fileIn(request.programFolder, lockFileName)) ==
-        std::errc::resource_unavailable_try_again) {
-        refuse({"Another window or command of Tavrel is generating. Try again when it is done.",
-                "Une autre fenêtre ou commande de Tavrel est en train de générer. Réessayez quand elle aura "
-                "fini."});
-        return false;
-    }
-    m_lock = std::move(lock);
-    return true;
-}
-
 bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point now)
 {
     m_batchFile = fileIn(request.creatorFolder, batchFileName);
@@ -325,7 +311,7 @@ bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point no
     }
     m_running = std::move(*running);
     m_phase = Phase::Waiting;
-    m_lastSeen.clear();
+    m_lastSeen.reset();
     m_lastChange = now;
     m_summary = {};
     m_summaryWasShown = false;
@@ -337,7 +323,8 @@ SfxGeneration::Phase SfxGeneration::look(Clock::time_point now)
     if (m_phase == Phase::Waiting) {
         // The batch file deletes the .sfx file only after it was copied.
         const Result<FileStates> files = filesOf(m_batchFile.parent_path(), ".sfx");
-        if ((files && files->empty()) || wantsToStop(files ? *files : m_lastSeen, now)) {
+        if ((files && files->empty()) ||
+            wantsToStop(files ? *files : m_lastSeen.value_or(FileStates()), now)) {
             m_phase = Phase::ConsoleOpen;
         }
     }
@@ -372,7 +359,7 @@ bool SfxGeneration::wantsToStop(FileStates files, Clock::time_point now)
             names + BilingualText("\nStop waiting?", "\nArrêter d'attendre ?"),
         Buttons::YesNo};
     const bool stops = m_dialogs.ask(question) == Answer::Yes;
-    m_lastSeen.clear(); // the patience begins anew, and the time for the answer does not count
+    m_lastSeen.reset(); // the patience begins anew, and the time for the answer does not count
     return stops;
 }
 

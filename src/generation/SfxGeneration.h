@@ -3,8 +3,8 @@
 
 #include "base/BatchRunner.h"
 #include "base/Dialogs.h"
+#include "base/ProcessLock.h"
 #include "base/Progress.h"
-#include "base/System.h"
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
 
@@ -97,7 +97,6 @@ private:
     bool mayBegin(const GenerationRequest& request);
     bool confirm(const GenerationRequest& request);
     bool mayMoveOtherFiles(const GenerationRequest& request);
-    bool lock(const GenerationRequest& request);
     bool start(const GenerationRequest& request, Clock::time_point now);
     bool wantsToStop(FileStates files, Clock::time_point now);
     void end();
@@ -111,14 +110,14 @@ private:
     BatchRunner& m_runner;
     Dialogs& m_dialogs;
     Phase m_phase = Phase::Idle;
-    std::unique_ptr<system::FileLock> m_lock; // two batch files of one name would be in each other's way
+    ProcessLock m_lock;
     std::unique_ptr<RunningBatch> m_running;
     std::filesystem::path m_batchFile;
     std::filesystem::path m_output;
     std::filesystem::path m_wadsFolder;
     std::string m_wadName;
     FileStates m_resultsBefore;
-    FileStates m_lastSeen;
+    std::optional<FileStates> m_lastSeen;
     Clock::time_point m_lastChange;
     BilingualText m_summary;
     bool m_summaryWasShown = false;

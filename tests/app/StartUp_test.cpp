@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StartUp.h"
 #include "base/CodePage.h"
-#include "catalogue/ChangeLock.h"
+#include "base/ProcessLock.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
 
@@ -245,7 +245,7 @@ TEST_F(StartUp, ClearsUpAfterInterruptedWrites)
         writeBytes(file, "half");
     }
     ScriptedDialogs dialogs;
-    Result<ChangeLock> command = lockChanges(demo.program, std::chrono::seconds(0));
+    Result<ProcessLock> command = takeLock(demo.program, changesLock, std::chrono::seconds(0));
     ASSERT_TRUE(command);
     ASSERT_TRUE(start(dialogs));
     for (const fs::path& file : leftovers) {

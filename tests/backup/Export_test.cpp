@@ -81,7 +81,7 @@ class ExportFile : public testing::Test
 protected:
     ExportRequest request(ExportMode mode, const fs::path& name)
     {
-        return {mode, listForExport(sample(), mode, "oa"), root / name, false, root / "samples"};
+        return {mode, listForExport(sample(), mode, "oa"), root / name, false, root / "samples", {}, {}};
     }
 
     TemporaryFolder root;
@@ -205,7 +205,7 @@ TEST_F(ExportFile, NamesTheLinesThatAreCut)
                                             {"C:>c#1>VOL44>>#oa", "C:>c>VOL11>>"},
                                             {"D:>d>#oa>VOL44", "D:>d>#oa>VOL11"}});
     for (const ExportMode mode : {ExportMode::Modified, ExportMode::ModifiedAndAdded, ExportMode::All}) {
-        const ExportRequest asked{mode, listForExport(cut, mode, "oa"), root / "a.tox", false, {}};
+        const ExportRequest asked{mode, listForExport(cut, mode, "oa"), root / "a.tox", false, {}, {}, {}};
         ScriptedDialogs dialogs{Answer::No};
         EXPECT_FALSE(confirmExport(asked, dialogs));
         EXPECT_EQ(

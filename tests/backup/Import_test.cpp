@@ -343,7 +343,8 @@ TEST(ExchangeRoundTrip, ABackupBringsEveryByteBack)
     writeBytes(folders.sounds, textOf(work));
     SoundCatalogue catalogue = loadedFrom(folders);
     const fs::path file = folders.root / "all.tob";
-    const ExportRequest all{ExportMode::All, listForExport(catalogue, ExportMode::All, ""), file, false, {}};
+    const ExportRequest all{
+        ExportMode::All, listForExport(catalogue, ExportMode::All, ""), file, false, {}, {}, {}};
     ScriptedDialogs dialogs{Answer::Yes, Answer::Yes};
     ASSERT_TRUE(confirmExport(all, dialogs));
     ASSERT_TRUE(saveExport(all, progress).saved);
@@ -377,11 +378,15 @@ TEST(ExchangeRoundTrip, AnExchangeKeepsTheLettersOfTheOtherSide)
     const std::string changed = "CROC_ATTACK:\t\tother\t\t\tVOL33\t\t\t\t\t#oa";
     ASSERT_FALSE(catalogue.setCurrentLine(80, changed));
     const fs::path file = mine.root / "oasis.tox";
-    ASSERT_TRUE(
-        saveExport(
-            {ExportMode::Modified, listForExport(catalogue, ExportMode::Modified, "oa"), file, false, {}},
-            progress)
-            .saved);
+    ASSERT_TRUE(saveExport({ExportMode::Modified,
+                            listForExport(catalogue, ExportMode::Modified, "oa"),
+                            file,
+                            false,
+                            {},
+                            {},
+                            {}},
+                           progress)
+                    .saved);
     SoundCatalogue target = loadedFrom(theirs);
     ASSERT_FALSE(target.setCurrentLine(80, target.currentLine(80) + "#q1 #q2"));
     const Result<ImportFile> read = readImportFile(file, target, "ne");

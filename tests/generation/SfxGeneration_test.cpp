@@ -296,6 +296,19 @@ TEST_F(SfxGenerationTest, FilesThatAnEarlierRunLeftAreNoResults)
     }
 }
 
+TEST_F(SfxGenerationTest, AFolderThatCannotBeListedIsNoResult)
+{
+    ASSERT_EQ(beginWith({Answer::Ok}), Begun::Started);
+    fs::rename(creator, root / "away");
+    EXPECT_EQ(lookAfter(3s), Phase::Waiting);
+    dialogs.prepareAnswer(Answer::No);
+    EXPECT_EQ(lookAfter(34s), Phase::Waiting);
+    EXPECT_EQ(lookAfter(35s), Phase::Waiting) << "asked anew only after a while";
+    EXPECT_EQ(dialogs.said().size(), 2U);
+    fs::rename(root / "away", creator);
+    EXPECT_EQ(lookAfter(36s), Phase::ConsoleOpen);
+}
+
 TEST_F(SfxGenerationTest, QuittingTakesTheBatchFileAwayWhenItHasDoneItsWork)
 {
     writeBytes(wads / "oasis.sam", "");

@@ -10,12 +10,6 @@
 
 namespace {
 
-class NoProgress : public tavrel::Progress
-{
-public:
-    bool show(std::size_t /*done*/, std::size_t /*total*/) override { return true; }
-};
-
 int ended(bool well, const std::optional<tavrel::Message>& report)
 {
     if (report) {
@@ -38,11 +32,12 @@ int main(int argc, char* argv[])
     if (!loaded) {
         return 2;
     }
-    NoProgress progress;
+    SilentProgress progress;
     if (std::string_view(argv[1]) == "export") {
-        const ExportOutcome outcome = saveExport(
-            {ExportMode::All, listForExport(loaded->catalogue, ExportMode::All, ""), argv[4], true, argv[5]},
-            progress);
+        const ExportOutcome outcome =
+            saveExport({ExportMode::All, listForExport(loaded->catalogue, ExportMode::All, ""), argv[4], true,
+                        argv[5], loaded->catalogue.file().path, argv[2]},
+                       progress);
         return ended(outcome.saved, outcome.report);
     }
     const Result<ImportFile> file = readImportFile(argv[4], loaded->catalogue, "oa");

@@ -6,16 +6,6 @@
 
 #include <cstdio>
 
-namespace {
-
-class Unseen : public tavrel::Progress
-{
-public:
-    bool show(std::size_t /*done*/, std::size_t /*total*/) override { return true; }
-};
-
-} // namespace
-
 // 0 when the files were replaced, 1 when not.
 int main(int argc, char* argv[])
 {
@@ -28,7 +18,7 @@ int main(int argc, char* argv[])
     if (!files || !oldFiles) {
         return 1;
     }
-    Unseen progress;
+    tavrel::SilentProgress progress;
     const tavrel::Problem problem = tavrel::replaceFiles(*files, argv[2], *oldFiles, progress);
     if (problem) {
         std::puts(problem->text.english.c_str());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MainWindow.h"
-#include "catalogue/ChangeLock.h"
+#include "base/ProcessLock.h"
 #include "ui/Text.h"
 
 #include <QApplication>
@@ -49,7 +49,7 @@ TEST_F(MainWindowTest, appliesNothingWhileACommandIsAtWork)
     type("TxVOL", "8");
     click("CdValidW");
     const std::string before = readBytes(folders.sounds);
-    Result<ChangeLock> command = lockChanges(folders.program, std::chrono::seconds(0));
+    Result<ProcessLock> command = takeLock(folders.program, changesLock, std::chrono::seconds(0));
     ASSERT_TRUE(command);
     click("CdApply");
     EXPECT_NE(dialogs.said().back().text.english.find("at work on the same files"), std::string::npos);
