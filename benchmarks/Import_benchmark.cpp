@@ -35,7 +35,7 @@ public:
     }
 
     fs::path root = fs::temp_directory_path() / "tavrel-import-benchmark";
-    ImportFolders folders{root / "program", root / "wads"};
+    Places places{root / "program", {}, {}, {}, root / "wads"};
 };
 
 // Half of the lines are among the saved ones.

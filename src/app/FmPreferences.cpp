@@ -77,6 +77,11 @@ void showPreferencesCaptions(QWidget& window, Language language)
           "Autoriser le chargement du WAD une fois des modifications apportées"},
          {"Importing a SAM or WAS file puts back the lines saved for the WAD",
           "L'import d'un fichier SAM ou WAS remet les lignes enregistrées pour le WAD"}},
+        {"CkComments",
+         {"Keep the comments and blank lines of sounds.txt",
+          "Conserver les commentaires et lignes vides de sounds.txt"},
+         {"They are written back where they stood, and lines that nobody changed stay as they are",
+          "Ils sont réécrits à leur place, et les lignes que personne n'a modifiées restent telles quelles"}},
         {"LbEditor", {"Level editor folder", "Répertoire de l'éditeur de niveaux"}, {}},
         {"CdSelLE",
          {"Select Level editor", "Choisir l'éditeur de niveaux"},
@@ -101,13 +106,15 @@ void showPreferencesCaptions(QWidget& window, Language language)
 
 } // namespace
 
-FmPreferences::FmPreferences(QWidget* parent, const ProgramSettings& settings, PreferencesDoors doors)
+FmPreferences::FmPreferences(QWidget* parent, const ProgramSettings& settings, const Options& options,
+                             PreferencesDoors doors)
     : TitledWindow(parent), m_doors(std::move(doors)), m_normalNotepad(named(new QRadioButton, "OpNotPad0")),
       m_maximisedNotepad(named(new QRadioButton, "OpNotPad1")),
       m_english(named(new QRadioButton("English"), "OpLang0")),
       m_french(named(new QRadioButton("Français"), "OpLang1")),
       m_protectedEditable(named(new QCheckBox, "CkEmpty")),
-      m_loadAfterChanges(named(new QCheckBox, "CkLoadSAM")), m_folder(makeElidedLabel("LbPath")),
+      m_loadAfterChanges(named(new QCheckBox, "CkLoadSAM")),
+      m_keepComments(named(new QCheckBox, "CkComments")), m_folder(makeElidedLabel("LbPath")),
       m_selectEditor(makeButton("CdSelLE", Glyph::OpenFile)),
       m_colours(makeButton("CdColor", Glyph::Colours)), m_doubles(makeButton("CdDoub", Glyph::CopyLine)),
       m_restore(makeButton("CdDefaut", Glyph::RestoreLine)), m_ok(makeButton("CdOK", Glyph::Close))
@@ -116,6 +123,7 @@ FmPreferences::FmPreferences(QWidget* parent, const ProgramSettings& settings, P
     setWindowModality(Qt::ApplicationModal);
     layOut();
     showSettings(settings);
+    m_keepComments->setChecked(options.flag(options::keepComments));
     showLanguage(settings.language);
     connect(m_french, &QRadioButton::toggled, this, [this](bool french) {
         const Language language = french ? Language::French : Language::English;
@@ -165,7 +173,7 @@ void FmPreferences::layOut()
     content().setContentsMargins(margin, margin, margin, margin);
     content().setSpacing(margin);
     content().addLayout(columns);
-    content().addLayout(makeGroup("LbOptions", {m_protectedEditable, m_loadAfterChanges}));
+    content().addLayout(makeGroup("LbOptions", {m_protectedEditable, m_loadAfterChanges, m_keepComments}));
     content().addWidget(makeHeading("LbEditor"));
     content().addLayout(editor);
     content().addLayout(closing);
@@ -194,8 +202,9 @@ void FmPreferences::showFolder(const std::string& folder)
     m_folder->setText(fromCodePage(folder));
 }
 
-void FmPreferences::storeIn(ProgramSettings& settings) const
+void FmPreferences::storeIn(ProgramSettings& settings, Options& options) const
 {
+    options.setFlag(options::keepComments, m_keepComments->isChecked());
     settings.protectedLinesEditable = m_protectedEditable->isChecked();
     settings.loadWadAfterChanges = m_loadAfterChanges->isChecked();
     settings.notepadMode = m_normalNotepad->isChecked() ? WindowMode::Normal : WindowMode::Maximised;

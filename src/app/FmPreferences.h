@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/ProgramSettings.h"
+#include "settings/Options.h"
+#include "settings/ProgramSettings.h"
 #include "ui/TitledWindow.h"
 
 #include <array>
@@ -32,10 +33,11 @@ class FmPreferences : public TitledWindow
     Q_OBJECT
 
 public:
-    FmPreferences(QWidget* parent, const ProgramSettings& settings, PreferencesDoors doors);
+    FmPreferences(QWidget* parent, const ProgramSettings& settings, const Options& options,
+                  PreferencesDoors doors);
 
     // Everything but the language, which changes at once.
-    void storeIn(ProgramSettings& settings) const;
+    void storeIn(ProgramSettings& settings, Options& options) const;
 
 private:
     void layOut();
@@ -51,6 +53,7 @@ private:
     QRadioButton* m_french;
     QCheckBox* m_protectedEditable;
     QCheckBox* m_loadAfterChanges;
+    QCheckBox* m_keepComments;
     QLabel* m_folder;
     QPushButton* m_selectEditor;
     QPushButton* m_colours;

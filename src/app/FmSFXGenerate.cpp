@@ -1,42 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window's generation of sound files, the restore of original files, the statistics of the script.
+// The main window's generation of sound files, and the restore of original files.
 #include "app/FmSFX.h"
 #include "app/StatusProgress.h"
-#include "base/CodePage.h"
+#include "base/ProcessLock.h"
 #include "base/Titles.h"
 #include "generation/FmDefault.h"
-#include "generation/FmStats.h"
 #include "generation/RestoreDefaults.h"
 
 #include <QApplication>
-#include <QPushButton>
 
 namespace tavrel {
 
-FmSFX::~FmSFX() = default;
-
-void FmSFX::connectGenerationControls()
-{
-    connect(m_controls.CdCopy, &QPushButton::clicked, this, &FmSFX::generate);
-    connect(m_controls.CdStats, &QPushButton::clicked, this, &FmSFX::openStatistics);
-    m_results.setObjectName("TmSFX");
-    m_results.setSingleShot(true);
-    m_results.setTimerType(Qt::PreciseTimer); // a coarse one comes too early
-    connect(&m_results, &QTimer::timeout, this, &FmSFX::lookForResults);
-}
-
 void FmSFX::generate()
 {
-    showInfo({});
+    say({});
     m_results.stop(); // a look in the middle of the pass would end it
-    m_busy = std::make_unique<StatusProgress>(*this, m_controls, m_settings.language);
-    const GenerationRequest request{m_catalogue,
-                                    m_wad,
-                                    m_catalogue.pending() || m_editor.edited(),
-                                    m_context.programFolder,
-                                    m_paths.creator,
-                                    m_paths.samples,
-                                    m_paths.wads};
+    m_busy = std::make_unique<StatusProgress>(*this, *m_status, settings().language);
+    const Places& places = m_session.places();
+    const GenerationRequest request{
+        catalogue(),    m_session.wad(), m_session.pending() || m_selection.edited(),
+        places.program, places.creator,  places.samples,
+        places.wads};
     switch (m_generation.begin(request, *m_busy, SfxGeneration::Clock::now())) {
     case SfxGeneration::Begun::Started:
         m_busy->wait();
@@ -70,52 +54,41 @@ void FmSFX::lookForResults()
         m_busy.reset();
     }
     if (phase == SfxGeneration::Phase::Idle) {
-        showInfo(m_generation.summary());
+        say(m_generation.summary());
     } else {
         m_results.start(SfxGeneration::nextLook);
     }
 }
 
-void FmSFX::openStatistics()
-{
-    // Of the folder that the settings file names by now.
-    std::string folder = LoadSettings(m_context.programFolder).settings.LevelEditorFolder;
-    if (folder.empty()) {
-        folder = m_settings.LevelEditorFolder;
-    }
-    FmStats(this, scriptFile(nativePath(folder)), m_context.dialogs).exec();
-}
-
 void FmSFX::openRestore(QWidget* parent)
 {
-    FmDefault chooser(parent, m_settings.language, m_context.dialogs);
+    FmDefault chooser(parent, settings().language, m_context.dialogs);
     if (chooser.exec() != QDialog::Accepted) {
         return;
     }
-    const std::optional<ProcessLock> lock = lockForChanges(titles::restore);
+    const Result<ProcessLock> lock = takeLock(m_context.programFolder, changesLock, std::chrono::seconds(2));
     if (!lock) {
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::restore, lock.failure().text});
         return;
     }
-    m_busy = std::make_unique<StatusProgress>(*this, m_controls, m_settings.language);
-    const RestoreContext context{m_context.programFolder,
-                                 m_paths.creator,
-                                 m_paths.samples,
-                                 m_paths.wads,
-                                 [this] { m_context.player.stop(); },
-                                 *m_busy,
-                                 m_context.dialogs};
+    m_busy = std::make_unique<StatusProgress>(*this, *m_status, settings().language);
+    const Places& places = m_session.places();
+    const RestoreContext context{
+        places.program, places.creator,   places.samples, places.wads, [this] { m_context.player.stop(); },
+        *m_busy,        m_context.dialogs};
     if (restoreDefaults(chooser.choice(), context).catalogueReplaced) {
-        m_catalogueReplaced = true;
+        m_session.setReplaced(true);
     }
     m_busy.reset();
 }
 
 bool FmSFX::offerReload()
 {
-    const bool hasWork = m_catalogue.pending() || m_editor.edited();
-    if (!std::exchange(m_catalogueReplaced, false)) {
+    if (!m_session.wasReplaced()) {
         return true;
     }
+    m_session.setReplaced(false);
+    const bool hasWork = m_session.pending() || m_selection.edited();
     return wantsReload(hasWork, m_context.dialogs) && reload();
 }
 

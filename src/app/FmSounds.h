@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/SoundsText.h"
 #include "base/BilingualText.h"
 #include "base/ColourScheme.h"
+#include "catalogue/SoundsText.h"
 #include "ui/TitledWindow.h"
 
 class QCheckBox;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/HelpWindow.h"
 
-#include "app/HelpText.h"
+#include "settings/HelpText.h"
 #include "ui/FmHelp.h"
 
 #include <QtGlobal>

@@ -23,18 +23,16 @@ void SoundListModel::rebuild(bool showGlobals)
     endResetModel();
 }
 
-void SoundListModel::refresh(std::size_t number)
+void SoundListModel::refresh(std::span<const std::size_t> numbers)
 {
-    const QModelIndex index = indexOf(number);
-    if (index.isValid()) {
-        Q_EMIT dataChanged(index, index);
+    if (numbers.empty()) {
+        return;
     }
-}
-
-void SoundListModel::refreshAll()
-{
-    if (!m_numbers.empty()) {
-        Q_EMIT dataChanged(index(0), index(static_cast<int>(m_numbers.size()) - 1));
+    const auto first = std::ranges::lower_bound(m_numbers, numbers.front());
+    const auto end = std::ranges::upper_bound(m_numbers, numbers.back());
+    if (first < end) {
+        Q_EMIT dataChanged(index(static_cast<int>(first - m_numbers.begin())),
+                           index(static_cast<int>(end - m_numbers.begin()) - 1));
     }
 }
 

@@ -24,9 +24,8 @@ public:
 
     // After a load, or when the choice of rows changes.
     void rebuild(bool showGlobals);
-    // After a change of the sound's line, or of many.
-    void refresh(std::size_t number);
-    void refreshAll();
+    // After a change of the sounds' lines; the numbers ascend.
+    void refresh(std::span<const std::size_t> numbers);
 
     std::span<const std::size_t> numbers() const { return m_numbers; }
     std::optional<std::size_t> numberAt(const QModelIndex& index) const;

@@ -10,8 +10,8 @@
 
 namespace tavrel {
 
-StatusProgress::StatusProgress(QWidget& window, const FmSFXControls& controls, Language language)
-    : m_window(window), m_controls(controls), m_language(language), m_focus(window.focusWidget())
+StatusProgress::StatusProgress(QWidget& window, StatusRow& row, Language language)
+    : m_window(window), m_row(row), m_language(language), m_focus(window.focusWidget())
 {}
 
 StatusProgress::~StatusProgress()
@@ -19,10 +19,10 @@ StatusProgress::~StatusProgress()
     if (!m_begun) {
         return;
     }
-    setPaper(*m_controls.LbInfo, false);
-    m_controls.LbInfo->clear();
-    m_controls.PbBusy->hide();
-    m_controls.LbPath->show();
+    setPaper(m_row.info(), false);
+    m_row.info().clear();
+    m_row.bar().hide();
+    m_row.setFolderVisible(true);
     if (!m_window.isEnabled()) {
         m_window.setEnabled(true);
         if (m_focus) {
@@ -39,11 +39,11 @@ void StatusProgress::begin()
     }
     m_begun = true;
     m_pointer.emplace();
-    m_controls.LbPath->hide();
-    m_controls.PbBusy->setRange(0, 0);
-    m_controls.PbBusy->show();
-    setPaper(*m_controls.LbInfo, true);
-    setPaperText(*m_controls.LbInfo, {});
+    m_row.setFolderVisible(false);
+    m_row.bar().setRange(0, 0);
+    m_row.bar().show();
+    setPaper(m_row.info(), true);
+    setPaperText(m_row.info(), {});
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); // lays the row out
     m_painted.start();
 }
@@ -51,8 +51,8 @@ void StatusProgress::begin()
 bool StatusProgress::show(std::size_t done, std::size_t total)
 {
     begin();
-    m_controls.PbBusy->setRange(0, static_cast<int>(total));
-    m_controls.PbBusy->setValue(static_cast<int>(done));
+    m_row.bar().setRange(0, static_cast<int>(total));
+    m_row.bar().setValue(static_cast<int>(done));
     constexpr qint64 paintingMilliseconds = 30;
     if (m_painted.elapsed() >= paintingMilliseconds) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -64,22 +64,22 @@ bool StatusProgress::show(std::size_t done, std::size_t total)
 void StatusProgress::say(const BilingualText& text)
 {
     begin();
-    setPaperText(*m_controls.LbInfo, inLanguage(text, m_language));
-    m_controls.LbInfo->repaint();
+    setPaperText(m_row.info(), inLanguage(text, m_language));
+    m_row.info().repaint();
 }
 
 void StatusProgress::alarm()
 {
     m_pointer.reset();
-    setPaperText(*m_controls.LbInfo, m_controls.LbInfo->text(), true);
+    setPaperText(m_row.info(), m_row.info().text(), true);
 }
 
 void StatusProgress::wait()
 {
     begin();
-    setPaper(*m_controls.LbInfo, false);
-    m_controls.LbInfo->clear();
-    m_controls.PbBusy->setRange(0, 0);
+    setPaper(m_row.info(), false);
+    m_row.info().clear();
+    m_row.bar().setRange(0, 0);
     m_window.setEnabled(false);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/FmSFXControls.h"
+#include "app/StatusRow.h"
 #include "base/Progress.h"
 #include "ui/BusyPointer.h"
 
@@ -17,7 +17,7 @@ namespace tavrel {
 class StatusProgress : public Progress
 {
 public:
-    StatusProgress(QWidget& window, const FmSFXControls& controls, Language language);
+    StatusProgress(QWidget& window, StatusRow& row, Language language);
     StatusProgress(const StatusProgress&) = delete;
     StatusProgress& operator=(const StatusProgress&) = delete;
     ~StatusProgress() override;
@@ -34,7 +34,7 @@ private:
     void begin();
 
     QWidget& m_window;
-    const FmSFXControls& m_controls;
+    StatusRow& m_row;
     Language m_language;
     QPointer<QWidget> m_focus; // gets it back
     std::optional<BusyPointer> m_pointer;

@@ -2,9 +2,9 @@
 #include "app/FmLanguage.h"
 #include "app/FmSFX.h"
 #include "app/HelpWindow.h"
-#include "app/ProgramFolder.h"
-#include "app/StartUp.h"
 #include "samples/SystemPlayer.h"
+#include "session/StartUp.h"
+#include "settings/ProgramFolder.h"
 #include "ui/Icons.h"
 #include "ui/Motion.h"
 #include "ui/QtDialogs.h"
@@ -94,8 +94,7 @@ int main(int argc, char* argv[])
     tavrel::FmSFX window(
         {programFolder, dialogs, programs, *player, *batches, tavrel::systemLikesMotion(), speak}, *session);
     window.show();
-    const auto paths = tavrel::derivePaths(session->settings.LevelEditorFolder);
-    if (const auto warning = tavrel::writabilityWarning(programFolder, paths)) {
+    if (const auto warning = tavrel::writabilityWarning(window.session().places())) {
         dialogs.show(*warning);
     }
     window.load();

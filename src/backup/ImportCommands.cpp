@@ -278,11 +278,26 @@ ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& reques
     return outcome.complete ? copyImportedSamples(request, progress) : outcome;
 }
 
+namespace {
+
+BilingualText stepLabelOf(const ImportRequest& request)
+{
+    BilingualText label = actionOf(request.file.kind) + (", " + displayPath(request.file.path.filename()));
+    if (request.withSamples) {
+        label += BilingualText(" (the copied samples stay)", " (les samples copiés restent)");
+    }
+    return label;
+}
+
+} // namespace
+
 ImportOutcome importLines(SoundCatalogue& catalogue, const ImportRequest& request)
 {
     Result<std::vector<SoundCatalogue::LineChange>> changes = plan(request, catalogue);
-    const Problem problem =
-        changes ? catalogue.setCurrentLines(std::move(*changes)) : Problem(changes.failure());
+    const Problem problem = [&] {
+        const Step step(catalogue, stepLabelOf(request));
+        return changes ? catalogue.setCurrentLines(std::move(*changes)) : Problem(changes.failure());
+    }();
     if (problem) {
         return {false, false, report(request, MessageIcon::Exclamation, problem->text)};
     }

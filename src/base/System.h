@@ -48,6 +48,29 @@ private:
     std::intptr_t m_handle = none;
 };
 
+// A file that grows, record by record, and belongs to the process that made it.
+class AppendFile
+{
+public:
+    AppendFile() = default;
+    AppendFile(const AppendFile&) = delete;
+    AppendFile& operator=(const AppendFile&) = delete;
+    ~AppendFile();
+
+    // Makes the file, which must not exist yet.
+    std::error_code create(const std::filesystem::path& file);
+    bool isOpen() const { return m_handle != none; }
+    // Returns once the bytes are on the disk.
+    std::error_code append(std::string_view bytes);
+    void close();
+
+private:
+    static constexpr std::intptr_t none = -1;
+    std::intptr_t m_handle = none;
+};
+// Whether the process that made it as an AppendFile lives and has not closed it.
+bool isOpenForAppending(const std::filesystem::path& file);
+
 // Another program holds the file right now; it may let go of it in a moment.
 bool isPassing(const std::error_code& error);
 

@@ -125,6 +125,46 @@ std::error_code moveToNewName(const std::filesystem::path& from, const std::file
     return errno == ENOENT ? replaceFile(from, to) : lastError();
 }
 
+AppendFile::~AppendFile()
+{
+    close();
+}
+
+std::error_code AppendFile::create(const std::filesystem::path& file)
+{
+    close();
+    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
+    if (descriptor < 0) {
+        return lastError();
+    }
+    ::flock(descriptor, LOCK_EX | LOCK_NB); // where the disk knows no locks, it has one owner all the same
+    m_handle = descriptor;
+    return {};
+}
+
+std::error_code AppendFile::append(std::string_view bytes)
+{
+    const int descriptor = static_cast<int>(m_handle);
+    if (const std::error_code error = writeAll(descriptor, bytes)) {
+        return error;
+    }
+    return ::fdatasync(descriptor) == 0 ? std::error_code() : lastError();
+}
+
+void AppendFile::close()
+{
+    if (isOpen()) {
+        ::close(static_cast<int>(std::exchange(m_handle, none)));
+    }
+}
+
+bool isOpenForAppending(const std::filesystem::path& file)
+{
+    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    return descriptor.isOpen() && ::flock(descriptor.number(), LOCK_EX | LOCK_NB) != 0 &&
+           errno == EWOULDBLOCK;
+}
+
 FileLock::~FileLock()
 {
     if (m_handle != none) {

@@ -93,6 +93,52 @@ std::error_code moveToNewName(const std::filesystem::path& from, const std::file
                                                                               : lastError();
 }
 
+AppendFile::~AppendFile()
+{
+    close();
+}
+
+std::error_code AppendFile::create(const std::filesystem::path& file)
+{
+    close();
+    // Others may read it; that they may not write tells that it has an owner.
+    const HANDLE handle = CreateFileW(file.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                      nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return lastError();
+    }
+    m_handle = reinterpret_cast<std::intptr_t>(handle);
+    return {};
+}
+
+std::error_code AppendFile::append(std::string_view bytes)
+{
+    const auto handle = reinterpret_cast<HANDLE>(m_handle);
+    if (const std::error_code error = writeAll(handle, bytes)) {
+        return error;
+    }
+    return FlushFileBuffers(handle) != 0 ? std::error_code() : lastError();
+}
+
+void AppendFile::close()
+{
+    if (isOpen()) {
+        CloseHandle(reinterpret_cast<HANDLE>(m_handle));
+        m_handle = none;
+    }
+}
+
+bool isOpenForAppending(const std::filesystem::path& file)
+{
+    const HANDLE handle = CreateFileW(file.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+        CloseHandle(handle);
+        return false;
+    }
+    return GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
 FileLock::~FileLock()
 {
     if (m_handle != none) {

@@ -13,7 +13,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// FNV-1a: quick, and two versions of one text file practically never share it.
+std::error_code streamError()
+{
+    return {errno != 0 ? errno : EIO, std::generic_category()};
+}
+
+} // namespace
+
 std::uint64_t hashOf(std::string_view bytes)
 {
     std::uint64_t hash = 14695981039346656037U;
@@ -22,13 +28,6 @@ std::uint64_t hashOf(std::string_view bytes)
     }
     return hash;
 }
-
-std::error_code streamError()
-{
-    return {errno != 0 ? errno : EIO, std::generic_category()};
-}
-
-} // namespace
 
 std::error_code refusalOfKind(const fs::file_status& status)
 {

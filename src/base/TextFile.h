@@ -22,6 +22,9 @@ struct FileStamp
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
+// FNV-1a: quick, and two versions of one text file practically never share it.
+std::uint64_t hashOf(std::string_view bytes);
+
 struct FileContent
 {
     std::string bytes;

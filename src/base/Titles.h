@@ -16,6 +16,7 @@ inline const BilingualText wadView("SAM/WAS file - ", "Fichier SAM/WAS - ");
 inline const BilingualText program = BilingualText::same("Tavrel");
 inline const BilingualText programAborted("Program aborted", "Programme annulé");
 inline const BilingualText quit("Quit", "Quitter");
+inline const BilingualText recovery("Recovery", "Récupération");
 inline const BilingualText help("Help", "Aide");
 inline const BilingualText preferences("Preferences", "Préférences");
 inline const BilingualText colours("Colors", "Couleurs");
@@ -93,6 +94,7 @@ inline std::span<const BilingualText* const> all()
         &program,
         &programAborted,
         &quit,
+        &recovery,
         &help,
         &preferences,
         &colours,

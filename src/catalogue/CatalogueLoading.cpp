@@ -110,9 +110,12 @@ Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
         SoundCatalogue({soundsFile->path, soundsFile->stamp}, sources.protectedLinesEditable), {}};
     noteByteOrderMark(*soundsFile, loaded.notices);
     for (std::size_t k = 0; k < lines.size(); ++k) {
-        // Without a line of its own in the reference copy, a sound is its own original.
-        std::string original = k < originals.size() ? std::move(originals[k].text) : lines[k].text;
-        loaded.catalogue.append(std::move(lines[k].text), std::move(original), lines[k].lineInFile);
+        if (k < originals.size()) {
+            loaded.catalogue.append(std::move(lines[k].text), std::move(originals[k].text),
+                                    lines[k].lineInFile);
+        } else {
+            loaded.catalogue.appendUnknown(std::move(lines[k].text), lines[k].lineInFile);
+        }
     }
     const std::vector<Failure> notices = takeDoubles(loaded.catalogue, *doublesFile);
     loaded.notices.insert(loaded.notices.end(), notices.begin(), notices.end());

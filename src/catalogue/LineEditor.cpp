@@ -126,7 +126,11 @@ bool LineEditor::store(const SoundLine& record, const BilingualText& title, Dial
               "Ajoutez d'abord un sample."}});
         return false;
     }
-    if (const Problem problem = m_catalogue->setCurrentLine(m_selected.value(), line)) {
+    const Problem problem = [&] {
+        const Step step(*m_catalogue, stepLabel(title, *m_catalogue, m_selected.value()));
+        return m_catalogue->setCurrentLine(m_selected.value(), line);
+    }();
+    if (problem) {
         dialogs.show({MessageIcon::Exclamation, title, problem->text});
         return false;
     }
@@ -160,6 +164,22 @@ Message protectedLineRefusal()
             {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}};
 }
 
+namespace {
+
+void setLine(SoundCatalogue& catalogue, std::size_t number, const std::string& text,
+             const BilingualText& command, const BilingualText& title, Dialogs& dialogs)
+{
+    const Problem problem = [&] {
+        const Step step(catalogue, stepLabel(command, catalogue, number));
+        return catalogue.setCurrentLine(number, text);
+    }();
+    if (problem) {
+        dialogs.show({MessageIcon::Exclamation, title, problem->text});
+    }
+}
+
+} // namespace
+
 bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs)
 {
     const Question question{
@@ -167,10 +187,18 @@ bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs
     if (dialogs.ask(question) != Answer::Yes) {
         return false;
     }
-    if (const Problem problem = catalogue.setCurrentLine(number, catalogue.originalLine(number))) {
-        dialogs.show({MessageIcon::Exclamation, question.title, problem->text});
-    }
+    setLine(catalogue, number, catalogue.originalLine(number), question.text, question.title, dialogs);
     return true;
+}
+
+void backToFileLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs)
+{
+    setLine(catalogue, number, catalogue.fileLine(number), backToFileLabel(), titles::line, dialogs);
+}
+
+BilingualText backToFileLabel()
+{
+    return {"Back to the file's line", "Revenir à la ligne du fichier"};
 }
 
 } // namespace tavrel

@@ -28,7 +28,10 @@ public:
     std::optional<std::size_t> selected() const { return m_selected; }
     // A sound is selected and is not one of the protected ones.
     bool canEdit() const;
+    const SoundCatalogue& catalogue() const { return *m_catalogue; }
     const SoundLine& record() const { return m_record; }
+    // Values that were in the boxes before; the line stays as it is.
+    void putBack(SoundLine record) { m_record = std::move(record); }
 
     // The corrected text of the box.
     std::string setValue(ValueBox box, std::string_view typed, bool userIsTyping);
@@ -66,5 +69,9 @@ Message protectedLineRefusal();
 
 // Puts the original text back into the line, after a question. True when the answer was Yes.
 bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs);
+
+// "Back to the file's line": puts the text back that the file holds. It can be undone and is not asked about.
+void backToFileLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs);
+BilingualText backToFileLabel();
 
 } // namespace tavrel

@@ -5,6 +5,7 @@
 #include "base/TextFile.h"
 #include "catalogue/DoublesStatus.h"
 #include "catalogue/ObjectTable.h"
+#include "catalogue/Step.h"
 
 #include <array>
 #include <cstddef>
@@ -12,6 +13,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavrel {
@@ -37,18 +39,31 @@ public:
     SoundCatalogue() = default;
     SoundCatalogue(File file, bool protectedLinesEditable);
 
-    void append(std::string currentLine, std::string originalLine, std::size_t lineInFile);
+    // For loading: a sound behind the others, its line as it stands in the file and as it was installed. A
+    // sound that the level editor never had is its own original.
+    void append(std::string line, std::string originalLine, std::size_t lineInFile);
+    void appendUnknown(std::string line, std::size_t lineInFile);
 
     std::size_t size() const { return m_sounds.size(); }
     bool empty() const { return m_sounds.empty(); }
     const File& file() const { return m_file; }
 
     const std::string& currentLine(std::size_t number) const { return m_sounds.at(number).current; }
-    const std::string& originalLine(std::size_t number) const { return m_sounds.at(number).original; }
+    const std::string& originalLine(std::size_t number) const;
     // What the main list shows: the number and the name.
     const std::string& listEntry(std::size_t number) const { return m_sounds.at(number).listEntry; }
-    // 1-based, in the file as it was last read or written.
-    std::size_t lineInFile(std::size_t number) const { return m_sounds.at(number).lineInFile; }
+    // As it stands in the file that was last read or written; empty for a line that was put in since.
+    const std::string& fileLine(std::size_t number) const;
+    // 1-based, in the file as it was last read or written; 0 for a line that was put in since.
+    std::size_t lineInFile(std::size_t number) const;
+    // The sound lines of that file, in its order.
+    struct FileLine
+    {
+        std::string text;
+        std::size_t lineInFile;
+    };
+    const std::vector<FileLine>& fileLines() const { return m_fileLines; }
+    bool differsFromFile() const;
     bool isModified(std::size_t number) const { return currentLine(number) != originalLine(number); }
     // Part of every level: the line carries "#g".
     bool isGlobal(std::size_t number) const;
@@ -76,28 +91,57 @@ public:
     };
     [[nodiscard]] Problem setCurrentLines(std::vector<LineChange> changes);
 
-    // Lines have changed since the file was read or written.
-    bool pending() const { return m_pending; }
+    // A line more or less. The numbers of all sounds behind it change, and with them the installed lines that
+    // theirs are compared with. A line put in is refused like any other text.
+    [[nodiscard]] Problem putLineIn(std::size_t number, std::string text);
+    void takeLineOut(std::size_t number);
+    // The changes of a step once more, or backwards.
+    void repeat(const LineDelta& delta);
+    void reverse(const LineDelta& delta);
+
+    // The file holds the current lines now.
     void markApplied(const FileStamp& stamp);
 
+    // Not owned; it must outlive this, or be taken off. A copy of a catalogue has none.
+    void setRecorder(StepRecorder* recorder) { m_recorder.pointer = recorder; }
+    StepRecorder* recorder() const { return m_recorder.pointer; }
+
 private:
+    static constexpr std::size_t notInFile = static_cast<std::size_t>(-1);
     struct Sound
     {
         std::string current;
-        std::string original;
         std::string listEntry;
-        std::size_t lineInFile;
+        std::string ownOriginal; // where no line was installed
+        std::size_t fileLine;    // which of the file's, or notInFile
+    };
+    // Stays with the object when another is copied or moved into it.
+    struct Recorder
+    {
+        StepRecorder* pointer = nullptr;
+
+        Recorder() = default;
+        Recorder(const Recorder& /*other*/) {}
+        Recorder& operator=(const Recorder& /*other*/) { return *this; }
     };
 
     void replaceLine(std::size_t number, std::string text);
+    void insertSound(std::size_t number, std::string text);
+    void eraseSound(std::size_t number);
+    void renumberFrom(std::size_t number);
+    // Of a line that stood here and was taken out.
+    std::size_t freeFileLineAt(std::size_t number) const;
+    void record(LineDelta::Kind kind, std::size_t number, std::string before, std::string after);
     std::string makeListEntry(std::size_t number, std::string_view line) const;
 
     File m_file;
     bool m_protectedLinesEditable = false;
     std::vector<Sound> m_sounds;
+    std::vector<std::string> m_originals; // by number
+    std::vector<FileLine> m_fileLines;
     DoublesStatus m_doubles;
     std::vector<SoundObject> m_objects;
-    bool m_pending = false;
+    Recorder m_recorder;
 };
 
 } // namespace tavrel

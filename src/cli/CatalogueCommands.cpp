@@ -3,7 +3,7 @@
 #include "catalogue/LineEditor.h"
 #include "cli/Commands.h"
 #include "cli/LineJson.h"
-#include "cli/Session.h"
+#include "cli/Opening.h"
 #include "references/LetterList.h"
 #include "samples/SampleCommands.h"
 
@@ -59,11 +59,11 @@ void appendSound(std::string& text, const SoundCatalogue& catalogue, std::size_t
 
 ExitStatus listSounds(const ListArguments& arguments, Console& console)
 {
-    const std::optional<Session> session = openSession(console);
+    const std::unique_ptr<Session> session = openSession(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
-    const SoundCatalogue& catalogue = session->catalogue;
+    const SoundCatalogue& catalogue = session->catalogue();
     for (std::size_t k = 0; k < catalogue.size(); ++k) {
         const SoundLine record = ParseSoundLine(catalogue.currentLine(k));
         if (!isListed(catalogue, k, record, arguments)) {
@@ -101,14 +101,14 @@ std::string joined(const std::vector<std::string>& words)
 
 ExitStatus showSound(std::size_t number, Console& console)
 {
-    const std::optional<Session> session = openSession(console);
+    const std::unique_ptr<Session> session = openSession(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
     if (!hasSound(*session, number, console)) {
         return ExitStatus::Refused;
     }
-    const SoundCatalogue& catalogue = session->catalogue;
+    const SoundCatalogue& catalogue = session->catalogue();
     const SoundLine record = ParseSoundLine(catalogue.currentLine(number));
     const auto row = [&console](const BilingualText& name, std::string_view value) {
         writeField(name, std::string(value), console);
@@ -125,7 +125,7 @@ ExitStatus showSound(std::size_t number, Console& console)
     row({"Flags", "Flags"},
         joined({std::string(record.FlagP.trimmed()), std::string(record.FlagV.trimmed()),
                 std::string(record.FlagRN.trimmed()), std::string(record.FlagL.trimmed())}));
-    for (const std::string& entry : letterEntries(record, session->references, {})) {
+    for (const std::string& entry : letterEntries(record, session->references(), {})) {
         row({"Letter", "Lettre"}, entry);
     }
     return ExitStatus::Done;
@@ -220,14 +220,14 @@ std::vector<std::string> wordsOf(std::string_view text)
 
 ExitStatus setSound(const SetArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
     if (!hasSound(*session, arguments.number, console)) {
         return ExitStatus::Refused;
     }
-    LineEditor editor(session->catalogue);
+    LineEditor editor(session->catalogue());
     editor.select(arguments.number);
     if (!editor.canEdit()) {
         console.dialogs.show(protectedLineRefusal());
@@ -238,7 +238,7 @@ ExitStatus setSound(const SetArguments& arguments, Console& console)
         setFlags(editor, *arguments.flags);
     }
     const bool accepted = arguments.samples ? setSamples(editor, wordsOf(*arguments.samples),
-                                                         session->paths.samples, console.dialogs)
+                                                         session->places().samples, console.dialogs)
                                             : !editor.edited() || editor.accept(console.dialogs);
     return accepted ? apply(*session, arguments.wadName, console) : ExitStatus::Refused;
 }

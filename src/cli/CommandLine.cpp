@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CommandLine.h"
 
-#include "app/ProgramFolder.h"
-#include "app/ProgramSettings.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "cli/Commands.h"
+#include "settings/ProgramFolder.h"
+#include "settings/ProgramSettings.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "base/FailureTexts.h"
 #include "base/Progress.h"
 #include "cli/Commands.h"
-#include "cli/Session.h"
+#include "cli/Opening.h"
 
 #include <algorithm>
 #include <memory>
@@ -45,7 +45,7 @@ std::optional<BilingualText> checkMode(std::string& argument)
 // The one with the letter that was asked for, else that of the settings.
 std::optional<CurrentWad> wadFor(const Session& session, const ExchangeArguments& arguments, Console& console)
 {
-    return arguments.letter ? wadWithLetter(session, *arguments.letter, console) : settingsWad(session);
+    return arguments.letter ? wadWithLetter(session, *arguments.letter, console) : session.wad();
 }
 
 // What was left out, or left behind, is for the user to look at.
@@ -60,7 +60,7 @@ ExitStatus tell(const std::optional<Message>& report, Console& console)
 
 ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
 {
-    const std::optional<Session> session = openSession(console);
+    const std::unique_ptr<Session> session = openSession(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -70,11 +70,11 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
     }
     const ExportMode mode = modeNamed(arguments.mode);
     const ExportRequest request{mode,
-                                listForExport(session->catalogue, mode, wad->letter),
+                                listForExport(session->catalogue(), mode, wad->letter),
                                 arguments.file,
                                 arguments.withSamples,
-                                session->paths.samples,
-                                session->catalogue.file().path,
+                                session->places().samples,
+                                session->catalogue().file().path,
                                 console.programFolder};
     if (!confirmExport(request, console.dialogs)) {
         return ExitStatus::Refused;
@@ -134,7 +134,7 @@ std::vector<std::string> samplesOf(const ImportFile& file, const std::vector<std
 ExitStatus importInto(Session& session, const ImportRequest& request, const ExchangeArguments& arguments,
                       Console& console)
 {
-    const ImportOutcome lines = importLines(session.catalogue, request);
+    const ImportOutcome lines = importLines(session.catalogue(), request);
     tell(lines.report, console);
     if (!lines.linesApplied) {
         return ExitStatus::Refused;
@@ -151,7 +151,7 @@ ExitStatus importInto(Session& session, const ImportRequest& request, const Exch
 
 ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
@@ -159,7 +159,7 @@ ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
     if (!wad) {
         return ExitStatus::Refused;
     }
-    const Result<ImportFile> file = readImportFile(arguments.file, session->catalogue, wad->letter);
+    const Result<ImportFile> file = readImportFile(arguments.file, session->catalogue(), wad->letter);
     if (!file) {
         return console.dialogs.fail(file.failure());
     }
@@ -172,8 +172,8 @@ ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
         return ExitStatus::Refused;
     }
     const std::vector<std::string> samples = samplesOf(*file, *rows);
-    const ImportRequest request{*file,   std::move(*rows),      *wad, arguments.withSamples,
-                                samples, session->paths.samples};
+    const ImportRequest request{*file,   std::move(*rows),         *wad, arguments.withSamples,
+                                samples, session->places().samples};
     return confirmImport(request, console.dialogs) ? importInto(*session, request, arguments, console)
                                                    : ExitStatus::Refused;
 }

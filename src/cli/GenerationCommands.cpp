@@ -4,7 +4,7 @@
 #include "base/Progress.h"
 #include "base/TextFile.h"
 #include "cli/Commands.h"
-#include "cli/Session.h"
+#include "cli/Opening.h"
 #include "generation/RestoreDefaults.h"
 #include "generation/ScriptStatistics.h"
 #include "generation/SfxGeneration.h"
@@ -49,7 +49,7 @@ ExitStatus waitForResults(SfxGeneration& generation, Console& console)
 
 ExitStatus generate(const std::string& wadName, Console& console)
 {
-    const std::optional<Session> session = openSession(console);
+    const std::unique_ptr<Session> session = openSession(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -59,20 +59,20 @@ ExitStatus generate(const std::string& wadName, Console& console)
     }
     const std::unique_ptr<BatchRunner> runner = makeSystemBatchRunner(BatchConsole::None);
     SfxGeneration generation(*runner, console.dialogs);
-    const GenerationRequest request{session->catalogue,
+    const GenerationRequest request{session->catalogue(),
                                     *wad,
                                     false,
                                     console.programFolder,
-                                    session->paths.creator,
-                                    session->paths.samples,
-                                    session->paths.wads};
+                                    session->places().creator,
+                                    session->places().samples,
+                                    session->places().wads};
     SilentProgress progress;
     switch (generation.begin(request, progress, SfxGeneration::Clock::now())) {
     case SfxGeneration::Begun::Started:
         return waitForResults(generation, console);
     case SfxGeneration::Begun::WrongSample:
         return refuseWrongSample(
-            findWrongSample(session->catalogue, *wad, session->paths.samples, progress).value_or(""),
+            findWrongSample(session->catalogue(), *wad, session->places().samples, progress).value_or(""),
             console);
     case SfxGeneration::Begun::NotStarted:
         break;
@@ -92,10 +92,10 @@ ExitStatus restore(const RestoreChoice& choice, Console& console)
     if (!lock) {
         return ExitStatus::FileFailure;
     }
-    const LevelEditorPaths paths = derivePaths(settings->LevelEditorFolder);
+    const Places places = derivePlaces(console.programFolder, settings->LevelEditorFolder);
     SilentProgress progress;
     const RestoreContext context{
-        console.programFolder, paths.creator, paths.samples, paths.wads, [] {}, progress, console.dialogs};
+        console.programFolder, places.creator, places.samples, places.wads, [] {}, progress, console.dialogs};
     return restoreDefaults(choice, context).complete ? ExitStatus::Done : ExitStatus::FileFailure;
 }
 

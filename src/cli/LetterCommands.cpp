@@ -4,7 +4,7 @@
 #include "base/CodePage.h"
 #include "catalogue/LineEditor.h"
 #include "cli/Commands.h"
-#include "cli/Session.h"
+#include "cli/Opening.h"
 
 #include <algorithm>
 #include <memory>
@@ -31,7 +31,7 @@ bool mayEdit(Session& session, std::size_t number, Console& console)
     if (!hasSound(session, number, console)) {
         return false;
     }
-    if (session.catalogue.isProtected(number)) {
+    if (session.catalogue().isProtected(number)) {
         console.dialogs.show(protectedLineRefusal());
         return false;
     }
@@ -58,7 +58,7 @@ ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Chan
                              [&](std::size_t number) { return mayEdit(session, number, console); })) {
         return ExitStatus::Refused;
     }
-    LineEditor editor(session.catalogue);
+    LineEditor editor(session.catalogue());
     for (const std::size_t number : arguments.numbers) {
         editor.select(number);
         if (!change(editor)) {
@@ -72,7 +72,7 @@ ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Chan
 
 ExitStatus addLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
@@ -88,7 +88,7 @@ ExitStatus addLetters(const LetterArguments& arguments, Console& console)
 
 ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
@@ -98,12 +98,12 @@ ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
 
 ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
     const std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
-    if (!wad || !removeLetterEverywhere(session->catalogue, *wad, console.dialogs)) {
+    if (!wad || !removeLetterEverywhere(session->catalogue(), *wad, console.dialogs)) {
         return ExitStatus::Refused;
     }
     return apply(*session, arguments.wadName, console);
@@ -112,13 +112,13 @@ ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
 // The lines first: when they cannot be written, the register still has the letter that they carry.
 ExitStatus replaceLetters(const LetterArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
     std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
-    if (!wad || replaceLetterOfWad(session->catalogue, session->references, *wad, arguments.newLetter,
-                                   console.dialogs) != ReplacedLetter::Replaced) {
+    if (!wad || replaceLetterEverywhere(session->catalogue(), session->references(), *wad,
+                                        arguments.newLetter, console.dialogs) != ReplacedLetter::Replaced) {
         return ExitStatus::Refused;
     }
     const ExitStatus status = apply(*session, arguments.wadName, console);

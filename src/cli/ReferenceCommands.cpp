@@ -2,8 +2,9 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
+#include "catalogue/CatalogueLoading.h"
 #include "cli/Commands.h"
-#include "cli/Session.h"
+#include "cli/Opening.h"
 #include "references/RegisterEditor.h"
 #include "references/WadImport.h"
 #include "references/WadLists.h"
@@ -39,12 +40,13 @@ struct ReferenceArguments
 
 RegisterEditor editorOf(Session& session, CurrentWad& wad, Console& console)
 {
-    return RegisterEditor({session.catalogue, session.references, wad, session.paths.wads, console.dialogs});
+    return RegisterEditor(
+        {session.catalogue(), session.references(), wad, session.places().wads, console.dialogs});
 }
 
 ExitStatus addReference(const ReferenceArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console);
+    const std::unique_ptr<Session> session = openSessionToChange(console);
     if (!session) {
         return console.dialogs.status();
     }
@@ -66,11 +68,11 @@ std::optional<std::size_t> rowOf(const ReferenceRegister& references, const std:
 // The lines first: when they cannot be written, the register still knows the letter that they carry.
 ExitStatus deleteReference(const ReferenceArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
-    const std::optional<std::size_t> row = rowOf(session->references, arguments.reference.wadName);
+    const std::optional<std::size_t> row = rowOf(session->references(), arguments.reference.wadName);
     if (!row) {
         refuseWadName(arguments.reference.wadName, console);
         return ExitStatus::Refused;
@@ -107,7 +109,7 @@ struct ImportArguments
 
 ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
@@ -115,17 +117,17 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     if (!wad) {
         return ExitStatus::Refused;
     }
-    if (kind == WadListKind::Objects && session->catalogue.objects().empty()) {
+    if (kind == WadListKind::Objects && session->catalogue().objects().empty()) {
         return console.dialogs.fail(
             wrongContent(fileIn(console.programFolder, objectsFileName),
                          {"The sounds of the listed objects are not known. Nothing was imported.",
                           "Les sons des objets de la liste ne sont pas connus. Rien n'a été importé."}));
     }
-    if (!session->settings.loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
+    if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
         return console.dialogs.refuse(importForbidden());
     }
-    const ImportResult result = importWadList(session->catalogue, *wad, kind,
-                                              {console.programFolder, session->paths.wads}, console.dialogs);
+    const ImportResult result =
+        importWadList(session->catalogue(), *wad, kind, session->places(), console.dialogs);
     if (!result.imported) {
         return result.unreadable ? ExitStatus::FileFailure : ExitStatus::Refused;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
 #include "cli/Commands.h"
-#include "cli/Session.h"
+#include "cli/Opening.h"
 #include "samples/SamplesFolder.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ std::optional<std::vector<SampleFile>> samplesIn(const std::optional<std::filesy
     if (asked) {
         folder = *asked;
     } else if (const std::optional<ProgramSettings> settings = openSettings(console)) {
-        folder = derivePaths(settings->LevelEditorFolder).samples;
+        folder = derivePlaces(console.programFolder, settings->LevelEditorFolder).samples;
     } else {
         return std::nullopt;
     }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Tavrel_Files: unpacks the working files beside the program. Files that are already there stay. From an
 // untouched level editor, it also takes the copies that the program restores.
-#include "app/ProgramFolder.h"
 #include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
 #include "companion/EmbeddedFiles.h"
 #include "generation/ReferenceCopies.h"
+#include "settings/ProgramFolder.h"
 
 #include <cstdlib>
 #include <filesystem>

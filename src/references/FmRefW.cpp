@@ -278,14 +278,15 @@ void FmRefW::addReference()
         m_list->scrollToBottom();
         selectRow(-1);
         showFields({});
-        m_context.changed();
     }
     showFocus();
 }
 
 void FmRefW::modifyReference()
 {
-    const RegisterEditor::Modified result = m_editor.modify(typedFields());
+    const WadReference fields = typedFields();
+    const bool replacesLetter = fields.letter != m_editor.selectedLetter();
+    const RegisterEditor::Modified result = m_editor.modify(fields);
     if (result == RegisterEditor::Modified::LetterTakenBack) {
         m_letter->setText(fromCodePage(m_editor.selectedLetter()));
     } else if (result == RegisterEditor::Modified::Done) {
@@ -293,7 +294,9 @@ void FmRefW::modifyReference()
         m_list->item(row)->setText(
             fromCodePage(referenceRow(m_context.editing.references.at(*m_editor.selected()))));
         showInfo();
-        m_context.changed();
+        if (replacesLetter) {
+            m_context.letterReplaced();
+        }
     }
     showFocus();
 }
@@ -304,7 +307,6 @@ void FmRefW::deleteReference()
         fillList();
         selectRow(-1);
         showFields({});
-        m_context.changed();
     }
 }
 

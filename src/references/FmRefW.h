@@ -19,8 +19,8 @@ struct FmRefWContext
     Language language;
     ColourScheme colours;
     RegisterEditor::Context editing;
-    // The register, the current WAD or lines have changed; the main window shows them.
-    std::function<void()> changed;
+    // A letter was replaced on the lines.
+    std::function<void()> letterReplaced;
 };
 
 // The register of WADs and letters. Changes are in memory at once; who opens the window writes the file when
@@ -31,8 +31,6 @@ class FmRefW : public TitledWindow
 
 public:
     FmRefW(QWidget* parent, const FmRefWContext& context);
-
-    bool linesChanged() const { return m_editor.linesChanged(); }
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -116,8 +116,15 @@ LineChanges changesOf(const SoundCatalogue& catalogue, const std::vector<std::si
     return changes;
 }
 
-bool applyToObject(SoundCatalogue& catalogue, LineChanges changes, const BilingualText& title,
-                   Dialogs& dialogs)
+// All of them as one step, or none.
+Problem change(SoundCatalogue& catalogue, LineChanges changes, const BilingualText& label)
+{
+    const Step step(catalogue, label);
+    return catalogue.setCurrentLines(std::move(changes));
+}
+
+bool applyToObject(SoundCatalogue& catalogue, std::string_view object, LineChanges changes,
+                   const BilingualText& title, Dialogs& dialogs)
 {
     std::vector<ComposedLine> composed;
     composed.reserve(changes.size());
@@ -128,7 +135,8 @@ bool applyToObject(SoundCatalogue& catalogue, LineChanges changes, const Bilingu
         return false;
     }
     const std::string count = std::to_string(changes.size());
-    if (reported(catalogue.setCurrentLines(std::move(changes)), title, dialogs)) {
+    const BilingualText label = title + BilingualText::same(", " + shown(object));
+    if (reported(change(catalogue, std::move(changes), label), title, dialogs)) {
         return false;
     }
     dialogs.show({MessageIcon::Information, title,
@@ -174,7 +182,12 @@ AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& 
         }
         letters += "#" + letter + " ";
     }
-    if (!editor.confirmComposing(dialogs) || !editor.storeLetters(letters + marked, dialogs)) {
+    if (!editor.confirmComposing(dialogs)) {
+        return AddedLetter::Refused;
+    }
+    const BilingualText label = BilingualText("Add letter", "Ajouter la lettre") + " " + shown(marked);
+    const Step step(editor.catalogue(), stepLabel(label, editor.catalogue(), editor.selected().value()));
+    if (!editor.storeLetters(letters + marked, dialogs)) {
         return AddedLetter::Refused;
     }
     return AddedLetter::Added;
@@ -197,12 +210,18 @@ bool removeLetterFromLine(LineEditor& editor, std::optional<std::size_t> entry, 
                       {"Letter [#g] shoudn't be removed", "La Lettre [#g] ne peut pas être retirée"},
                       dialogs);
     }
+    const BilingualText label =
+        BilingualText("Remove letter", "Enlever la lettre") + " #" + shown(letters[*entry]);
     letters.erase(letters.begin() + static_cast<std::ptrdiff_t>(*entry));
     std::string remaining;
     for (const std::string& letter : letters) {
         remaining += (remaining.empty() ? "#" : " #") + letter;
     }
-    return editor.confirmComposing(dialogs) && editor.storeLetters(remaining, dialogs);
+    if (!editor.confirmComposing(dialogs)) {
+        return false;
+    }
+    const Step step(editor.catalogue(), stepLabel(label, editor.catalogue(), editor.selected().value()));
+    return editor.storeLetters(remaining, dialogs);
 }
 
 bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Dialogs& dialogs)
@@ -216,12 +235,32 @@ bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Di
                             {"Remove all " + letter + " from Sound ID list",
                              "Enlever toutes les lettres " + letter + " de la liste ID Sons"},
                             Buttons::OkCancel};
-    return dialogs.ask(question) == Answer::Ok &&
-           !reported(eraseLetterFromAllLines(catalogue, wad.letter), removeAllTitle, dialogs);
+    if (dialogs.ask(question) != Answer::Ok) {
+        return false;
+    }
+    const Problem problem = [&] {
+        const Step step(catalogue, removedLetterLabel(wad.letter));
+        return eraseLetterFromAllLines(catalogue, wad.letter);
+    }();
+    return !reported(problem, removeAllTitle, dialogs);
 }
 
-ReplacedLetter replaceLetterOfWad(SoundCatalogue& catalogue, ReferenceRegister& references, CurrentWad& wad,
-                                  std::string_view newLetter, Dialogs& dialogs)
+BilingualText replacedLetterLabel(std::string_view oldLetter, std::string_view newLetter)
+{
+    const std::string before = "#" + shown(oldLetter);
+    const std::string after = "#" + shown(newLetter);
+    return {"Replace letter " + before + " by " + after, "Remplacer la lettre " + before + " par " + after};
+}
+
+BilingualText removedLetterLabel(std::string_view letter)
+{
+    const std::string name = "#" + shown(letter);
+    return {"Remove letter " + name + " from all lines",
+            "Enlever la lettre " + name + " de toutes les lignes"};
+}
+
+ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
+                                       CurrentWad& wad, std::string_view newLetter, Dialogs& dialogs)
 {
     if (!RequireCurrentReference(wad, replaceTitle, dialogs) ||
         !ValidateReplaceLetter(newLetter, wad, references, dialogs) ||
@@ -241,23 +280,16 @@ ReplacedLetter replaceLetterOfWad(SoundCatalogue& catalogue, ReferenceRegister& 
     if (dialogs.ask(question) != Answer::Yes) {
         return ReplacedLetter::Declined;
     }
-    if (reported(replaceLetterOnAllLines(catalogue, wad.letter, newLetter), replaceTitle, dialogs)) {
-        return ReplacedLetter::Refused;
-    }
-    references.replaceLetter(wad.letter, newLetter);
-    wad.letter = newLetter;
-    return ReplacedLetter::Replaced;
-}
-
-ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
-                                       CurrentWad& wad, std::string_view newLetter,
-                                       const std::filesystem::path& programFolder, Dialogs& dialogs)
-{
-    const ReplacedLetter result = replaceLetterOfWad(catalogue, references, wad, newLetter, dialogs);
-    if (result == ReplacedLetter::Replaced) {
-        reported(saveRegister(programFolder, references), replaceTitle, dialogs);
-    }
-    return result;
+    const Problem problem = [&] {
+        const Step step(catalogue, replacedLetterLabel(wad.letter, newLetter));
+        Problem refusal = replaceLetterOnAllLines(catalogue, wad.letter, newLetter);
+        if (!refusal) {
+            references.replaceLetter(wad.letter, newLetter);
+            wad.letter = newLetter;
+        }
+        return refusal;
+    }();
+    return reported(problem, replaceTitle, dialogs) ? ReplacedLetter::Refused : ReplacedLetter::Replaced;
 }
 
 Problem replaceLetterOnAllLines(SoundCatalogue& catalogue, std::string_view oldLetter,
@@ -301,8 +333,8 @@ bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const
         const bool isThere = ParseSoundLine(line).Letters.find("#" + wad.letter) != std::string::npos;
         return isThere ? line : AddLetterByRecord(line, wad.letter);
     };
-    return applyToObject(catalogue, changesOf(catalogue, soundsOfObject(catalogue, object), add), addTitle,
-                         dialogs);
+    return applyToObject(catalogue, object, changesOf(catalogue, soundsOfObject(catalogue, object), add),
+                         addTitle, dialogs);
 }
 
 bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
@@ -316,7 +348,7 @@ bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, 
         const std::string removed = RemoveLetter(line, wad.letter);
         return removed == line ? line : ComposeSoundLine(ParseSoundLine(removed));
     };
-    return applyToObject(catalogue, changesOf(catalogue, soundsOfObject(catalogue, object), remove),
+    return applyToObject(catalogue, object, changesOf(catalogue, soundsOfObject(catalogue, object), remove),
                          removeTitle, dialogs);
 }
 

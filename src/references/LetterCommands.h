@@ -8,7 +8,6 @@
 #include "references/ReferenceRegister.h"
 
 #include <cstddef>
-#include <filesystem>
 #include <optional>
 #include <string_view>
 
@@ -33,18 +32,19 @@ bool removeLetterFromLine(LineEditor& editor, std::optional<std::size_t> entry, 
 // Takes the current letter off every line, after a question.
 bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Dialogs& dialogs);
 
-// Gives the current WAD another letter, on every line and in the register, in memory alone.
+// Gives the current WAD another letter, on every line and in the register. The caller writes the register at
+// once.
 enum class ReplacedLetter {
     Replaced,
     Refused, // the typed letter is wrong and stays in its box
     Declined // the user said No
 };
-ReplacedLetter replaceLetterOfWad(SoundCatalogue& catalogue, ReferenceRegister& references, CurrentWad& wad,
-                                  std::string_view newLetter, Dialogs& dialogs);
-// The same, and writes the register's file at once.
 ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegister& references,
-                                       CurrentWad& wad, std::string_view newLetter,
-                                       const std::filesystem::path& programFolder, Dialogs& dialogs);
+                                       CurrentWad& wad, std::string_view newLetter, Dialogs& dialogs);
+
+// What a step of the history is called that does this.
+BilingualText replacedLetterLabel(std::string_view oldLetter, std::string_view newLetter);
+BilingualText removedLetterLabel(std::string_view letter);
 
 // Walks over all lines; only a letter of one level is ever looked for.
 [[nodiscard]] Problem replaceLetterOnAllLines(SoundCatalogue& catalogue, std::string_view oldLetter,

@@ -15,6 +15,8 @@ struct CurrentWad
     std::string wadName;
     std::string letter;
     std::string title;
+
+    friend bool operator==(const CurrentWad&, const CurrentWad&) = default;
 };
 
 CurrentWad currentWad(const WadReference* reference);

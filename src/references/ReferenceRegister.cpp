@@ -109,6 +109,17 @@ void ReferenceRegister::keepUserLine(std::string line)
     m_keptLines.push_back({m_references.size() - m_builtInCount, std::move(line)});
 }
 
+void ReferenceRegister::insertUser(std::size_t userIndex, WadReference reference)
+{
+    m_references.insert(m_references.begin() + static_cast<std::ptrdiff_t>(m_builtInCount + userIndex),
+                        std::move(reference));
+    for (KeptLine& line : m_keptLines) {
+        if (line.userIndex > userIndex) {
+            ++line.userIndex;
+        }
+    }
+}
+
 void ReferenceRegister::remove(std::size_t index)
 {
     m_references.erase(m_references.begin() + static_cast<std::ptrdiff_t>(index));

@@ -31,6 +31,8 @@ class ReferenceRegister
 public:
     void appendBuiltIn(WadReference reference);
     void appendUser(WadReference reference) { m_references.push_back(std::move(reference)); }
+    // Before the user's reference of this number, or behind the last one.
+    void insertUser(std::size_t userIndex, WadReference reference);
     // A line of the user's file that is no reference. It is written back where it stood.
     void keepUserLine(std::string line);
     // The user's file is there but could not be read: it must not be replaced.

@@ -169,7 +169,10 @@ bool RegisterEditor::add(const WadReference& fields)
     if (!ValidateReference(fields, true, titles::addReference)) {
         return false;
     }
-    m_context.references.appendUser(fields);
+    {
+        const Step step(m_context.catalogue, titles::addReference + (", " + shown(fields.wadName)));
+        m_context.references.appendUser(fields);
+    }
     select(std::nullopt, false);
     return true;
 }
@@ -198,6 +201,9 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
         if (m_context.dialogs.ask(question) != Answer::Yes) {
             return Modified::LetterTakenBack;
         }
+    }
+    const Step step(m_context.catalogue, title + (", " + shown(m_selectedWadName)));
+    if (fields.letter != m_selectedLetter) {
         if (reported(replaceLetterOnAllLines(m_context.catalogue, m_selectedLetter, fields.letter), title)) {
             return Modified::Refused;
         }
@@ -232,8 +238,11 @@ bool RegisterEditor::remove()
          "Supprimer la référence [" + name + "/#" + letter + "]\nEnlever toutes les lettres [#" + letter +
              "] de la liste ID Sons"},
         Buttons::YesNo};
-    if (m_context.dialogs.ask(question) != Answer::Yes ||
-        reported(eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter), titles::deleteReference)) {
+    if (m_context.dialogs.ask(question) != Answer::Yes) {
+        return false;
+    }
+    const Step step(m_context.catalogue, titles::deleteReference + (", " + name));
+    if (reported(eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter), titles::deleteReference)) {
         return false;
     }
     if (m_context.wad.wadName == m_context.references.at(*m_selected).wadName) {

@@ -281,8 +281,7 @@ BilingualText importForbidden()
 }
 
 ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, WadListKind kind,
-                           const ImportFolders& folders, Dialogs& dialogs,
-                           const std::function<void()>& changed)
+                           const Places& places, Dialogs& dialogs)
 {
     const KindTexts texts = textsOf(kind);
     const auto refuse = [&](const Failure& failure, bool unreadable) {
@@ -293,7 +292,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
         !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return {};
     }
-    const Result<WadList> list = readWadList(folders.wads, wad.wadName, kind);
+    const Result<WadList> list = readWadList(places.wads, wad.wadName, kind);
     if (!list) {
         return refuse(list.failure(), true);
     }
@@ -301,18 +300,19 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
         return {};
     }
     std::error_code ignored;
-    std::filesystem::create_directory(fileIn(folders.program, changedLinesFolderName), ignored);
-    const Result<SavedLines> saved = readSavedLines(folders.program, wad.wadName, catalogue);
+    std::filesystem::create_directory(fileIn(places.program, changedLinesFolderName), ignored);
+    const Result<SavedLines> saved = readSavedLines(places.program, wad.wadName, catalogue);
     if (!saved) {
         return refuse(saved.failure(), true);
     }
     ImportPlan plan = kind == WadListKind::Samples ? planSamplesImport(catalogue, *saved, *list, wad.letter)
                                                    : planObjectsImport(catalogue, *saved, *list, wad.letter);
-    if (const Problem problem = catalogue.setCurrentLines(plan.changes)) {
+    const Problem problem = [&] {
+        const Step step(catalogue, texts.button + BilingualText::same(", " + utf8FromCodePage(wad.wadName)));
+        return catalogue.setCurrentLines(plan.changes);
+    }();
+    if (problem) {
         return refuse(*problem, false);
-    }
-    if (changed) {
-        changed();
     }
     dialogs.show({MessageIcon::Information, texts.title, whatWasDone(plan, catalogue)});
     return {true, false, std::move(plan.unknownSamples)};

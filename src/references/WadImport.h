@@ -5,10 +5,9 @@
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
 #include "references/WadLists.h"
+#include "settings/Places.h"
 
 #include <cstddef>
-#include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -44,12 +43,6 @@ ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& 
 ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
                              const std::string& letter);
 
-struct ImportFolders
-{
-    std::filesystem::path program;
-    std::filesystem::path wads;
-};
-
 struct ImportResult
 {
     bool imported = false;
@@ -58,10 +51,8 @@ struct ImportResult
 };
 
 // Gives the current WAD's letter to all that its list names, after a question, and says what was done.
-// `changed` is called when the lines have changed, before the notice about them.
 ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, WadListKind kind,
-                           const ImportFolders& folders, Dialogs& dialogs,
-                           const std::function<void()>& changed = {});
+                           const Places& places, Dialogs& dialogs);
 
 // "Import SAM (samples) file"
 BilingualText importTitle(WadListKind kind);

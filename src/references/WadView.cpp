@@ -132,11 +132,11 @@ const Value* valueOf(const Result<Value>& result, std::vector<Failure>& notices)
 
 } // namespace
 
-WadView viewWad(const SoundCatalogue& catalogue, const CurrentWad& wad, const ImportFolders& folders)
+WadView viewWad(const SoundCatalogue& catalogue, const CurrentWad& wad, const Places& places)
 {
-    const auto savedFile = readSavedLines(folders.program, wad.wadName, catalogue);
-    const auto samplesFile = readWadList(folders.wads, wad.wadName, WadListKind::Samples);
-    const auto objectsFile = readWadList(folders.wads, wad.wadName, WadListKind::Objects);
+    const auto savedFile = readSavedLines(places.program, wad.wadName, catalogue);
+    const auto samplesFile = readWadList(places.wads, wad.wadName, WadListKind::Samples);
+    const auto objectsFile = readWadList(places.wads, wad.wadName, WadListKind::Objects);
     WadView view;
     const SavedLines* const saved = valueOf(savedFile, view.notices);
     const WadList* const samples = valueOf(samplesFile, view.notices);

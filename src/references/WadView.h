@@ -39,6 +39,6 @@ struct WadView
     std::vector<Failure> notices;
 };
 
-WadView viewWad(const SoundCatalogue& catalogue, const CurrentWad& wad, const ImportFolders& folders);
+WadView viewWad(const SoundCatalogue& catalogue, const CurrentWad& wad, const Places& places);
 
 } // namespace tavrel

@@ -53,9 +53,10 @@ bool mayChange(const LineEditor& editor, Dialogs& dialogs)
     return editor.canEdit() && editor.confirmComposing(dialogs);
 }
 
-SampleResult store(LineEditor& editor, std::vector<std::string> names, std::size_t selected,
-                   const SampleInput& input, Dialogs& dialogs)
+SampleResult store(LineEditor& editor, const BilingualText& command, std::vector<std::string> names,
+                   std::size_t selected, const SampleInput& input, Dialogs& dialogs)
 {
+    const Step step(editor.catalogue(), stepLabel(command, editor.catalogue(), editor.selected().value()));
     if (!editor.storeSamples(std::move(names), dialogs)) {
         return {};
     }
@@ -98,7 +99,7 @@ SampleResult addSample(LineEditor& editor, const SampleInput& input, Dialogs& di
     }
     names.push_back(input.typedName);
     const std::size_t last = names.size() - 1;
-    return store(editor, std::move(names), last, input, dialogs);
+    return store(editor, {"Add sample", "Ajouter le sample"}, std::move(names), last, input, dialogs);
 }
 
 SampleResult renameSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs)
@@ -118,7 +119,8 @@ SampleResult renameSample(LineEditor& editor, const SampleInput& input, Dialogs&
         return {};
     }
     names[*input.selected] = input.typedName;
-    return store(editor, std::move(names), *input.selected, input, dialogs);
+    return store(editor, {"Rename sample", "Renommer le sample"}, std::move(names), *input.selected, input,
+                 dialogs);
 }
 
 SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs)
@@ -148,7 +150,7 @@ SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs&
         return {false, *input.selected, name};
     }
     names.erase(names.begin() + static_cast<std::ptrdiff_t>(*input.selected));
-    SampleResult result = store(editor, std::move(names), 0, input, dialogs);
+    SampleResult result = store(editor, title, std::move(names), 0, input, dialogs);
     if (result.changed) {
         result.typedName = editor.record().Samples.front();
     }

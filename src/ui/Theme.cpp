@@ -113,6 +113,18 @@ QPushButton[frameless="true"] { background: transparent; border: 1px solid trans
 QPushButton[frameless="true"]:hover { background: #474C55; }
 QPushButton[frameless="true"]:focus { border-color: #E8A33D; }
 
+QToolButton {
+    background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 3px 16px 3px 4px;
+}
+QToolButton:hover { background: #474C55; }
+QToolButton:focus { border-color: #E8A33D; }
+QToolButton::menu-button { border: none; width: 14px; }
+QMenu { background: #2B2E33; color: #EEECDA; border: 1px solid #17181B; }
+QMenu::item { padding: 3px 12px; }
+QMenu::item:selected { background: #E8A33D; color: #1B1C1F; }
+QMenu::item:disabled { color: #7C7B73; }
+QMenu::separator { background: #4A4E56; height: 1px; margin: 3px 6px; }
+
 QLineEdit {
     background: #1F2124; color: #EEECDA; border: 1px solid #17181B; border-radius: 3px; padding: 2px 4px;
     selection-background-color: #E8A33D; selection-color: #1B1C1F;

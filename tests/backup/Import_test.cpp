@@ -158,17 +158,17 @@ TEST_F(ImportFiles, AppliesTheTickedRowsOrNone)
     EXPECT_FALSE(refused.linesApplied);
     EXPECT_TRUE(refused.report);
     EXPECT_EQ(lines(), before);
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 
     everything.rows = {};
     EXPECT_TRUE(applyImport(catalogue, everything, progress).complete);
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 
     everything.rows = {0, 2}; // the second builds on the first
     EXPECT_TRUE(applyImport(catalogue, everything, progress).complete);
     EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>two>VOL20>#b #oa"));
     EXPECT_EQ(catalogue.currentLine(2), before[2]);
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
 
     const ImportFile backup = read("a.TOB", {"\"2\",\"C:>x>VOL10>#z>behind \""});
     EXPECT_TRUE(applyImport(catalogue, request(backup), progress).complete);
@@ -261,7 +261,7 @@ TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
     EXPECT_TRUE(cancelled.linesApplied && !cancelled.complete);
     EXPECT_EQ(cancelled.report->text.english,
               "Cancelled.\n\nThe lines were imported. These samples were copied before:\none.wav");
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
     const auto expectTarget = [this](const Names& expected) { // Wine keeps the spelling of a replaced file
         EXPECT_TRUE(std::ranges::equal(namesIn(root / "target"), expected, sameName));
     };

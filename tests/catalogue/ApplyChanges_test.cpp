@@ -86,7 +86,7 @@ TEST_F(ApplyChanges, WritesEveryLineAndKeepsTheFileOfTheFirstTime)
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
     EXPECT_EQ(firstDifference(readBytes(firstBackup), before), "");
     EXPECT_EQ(readBytes(tor()), "3,\"" + lines[3] + "\"\r\n");
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_TRUE(catalogue.isModified(3));
 
     change(0, "LARA_FEET:>>one two>>>VOL44>>>>>");
@@ -147,7 +147,7 @@ TEST_F(ApplyChanges, ChangesNothingWithoutAYes)
     ScriptedDialogs dialogs{Answer::No};
     EXPECT_FALSE(apply(dialogs));
     EXPECT_EQ(everyFile(demo.root.path()), before);
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
 }
 
 TEST_F(ApplyChanges, AsksBeforeItOverwritesAFileThatChangedSince)
@@ -165,7 +165,7 @@ TEST_F(ApplyChanges, AsksBeforeItOverwritesAFileThatChangedSince)
     EXPECT_FALSE(apply(dialogs));
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), changed), "");
     EXPECT_FALSE(fs::exists(firstBackup));
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
     ASSERT_EQ(dialogs.said().size(), 2U);
     EXPECT_TRUE(dialogs.said()[1].refusalIsDefault);
     EXPECT_NE(dialogs.said()[1].text.english.find("[sounds.txt]"), std::string::npos);
@@ -188,7 +188,7 @@ TEST_F(ApplyChanges, AsksAboutAChangeInTheLastMoment)
     dialogs.whileAsking([&] { writeBytes(demo.sounds, changed); });
     EXPECT_FALSE(apply(dialogs));
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), changed), "");
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
 }
 
 TEST_F(ApplyChanges, AsksBeforeItWritesAFileThatIsGone)
@@ -240,7 +240,7 @@ TEST_F(ApplyChanges, SaysWhenTheFileCannotBeWritten)
     EXPECT_EQ(dialogs.said()[1].kind, "critical");
     EXPECT_NE(dialogs.said()[1].text.english.find(demo.sounds.string()), std::string::npos);
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), before), "");
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
 
     fs::permissions(demo.sounds, fs::perms::owner_write, fs::perm_options::add);
     fs::remove(demo.sounds);
@@ -250,7 +250,7 @@ TEST_F(ApplyChanges, SaysWhenTheFileCannotBeWritten)
     ASSERT_EQ(folder.said().size(), 1U);
     EXPECT_NE(folder.said()[0].text.french.find(demo.sounds.string()), std::string::npos);
     EXPECT_TRUE(fs::is_directory(demo.sounds));
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
 }
 
 TEST_F(ApplyChanges, ReportsAFailedRecordOnItsOwn)
@@ -263,7 +263,7 @@ TEST_F(ApplyChanges, ReportsAFailedRecordOnItsOwn)
     ASSERT_EQ(dialogs.said().size(), 2U);
     EXPECT_NE(dialogs.said()[1].text.english.find("oasis.tor"), std::string::npos);
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_TRUE(fs::is_directory(tor()));
 }
 
@@ -292,7 +292,7 @@ void applyAndFail(SoundCatalogue& catalogue, const fs::path& program, Handicap h
     ScriptedDialogs dialogs{Answer::Yes};
     const bool applied = applyChanges(catalogue, {program, "oasis"}, dialogs);
     const bool said = dialogs.said().size() == 2 && dialogs.said()[1].kind == "critical";
-    ::_exit(!applied && said && catalogue.pending() ? 0 : 1);
+    ::_exit(!applied && said && catalogue.differsFromFile() ? 0 : 1);
 }
 
 TEST_F(ApplyChanges, LeavesEverythingOnAFullDisk)

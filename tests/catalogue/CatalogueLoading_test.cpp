@@ -105,7 +105,7 @@ TEST_F(CatalogueLoading, CountsLinesWithoutAColonInTheFileOnly)
     EXPECT_EQ(catalogue.originalLine(1), "B:\tb\t");
     EXPECT_TRUE(catalogue.isModified(1));
     EXPECT_FALSE(catalogue.isModified(0));
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_EQ(catalogue.file().path, sounds);
 }
 

@@ -39,12 +39,12 @@ TEST_F(LineEditorTest, ChangesTheLineOnlyOnAccept)
     editor.setValue(ValueBox::Rad, "", true);
     editor.setValue(ValueBox::Ch, "7", true);
     EXPECT_EQ(line(0), withTabs("FIRST:>>>a>>>>VOL08>P>CH50>PIT-05>RAD08>#ab"));
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 
     EXPECT_TRUE(editor.accept(silent));
     EXPECT_EQ(line(0), withTabs("FIRST:>>>a>>>>VOL01>      L>CH07>PIT99>>#ab"));
     EXPECT_FALSE(editor.edited());
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
 }
 
 TEST_F(LineEditorTest, IsNotEditedWhenTheValuesComeBack)
@@ -57,7 +57,7 @@ TEST_F(LineEditorTest, IsNotEditedWhenTheValuesComeBack)
     editor.setValue(ValueBox::Vol, "8", true);
     EXPECT_FALSE(editor.edited());
     EXPECT_TRUE(editor.accept(silent));
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 }
 
 TEST_F(LineEditorTest, HoldsOneOfRAndN)
@@ -93,7 +93,7 @@ TEST_F(LineEditorTest, RefusesValuesWithoutASample)
     EXPECT_EQ(dialogs.said()[0].kind, "exclamation");
     EXPECT_TRUE(editor.edited());
     EXPECT_EQ(line(2), before);
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 }
 
 TEST_F(LineEditorTest, AsksBeforeWordsOfTheLineAreLost)
@@ -157,7 +157,7 @@ TEST_F(LineEditorTest, EditsNoProtectedLineAndNoLineAtAll)
         editor.setValue(ValueBox::Vol, "5", true);
         EXPECT_FALSE(editor.accept(silent));
     }
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     editor.select(28);
     EXPECT_TRUE(editor.canEdit());
 }
@@ -171,11 +171,11 @@ TEST(RestoreLine, PutsTheOriginalBack)
     EXPECT_FALSE(restoreLine(catalogue, 0, dialogs));
     EXPECT_EQ(catalogue.currentLine(0), "NEW:\ta\t");
     EXPECT_TRUE(restoreLine(catalogue, 1, dialogs));
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_TRUE(restoreLine(catalogue, 0, dialogs));
     EXPECT_EQ(catalogue.currentLine(0), "OLD:\ta\t");
     EXPECT_EQ(catalogue.listEntry(0).substr(0, 8), "  0: OLD");
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
     EXPECT_EQ(dialogs.conversation(Language::English).front(), "Yes/No | Line | Restore Original line");
     EXPECT_EQ(dialogs.conversation(Language::French).front(),
               "Yes/No | Ligne | Restaurer la ligne d'origine");

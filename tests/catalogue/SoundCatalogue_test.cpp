@@ -74,12 +74,12 @@ TEST(SoundCatalogue, RefusesTextThatWouldShiftOrBreakTheLinesBehindIt)
         EXPECT_FALSE(problem->text.english.empty());
         EXPECT_FALSE(problem->text.french.empty());
         EXPECT_EQ(catalogue.currentLine(1), before);
-        EXPECT_FALSE(catalogue.pending());
+        EXPECT_FALSE(catalogue.differsFromFile());
     }
     EXPECT_FALSE(catalogue.setCurrentLine(1, before));
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_FALSE(catalogue.setCurrentLine(1, fifty));
-    EXPECT_TRUE(catalogue.pending());
+    EXPECT_TRUE(catalogue.differsFromFile());
     EXPECT_TRUE(catalogue.isModified(1));
     EXPECT_EQ(catalogue.originalLine(1), before);
     EXPECT_EQ(catalogue.listEntry(1).substr(0, 7), "  1: N ");
@@ -94,7 +94,7 @@ TEST(SoundCatalogue, AppliedLinesStayModifiedButAreNotPending)
     FileStamp stamp;
     stamp.size = 7;
     catalogue.markApplied(stamp);
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_TRUE(catalogue.isModified(0));
     EXPECT_EQ(catalogue.file().stamp, stamp);
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ProgramSettings.h"
 #include "base/Folder.h"
 #include "catalogue/SoundLine.h"
 #include "demo/DemoFolder.h"
 #include "references/ReferenceRegister.h"
+#include "settings/Places.h"
+#include "settings/ProgramSettings.h"
 #include "support/Files.h"
 
 #include <gtest/gtest.h>
@@ -111,7 +112,7 @@ TEST(DemoFolder, LooksLikeAUsersFolder)
     for (const bool shown : settings.settings.panels) {
         EXPECT_TRUE(shown);
     }
-    EXPECT_EQ(derivePaths(settings.settings.LevelEditorFolder).creator, demo.creator);
+    EXPECT_EQ(derivePlaces(demo.program, settings.settings.LevelEditorFolder).creator, demo.creator);
 }
 
 } // namespace

@@ -103,7 +103,7 @@ protected:
     ImportResult import(WadListKind kind, const std::string& list, Dialogs& dialogs)
     {
         writeBytes(folders / "wads" / (kind == WadListKind::Samples ? "OASIS.sam" : "oasis.Was"), list);
-        return importWadList(catalogue, wad, kind, {folders / "program", folders / "wads"}, dialogs);
+        return importWadList(catalogue, wad, kind, places, dialogs);
     }
     ImportResult import(WadListKind kind, const std::string& list)
     {
@@ -128,6 +128,7 @@ protected:
     }
 
     TemporaryFolder folders;
+    Places places{folders / "program", {}, {}, {}, folders / "wads"};
     std::vector<std::string> lines;
     DoublesStatus doubles;
     SoundCatalogue catalogue;
@@ -225,22 +226,7 @@ TEST_F(WadImportTest, RefusesALetterThatWouldMakeSoundsGlobal)
     EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", dialogs).imported);
     EXPECT_EQ(dialogs.conversation(Language::English),
               std::vector<std::string>{"exclamation | Letter | Letter starting by [#g] not authorized"});
-    EXPECT_FALSE(catalogue.pending());
-}
-
-TEST_F(WadImportTest, CallsBackBetweenTheChangeAndTheNotice)
-{
-    load();
-    writeBytes(folders / "wads" / "oasis.sam", "sample1.wav");
-    ScriptedDialogs dialogs{Answer::Ok};
-    std::size_t said = 0;
-    importWadList(catalogue, wad, WadListKind::Samples, {folders / "program", folders / "wads"}, dialogs,
-                  [&] {
-                      said = dialogs.said().size();
-                      EXPECT_EQ(marked(), Numbers{1});
-                  });
-    EXPECT_EQ(said, 1U) << "the question alone";
-    EXPECT_EQ(dialogs.said().size(), 2U);
+    EXPECT_FALSE(catalogue.differsFromFile());
 }
 
 TEST_F(WadImportTest, ObjectsMarkTheirSoundsAndTheSoundUnderWater)
@@ -255,7 +241,7 @@ TEST_F(WadImportTest, ObjectsMarkTheirSoundsAndTheSoundUnderWater)
     load();
     import(WadListKind::Objects, "NOTHING:x");
     EXPECT_EQ(marked(), Numbers{});
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 }
 
 TEST_F(WadImportTest, StartsFromTheSavedLines)
@@ -320,7 +306,7 @@ TEST_F(WadImportTest, SavedLinesThatCannotBeReadStopTheImport)
         EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", dialogs).imported);
         ASSERT_EQ(dialogs.said().size(), 2U);
         EXPECT_NE(dialogs.said()[1].text.english.find(file), std::string::npos);
-        EXPECT_FALSE(catalogue.pending());
+        EXPECT_FALSE(catalogue.differsFromFile());
         EXPECT_TRUE(hasSavedLines(folders / "program", wad.wadName));
     };
     EXPECT_FALSE(hasSavedLines(folders / "program", wad.wadName));
@@ -340,16 +326,14 @@ TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
     const std::string folder = (folders / "wads" / "").string();
     ScriptedDialogs refused;
     EXPECT_FALSE(importWadList(catalogue, {}, WadListKind::Samples, {}, refused).imported);
-    EXPECT_TRUE(
-        importWadList(catalogue, wad, WadListKind::Samples, {folders.path(), folders / "wads"}, refused)
-            .unreadable);
+    EXPECT_TRUE(importWadList(catalogue, wad, WadListKind::Samples, places, refused).unreadable);
     EXPECT_EQ(refused.conversation(Language::English),
               (std::vector<std::string>{
                   "exclamation | Import SAM (samples) file | Select a WAD/Letter reference first",
                   "exclamation | Import SAM (samples) file | No [oasis.SAM] File\nin " + folder}));
     std::filesystem::create_directories(folders / "wads" / "oasis.was"); // a folder in the file's place
     ScriptedDialogs noFile;
-    importWadList(catalogue, wad, WadListKind::Objects, {folders.path(), folders / "wads"}, noFile);
+    importWadList(catalogue, wad, WadListKind::Objects, places, noFile);
     EXPECT_EQ(noFile.conversation(Language::French)[0],
               "exclamation | Importer le fichier WAS (objets) | Aucun Fichier [oasis.WAS]\ndans " + folder);
     std::filesystem::remove(folders / "wads" / "oasis.was");
@@ -370,7 +354,7 @@ TEST_F(WadImportTest, AsksAndRefusesWithItsTexts)
         declined.conversation(Language::French)[1],
         "OK/Cancel | Charger fichier WAS | Ouvrir [oasis.WAS] et assigner [#oa] aux objets incorporés.\nLes "
         "modifications déjà apportées seront perdues");
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 }
 
 namespace {
@@ -402,7 +386,6 @@ TEST_F(WadImportTest, TheViewShowsWhatLacksTheLetter)
                "sample1.wav\r\nsample2.wav\r\nsample4.wav\r\nnowhere.wav\r\nsample6.wav\r\nsample1.wav\r\n");
     writeBytes(folders / "wads" / "oasis.was", "BATTLE:x\r\nLARA:x\r\nBATTLE:y\r\n");
     save("4,\"" + lines[4] + "\"\r\n");
-    const ImportFolders places{folders / "program", folders / "wads"};
     WadView view = viewWad(catalogue, wad, places);
     EXPECT_EQ(shown(view.samples), "sample1:1 sample2:2 sample4:4!* nowhere! sample6:6- ");
     EXPECT_EQ(shown(view.objects), "BATTLE:1 BATTLE:2 BATTLE:3! LARA :60 ");
@@ -438,5 +421,5 @@ TEST_F(WadImportTest, AListThatCannotBeReadChangesNothing)
         ASSERT_EQ(dialogs.said().size(), 1U);
         EXPECT_NE(dialogs.said()[0].text.french.find("OASIS.sam"), std::string::npos);
     }
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
 }

@@ -105,7 +105,7 @@ TEST_F(SampleCommands, AddAndRenameRefuseWithTheirMessages)
                                         : renameSample(editor, input(c.typed, c.selected), dialogs);
         const bool accepted = *c.english == '\0';
         EXPECT_EQ(result.changed, accepted);
-        EXPECT_EQ(catalogue.pending(), accepted);
+        EXPECT_EQ(catalogue.differsFromFile(), accepted);
         ASSERT_EQ(dialogs.said().size(), accepted ? 0U : 1U);
         if (!accepted) {
             EXPECT_EQ(dialogs.said()[0].kind, "exclamation");
@@ -177,7 +177,7 @@ TEST_F(SampleCommands, AskBeforeALineLosesWords)
     start("A BB", "VOL100>>>>RAD05>#g");
     ScriptedDialogs dialogs{Answer::No, Answer::Yes};
     EXPECT_FALSE(addSample(editor, input("new"), dialogs).changed);
-    EXPECT_FALSE(catalogue.pending());
+    EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_TRUE(addSample(editor, input("new"), dialogs).changed);
     EXPECT_EQ(catalogue.currentLine(0), withTabs("N:>>>A BB new>>>VOL10>>>>RAD05>#g"));
 }

@@ -178,7 +178,7 @@ TEST_F(MainWindowGenerationTest, ARestoredCatalogueIsOfferedToBeLoaded)
     dialogs.prepareAnswer(Answer::Yes);
     window->offerReload();
     EXPECT_EQ(window->catalogue().currentLine(0), stockLines()[0]);
-    EXPECT_FALSE(window->catalogue().pending());
+    EXPECT_FALSE(window->session().pending());
 }
 
 TEST_F(MainWindowGenerationTest, TheStatisticsShowWhatTheScriptHolds)

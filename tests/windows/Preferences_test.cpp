@@ -104,7 +104,7 @@ TEST_F(PreferencesTest, TheProtectedLinesFollowAtOnceWhenNothingIsPending)
     toggle();
     EXPECT_FALSE(window->settings().protectedLinesEditable);
     EXPECT_FALSE(window->catalogue().isProtected(protectedSound)) << "only at the next load";
-    EXPECT_TRUE(window->catalogue().pending());
+    EXPECT_TRUE(window->session().pending());
     ASSERT_EQ(dialogs.said().size(), 1U);
     EXPECT_TRUE(dialogs.said().back().text.english.ends_with("is loaded the next time."));
     toggle();
@@ -127,7 +127,9 @@ TEST_F(PreferencesTest, WhatIsLoadedStaysWhenItCannotBeReadAgain)
 
     writeBytes(folders.sounds, sounds);
     preferences([](FmPreferences& options) { press(options, "CdOK"); });
-    EXPECT_FALSE(window->catalogue().isProtected(protectedSound)) << "made up for the next time";
+    EXPECT_TRUE(window->catalogue().isProtected(protectedSound)) << "not at every closing";
+    window->load();
+    EXPECT_FALSE(window->catalogue().isProtected(protectedSound)) << "made up for at the next load";
 }
 
 TEST_F(PreferencesTest, ANewColourReachesTheShownLists)
@@ -217,11 +219,11 @@ TEST_F(PreferencesTest, AnotherLevelEditorIsLoadedFromAtOnce)
     };
     const std::string before = utf8FromCodePage(window->settings().LevelEditorFolder);
     EXPECT_EQ(choose({Answer::No}, {}), before);
-    EXPECT_TRUE(window->catalogue().pending());
+    EXPECT_TRUE(window->session().pending());
 
     EXPECT_EQ(choose({Answer::Yes}, broken / "winroomedit.exe"), before);
     EXPECT_EQ(dialogs.said().back().kind, "critical");
-    EXPECT_TRUE(window->catalogue().pending()) << "a load that fails leaves everything as it was";
+    EXPECT_TRUE(window->session().pending()) << "a load that fails leaves everything as it was";
 
     EXPECT_EQ(choose({Answer::Yes}, other / "NGLE.exe"), otherFolder);
     EXPECT_EQ(window->catalogue().currentLine(0), lines[0]);
@@ -252,7 +254,7 @@ TEST_F(PreferencesTest, LeadToTheColoursAndTheDoubles)
     });
     const std::size_t number = std::stoul(left);
     EXPECT_EQ(window->catalogue().doubles().of(number), DoublesStatus::leftOut) << left;
-    EXPECT_TRUE(window->catalogue().pending()) << "only the doubles are read again";
+    EXPECT_TRUE(window->session().pending()) << "only the doubles are read again";
 }
 
 TEST_F(PreferencesTest, PendingChangesMakeSoundsTxtAFileToRead)

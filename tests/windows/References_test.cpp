@@ -157,7 +157,7 @@ TEST_F(ReferencesTest, GlobalSoundsTakeNoLetter)
     letters().setCurrentRow(0);
     click("CdDel");
     EXPECT_EQ(dialogs.said().back().text.english, "Letter [#g] shoudn't be removed");
-    EXPECT_FALSE(window->catalogue().pending());
+    EXPECT_FALSE(window->session().pending());
 }
 
 TEST_F(ReferencesTest, BuiltInRowsAnswerAClickOnly)

@@ -136,7 +136,7 @@ TEST_F(MainWindowSamplesTest, theChooserFillsTheNameBox)
     });
     click("CdChSamp");
     EXPECT_EQ(text("TxSamp"), "extra");
-    EXPECT_FALSE(window->catalogue().pending()) << "a chosen name is not yet added";
+    EXPECT_FALSE(window->session().pending()) << "a chosen name is not yet added";
 }
 
 TEST_F(MainWindowSamplesTest, theCheckOpensOnTheSamplesFolder)

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/DemoFolder.h"
 
-#include "app/ProgramSettings.h"
 #include "base/CodePage.h"
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
 #include "catalogue/SoundLine.h"
 #include "demo/WavFile.h"
+#include "settings/ProgramSettings.h"
 
 #include <cmath>
 #include <set>

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The windows that the main window opens.
+#include "app/FmPreferences.h"
+#include "app/FmSFX.h"
+#include "app/FunctionPanels.h"
+#include "app/StatusProgress.h"
+#include "app/TitleButtons.h"
+#include "app/WadPanel.h"
+#include "backup/FmExport.h"
+#include "backup/FmImport.h"
+#include "base/CodePage.h"
+#include "base/FailureTexts.h"
+#include "base/Titles.h"
+#include "catalogue/CatalogueLoading.h"
+#include "generation/FmStats.h"
+#include "references/FmObject.h"
+#include "references/FmRefW.h"
+#include "references/FmView.h"
+#include "references/LetterCommands.h"
+#include "references/WadImport.h"
+#include "samples/FmCheck.h"
+#include "samples/FmDoub.h"
+#include "samples/FmSamp.h"
+#include "samples/FmSplInc.h"
+#include "ui/FmColors.h"
+
+namespace tavrel {
+
+namespace {
+
+// While another window works on the current WAD.
+class WadHeld
+{
+public:
+    WadHeld(WadPanel& wads, TitleButtons& title) : m_wads(wads), m_title(title) { hold(true); }
+    WadHeld(const WadHeld&) = delete;
+    WadHeld& operator=(const WadHeld&) = delete;
+    ~WadHeld() { hold(false); }
+
+private:
+    void hold(bool held)
+    {
+        m_wads.setGreyed(held);
+        m_title.setQuitEnabled(!held);
+    }
+
+    WadPanel& m_wads;
+    TitleButtons& m_title;
+};
+
+} // namespace
+
+// References and objects
+
+void FmSFX::openRegister()
+{
+    if (!m_selection.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    const WadHeld held(*m_wads, *m_titleButtons);
+    FmRefW(this, {settings().language,
+                  settings().colours,
+                  {m_session.catalogue(), m_session.references(), m_session.wad(), m_session.places().wads,
+                   m_context.dialogs},
+                  [this] { m_selection.selectFirst(); }})
+        .exec();
+    if (const Problem problem = m_session.writeRegister()) {
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::reference, problem->text});
+    }
+}
+
+void FmSFX::chooseObject()
+{
+    FmObject window(this, catalogue(), settings().colours, settings().language);
+    if (window.exec() == QDialog::Accepted && m_selection.mayLeave(m_context.dialogs)) {
+        m_selection.chooseObject(window.chosenName());
+    }
+}
+
+// Samples
+
+SamplesContext FmSFX::samplesContext() const
+{
+    return {settings().language, settings().colours, m_session.places().samples, m_context.dialogs,
+            m_context.player};
+}
+
+std::optional<std::string> FmSFX::chooseSample()
+{
+    FmSamp window(this, samplesContext());
+    return window.exec() == QDialog::Accepted ? std::optional(window.chosenName()) : std::nullopt;
+}
+
+void FmSFX::checkSamplesFolder()
+{
+    FmCheck(this, samplesContext()).exec();
+}
+
+// Lists of a WAD
+
+void FmSFX::importList(WadListKind kind)
+{
+    if (!m_selection.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    m_wads->showImported(kind);
+    const ImportResult result =
+        importWadList(m_session.catalogue(), m_session.wad(), kind, m_session.places(), m_context.dialogs);
+    if (!result.imported) {
+        return;
+    }
+    if (!result.unknownSamples.empty()) {
+        showUnknownSamples(result.unknownSamples);
+    }
+    m_selection.selectFirst();
+}
+
+void FmSFX::showUnknownSamples(const std::vector<std::string>& names)
+{
+    const WadHeld held(*m_wads, *m_titleButtons);
+    FmSplInc(this, names, settings().colours, settings().language).exec();
+}
+
+void FmSFX::viewWadLists()
+{
+    if (RequireCurrentReference(m_session.wad(), titles::viewWadLists, m_context.dialogs)) {
+        const WadView view = viewWad(catalogue(), m_session.wad(), m_session.places());
+        FmView(this, catalogue(), m_session.wad(), view, settings().colours, settings().language).exec();
+    }
+}
+
+// Exchange files and backups
+
+ExchangeContext FmSFX::exchangeContext()
+{
+    return {settings().language, settings().colours,    m_context.programFolder, m_session.places().samples,
+            m_session.wad(),     m_session.catalogue(), m_context.dialogs,       m_context.player};
+}
+
+void FmSFX::exportLines()
+{
+    if (m_selection.mayLeave(m_context.dialogs) &&
+        FmExport(this, exchangeContext()).exec() == QDialog::Accepted) {
+        say({"The file is written", "Le fichier est écrit"});
+    }
+}
+
+// What comes in is only in memory; the file is written when the user applies the changes.
+void FmSFX::importLines()
+{
+    if (!m_selection.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    FmImport window(this, exchangeContext());
+    window.exec();
+    if (window.importDone()) {
+        say({"The lines are imported", "Les lignes sont importées"});
+    }
+}
+
+// Statistics
+
+void FmSFX::openStatistics()
+{
+    FmStats(this, scriptFile(m_session.places().levelEditor), m_context.dialogs).exec();
+}
+
+// Options
+
+void FmSFX::openPreferences()
+{
+    FmPreferences window(this, m_session.settings(), m_session.options(),
+                         {[this](Language language) { switchLanguage(language); },
+                          [this](QWidget&) { return chooseOtherLevelEditor(); },
+                          [this](QWidget& parent) { openColours(parent); },
+                          [this](QWidget& parent) { openDoubles(parent); },
+                          [this](QWidget& parent) { openRestore(&parent); }});
+    const bool editableBefore = settings().protectedLinesEditable;
+    window.exec();
+    window.storeIn(m_session.settings(), m_session.options());
+    showPanels();
+    m_functions->followOptions();
+    const bool declined = m_session.wasReplaced() && !offerReload();
+    if (settings().protectedLinesEditable != editableBefore && !m_session.followsProtectedOption()) {
+        followProtectedOption(declined);
+    }
+}
+
+// Which lines are protected is settled when the catalogue is loaded.
+void FmSFX::followProtectedOption(bool reloadDeclined)
+{
+    if (!reloadDeclined && !m_selection.edited() && !m_session.pending()) {
+        reload();
+        return;
+    }
+    m_context.dialogs.show(
+        {MessageIcon::Information,
+         titles::preferences,
+         {"The 'empty' and 'unsure' lines follow your choice when [sounds.txt] is loaded the next time.",
+          "Les lignes 'empty' et 'non utilisées' suivront votre choix au prochain chargement de [sounds.txt]."}});
+}
+
+void FmSFX::switchLanguage(Language language)
+{
+    m_session.settings().language = language;
+    showLanguage();
+}
+
+void FmSFX::openColours(QWidget& parent)
+{
+    FmColors(&parent, m_session.settings().colours, settings().language, m_context.dialogs,
+             [this](const ColourPair& pair) { paintColours(pair); })
+        .exec();
+}
+
+void FmSFX::openDoubles(QWidget& parent)
+{
+    FmDoub window(&parent, m_context.programFolder, catalogue().protectedNumbers(), settings().colours,
+                  settings().language, m_context.dialogs);
+    if (window.exec() != QDialog::Accepted) {
+        return;
+    }
+    const Result<std::vector<Failure>> notices =
+        reloadDoubles(m_session.catalogue(), m_context.programFolder);
+    if (!notices || !notices->empty()) {
+        m_context.dialogs.show({MessageIcon::Information, titles::manageDoubles,
+                                notices ? listOf(*notices) : notices.failure().text});
+    }
+}
+
+} // namespace tavrel

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/FunctionPanels.h"
+
+#include "catalogue/LineEditor.h"
+#include "references/WadImport.h"
+#include "ui/Captions.h"
+#include "ui/Controls.h"
+#include "ui/FoldingPanel.h"
+#include "ui/Text.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tavrel {
+
+namespace {
+
+// With its caption, in a column of such buttons.
+QPushButton* makeRowButton(const char* name, Glyph glyph)
+{
+    QPushButton* const button = makeButton(name, glyph);
+    button->setProperty("row", true);
+    return button;
+}
+
+// A caption that is its own tool tip.
+Caption both(const char* control, const BilingualText& text)
+{
+    return {control, text, text};
+}
+
+} // namespace
+
+FunctionPanels::FunctionPanels(const PanelContext& context, const FunctionDoors& doors)
+    : MainPanel(context), m_generate(makeRowButton("CdCopy", Glyph::Generate)),
+      m_importSamples(makeRowButton("CdLoadSAM", Glyph::ImportSam)),
+      m_importObjects(makeRowButton("CdLoadWAS", Glyph::ImportWas)),
+      m_viewWad(makeRowButton("CdViewWAD", Glyph::ViewWad)),
+      m_register(makeRowButton("CdRefW", Glyph::Register)),
+      m_statistics(makeRowButton("CdStats", Glyph::Statistics)),
+      m_checkSamples(makeRowButton("CdSmpCheck", Glyph::CheckSamples)),
+      m_import(makeRowButton("CdImport", Glyph::ImportBackup)),
+      m_export(makeRowButton("CdExport", Glyph::ExportBackup)),
+      m_accept(makeRowButton("CdValidW", Glyph::Accept)),
+      m_restore(makeRowButton("CdRestore", Glyph::RestoreLine)),
+      m_backToFile(makeIconButton("CdFileLine", Glyph::BackToFile)),
+      m_apply(makeRowButton("CdApply", Glyph::Apply)),
+      m_copyLine(makeRowButton("CdCopyLine", Glyph::CopyLine)),
+      m_edit(makeRowButton("CdEdit", Glyph::OpenFile)),
+      m_globals(makeRowButton("CdShowG", Glyph::ShowGlobals))
+{
+    layOut();
+    connectControls(doors);
+    enableLine();
+    reloaded();
+}
+
+void FunctionPanels::layOut()
+{
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(controlGap);
+    const auto add = [&](Panel which, const char* title, std::initializer_list<QPushButton*> buttons) {
+        auto* const panel = new FoldingPanel(title, nullptr);
+        m_panels[static_cast<std::size_t>(which)] = panel;
+        for (QPushButton* const button : buttons) {
+            panel->content().addWidget(button);
+        }
+        column->addWidget(panel);
+    };
+    add(Panel::WadFunctions, "ImPanelW",
+        {m_generate, m_importSamples, m_importObjects, m_viewWad, m_register});
+    add(Panel::ProgramFunctions, "ImPanelP", {m_statistics, m_checkSamples, m_import, m_export});
+    add(Panel::Modifications, "ImPanelM", {m_accept, m_apply, m_copyLine});
+    auto* const restoring = rowOf({m_restore, m_backToFile});
+    restoring->setStretch(0, 1);
+    panel(Panel::Modifications).content().insertLayout(1, restoring);
+    add(Panel::EditFunctions, "ImPanelE", {m_edit, m_globals});
+    column->addStretch(1);
+}
+
+void FunctionPanels::connectControls(const FunctionDoors& doors)
+{
+    const std::pair<QPushButton*, std::function<void()>> opened[] = {
+        {m_generate, doors.generate},
+        {m_importSamples, [import = doors.importList] { import(WadListKind::Samples); }},
+        {m_importObjects, [import = doors.importList] { import(WadListKind::Objects); }},
+        {m_viewWad, doors.viewWadLists},
+        {m_register, doors.openRegister},
+        {m_statistics, doors.openStatistics},
+        {m_checkSamples, doors.checkSamplesFolder},
+        {m_import, doors.importLines},
+        {m_export, doors.exportLines},
+        {m_edit, doors.editSounds},
+        {m_globals, doors.showOrHideGlobals},
+    };
+    for (const auto& [button, open] : opened) {
+        connect(button, &QPushButton::clicked, this, open);
+    }
+    connect(m_accept, &QPushButton::clicked, this, &FunctionPanels::accept);
+    connect(m_restore, &QPushButton::clicked, this, &FunctionPanels::restore);
+    connect(m_backToFile, &QPushButton::clicked, this, &FunctionPanels::backToFile);
+    connect(m_apply, &QPushButton::clicked, this, &FunctionPanels::apply);
+    connect(m_copyLine, &QPushButton::clicked, this, &FunctionPanels::copyLine);
+}
+
+void FunctionPanels::showLanguage(Language language)
+{
+    const BilingualText fold("Fold or unfold this panel", "Replier ou déplier ce panneau");
+    const Caption captions[] = {
+        {"ImPanelW", {"Wad Functions", "Fonctions WAD"}, fold},
+        both("CdCopy", {"Generate SFX file", "Générer le fichier SFX"}),
+        both("CdLoadSAM", {"Import SAM (samples) file", "Importer le fichier SAM (samples)"}),
+        both("CdLoadWAS", {"Import WAS (objects) file", "Importer le fichier WAS (objets)"}),
+        both("CdViewWAD", {"View SAM/WAS file", "Voir le fichier SAM/WAS"}),
+        both("CdRefW", {"Manage WAD/Letter References", "Gestion des Références WAD/Lettre"}),
+
+        {"ImPanelP", {"PGM Functions", "Fonctions PGM"}, fold},
+        both("CdStats", {"Project statistics", "Statistiques Projet"}),
+        both("CdSmpCheck",
+             {"Check/Visualize a Samples directory", "Contrôler/Visualiser un répertoire Samples"}),
+        both("CdImport", {"Import/Restore a backup", "Importer/Restaurer une sauvegarde"}),
+        both("CdExport", {"Export/Backup modifications", "Exporter/Sauvegarder les modifications"}),
+
+        {"ImPanelM", {"Modifications", "Modifications"}, fold},
+        both("CdValidW", {"Accept values", "Accepter les valeurs"}),
+        both("CdRestore", {"Restore original line", "Restaurer la ligne d'origine"}),
+        {"CdFileLine", {}, backToFileLabel()},
+        both("CdApply", {"Apply changes to sounds.txt", "Appliquer les modifications à sounds.txt"}),
+        both("CdCopyLine", {"Copy line to clipboard", "Copier la ligne dans le presse papiers"}),
+
+        {"ImPanelE", {"Edit Functions", "Fonctions d'édition"}, fold},
+        both("CdEdit", {"Open Sounds.txt file", "Ouvrir Sounds.txt"}),
+        both("CdShowG", {"Show/Hide #g sounds", "Afficher/Cacher les sons #g"}),
+    };
+    showCaptions(*this, captions, language);
+    enableImports(); // their tool tips say more than their captions
+}
+
+// Enabling
+
+void FunctionPanels::reloaded()
+{
+    for (QPushButton* const button : {m_apply, m_generate, m_viewWad, m_register, m_import, m_export}) {
+        button->setEnabled(session().isLoaded());
+    }
+    historyChanged();
+}
+
+void FunctionPanels::historyChanged()
+{
+    enableImports();
+    enableLine();
+    drawAttention(*m_apply, session().pending());
+}
+
+void FunctionPanels::valuesChanged()
+{
+    drawAttention(*m_accept, selection().edited());
+}
+
+void FunctionPanels::enableLine()
+{
+    const bool editable = selection().canEditLine();
+    m_accept->setEnabled(editable);
+    m_restore->setEnabled(editable);
+    m_copyLine->setEnabled(selection().editor().canEdit());
+    const SoundCatalogue& catalogue = session().catalogue();
+    m_backToFile->setEnabled(editable && catalogue.lineInFile(*selection().number()) > 0 &&
+                             catalogue.fileLine(*selection().number()) !=
+                                 catalogue.currentLine(*selection().number()));
+    valuesChanged();
+}
+
+// An import starts from the lines saved for the WAD, so the settings may forbid it once there is work to
+// lose.
+void FunctionPanels::enableImports()
+{
+    const bool forbidden =
+        !session().settings().loadWadAfterChanges &&
+        (session().pending() || hasSavedLines(session().places().program, session().wad().wadName));
+    const struct
+    {
+        QPushButton* button;
+        WadListKind kind;
+    } imports[] = {{m_importSamples, WadListKind::Samples}, {m_importObjects, WadListKind::Objects}};
+    for (const auto& [button, kind] : imports) {
+        BilingualText toolTip = importTitle(kind);
+        if (forbidden) {
+            toolTip += BilingualText::same("\n") + importForbidden();
+        }
+        button->setEnabled(session().isLoaded() && !forbidden);
+        button->setToolTip(inLanguage(toolTip, language()));
+    }
+}
+
+// Commands
+
+void FunctionPanels::accept()
+{
+    if (m_accept->isEnabled() && selection().accept(dialogs())) {
+        say({});
+    }
+}
+
+void FunctionPanels::restore()
+{
+    if (selection().canEditLine() && restoreLine(session().catalogue(), *selection().number(), dialogs())) {
+        selection().dropValues();
+        say({});
+    }
+}
+
+void FunctionPanels::backToFile()
+{
+    if (selection().canEditLine() && selection().mayLeave(dialogs())) {
+        backToFileLine(session().catalogue(), *selection().number(), dialogs());
+        say({});
+    }
+}
+
+void FunctionPanels::apply()
+{
+    if (!m_apply->isEnabled() || !selection().mayLeave(dialogs())) {
+        return;
+    }
+    const bool applied = session().apply(dialogs());
+    selection().dropValues();
+    say(applied ? BilingualText("[sounds.txt] is written", "[sounds.txt] est écrit") : BilingualText());
+}
+
+void FunctionPanels::copyLine()
+{
+    if (selection().editor().canEdit()) {
+        QApplication::clipboard()->setText(
+            fromCodePage(session().catalogue().currentLine(*selection().number())));
+        say({"Line copied", "Ligne copiée"});
+    }
+}
+
+} // namespace tavrel

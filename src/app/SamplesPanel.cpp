@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/SamplesPanel.h"
+
+#include "ui/Captions.h"
+#include "ui/Colours.h"
+#include "ui/Controls.h"
+#include "ui/Text.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace tavrel {
+
+SamplesPanel::SamplesPanel(const PanelContext& context, Chooser choose)
+    : FoldingPanel("ImPanelS", nullptr), MainPanel(context), m_choose(std::move(choose)),
+      m_list(makeFixedPitchList("LiSamp")), m_name(named(new QLineEdit, "TxSamp")),
+      m_play(makeIconButton("CdPlay", Glyph::Play)), m_stop(makeIconButton("CdStopS", Glyph::Stop)),
+      m_add(makeIconButton("CdAddSmp", Glyph::AddItem)), m_rename(makeIconButton("CdRename", Glyph::Rename)),
+      m_remove(makeIconButton("CdDelSmp", Glyph::RemoveItem)),
+      m_chooser(makeIconButton("CdChSamp", Glyph::ChooseFile))
+{
+    layOut();
+    connectControls();
+    enable();
+}
+
+void SamplesPanel::layOut()
+{
+    auto* const head = rowOf({makeHeading("LbNames"), m_play, m_stop});
+    head->insertStretch(1, 1);
+    content().addLayout(head);
+    content().addWidget(m_list, 1);
+    content().addLayout(rowOf({named(new QLabel, "LbName"), m_name, m_add, m_rename, m_remove, m_chooser}));
+}
+
+void SamplesPanel::connectControls()
+{
+    connect(m_list, &QListWidget::itemSelectionChanged, this, &SamplesPanel::entrySelected);
+    connect(m_list, &QListWidget::itemClicked, this, &SamplesPanel::entrySelected);
+    connect(m_add, &QPushButton::clicked, this, [this] { change(addSample); });
+    connect(m_rename, &QPushButton::clicked, this, [this] { change(renameSample); });
+    connect(m_remove, &QPushButton::clicked, this, [this] {
+        if (m_list->count() > 1) {
+            entrySelected(); // the question is about the selected one, whatever was typed since
+        }
+        change(removeSample);
+    });
+    connect(m_chooser, &QPushButton::clicked, this, &SamplesPanel::choose);
+    connect(m_play, &QPushButton::clicked, this, &SamplesPanel::play);
+    connect(m_stop, &QPushButton::clicked, this, &SamplesPanel::stop);
+}
+
+void SamplesPanel::showLanguage(Language language)
+{
+    const Caption captions[] = {
+        {"ImPanelS", {"Samples", "Samples"}, {"Fold or unfold this panel", "Replier ou déplier ce panneau"}},
+        {"LbNames", {"Samples names", "Noms Samples"}, {}},
+        {"LiSamp", {}, {"Samples of the line", "Samples de la ligne"}},
+        {"LbName", {"Name", "Nom"}, {}},
+        {"TxSamp", {}, {"Name of a sample, without .wav", "Nom d'un sample, sans .wav"}},
+        {"CdPlay", {}, {"Play selected sample", "Jouer le sample"}},
+        {"CdStopS", {}, {"Stop sample", "Stopper le sample"}},
+        {"CdAddSmp", {}, {"Add sample", "Ajouter le sample"}},
+        {"CdRename", {}, {"Rename selected sample", "Renommer le sample"}},
+        {"CdDelSmp", {}, {"Remove sample", "Retirer le sample"}},
+        {"CdChSamp", {}, {"Choose Sample", "Choisir Sample"}},
+    };
+    showCaptions(*this, captions, language);
+}
+
+void SamplesPanel::paintWith(const ColourPair& pair)
+{
+    tavrel::paintWith(*m_list, pair);
+}
+
+// What was typed belongs to what was loaded before.
+void SamplesPanel::reloaded()
+{
+    m_shown = {};
+    lineShown();
+}
+
+void SamplesPanel::lineShown()
+{
+    const SoundLine& record = selection().editor().record();
+    QStringList names;
+    for (std::size_t i = 0; i < record.sampleCount(); ++i) {
+        names += fromCodePage(record.Samples[i]);
+    }
+    const auto shown = std::exchange(m_shown, {selection().number(), names});
+    if (shown != m_shown) { // else what the user selected and typed there stays
+        // The list is never seen empty, or its buttons would lose the focus.
+        const QSignalBlocker blocker(m_list);
+        m_list->clear();
+        m_list->addItems(names);
+        m_list->setCurrentRow(0);
+        entrySelected();
+    }
+    enable();
+}
+
+void SamplesPanel::enable()
+{
+    const bool editable = selection().canEditLine();
+    for (QWidget* const control : std::initializer_list<QWidget*>{m_name, m_add, m_remove, m_chooser}) {
+        control->setEnabled(editable);
+    }
+    const bool selected = !m_list->selectedItems().empty();
+    m_rename->setEnabled(editable && selected);
+    for (QPushButton* const button : {m_play, m_stop}) {
+        button->setEnabled(selection().editor().canEdit() && selected);
+    }
+}
+
+// The selected entry is the current sample; a click on it brings its name back into the box.
+void SamplesPanel::entrySelected()
+{
+    const QList<QListWidgetItem*> selected = m_list->selectedItems();
+    m_name->setText(selected.empty() ? QString() : selected.front()->text());
+    selection().chooseSample(input().selected);
+}
+
+SampleInput SamplesPanel::input() const
+{
+    const int row = m_list->selectedItems().empty() ? -1 : m_list->currentRow();
+    return {session().places().samples, toCodePage(m_name->text()),
+            row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row))};
+}
+
+void SamplesPanel::change(SampleResult (*command)(LineEditor&, const SampleInput&, Dialogs&))
+{
+    if (!selection().canEditLine()) {
+        return;
+    }
+    const SampleResult result = command(selection().editor(), input(), dialogs());
+    if (result.changed) {
+        m_list->setCurrentRow(static_cast<int>(result.selected));
+        return;
+    }
+    if (result.typedName) {
+        m_name->setText(fromCodePage(*result.typedName));
+    }
+    m_name->setFocus();
+}
+
+// The chosen name waits in the box until it is added or takes the place of another.
+void SamplesPanel::choose()
+{
+    if (const std::optional<std::string> name = m_choose()) {
+        m_name->setText(fromCodePage(*name));
+        m_name->setFocus();
+    }
+}
+
+void SamplesPanel::play()
+{
+    const Problem problem =
+        PlaySample(context().player, session().places().samples, selection().sampleName(), dialogs());
+    say(problem ? problem->text : BilingualText());
+    m_list->setFocus();
+}
+
+void SamplesPanel::stop()
+{
+    StopSample(context().player);
+    m_list->setFocus();
+}
+
+} // namespace tavrel

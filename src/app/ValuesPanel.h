@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/MainPanel.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QCheckBox;
+class QLineEdit;
+
+namespace tavrel {
+
+constexpr std::size_t valueBoxCount = 4;
+constexpr std::size_t lineFlagCount = 5;
+
+// The values and flags of the selected line. Not a folding panel: they are what the window is for.
+class ValuesPanel : public QWidget, public MainPanel
+{
+    Q_OBJECT
+
+public:
+    explicit ValuesPanel(const PanelContext& context);
+
+    void showLanguage(Language language) override;
+
+private:
+    void lineShown() override;
+    void valuesChanged() override { fillFlags(); }
+    void objectChosen() override { enable(); }
+
+    void layOut();
+    void connectControls();
+    void fillFlags();
+    void enable();
+    void valueTyped(ValueBox box);
+    void pitchLeft();
+    QLineEdit* value(ValueBox box) const { return m_values[static_cast<std::size_t>(box)]; }
+
+    std::array<QLineEdit*, valueBoxCount> m_values{}; // TxVOL, TxPIT, TxRAD, TxCH
+    std::array<QCheckBox*, lineFlagCount> m_flags{};  // CkP, CkV, CkR, CkN, CkL
+    bool m_filling = false;                           // from a line, not by the user
+};
+
+} // namespace tavrel

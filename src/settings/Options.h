@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Result.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavrel {
+
+constexpr std::string_view optionsFileName = "Tavrel.opt";
+
+// What is newer than the 28 fields of Tavrel.par: "name=value" in lines of UTF-8. Names that this version
+// does not know stay in the file.
+class Options
+{
+public:
+    // A missing file has no options; one that cannot be read neither, and is not replaced.
+    static Options load(const std::filesystem::path& programFolder);
+    // Writes what was set since; what others have written meanwhile stays. Nothing to write is no problem.
+    [[nodiscard]] Problem save();
+
+    std::optional<std::string> text(std::string_view name) const;
+    // "1" and "0".
+    bool flag(std::string_view name, bool preset = false) const;
+    // Line feeds in a value become blanks.
+    void set(std::string_view name, std::string value);
+    void setFlag(std::string_view name, bool value) { set(name, value ? "1" : "0"); }
+
+private:
+    struct Option
+    {
+        std::string name;
+        std::string value;
+    };
+    static std::vector<Option> parse(std::string_view text);
+    static void put(std::vector<Option>& options, Option option);
+
+    std::filesystem::path m_programFolder;
+    bool m_unreadable = false;
+    std::vector<Option> m_options;
+    std::vector<Option> m_unsaved;
+};
+
+// The names of the options.
+namespace options {
+// Lines of sounds.txt that are no sounds are written back, and lines that nobody changed as they are.
+constexpr std::string_view keepComments = "keep-comments";
+} // namespace options
+
+} // namespace tavrel
