@@ -170,29 +170,13 @@ SampleCopies failed(Failure failure)
     return copies;
 }
 
-// The link makes room in one step; the file that it leads to stays as it is.
-Problem replaceLink(const fs::path& link, std::string_view bytes)
-{
-    const fs::path beside = withEnding(link, ".tavrel-new");
-    std::error_code ignored;
-    fs::remove(beside, ignored);
-    if (Problem problem = createFileSafely(beside, bytes)) {
-        return problem;
-    }
-    if (const std::error_code error = system::replaceFile(beside, link)) {
-        fs::remove(beside, ignored);
-        return cannotWrite(link, error);
-    }
-    return std::nullopt;
-}
-
 Problem copyFile(const fs::path& source, const fs::path& target)
 {
     const Result<FileContent> content = readFile(source);
     if (!content) {
         return content.failure();
     }
-    return system::isLink(target) ? replaceLink(target, content->bytes)
+    return system::isLink(target) ? replaceLinkSafely(target, content->bytes)
                                   : writeFileSafely(target, content->bytes);
 }
 
@@ -306,7 +290,7 @@ BilingualText keptSamples(std::span<const std::string> files)
 SampleCopies replaceSamples(std::span<const std::string> names, const fs::path& source,
                             const fs::path& target, Progress& progress)
 {
-    removeUnfinishedWrites(target);
+    removeUnfinishedWrites(target, Unfinished::OlderThanADay);
     const Result<FolderIndex> from = FolderIndex::of(source);
     if (!from) {
         return failed(from.failure());

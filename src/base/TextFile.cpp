@@ -40,15 +40,16 @@ std::error_code refusalOfKind(const fs::file_status& status)
                : std::error_code();
 }
 
+FileStamp stampOf(std::string_view bytes)
+{
+    return {bytes.size(), hashOf(bytes)};
+}
+
 Result<FileContent> readFile(const fs::path& file)
 {
     std::error_code error;
     if (const std::error_code refusal = refusalOfKind(fs::status(file, error))) {
         return cannotRead(file, refusal);
-    }
-    const fs::file_time_type modified = fs::last_write_time(file, error);
-    if (error) {
-        return cannotRead(file, error);
     }
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
@@ -65,7 +66,7 @@ Result<FileContent> readFile(const fs::path& file)
     if (stream.bad()) {
         return cannotRead(file, streamError());
     }
-    content.stamp = {content.bytes.size(), modified, hashOf(content.bytes)};
+    content.stamp = stampOf(content.bytes);
     return content;
 }
 

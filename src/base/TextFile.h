@@ -12,15 +12,16 @@
 
 namespace tavrel {
 
-// Tells whether a file is still the one that was read.
+// Tells whether a file still holds what was read. Its time does not count: it may only have been touched.
 struct FileStamp
 {
     std::uintmax_t size = 0;
-    std::filesystem::file_time_type modified;
     std::uint64_t hash = 0;
 
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
+
+FileStamp stampOf(std::string_view bytes);
 
 struct FileContent
 {
