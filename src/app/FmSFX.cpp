@@ -6,7 +6,6 @@
 #include "app/StatusProgress.h"
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
-#include "ui/BusyPointer.h"
 #include "ui/Colours.h"
 #include "ui/FoldingPanel.h"
 #include "ui/Text.h"
@@ -427,29 +426,12 @@ void FmSFX::restoreSelectedLine()
     }
 }
 
-std::optional<ProcessLock> FmSFX::lockForChanges(const BilingualText& title)
-{
-    Result<ProcessLock> lock = [this] {
-        const BusyPointer busy;
-        return takeLock(m_context.programFolder, changesLock, std::chrono::seconds(2));
-    }();
-    if (!lock) {
-        m_context.dialogs.show({MessageIcon::Exclamation, title, lock.failure().text});
-        return std::nullopt;
-    }
-    return std::move(*lock);
-}
-
 void FmSFX::apply()
 {
     if (!m_editor.mayLeave(m_context.dialogs)) {
         return;
     }
     refreshLine();
-    const std::optional<ProcessLock> lock = lockForChanges(titles::modification);
-    if (!lock) {
-        return;
-    }
     const bool applied =
         applyChanges(m_catalogue, {m_context.programFolder, m_wad.wadName}, m_context.dialogs);
     m_wadHasSavedLines.reset();

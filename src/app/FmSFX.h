@@ -7,7 +7,6 @@
 #include "app/StartUp.h"
 #include "base/BatchRunner.h"
 #include "base/Dialogs.h"
-#include "base/ProcessLock.h"
 #include "base/Programs.h"
 #include "catalogue/LineEditor.h"
 #include "catalogue/LineSearch.h"
@@ -180,8 +179,6 @@ private:
     void acceptValues();
     void restoreSelectedLine();
     void apply();
-    // A message under that title when another process is at work.
-    std::optional<ProcessLock> lockForChanges(const BilingualText& title);
     void copyLine();
     void showOrHideGlobals();
     void search();

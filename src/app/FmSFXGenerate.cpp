@@ -3,7 +3,10 @@
 #include "app/FmSFX.h"
 #include "app/StatusProgress.h"
 #include "base/CodePage.h"
+#include "base/Folder.h"
+#include "base/ProcessLock.h"
 #include "base/Titles.h"
+#include "catalogue/CatalogueLoading.h"
 #include "generation/FmDefault.h"
 #include "generation/FmStats.h"
 #include "generation/RestoreDefaults.h"
@@ -92,9 +95,14 @@ void FmSFX::openRestore(QWidget* parent)
     if (chooser.exec() != QDialog::Accepted) {
         return;
     }
-    const std::optional<ProcessLock> lock = lockForChanges(titles::restore);
-    if (!lock) {
+    ChangeLocks locks({m_context.programFolder, fileIn(m_paths.creator, soundsFileName), m_paths.samples},
+                      std::chrono::seconds(2));
+    if (const Problem problem = locks.take()) {
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::restore, problem->text});
         return;
+    }
+    if (const std::optional<BilingualText> notice = locks.notice()) {
+        m_context.dialogs.show({MessageIcon::Information, titles::restore, *notice});
     }
     m_busy = std::make_unique<StatusProgress>(*this, m_controls, m_settings.language);
     const RestoreContext context{m_context.programFolder,

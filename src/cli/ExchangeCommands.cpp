@@ -151,7 +151,8 @@ ExitStatus importInto(Session& session, const ImportRequest& request, const Exch
 
 ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    std::optional<Session> session = openSessionToChange(
+        console, arguments.wadName, arguments.withSamples ? SamplesToo::Yes : SamplesToo::No);
     if (!session) {
         return console.dialogs.status();
     }

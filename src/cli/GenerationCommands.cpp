@@ -88,11 +88,14 @@ ExitStatus restore(const RestoreChoice& choice, Console& console)
         return ExitStatus::WrongUsage;
     }
     const std::optional<ProgramSettings> settings = openSettings(console);
-    const std::optional<ProcessLock> lock = settings ? lockForChanges(console) : std::nullopt;
-    if (!lock) {
+    if (!settings) {
         return ExitStatus::FileFailure;
     }
     const LevelEditorPaths paths = derivePaths(settings->LevelEditorFolder);
+    const std::unique_ptr<ChangeLocks> locks = lockForChanges(console, paths, SamplesToo::Yes);
+    if (!locks) {
+        return ExitStatus::FileFailure;
+    }
     SilentProgress progress;
     const RestoreContext context{
         console.programFolder, paths.creator, paths.samples, paths.wads, [] {}, progress, console.dialogs};

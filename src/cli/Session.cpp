@@ -10,7 +10,7 @@ namespace tavrel {
 
 namespace {
 
-std::optional<Session> load(ProgramSettings settings, ProcessLock lock, Console& console)
+std::optional<Session> load(ProgramSettings settings, std::unique_ptr<ChangeLocks> locks, Console& console)
 {
     const LevelEditorPaths paths = derivePaths(settings.LevelEditorFolder);
     Result<LoadedSession> loaded =
@@ -22,7 +22,7 @@ std::optional<Session> load(ProgramSettings settings, ProcessLock lock, Console&
     if (!loaded->notices.empty()) {
         console.dialogs.say(listOf(loaded->notices));
     }
-    return Session{std::move(lock), std::move(settings), paths, std::move(loaded->references),
+    return Session{std::move(locks), std::move(settings), paths, std::move(loaded->references),
                    std::move(loaded->catalogue)};
 }
 
@@ -51,14 +51,21 @@ std::optional<ProgramSettings> openSettings(Console& console)
     return std::move(loaded.settings);
 }
 
-std::optional<ProcessLock> lockForChanges(Console& console)
+std::unique_ptr<ChangeLocks> lockForChanges(Console& console, const LevelEditorPaths& paths,
+                                            SamplesToo samples)
 {
-    Result<ProcessLock> lock = takeLock(console.programFolder, changesLock, std::chrono::seconds(30));
-    if (!lock) {
-        console.dialogs.fail(lock.failure());
-        return std::nullopt;
+    const std::filesystem::path none;
+    const LockedPlaces places{console.programFolder, fileIn(paths.creator, soundsFileName),
+                              samples == SamplesToo::Yes ? paths.samples : none};
+    auto locks = std::make_unique<ChangeLocks>(places, std::chrono::seconds(30));
+    if (const Problem problem = locks->take()) {
+        console.dialogs.fail(*problem);
+        return nullptr;
     }
-    return std::move(*lock);
+    if (const std::optional<BilingualText> notice = locks->notice()) {
+        console.dialogs.say(*notice);
+    }
+    return locks;
 }
 
 std::optional<Session> openSession(Console& console)
@@ -67,12 +74,14 @@ std::optional<Session> openSession(Console& console)
     return settings ? load(std::move(*settings), nullptr, console) : std::nullopt;
 }
 
-std::optional<Session> openSessionToChange(Console& console, const std::optional<std::string>& wadName)
+std::optional<Session> openSessionToChange(Console& console, const std::optional<std::string>& wadName,
+                                           SamplesToo samples)
 {
     std::optional<ProgramSettings> settings = openSettings(console);
-    std::optional<ProcessLock> lock = settings ? lockForChanges(console) : std::nullopt;
+    std::unique_ptr<ChangeLocks> locks =
+        settings ? lockForChanges(console, derivePaths(settings->LevelEditorFolder), samples) : nullptr;
     std::optional<Session> session =
-        lock ? load(std::move(*settings), std::move(*lock), console) : std::nullopt;
+        locks ? load(std::move(*settings), std::move(locks), console) : std::nullopt;
     if (session && wadName && session->references.findWad(*wadName) == nullptr) {
         const std::string shown = "[" + utf8FromCodePage(*wadName) + "]";
         console.dialogs.refuse(
@@ -134,7 +143,8 @@ ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Co
         console.dialogs.say({"No line changes.", "Aucune ligne ne change."});
         return ExitStatus::Done;
     }
-    const ApplyTarget target{console.programFolder, wadName.value_or(settingsWad(session).wadName)};
+    const ApplyTarget target{console.programFolder, wadName.value_or(settingsWad(session).wadName),
+                             session.locks.get()};
     return applyChanges(session.catalogue, target, console.dialogs) ? ExitStatus::Done : ExitStatus::Refused;
 }
 

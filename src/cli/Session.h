@@ -7,6 +7,7 @@
 #include "cli/Console.h"
 #include "references/LetterList.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -16,12 +17,14 @@ namespace tavrel {
 std::optional<ProgramSettings> openSettings(Console& console);
 
 // Waits while another window or command changes the files. Nothing, and a message, when that lasts too long.
-std::optional<ProcessLock> lockForChanges(Console& console);
+enum class SamplesToo { No, Yes };
+std::unique_ptr<ChangeLocks> lockForChanges(Console& console, const LevelEditorPaths& paths,
+                                            SamplesToo samples);
 
 // What the commands on the catalogue work on.
 struct Session
 {
-    ProcessLock lock; // none for a command that only reads
+    std::unique_ptr<ChangeLocks> locks; // none for a command that only reads
     ProgramSettings settings;
     LevelEditorPaths paths;
     ReferenceRegister references;
@@ -33,7 +36,8 @@ std::optional<Session> openSession(Console& console);
 // For a command that writes what it has read: others wait for it. Nothing also when no reference has the name
 // of the WAD whose record is to be written.
 std::optional<Session> openSessionToChange(Console& console,
-                                           const std::optional<std::string>& wadName = std::nullopt);
+                                           const std::optional<std::string>& wadName = std::nullopt,
+                                           SamplesToo samples = SamplesToo::No);
 
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);
