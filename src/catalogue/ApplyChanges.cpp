@@ -328,4 +328,26 @@ bool applyChanges(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs&
     return Application(catalogue, target, dialogs).run();
 }
 
+Result<bool> completeChangedLines(const SoundCatalogue& catalogue, const ApplyTarget& target)
+{
+    const std::string text = changedLinesText(catalogue);
+    if (text.empty() || !isPlainFileName(target.wadName)) {
+        return false;
+    }
+    const Result<std::optional<FolderEntry>> folder = lookUp(target.programFolder, changedLinesFolderName);
+    if (!folder) {
+        return folder.failure();
+    }
+    if (*folder) {
+        const Result<bool> present = holdsEntry((*folder)->path, target.wadName + ".tor");
+        if (!present || *present) {
+            return present ? Result<bool>(false) : present.failure();
+        }
+    }
+    if (Problem problem = writeChangedLines(target, text)) {
+        return *problem;
+    }
+    return true;
+}
+
 } // namespace tavrel

@@ -30,4 +30,8 @@ struct ApplyTarget
 // lines whose samples differ from the original's. True when sounds.txt was written.
 bool applyChanges(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs& dialogs);
 
+// Writes sounds\<WAD>.tor when it is missing though there are lines for it: an apply was cut short before it.
+// For a catalogue that is as the file is. True when it was written.
+Result<bool> completeChangedLines(const SoundCatalogue& catalogue, const ApplyTarget& target);
+
 } // namespace tavrel

@@ -68,6 +68,9 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
     if (!wad) {
         return ExitStatus::Refused;
     }
+    if (arguments.withSamples) {
+        tellCutRestores(session->paths, console);
+    }
     const ExportMode mode = modeNamed(arguments.mode);
     const ExportRequest request{mode,
                                 listForExport(session->catalogue, mode, wad->letter),
@@ -167,6 +170,9 @@ ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
     if (arguments.withSamples && !file->samplesFolder) {
         return console.dialogs.fail(wrongContent(
             arguments.file, {"No samples come with the file.", "Aucun sample n'accompagne le fichier."}));
+    }
+    if (arguments.withSamples) {
+        tellCutRestores(session->paths, console);
     }
     std::optional<std::vector<std::size_t>> rows = applicableRows(*file, console);
     if (!rows) {

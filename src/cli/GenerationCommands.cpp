@@ -57,6 +57,7 @@ ExitStatus generate(const std::string& wadName, Console& console)
     if (!wad) {
         return ExitStatus::Refused;
     }
+    tellCutRestores(session->paths, console);
     const std::unique_ptr<BatchRunner> runner = makeSystemBatchRunner(BatchConsole::None);
     SfxGeneration generation(*runner, console.dialogs);
     const GenerationRequest request{session->catalogue,

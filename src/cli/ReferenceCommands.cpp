@@ -124,6 +124,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     if (!session->settings.loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
         return console.dialogs.refuse(importForbidden());
     }
+    tellCutRestores(session->paths, console);
     const ImportResult result = importWadList(session->catalogue, *wad, kind,
                                               {console.programFolder, session->paths.wads}, console.dialogs);
     if (!result.imported) {

@@ -20,7 +20,9 @@ std::optional<std::vector<SampleFile>> samplesIn(const std::optional<std::filesy
     if (asked) {
         folder = *asked;
     } else if (const std::optional<ProgramSettings> settings = openSettings(console)) {
-        folder = derivePaths(settings->LevelEditorFolder).samples;
+        const LevelEditorPaths paths = derivePaths(settings->LevelEditorFolder);
+        tellCutRestores(paths, console);
+        folder = paths.samples;
     } else {
         return std::nullopt;
     }

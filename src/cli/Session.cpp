@@ -5,6 +5,7 @@
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "catalogue/ApplyChanges.h"
+#include "generation/FolderReplacement.h"
 
 namespace tavrel {
 
@@ -91,6 +92,15 @@ std::optional<Session> openSessionToChange(Console& console, const std::optional
     return session;
 }
 
+void tellCutRestores(const LevelEditorPaths& paths, Console& console)
+{
+    for (const std::filesystem::path& folder : {paths.samples, paths.wads}) {
+        if (const Problem problem = cutShortReplacement(folder)) {
+            console.dialogs.say(problem->text);
+        }
+    }
+}
+
 bool hasSound(const Session& session, std::size_t number, Console& console)
 {
     if (number < session.catalogue.size()) {
@@ -139,12 +149,22 @@ void refuseWadName(const std::string& name, Console& console)
 
 ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Console& console)
 {
-    if (!session.catalogue.pending()) {
-        console.dialogs.say({"No line changes.", "Aucune ligne ne change."});
-        return ExitStatus::Done;
-    }
     const ApplyTarget target{console.programFolder, wadName.value_or(settingsWad(session).wadName),
                              session.locks.get()};
+    if (!session.catalogue.pending()) {
+        const Result<bool> completed = completeChangedLines(session.catalogue, target);
+        if (!completed) {
+            return console.dialogs.fail(completed.failure());
+        }
+        console.dialogs.say(
+            *completed
+                ? BilingualText("No line changes. The record of the changed lines was missing and is "
+                                "written.",
+                                "Aucune ligne ne change. L'enregistrement des lignes modifiées manquait "
+                                "et vient d'être écrit.")
+                : BilingualText("No line changes.", "Aucune ligne ne change."));
+        return ExitStatus::Done;
+    }
     return applyChanges(session.catalogue, target, console.dialogs) ? ExitStatus::Done : ExitStatus::Refused;
 }
 

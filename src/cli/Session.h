@@ -39,6 +39,9 @@ std::optional<Session> openSessionToChange(Console& console,
                                            const std::optional<std::string>& wadName = std::nullopt,
                                            SamplesToo samples = SamplesToo::No);
 
+// For a command that reads the level editor's samples or WADs: whether a restore of them was cut short.
+void tellCutRestores(const LevelEditorPaths& paths, Console& console);
+
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);
 

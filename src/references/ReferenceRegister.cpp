@@ -22,6 +22,14 @@ const WadReference* firstMatch(Iterator first, Iterator last, Matches matches)
     return found == last ? nullptr : &*found;
 }
 
+// Some lines can be read and would be another reference, or none, once they are written with all quotes.
+bool isReadAgain(const RegisterRecord& record)
+{
+    RecordWriter writer;
+    writer.text(record.title).text(record.letter).text(record.wadName);
+    return splitRegisterRecord(writer.bytes()) == record;
+}
+
 // `keep` gets the lines that are no references.
 template <typename Append, typename Keep>
 void readReferences(const TextFile& file, std::vector<Failure>& notices, Append append, Keep keep)
@@ -30,7 +38,7 @@ void readReferences(const TextFile& file, std::vector<Failure>& notices, Append 
     for (const std::string_view line : file.lines()) {
         ++lineNumber;
         std::optional<RegisterRecord> record = splitRegisterRecord(line);
-        if (record) {
+        if (record && isReadAgain(*record)) {
             append(
                 WadReference{std::move(record->wadName), std::move(record->letter), std::move(record->title)},
                 lineNumber);
@@ -192,18 +200,38 @@ Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
     return loaded;
 }
 
+namespace {
+
+Failure unreadableRegister(const std::filesystem::path& file, const ReferenceRegister& references)
+{
+    std::vector<Failure> unwritten;
+    for (std::size_t i = references.userBegin(); i < references.size(); ++i) {
+        const WadReference& reference = references.at(i);
+        unwritten.push_back({BilingualText::same(
+            utf8FromCodePage("[" + reference.wadName + "] #" + reference.letter + " " + reference.title))});
+    }
+    BilingualText text("The file could not be read and is therefore not replaced.",
+                       "Le fichier n'a pas pu être lu et n'est donc pas remplacé.");
+    if (!unwritten.empty()) {
+        text += BilingualText("\nNot written:\n", "\nNon écrit :\n") + listOf(unwritten);
+    }
+    return wrongContent(file, text);
+}
+
+} // namespace
+
 Problem saveRegister(const std::filesystem::path& programFolder, ReferenceRegister& references)
 {
-    const std::filesystem::path file = fileIn(programFolder, userReferencesFileName);
-    if (references.isUserFileProtected()) {
-        return wrongContent(file,
-                            {"The file could not be read at the start and is therefore not replaced. The "
-                             "references are kept until the program ends.",
-                             "Le fichier n'a pas pu être lu au démarrage et n'est donc pas remplacé. Les "
-                             "références sont conservées jusqu'à la fin du programme."});
+    const Result<std::optional<FolderEntry>> entry = lookUp(programFolder, userReferencesFileName);
+    if (!entry) {
+        return entry.failure();
     }
-    const Result<TextFile> present = readTextFile(file);
-    if (present && present->text != references.textInFile()) {
+    const std::filesystem::path file = *entry ? (*entry)->path : programFolder / userReferencesFileName;
+    const Result<TextFile> present = *entry ? readTextFile(file) : TextFile();
+    if (references.isUserFileProtected() || !present) {
+        return unreadableRegister(file, references);
+    }
+    if (*entry && present->text != references.textInFile()) {
         if (!references.hasChanged()) {
             return std::nullopt;
         }
