@@ -216,7 +216,7 @@ SampleCopies copyAll(std::span<const std::string> names, const FolderIndex& sour
         if (sample == nullptr) {
             continue;
         }
-        const std::string shown = utf8FromCodePage(file);
+        const std::string shown = shownText(file);
         progress.say({"Copying sample [" + shown + "]...", "Copie du sample [" + shown + "] en cours..."});
         if (!done.insert(file).second) {
             continue; // the same bytes again
@@ -259,7 +259,7 @@ BilingualText unsafeSampleNames(std::span<const std::string> names)
     std::unordered_set<std::string> known;
     for (const std::string& name : names) {
         if (known.insert(name).second) {
-            shown.push_back({BilingualText::same("[" + utf8FromCodePage(name) + "]")});
+            shown.push_back({BilingualText::same("[" + shownText(name) + "]")});
         }
     }
     return BilingualText(
@@ -273,7 +273,7 @@ BilingualText listOfFiles(std::span<const std::string> files)
 {
     std::string list;
     for (const std::string& file : files) {
-        list += "\n" + utf8FromCodePage(file);
+        list += "\n" + shownText(file);
     }
     return BilingualText::same(list);
 }

@@ -87,7 +87,7 @@ public:
     ~Utf8Console(); // NOLINT(performance-trivially-destructible): it has work to do on Windows
 
 private:
-    unsigned m_before = 0;
+    [[maybe_unused]] unsigned m_before = 0; // on Windows
 };
 
 // The standard streams, byte for byte. Reading fills the front of the buffer: 0 bytes at the end of the

@@ -33,7 +33,11 @@ struct FileContent
 // another is refused; nothing for a regular one and for none.
 std::error_code refusalOfKind(const std::filesystem::file_status& status);
 
-Result<FileContent> readFile(const std::filesystem::path& file);
+// What is larger is refused before it is read: lists of lines and scripts may grow, other files do not.
+constexpr std::uintmax_t largestLines = 256U << 20U;
+constexpr std::uintmax_t largestOther = 16U << 20U;
+
+Result<FileContent> readFile(const std::filesystem::path& file, std::uintmax_t largest = largestLines);
 
 // 8-bit text. A file with NUL bytes (UTF-16 among them) is no such text and fails.
 struct TextFile
@@ -48,8 +52,11 @@ struct TextFile
     std::vector<std::string_view> lines() const;
 };
 
-Result<TextFile> readTextFile(const std::filesystem::path& file);
+Result<TextFile> readTextFile(const std::filesystem::path& file, std::uintmax_t largest = largestOther);
 // By its name in a folder, without regard to letter case.
-Result<TextFile> readTextFile(const std::filesystem::path& folder, std::string_view name);
+Result<TextFile> readTextFile(const std::filesystem::path& folder, std::string_view name,
+                              std::uintmax_t largest = largestOther);
+// Of bytes that are there already.
+Result<TextFile> asTextFile(const std::filesystem::path& file, FileContent content);
 
 } // namespace tavrel

@@ -122,7 +122,7 @@ ExitStatus count(const std::filesystem::path& file, ScriptStatistics& counts, Co
         console.dialogs.show({icon, statisticsTitle(), text});
         return console.dialogs.status();
     };
-    const Result<TextFile> script = readTextFile(file);
+    const Result<TextFile> script = readTextFile(file, largestLines);
     if (!script) {
         return say(MessageIcon::Critical, script.failure().text);
     }

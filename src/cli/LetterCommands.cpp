@@ -24,7 +24,7 @@ struct LetterArguments
 
 std::string shown(std::string_view letter)
 {
-    return "[#" + utf8FromCodePage(letter) + "]";
+    return "[#" + shownText(letter) + "]";
 }
 
 bool mayEdit(Session& session, std::size_t number, Console& console)

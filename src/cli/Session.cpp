@@ -84,7 +84,7 @@ std::optional<Session> openSessionToChange(Console& console, const std::optional
     std::optional<Session> session =
         locks ? load(std::move(*settings), std::move(locks), console) : std::nullopt;
     if (session && wadName && session->references.findWad(*wadName) == nullptr) {
-        const std::string shown = "[" + utf8FromCodePage(*wadName) + "]";
+        const std::string shown = "[" + shownText(*wadName) + "]";
         console.dialogs.refuse(
             {"No reference is named " + shown + ".", "Aucune référence ne s'appelle " + shown + "."});
         return std::nullopt;
@@ -125,7 +125,7 @@ std::optional<CurrentWad> wadWithLetter(const Session& session, const std::strin
     if (const WadReference* const reference = session.references.findUserLetter(letter)) {
         return currentWad(reference);
     }
-    const std::string shown = "[#" + utf8FromCodePage(letter) + "]";
+    const std::string shown = "[#" + shownText(letter) + "]";
     console.dialogs.refuse({"None of your references has the letter " + shown + ".",
                             "Aucune de vos références n'a la lettre " + shown + "."});
     return std::nullopt;
@@ -142,7 +142,7 @@ std::optional<CurrentWad> wadNamed(const Session& session, const std::string& na
 
 void refuseWadName(const std::string& name, Console& console)
 {
-    const std::string shown = "[" + utf8FromCodePage(name) + "]";
+    const std::string shown = "[" + shownText(name) + "]";
     console.dialogs.refuse({"None of your references is named " + shown + ".",
                             "Aucune de vos références ne s'appelle " + shown + "."});
 }

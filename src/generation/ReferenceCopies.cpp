@@ -105,7 +105,7 @@ void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::
     }
     const fs::path source =
         *backup && (*backup)->isFile ? (*backup)->path : fileIn(creatorFolder, soundsFileName);
-    const Result<TextFile> text = readTextFile(source);
+    const Result<TextFile> text = readTextFile(source, largestLines);
     const Result<std::size_t> sounds = text ? countSounds(*text) : Result<std::size_t>(text.failure());
     if (!sounds) {
         left(taken, originalLinesFileName, sounds.failure().text);

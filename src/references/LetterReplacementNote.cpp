@@ -94,9 +94,9 @@ Problem forgetLetterReplacement(const fs::path& programFolder, const LetterRepla
 
 BilingualText halfReplacedLetter(const LetterReplacement& replacement)
 {
-    const std::string before = "[#" + utf8FromCodePage(replacement.oldLetter) + "]";
-    const std::string after = "[#" + utf8FromCodePage(replacement.newLetter) + "]";
-    const std::string name = "[" + utf8FromCodePage(replacement.wadName) + "]";
+    const std::string before = "[#" + shownText(replacement.oldLetter) + "]";
+    const std::string after = "[#" + shownText(replacement.newLetter) + "]";
+    const std::string name = "[" + shownText(replacement.wadName) + "]";
     return {
         "The letter " + before + " of " + name + " was to become " + after +
             ". [sounds.txt] has the new letter, the reference still has the old one.\nReplace the letter once "

@@ -67,7 +67,7 @@ void noteOddities(const ReferenceRegister& references, const std::filesystem::pa
 void noteLetter(const ReferenceRegister& references, const WadReference& added,
                 const std::filesystem::path& file, std::size_t line, std::vector<Failure>& notices)
 {
-    const BilingualText shown = BilingualText::same("#" + utf8FromCodePage(added.letter) + " : ");
+    const BilingualText shown = BilingualText::same("#" + shownText(added.letter) + " : ");
     if (!isLetterOfOneLevel(added.letter)) {
         notices.push_back(wrongLine(
             file, line,
@@ -170,33 +170,41 @@ Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
     if (!builtIn) {
         return builtIn.failure();
     }
+    const Result<bool> hasUserFile = holdsEntry(programFolder, userReferencesFileName);
+    if (hasUserFile && !*hasUserFile) {
+        return parseRegister(*builtIn, std::nullopt);
+    }
+    return parseRegister(*builtIn, readTextFile(programFolder, userReferencesFileName));
+}
+
+LoadedRegister parseRegister(const TextFile& builtIn, const std::optional<Result<TextFile>>& user)
+{
     LoadedRegister loaded;
     ReferenceRegister& references = loaded.references;
     readReferences(
-        *builtIn, loaded.notices,
+        builtIn, loaded.notices,
         [&references](WadReference reference, std::size_t) {
             references.appendBuiltIn(std::move(reference));
         },
         [](const std::string&) {});
-    noteOddities(references, builtIn->path, loaded.notices);
-    const Result<bool> hasUserFile = holdsEntry(programFolder, userReferencesFileName);
-    if (hasUserFile && !*hasUserFile) {
-        return loaded;
-    }
-    const Result<TextFile> user = readTextFile(programFolder, userReferencesFileName);
+    noteOddities(references, builtIn.path, loaded.notices);
     if (!user) {
-        references.protectUserFile();
-        loaded.notices.push_back(user.failure());
         return loaded;
     }
+    if (!*user) {
+        references.protectUserFile();
+        loaded.notices.push_back(user->failure());
+        return loaded;
+    }
+    const TextFile& file = **user;
     readReferences(
-        *user, loaded.notices,
+        file, loaded.notices,
         [&](WadReference reference, std::size_t line) {
-            noteLetter(references, reference, user->path, line, loaded.notices);
+            noteLetter(references, reference, file.path, line, loaded.notices);
             references.appendUser(std::move(reference));
         },
         [&references](std::string line) { references.keepUserLine(std::move(line)); });
-    references.isInStepWith(user->text);
+    references.isInStepWith(file.text);
     return loaded;
 }
 
@@ -208,7 +216,7 @@ Failure unreadableRegister(const std::filesystem::path& file, const ReferenceReg
     for (std::size_t i = references.userBegin(); i < references.size(); ++i) {
         const WadReference& reference = references.at(i);
         unwritten.push_back({BilingualText::same(
-            utf8FromCodePage("[" + reference.wadName + "] #" + reference.letter + " " + reference.title))});
+            shownText("[" + reference.wadName + "] #" + reference.letter + " " + reference.title))});
     }
     BilingualText text("The file could not be read and is therefore not replaced.",
                        "Le fichier n'a pas pu être lu et n'est donc pas remplacé.");
