@@ -2,8 +2,10 @@
 // The main window's generation of sound files, and the restore of original files.
 #include "app/FmSFX.h"
 #include "app/StatusProgress.h"
+#include "base/Folder.h"
 #include "base/ProcessLock.h"
 #include "base/Titles.h"
+#include "catalogue/CatalogueLoading.h"
 #include "generation/FmDefault.h"
 #include "generation/RestoreDefaults.h"
 
@@ -66,13 +68,17 @@ void FmSFX::openRestore(QWidget* parent)
     if (chooser.exec() != QDialog::Accepted) {
         return;
     }
-    const Result<ProcessLock> lock = takeLock(m_context.programFolder, changesLock, std::chrono::seconds(2));
-    if (!lock) {
-        m_context.dialogs.show({MessageIcon::Exclamation, titles::restore, lock.failure().text});
+    const Places& places = m_session.places();
+    ChangeLocks locks({places.program, fileIn(places.creator, soundsFileName), places.samples},
+                      std::chrono::seconds(2));
+    if (const Problem problem = locks.take()) {
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::restore, problem->text});
         return;
     }
+    if (const std::optional<BilingualText> notice = locks.notice()) {
+        m_context.dialogs.show({MessageIcon::Information, titles::restore, *notice});
+    }
     m_busy = std::make_unique<StatusProgress>(*this, *m_status, settings().language);
-    const Places& places = m_session.places();
     const RestoreContext context{
         places.program, places.creator,   places.samples, places.wads, [this] { m_context.player.stop(); },
         *m_busy,        m_context.dialogs};

@@ -59,6 +59,40 @@ std::string shownId(std::int64_t id, std::string_view text)
     return isExact ? std::to_string(id) : std::string(text.substr(text.find_first_not_of(' ')));
 }
 
+// The lone CR of a file with other line ends.
+std::size_t findCarriageReturn(std::string_view text)
+{
+    if (text.find('\n') == std::string_view::npos) {
+        return std::string_view::npos; // they end its lines
+    }
+    std::size_t at = text.find('\r');
+    while (at != std::string_view::npos && text.substr(at).starts_with("\r\n")) {
+        at = text.find('\r', at + 1);
+    }
+    return at;
+}
+
+Problem refusalOfText(const TextFile& text)
+{
+    const std::size_t at = findCarriageReturn(text.text);
+    if (at != std::string::npos) {
+        const auto before = std::string_view(text.text).substr(0, at);
+        const auto line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1;
+        return wrongLine(text.path, line,
+                         {"A carriage return stands inside a record.",
+                          "Un retour chariot se trouve à l'intérieur d'un enregistrement."});
+    }
+    const auto isBeyondAscii = [](char c) { return static_cast<unsigned char>(c) > 127; };
+    if (text.hadByteOrderMark && std::ranges::any_of(text.text, isBeyondAscii)) {
+        return wrongContent(
+            text.path, {"The file is written in Unicode (UTF-8), and its accented letters would become "
+                        "others. Save it as ANSI text.",
+                        "Le fichier est écrit en Unicode (UTF-8) et ses lettres accentuées deviendraient "
+                        "d'autres caractères. Enregistrez-le en texte ANSI."});
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 ExchangeKind kindOfFile(const fs::path& file)
@@ -72,12 +106,18 @@ ExchangeKind kindOfFile(const fs::path& file)
 
 Result<std::vector<ExchangeRecord>> readExchangeFile(const fs::path& file)
 {
-    const Result<TextFile> text = readTextFile(file);
-    if (!text) {
-        return text.failure();
+    const Result<TextFile> text = readTextFile(file, largestLines);
+    return text ? parseExchangeFile(*text) : text.failure();
+}
+
+Result<std::vector<ExchangeRecord>> parseExchangeFile(const TextFile& text)
+{
+    const fs::path& file = text.path;
+    if (Problem problem = refusalOfText(text)) {
+        return *problem;
     }
     std::vector<ExchangeRecord> records;
-    std::vector<std::string_view> lines = text->lines();
+    std::vector<std::string_view> lines = text.lines();
     while (!lines.empty() && lines.back().empty()) {
         lines.pop_back(); // an editor left them
     }
@@ -91,7 +131,7 @@ Result<std::vector<ExchangeRecord>> readExchangeFile(const fs::path& file)
         }
         const std::optional<std::int64_t> id = parseId(fields->number);
         if (!id) {
-            const std::string shown = "[" + utf8FromCodePage(fields->number) + "]";
+            const std::string shown = "[" + shownText(fields->number) + "]";
             return wrongLine(
                 file, records.size() + 1,
                 {"The ID " + shown + " is not a number.", "L'ID " + shown + " n'est pas un nombre."});

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/TextFile.h"
 #include "catalogue/SoundLine.h"
 
 #include <cstdint>
@@ -31,6 +32,7 @@ struct ExchangeRecord
 
 // All of the file or, on the first line that is no record, nothing.
 Result<std::vector<ExchangeRecord>> readExchangeFile(const std::filesystem::path& file);
+Result<std::vector<ExchangeRecord>> parseExchangeFile(const TextFile& text);
 
 // Replaces the file, and with it files whose names differ in letter case alone, once the new one is whole.
 [[nodiscard]] Problem writeExchangeFile(const std::filesystem::path& file,

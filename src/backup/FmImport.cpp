@@ -4,6 +4,7 @@
 #include "backup/ExportCommands.h"
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "samples/SamplesFolder.h"
 #include "ui/Captions.h"
@@ -251,7 +252,10 @@ void FmImport::showFile()
     m_apply->setEnabled(true);
     m_withSamples->setVisible(m_file->samplesFolder.has_value());
     for (const ImportRow& row : m_file->rows) {
-        m_lines->addRow(fromCodePage(row.text), markOf(row), inLanguage(whyMarked(row)));
+        m_lines->addRow(fromCodePage(listedText(row)), markOf(row), inLanguage(whyMarked(row)));
+    }
+    if (!m_file->notices.empty()) {
+        m_context.dialogs.show({MessageIcon::Information, actionOf(m_file->kind), listOf(m_file->notices)});
     }
     m_lines->scrollToTop();
     showCounts();
@@ -398,10 +402,11 @@ void FmImport::play()
         return;
     }
     const ImportRow& selected = m_file->rows[*row];
-    if (!selected.record || selected.record->sampleCount() == 0) {
+    const std::optional<SoundLine> record = recordOf(selected);
+    if (!record || record->sampleCount() == 0) {
         return;
     }
-    const std::string& name = selected.record->Samples.front();
+    const std::string& name = record->Samples.front();
     const std::filesystem::path folder = m_file->samplesFolder && findSample(*m_file->samplesFolder, name)
                                              ? *m_file->samplesFolder
                                              : m_context.samplesFolder;

@@ -3,6 +3,7 @@
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
 
@@ -75,6 +76,10 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
         return *refusal;
     }
     const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t'; };
+    if (kind == ExchangeKind::Exchange && std::ranges::any_of(row.line, isControl)) {
+        return {"The line holds control characters.", "La ligne contient des caractères de contrôle."};
+    }
     if (kind == ExchangeKind::Exchange) {
         for (const std::string& line : {row.line, current}) {
             if (BilingualText refusal = refusalToCut(line); !refusal.empty()) {
@@ -90,7 +95,7 @@ BilingualText remarkOn(const ImportRow& row, const SoundCatalogue& catalogue)
 {
     const std::string_view current = catalogue.currentLine(static_cast<std::size_t>(row.id));
     if (nameOf(row.line) != nameOf(current)) {
-        const std::string name = "[" + utf8FromCodePage(nameOf(current)) + "]";
+        const std::string name = "[" + shownText(nameOf(current)) + "]";
         return {"The catalogue has " + name + " here: the file comes from another sounds.txt.",
                 "Le catalogue a " + name + " ici : le fichier provient d'un autre sounds.txt."};
     }
@@ -109,9 +114,6 @@ ImportRow makeRow(ExchangeRecord record, ExchangeKind kind, const SoundCatalogue
     row.id = record.id;
     row.idText = std::move(record.idText);
     row.line = std::move(record.line);
-    row.record = tryParse(row.line);
-    row.text =
-        row.record ? exchangeRow(row.idText, *row.record, row.record->Letters) : row.idText + " " + row.line;
     row.refusal = refusalOf(row, kind, catalogue, letter);
     return row;
 }
@@ -190,22 +192,37 @@ std::string mergedLine(std::string_view fileLine, std::string_view currentLine, 
 Result<ImportFile> readImportFile(const fs::path& file, const SoundCatalogue& catalogue,
                                   std::string_view letter)
 {
-    Result<std::vector<ExchangeRecord>> records = readExchangeFile(file);
+    const Result<TextFile> text = readTextFile(file, largestLines);
+    Result<ImportFile> result =
+        text ? parseImportFile(*text, catalogue, letter) : Result<ImportFile>(text.failure());
+    if (result && result->kind == ExchangeKind::Exchange) {
+        std::error_code error;
+        const fs::path whole = fs::absolute(file, error);
+        result->samplesFolder = error ? std::nullopt : samplesFolderToRead(samplesFolderOf(whole));
+    }
+    return result;
+}
+
+Result<ImportFile> parseImportFile(const TextFile& text, const SoundCatalogue& catalogue,
+                                   std::string_view letter)
+{
+    Result<std::vector<ExchangeRecord>> records = parseExchangeFile(text);
     if (!records) {
         return records.failure();
     }
-    ImportFile result{file, kindOfFile(file), {}, std::nullopt};
+    ImportFile result{text.path, kindOfFile(text.path), {}};
+    if (text.hadByteOrderMark) {
+        result.notices.push_back(
+            wrongContent(text.path, {"The file starts with a UTF-8 mark, which is left out.",
+                                     "Le fichier commence par une marque UTF-8, qui est ignorée."}));
+    }
+    result.rows.reserve(records->size());
     for (ExchangeRecord& record : *records) {
         result.rows.push_back(makeRow(std::move(record), result.kind, catalogue, letter));
     }
     std::vector<std::size_t> all(result.rows.size());
     std::iota(all.begin(), all.end(), std::size_t{0});
     foresee(result, all, catalogue, letter);
-    if (result.kind == ExchangeKind::Exchange) {
-        std::error_code error;
-        const fs::path whole = fs::absolute(file, error);
-        result.samplesFolder = error ? std::nullopt : samplesFolderToRead(samplesFolderOf(whole));
-    }
     return result;
 }
 
@@ -246,9 +263,21 @@ std::optional<fs::path> chooseImportFile(const fs::path& programFolder, Dialogs&
                                makeBackupsFolder(programFolder)});
 }
 
+std::optional<SoundLine> recordOf(const ImportRow& row)
+{
+    return tryParse(row.line);
+}
+
+std::string listedText(const ImportRow& row)
+{
+    const std::optional<SoundLine> record = recordOf(row);
+    return record ? exchangeRow(row.idText, *record, record->Letters) : row.idText + " " + row.line;
+}
+
 std::vector<std::string> offeredSamples(const ImportRow& row)
 {
-    return row.applicable() && row.record ? sampleNamesOf(*row.record) : std::vector<std::string>();
+    const std::optional<SoundLine> record = row.applicable() ? recordOf(row) : std::nullopt;
+    return record ? sampleNamesOf(*record) : std::vector<std::string>();
 }
 
 bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
@@ -261,7 +290,7 @@ bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
     if (!RequireCurrentReference(request.wad, title, dialogs)) {
         return false;
     }
-    const std::string letter = "[#" + utf8FromCodePage(request.wad.letter) + "]";
+    const std::string letter = "[#" + shownText(request.wad.letter) + "]";
     BilingualText text("Import lines and apply " + letter + " letter",
                        "Importer les lignes et appliquer la lettre " + letter);
     if (request.withSamples) {
@@ -359,12 +388,13 @@ std::vector<FieldComparison> compareWithCatalogue(const ImportRow& row, const So
     const std::optional<SoundLine> current =
         known ? tryParse(catalogue.currentLine(static_cast<std::size_t>(row.id))) : std::nullopt;
     const std::optional<SoundLine> result = row.applicable() ? tryParse(row.result) : std::nullopt;
+    const std::optional<SoundLine> held = recordOf(row);
     std::vector<FieldComparison> comparison;
     for (const auto& part : fields) {
         const auto valueIn = [&part](const std::optional<SoundLine>& line) {
             return line ? part.value(*line) : std::string();
         };
-        FieldComparison field{part.name, {valueIn(row.record), valueIn(current), valueIn(result)}};
+        FieldComparison field{part.name, {valueIn(held), valueIn(current), valueIn(result)}};
         field.differs =
             current && field.values[FieldComparison::file] != field.values[FieldComparison::catalogue];
         comparison.push_back(std::move(field));

@@ -29,10 +29,8 @@ std::string mergedLine(std::string_view fileLine, std::string_view currentLine, 
 struct ImportRow
 {
     std::int64_t id = -1;
-    std::string idText; // as it is shown
-    std::string line;   // as the file holds it
-    std::string text;   // as it is listed
-    std::optional<SoundLine> record;
+    std::string idText;    // as it is shown
+    std::string line;      // as the file holds it
     std::string result;    // what the catalogue's line would become, or has become
     BilingualText refusal; // why it cannot be applied
     BilingualText remark;  // what to look at before it is
@@ -47,12 +45,16 @@ struct ImportFile
     std::filesystem::path path;
     ExchangeKind kind = ExchangeKind::Exchange;
     std::vector<ImportRow> rows;
-    std::optional<std::filesystem::path> samplesFolder; // of an exchange file
+    std::optional<std::filesystem::path> samplesFolder = {}; // of an exchange file
+    std::vector<Failure> notices = {};                       // about the file as a whole
 };
 
 // Reads all of the file or, when a record is damaged, fails with its line.
 Result<ImportFile> readImportFile(const std::filesystem::path& file, const SoundCatalogue& catalogue,
                                   std::string_view letter);
+// The same without a look at the folder for samples.
+Result<ImportFile> parseImportFile(const TextFile& text, const SoundCatalogue& catalogue,
+                                   std::string_view letter);
 
 // Makes the results and remarks anew for other ticked rows, in order: a row builds on what the ticked ones
 // before it make of its line.
@@ -75,6 +77,11 @@ struct ImportRequest
     std::vector<std::string> samples;    // the ticked names
     std::filesystem::path samplesFolder; // the level editor's
 };
+
+// What a row's line holds: made when it is asked for, as a file may have hundreds of thousands of rows.
+std::optional<SoundLine> recordOf(const ImportRow& row);
+// As the window lists it.
+std::string listedText(const ImportRow& row);
 
 // The names of the samples that a row offers to copy.
 std::vector<std::string> offeredSamples(const ImportRow& row);

@@ -170,29 +170,13 @@ SampleCopies failed(Failure failure)
     return copies;
 }
 
-// The link makes room in one step; the file that it leads to stays as it is.
-Problem replaceLink(const fs::path& link, std::string_view bytes)
-{
-    const fs::path beside = withEnding(link, ".tavrel-new");
-    std::error_code ignored;
-    fs::remove(beside, ignored);
-    if (Problem problem = createFileSafely(beside, bytes)) {
-        return problem;
-    }
-    if (const std::error_code error = system::replaceFile(beside, link)) {
-        fs::remove(beside, ignored);
-        return cannotWrite(link, error);
-    }
-    return std::nullopt;
-}
-
 Problem copyFile(const fs::path& source, const fs::path& target)
 {
     const Result<FileContent> content = readFile(source);
     if (!content) {
         return content.failure();
     }
-    return system::isLink(target) ? replaceLink(target, content->bytes)
+    return system::isLink(target) ? replaceLinkSafely(target, content->bytes)
                                   : writeFileSafely(target, content->bytes);
 }
 
@@ -232,7 +216,7 @@ SampleCopies copyAll(std::span<const std::string> names, const FolderIndex& sour
         if (sample == nullptr) {
             continue;
         }
-        const std::string shown = utf8FromCodePage(file);
+        const std::string shown = shownText(file);
         progress.say({"Copying sample [" + shown + "]...", "Copie du sample [" + shown + "] en cours..."});
         if (!done.insert(file).second) {
             continue; // the same bytes again
@@ -275,7 +259,7 @@ BilingualText unsafeSampleNames(std::span<const std::string> names)
     std::unordered_set<std::string> known;
     for (const std::string& name : names) {
         if (known.insert(name).second) {
-            shown.push_back({BilingualText::same("[" + utf8FromCodePage(name) + "]")});
+            shown.push_back({BilingualText::same("[" + shownText(name) + "]")});
         }
     }
     return BilingualText(
@@ -289,7 +273,7 @@ BilingualText listOfFiles(std::span<const std::string> files)
 {
     std::string list;
     for (const std::string& file : files) {
-        list += "\n" + utf8FromCodePage(file);
+        list += "\n" + shownText(file);
     }
     return BilingualText::same(list);
 }
@@ -306,7 +290,7 @@ BilingualText keptSamples(std::span<const std::string> files)
 SampleCopies replaceSamples(std::span<const std::string> names, const fs::path& source,
                             const fs::path& target, Progress& progress)
 {
-    removeUnfinishedWrites(target);
+    removeUnfinishedWrites(target, Unfinished::OlderThanADay);
     const Result<FolderIndex> from = FolderIndex::of(source);
     if (!from) {
         return failed(from.failure());

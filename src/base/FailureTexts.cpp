@@ -17,7 +17,7 @@ std::string reason(const std::error_code& error)
 
 std::string bracketed(const std::filesystem::path& file)
 {
-    return "[" + displayPath(file) + "]";
+    return "[" + withoutControls(displayPath(file)) + "]";
 }
 
 } // namespace
@@ -34,7 +34,7 @@ Failure cannotWrite(const std::filesystem::path& file, const std::error_code& er
 
 Failure fileMissing(const std::filesystem::path& folder, std::string_view name)
 {
-    const std::string file = "[" + utf8FromCodePage(name) + "]";
+    const std::string file = "[" + shownText(name) + "]";
     return {BilingualText("No " + file + " file\nin ", "Aucun fichier " + file + "\ndans ") +
             displayPath(folder)};
 }

@@ -63,6 +63,24 @@ std::optional<fs::path> findEntry(const fs::path& folder, std::string_view name)
     return entry ? std::optional(entry->path) : std::nullopt;
 }
 
+Result<std::optional<FolderEntry>> lookUp(const fs::path& folder, std::string_view name)
+{
+    const Result<std::vector<FolderEntry>> entries = listFolder(folder);
+    if (!entries) {
+        return entries.failure();
+    }
+    return findIn(*entries, name);
+}
+
+Result<fs::path> fileToWrite(const fs::path& folder, std::string_view name)
+{
+    const Result<std::optional<FolderEntry>> entry = lookUp(folder, name);
+    if (!entry) {
+        return entry.failure();
+    }
+    return *entry ? (*entry)->path : folder / nativePath(name);
+}
+
 Result<FolderIndex> FolderIndex::of(const fs::path& folder)
 {
     Result<std::vector<FolderEntry>> entries = listFolder(folder);

@@ -34,6 +34,11 @@ std::optional<std::filesystem::path> findFile(const std::filesystem::path& folde
 // listed from one that does not hold it.
 Result<bool> holdsEntry(const std::filesystem::path& folder, std::string_view name);
 
+// For a write that depends on the answer: a folder that cannot be listed may well hold the file.
+Result<std::optional<FolderEntry>> lookUp(const std::filesystem::path& folder, std::string_view name);
+// Where the file stands, or where it is to be created.
+Result<std::filesystem::path> fileToWrite(const std::filesystem::path& folder, std::string_view name);
+
 // A folder that is listed once, for many names.
 class FolderIndex
 {

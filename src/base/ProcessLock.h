@@ -7,22 +7,64 @@
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 namespace tavrel {
 
-// Whoever changes sounds.txt or the register has this from reading them to writing them: what another process
-// would change in between would be lost.
+// Whoever writes what lies in the program folder.
 constexpr std::string_view changesLock = "Tavrel.lock";
 // Whoever generates: two batch files of one name would be in each other's way.
 constexpr std::string_view generationLock = "CreateSFX.lock";
+// Behind the name of the file itself, beside it: programs in several folders may write one sounds.txt.
+constexpr std::string_view fileLockEnding = ".tavrel-lock";
+// Beside sounds.txt, for the samples folder of the level editor.
+constexpr std::string_view samplesLock = "Samples.tavrel-lock";
 
-// One of several processes has it. It ends with its owner.
+// One of several processes has it. It ends with its owner. Empty where a folder takes no lock.
 using ProcessLock = std::unique_ptr<system::FileLock>;
 
-// Waits while another process has it, and fails when that lasts too long. Where the program folder takes no
-// lock (it may not be written to, its disk knows none), the work goes on without one.
-Result<ProcessLock> takeLock(const std::filesystem::path& programFolder, std::string_view name,
+// Waits while another process has it, and fails when that lasts too long. Where the folder cannot be written,
+// and where the system has no locks, the work goes on without one.
+Result<ProcessLock> takeLock(const std::filesystem::path& folder, std::string_view name,
                              std::chrono::seconds patience);
+
+// What is about to be written.
+struct LockedPlaces
+{
+    std::filesystem::path programFolder;
+    std::filesystem::path soundsFile = {};    // empty when it is not touched
+    std::filesystem::path samplesFolder = {}; // the level editor's; empty when it is not touched
+};
+
+// The locks for these places: whoever changes a file has them from reading it to writing it, for what another
+// process would change in between would be lost. Everybody takes them in the same order: program folder,
+// sounds.txt, samples. Whoever has them takes away what interrupted writes have left there.
+class ChangeLocks
+{
+public:
+    ChangeLocks(LockedPlaces places, std::chrono::seconds patience);
+
+    // Nothing to do when they are taken already. Waits and fails as takeLock() does, and has none of them
+    // then.
+    [[nodiscard]] Problem take();
+    void release();
+    bool areTaken() const { return m_taken; }
+
+    // That the system has no locks there: once, after the first take() that met it.
+    std::optional<BilingualText> notice();
+
+private:
+    using Clock = std::chrono::steady_clock;
+    [[nodiscard]] Problem takeOne(const std::filesystem::path& file, Clock::time_point end);
+
+    LockedPlaces m_places;
+    std::chrono::seconds m_patience;
+    std::vector<ProcessLock> m_locks;
+    bool m_taken = false;
+    bool m_hasLocks = true; // the system, for the places that were asked for last
+    bool m_told = false;
+};
 
 } // namespace tavrel

@@ -36,6 +36,8 @@ struct RegisterRecord
     std::string title;
     std::string letter;
     std::string wadName;
+
+    friend bool operator==(const RegisterRecord&, const RegisterRecord&) = default;
 };
 std::optional<RegisterRecord> splitRegisterRecord(std::string_view line);
 

@@ -4,27 +4,46 @@
 #include "base/Result.h"
 
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <string_view>
+#include <system_error>
 
 namespace tavrel {
 
 // The one way in which this program writes a user's file: the new bytes go to a file beside the target, reach
 // the disk, and take the target's place in one step. Whatever happens, the target is the old file or the new
-// one, whole. Links are followed; a read-only target is refused, and one that is no file; one that another
-// program holds is tried again for a moment.
+// one, whole, with the rights of the old one. Links are followed; a read-only target is refused, and one that
+// is no file; one that another program holds is tried again for a moment.
 [[nodiscard]] Problem writeFileSafely(const std::filesystem::path& target, std::string_view bytes);
 
-// The same for a file that must not exist yet: whatever stands there under that name is never replaced.
-[[nodiscard]] Problem createFileSafely(const std::filesystem::path& target, std::string_view bytes);
+// The same, but asks in the last moment, when nothing but the step itself is left. False when the answer was
+// no: the target was not touched.
+Result<bool> writeFileIf(const std::filesystem::path& target, std::string_view bytes,
+                         const std::function<bool()>& mayReplace);
+
+// The same in the place of a link: what it leads to stays as it is.
+[[nodiscard]] Problem replaceLinkSafely(const std::filesystem::path& link, std::string_view bytes);
+
+// The same for a file that must not exist yet: whatever stands there under that name is never replaced. A
+// copy of a file has the rights of that file.
+[[nodiscard]] Problem createFileSafely(const std::filesystem::path& target, std::string_view bytes,
+                                       const std::optional<std::filesystem::path>& copied = std::nullopt);
 
 // A copy beside the file under a name that is free: "Sounds_copy1.txt" for "Sounds.txt".
 Result<std::filesystem::path> keepCopyBeside(const std::filesystem::path& file, std::string_view bytes);
+// The name that the next such copy gets, as far as anybody can know.
+std::filesystem::path nextCopyBeside(const std::filesystem::path& file);
 
 // Gives a file or folder a name that must be free.
 [[nodiscard]] Problem moveSafely(const std::filesystem::path& from, const std::filesystem::path& to);
 
-// What an interrupted write left in a folder, or beside the files to which links in the folder lead. Called
-// at the start, when no write is under way: every process writes beside the target under the same name.
-void removeUnfinishedWrites(const std::filesystem::path& folder);
+// Where a file really lies: links are followed, and the last one may lead to nothing.
+std::error_code followLinks(std::filesystem::path& file);
+
+// What interrupted writes left in a folder, or beside the files to which links in the folder lead. All of it
+// is for whoever has the folder's lock; without a lock, what is old enough is left over for certain.
+enum class Unfinished { All, OlderThanADay };
+void removeUnfinishedWrites(const std::filesystem::path& folder, Unfinished which = Unfinished::All);
 
 } // namespace tavrel

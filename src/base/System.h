@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,8 +18,10 @@ namespace tavrel::system {
 // False when the file cannot be opened or read.
 bool readStart(const std::filesystem::path& file, std::span<char> buffer);
 
-// Creates a file that must not exist yet, and returns once its bytes are on the disk.
-std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes);
+// Creates a file that must not exist yet, and returns once its bytes are on the disk. With a model, the file
+// has the model's rights in the end, and wider ones at no moment.
+std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes,
+                             const std::optional<std::filesystem::path>& model = std::nullopt);
 
 // Returns once the bytes of an existing file are on the disk.
 std::error_code flushFile(const std::filesystem::path& file);
@@ -39,8 +42,9 @@ public:
     FileLock& operator=(const FileLock&) = delete;
     ~FileLock();
 
-    // Makes the file if need be. std::errc::resource_unavailable_try_again while another process has the
-    // lock.
+    // Makes the file if need be, for everybody who may write in its folder. The error is
+    // std::errc::resource_unavailable_try_again while another process has the lock, std::errc::not_supported
+    // where the system has no locks, std::errc::permission_denied where the file cannot be opened or made.
     std::error_code take(const std::filesystem::path& file);
 
 private:
@@ -106,7 +110,7 @@ public:
     ~Utf8Console(); // NOLINT(performance-trivially-destructible): it has work to do on Windows
 
 private:
-    unsigned m_before = 0;
+    [[maybe_unused]] unsigned m_before = 0; // on Windows
 };
 
 // The standard streams, byte for byte. Reading fills the front of the buffer: 0 bytes at the end of the
@@ -127,6 +131,9 @@ void surviveFailedWrites();
 
 // Whether the console window was opened for this program alone, and closes with it before anyone can read it.
 bool consoleClosesWithProgram();
+
+// Tells running processes of one machine apart.
+unsigned long processNumber();
 
 // The file of the running program.
 std::filesystem::path ownProgram();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/System.h"
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -8,6 +9,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <utility>
 
@@ -70,6 +72,86 @@ void flushFolder(const std::filesystem::path& folder)
     }
 }
 
+constexpr mode_t rightsOfMode = 07777;
+
+// False where the access list cannot be carried over; without one there is nothing to carry.
+bool copyAccessList(const std::filesystem::path& model, int descriptor)
+{
+    constexpr const char* name = "system.posix_acl_access";
+    std::array<char, 4096> list = {};
+    const ssize_t size = ::getxattr(model.c_str(), name, list.data(), list.size());
+    if (size < 0) {
+        return errno == ENODATA || errno == ENOTSUP;
+    }
+    return ::fsetxattr(descriptor, name, list.data(), static_cast<std::size_t>(size), 0) == 0;
+}
+
+// Until here nobody but the owner could open the file. What the model's group may do, another group may not.
+std::error_code takeRights(int descriptor, const std::filesystem::path& model, const struct stat& rights)
+{
+    constexpr auto same = static_cast<uid_t>(-1);
+    mode_t mode = rights.st_mode & rightsOfMode;
+    if (::fchown(descriptor, rights.st_uid, rights.st_gid) != 0) {
+        mode &= static_cast<mode_t>(S_IRWXU | S_IRWXG | S_IRWXO);
+        if (::fchown(descriptor, same, rights.st_gid) != 0) {
+            mode &= ~static_cast<mode_t>(S_IRWXG) | ((mode & S_IRWXO) << 3U);
+            return ::fchmod(descriptor, mode) == 0 ? std::error_code() : lastError();
+        }
+    }
+    if (!copyAccessList(model, descriptor)) {
+        mode &= ~static_cast<mode_t>(S_IRWXG); // the group's part stood for the list
+    }
+    return ::fchmod(descriptor, mode) == 0 ? std::error_code() : lastError();
+}
+
+// For everybody who may write in the folder: it is theirs to wait, too.
+mode_t lockRights(const std::filesystem::path& folder)
+{
+    struct stat status = {};
+    constexpr mode_t anyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+    const mode_t writers = ::stat(folder.c_str(), &status) == 0 ? status.st_mode & anyWrite : 0;
+    return S_IRUSR | S_IWUSR | writers | (writers << 1U);
+}
+
+// Network disks give their locks for writing alone. Where a lock file is not ours to write, reading is tried:
+// other disks lock all the same.
+int openLockFile(const std::filesystem::path& file)
+{
+    constexpr int always = O_CLOEXEC | O_NONBLOCK; // it might be a pipe
+    int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | always, S_IRUSR | S_IWUSR);
+    if (descriptor >= 0) {
+        static_cast<void>(::fchmod(descriptor, lockRights(file.parent_path()))); // else it is the owner's
+        return descriptor;
+    }
+    const int whyNotMade = errno;
+    descriptor = ::open(file.c_str(), O_RDWR | always);
+    if (descriptor < 0 && (errno == EACCES || errno == EPERM || errno == EROFS)) {
+        descriptor = ::open(file.c_str(), O_RDONLY | always);
+    }
+    if (descriptor < 0 && errno == ENOENT && whyNotMade != EEXIST) {
+        errno = whyNotMade;
+    }
+    return descriptor;
+}
+
+// One meaning, one word.
+std::error_code lockError(int error)
+{
+    switch (error) {
+    case ENOLCK:
+    case ENOSYS:
+    case EOPNOTSUPP:
+    case EINVAL:
+        return std::make_error_code(std::errc::not_supported);
+    case EPERM:
+    case EROFS:
+    case EBADF: // a network disk, and a file that is open for reading alone
+        return std::make_error_code(std::errc::permission_denied);
+    default:
+        return {error, std::generic_category()};
+    }
+}
+
 } // namespace
 
 bool readStart(const std::filesystem::path& file, std::span<char> buffer)
@@ -78,11 +160,21 @@ bool readStart(const std::filesystem::path& file, std::span<char> buffer)
     return descriptor.isOpen() && ::read(descriptor.number(), buffer.data(), buffer.size()) >= 0;
 }
 
-std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes)
+std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes,
+                             const std::optional<std::filesystem::path>& model)
 {
-    Descriptor descriptor(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    struct stat rights = {};
+    if (model && ::stat(model->c_str(), &rights) != 0) {
+        return lastError();
+    }
+    const mode_t mode = model ? S_IRUSR | S_IWUSR : 0666;
+    Descriptor descriptor(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
     if (!descriptor.isOpen()) {
         return lastError();
+    }
+    if (const std::error_code error =
+            model ? takeRights(descriptor.number(), *model, rights) : std::error_code()) {
+        return error;
     }
     if (const std::error_code error = writeAll(descriptor.number(), bytes)) {
         return error;
@@ -174,12 +266,12 @@ FileLock::~FileLock()
 
 std::error_code FileLock::take(const std::filesystem::path& file)
 {
-    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
+    const int descriptor = openLockFile(file);
     if (descriptor < 0) {
-        return lastError();
+        return lockError(errno);
     }
     if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-        const std::error_code error = lastError();
+        const std::error_code error = lockError(errno);
         ::close(descriptor);
         return error;
     }
@@ -268,6 +360,11 @@ void surviveFailedWrites()
 bool consoleClosesWithProgram()
 {
     return false;
+}
+
+unsigned long processNumber()
+{
+    return static_cast<unsigned long>(::getpid());
 }
 
 std::filesystem::path ownProgram()

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -38,6 +39,76 @@ bool hasAttribute(const std::filesystem::path& file, DWORD attributes)
     return found != INVALID_FILE_ATTRIBUTES && (found & attributes) != 0;
 }
 
+// Who may do what with a file. Empty where the disk keeps no such list.
+class AccessList
+{
+public:
+    explicit AccessList(const std::filesystem::path& file)
+    {
+        std::wstring name = file.native();
+        if (GetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                                  &m_list, nullptr, &m_descriptor) != ERROR_SUCCESS) {
+            m_descriptor = nullptr;
+        }
+    }
+    AccessList(const AccessList&) = delete;
+    AccessList& operator=(const AccessList&) = delete;
+    ~AccessList() { LocalFree(m_descriptor); }
+
+    PSECURITY_DESCRIPTOR descriptor() const { return m_descriptor; }
+
+    // Given at its creation, the file has the list from the first moment; given again, it inherits from its
+    // folder what the model does.
+    std::error_code giveTo(const std::filesystem::path& file) const
+    {
+        SECURITY_DESCRIPTOR_CONTROL control = 0;
+        DWORD revision = 0;
+        if (m_descriptor == nullptr || GetSecurityDescriptorControl(m_descriptor, &control, &revision) == 0) {
+            return {};
+        }
+        const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
+                                                     ? PROTECTED_DACL_SECURITY_INFORMATION
+                                                     : UNPROTECTED_DACL_SECURITY_INFORMATION;
+        std::wstring name = file.native();
+        const DWORD error =
+            SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance,
+                                  nullptr, nullptr, m_list, nullptr);
+        return {static_cast<int>(error), std::system_category()};
+    }
+
+private:
+    PACL m_list = nullptr;
+    PSECURITY_DESCRIPTOR m_descriptor = nullptr;
+};
+
+std::error_code createFile(const std::filesystem::path& file, std::string_view bytes, DWORD attributes,
+                           PSECURITY_DESCRIPTOR rights)
+{
+    SECURITY_ATTRIBUTES security = {sizeof(SECURITY_ATTRIBUTES), rights, FALSE};
+    const HANDLE handle =
+        CreateFileW(file.c_str(), GENERIC_WRITE, 0, &security, CREATE_NEW, attributes, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return lastError();
+    }
+    std::error_code error = writeAll(handle, bytes);
+    if (!error && FlushFileBuffers(handle) == 0) {
+        error = lastError();
+    }
+    CloseHandle(handle);
+    return error;
+}
+
+HANDLE openLockFile(const std::filesystem::path& file)
+{
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                      FILE_ATTRIBUTE_HIDDEN, nullptr);
+    // Not ours to write: reading locks as well.
+    return handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_ACCESS_DENIED
+               ? CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                             nullptr)
+               : handle;
+}
+
 } // namespace
 
 bool readStart(const std::filesystem::path& file, std::span<char> buffer)
@@ -54,19 +125,22 @@ bool readStart(const std::filesystem::path& file, std::span<char> buffer)
     return read != FALSE;
 }
 
-std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes)
+std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes,
+                             const std::optional<std::filesystem::path>& model)
 {
-    const HANDLE handle =
-        CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
+    if (!model) {
+        return createFile(file, bytes, FILE_ATTRIBUTE_NORMAL, nullptr);
+    }
+    constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    const DWORD attributes = GetFileAttributesW(model->c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
         return lastError();
     }
-    std::error_code error = writeAll(handle, bytes);
-    if (!error && FlushFileBuffers(handle) == 0) {
-        error = lastError();
-    }
-    CloseHandle(handle);
-    return error;
+    const AccessList rights(*model);
+    const DWORD kept = attributes & keptAttributes;
+    const std::error_code error =
+        createFile(file, bytes, kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, rights.descriptor());
+    return error ? error : rights.giveTo(file);
 }
 
 std::error_code flushFile(const std::filesystem::path& file)
@@ -148,16 +222,23 @@ FileLock::~FileLock()
 
 std::error_code FileLock::take(const std::filesystem::path& file)
 {
-    const HANDLE handle =
-        CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE handle = openLockFile(file);
     if (handle != INVALID_HANDLE_VALUE) {
         m_handle = reinterpret_cast<std::intptr_t>(handle);
         return {};
     }
-    const std::error_code error = lastError();
-    return error.value() == ERROR_SHARING_VIOLATION
-               ? std::make_error_code(std::errc::resource_unavailable_try_again)
-               : error;
+    switch (GetLastError()) {
+    case ERROR_SHARING_VIOLATION:
+        return std::make_error_code(std::errc::resource_unavailable_try_again);
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT:
+        return std::make_error_code(std::errc::permission_denied);
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+        return std::make_error_code(std::errc::no_such_file_or_directory);
+    default:
+        return lastError();
+    }
 }
 
 bool isPassing(const std::error_code& error)
@@ -296,6 +377,11 @@ bool consoleClosesWithProgram()
 {
     DWORD processes[2] = {};
     return GetConsoleProcessList(processes, 2) == 1;
+}
+
+unsigned long processNumber()
+{
+    return GetCurrentProcessId();
 }
 
 std::filesystem::path ownProgram()

@@ -39,15 +39,37 @@ std::error_code refusalOfKind(const fs::file_status& status)
                : std::error_code();
 }
 
-Result<FileContent> readFile(const fs::path& file)
+FileStamp stampOf(std::string_view bytes)
+{
+    return {bytes.size(), hashOf(bytes)};
+}
+
+namespace {
+
+Failure tooLarge(const fs::path& file, std::uintmax_t size, std::uintmax_t largest)
+{
+    constexpr unsigned megabyte = 20;
+    const std::string found = std::to_string(size >> megabyte);
+    const std::string most = std::to_string(largest >> megabyte);
+    return wrongContent(file,
+                        {"The file has " + found + " MB. Such a file is read up to " + most + " MB.",
+                         "Le fichier a " + found + " Mo. Un tel fichier est lu jusqu'à " + most + " Mo."});
+}
+
+} // namespace
+
+Result<FileContent> readFile(const fs::path& file, std::uintmax_t largest)
 {
     std::error_code error;
     if (const std::error_code refusal = refusalOfKind(fs::status(file, error))) {
         return cannotRead(file, refusal);
     }
-    const fs::file_time_type modified = fs::last_write_time(file, error);
+    const std::uintmax_t size = fs::file_size(file, error);
     if (error) {
         return cannotRead(file, error);
+    }
+    if (size > largest) {
+        return tooLarge(file, size, largest);
     }
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
@@ -55,16 +77,20 @@ Result<FileContent> readFile(const fs::path& file)
         return cannotRead(file, streamError());
     }
     FileContent content;
+    content.bytes.reserve(static_cast<std::size_t>(size));
     constexpr std::size_t blockSize = 1U << 16U;
     std::string block(blockSize, '\0');
-    while (stream) {
+    while (stream && content.bytes.size() <= largest) { // it may grow while it is read
         stream.read(block.data(), static_cast<std::streamsize>(block.size()));
         content.bytes.append(block, 0, static_cast<std::size_t>(stream.gcount()));
     }
     if (stream.bad()) {
         return cannotRead(file, streamError());
     }
-    content.stamp = {content.bytes.size(), modified, hashOf(content.bytes)};
+    if (content.bytes.size() > largest) {
+        return tooLarge(file, content.bytes.size(), largest);
+    }
+    content.stamp = stampOf(content.bytes);
     return content;
 }
 
@@ -83,14 +109,16 @@ std::vector<std::string_view> TextFile::lines() const
     return result;
 }
 
-Result<TextFile> readTextFile(const fs::path& file)
+Result<TextFile> readTextFile(const fs::path& file, std::uintmax_t largest)
 {
-    Result<FileContent> content = readFile(file);
-    if (!content) {
-        return content.failure();
-    }
+    Result<FileContent> content = readFile(file, largest);
+    return content ? asTextFile(file, std::move(*content)) : content.failure();
+}
+
+Result<TextFile> asTextFile(const fs::path& file, FileContent content)
+{
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    TextFile result{file, std::move(content->bytes), false, content->stamp};
+    TextFile result{file, std::move(content.bytes), false, content.stamp};
     if (result.text.starts_with("\xFF\xFE") || result.text.starts_with("\xFE\xFF")) {
         return wrongContent(file,
                             {"The file is written in Unicode (UTF-16). Save it as ANSI text.",
@@ -108,13 +136,13 @@ Result<TextFile> readTextFile(const fs::path& file)
     return result;
 }
 
-Result<TextFile> readTextFile(const fs::path& folder, std::string_view name)
+Result<TextFile> readTextFile(const fs::path& folder, std::string_view name, std::uintmax_t largest)
 {
     const std::optional<fs::path> file = findEntry(folder, name);
     if (!file) {
         return fileMissing(folder, name);
     }
-    return readTextFile(*file);
+    return readTextFile(*file, largest);
 }
 
 } // namespace tavrel

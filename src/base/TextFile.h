@@ -12,11 +12,10 @@
 
 namespace tavrel {
 
-// Tells whether a file is still the one that was read.
+// Tells whether a file still holds what was read. Its time does not count: it may only have been touched.
 struct FileStamp
 {
     std::uintmax_t size = 0;
-    std::filesystem::file_time_type modified;
     std::uint64_t hash = 0;
 
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
@@ -24,6 +23,7 @@ struct FileStamp
 
 // FNV-1a: quick, and two versions of one text file practically never share it.
 std::uint64_t hashOf(std::string_view bytes);
+FileStamp stampOf(std::string_view bytes);
 
 struct FileContent
 {
@@ -35,7 +35,11 @@ struct FileContent
 // another is refused; nothing for a regular one and for none.
 std::error_code refusalOfKind(const std::filesystem::file_status& status);
 
-Result<FileContent> readFile(const std::filesystem::path& file);
+// What is larger is refused before it is read: lists of lines and scripts may grow, other files do not.
+constexpr std::uintmax_t largestLines = 256U << 20U;
+constexpr std::uintmax_t largestOther = 16U << 20U;
+
+Result<FileContent> readFile(const std::filesystem::path& file, std::uintmax_t largest = largestLines);
 
 // 8-bit text. A file with NUL bytes (UTF-16 among them) is no such text and fails.
 struct TextFile
@@ -50,8 +54,11 @@ struct TextFile
     std::vector<std::string_view> lines() const;
 };
 
-Result<TextFile> readTextFile(const std::filesystem::path& file);
+Result<TextFile> readTextFile(const std::filesystem::path& file, std::uintmax_t largest = largestOther);
 // By its name in a folder, without regard to letter case.
-Result<TextFile> readTextFile(const std::filesystem::path& folder, std::string_view name);
+Result<TextFile> readTextFile(const std::filesystem::path& folder, std::string_view name,
+                              std::uintmax_t largest = largestOther);
+// Of bytes that are there already.
+Result<TextFile> asTextFile(const std::filesystem::path& file, FileContent content);
 
 } // namespace tavrel

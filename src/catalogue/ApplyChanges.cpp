@@ -7,6 +7,7 @@
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
 #include "base/Titles.h"
+#include "catalogue/FileText.h"
 #include "catalogue/SoundLine.h"
 
 #include <algorithm>
@@ -17,16 +18,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void report(const Failure& failure, Dialogs& dialogs)
-{
-    dialogs.show({MessageIcon::Critical, titles::modification, failure.text});
-}
-
 // sounds.txt as it stands on the disk when the user applies.
 struct FileOnDisk
 {
     std::optional<FileContent> content; // nothing when the file has gone
     std::size_t linesWithoutSound = 0;
+
+    std::optional<FileStamp> stamp() const { return content ? std::optional(content->stamp) : std::nullopt; }
 };
 
 Result<FileOnDisk> lookAtDisk(const fs::path& file)
@@ -48,92 +46,57 @@ Result<FileOnDisk> lookAtDisk(const fs::path& file)
     return result;
 }
 
-void announceDroppedLines(std::size_t count, bool backupExists, Dialogs& dialogs)
+Result<bool> holdsFirstBackup(const fs::path& folder)
+{
+    const Result<std::optional<FolderEntry>> backup = lookUp(folder, firstBackupName);
+    if (!backup) {
+        return backup.failure();
+    }
+    if (*backup && !(*backup)->isFile) {
+        return wrongContent(
+            (*backup)->path,
+            {"This is no file and therefore no backup of [sounds.txt]. Give it another name.",
+             "Ce n'est pas un fichier, donc pas une sauvegarde de [sounds.txt]. Renommez-le."});
+    }
+    return backup->has_value();
+}
+
+BilingualText droppedLines(std::size_t count, const BilingualText& whereKept)
 {
     const std::string number = std::to_string(count);
-    BilingualText text(
-        number +
-            " line(s) of [sounds.txt] are no sounds (comments, blank lines) and will not be written back.",
-        number +
-            " ligne(s) de [sounds.txt] ne sont pas des sons (commentaires, lignes vides) et ne seront pas "
-            "réécrites.");
-    text += backupExists
-                ? BilingualText("\nA copy of the file is kept beside it.",
-                                "\nUne copie du fichier est conservée à côté.")
-                : BilingualText("\n[Orig_Sounds.txt] keeps them.", "\n[Orig_Sounds.txt] les conserve.");
-    dialogs.show({MessageIcon::Information, titles::modification, text});
+    return BilingualText(
+               number +
+                   " line(s) of [sounds.txt] are no sounds (comments, blank lines) and will not be written "
+                   "back.\n",
+               number +
+                   " ligne(s) de [sounds.txt] ne sont pas des sons (commentaires, lignes vides) et ne seront "
+                   "pas réécrites.\n") +
+           whereKept;
 }
 
-bool confirm(Dialogs& dialogs)
+Question confirmation()
 {
-    const Question question{
-        titles::modification,
-        {"Confirm modification\nAll the changes will be applied to the [sounds.txt] file",
-         "Confirmer la modification\nTous les changements seront appliqués au fichier [sounds.txt]"},
-        Buttons::YesNo};
-    return dialogs.ask(question) == Answer::Yes;
+    return {titles::modification,
+            {"Confirm modification\nAll the changes will be applied to the [sounds.txt] file",
+             "Confirmer la modification\nTous les changements seront appliqués au fichier [sounds.txt]"},
+            Buttons::YesNo};
 }
 
-bool confirmOverwriting(bool fileIsThere, Dialogs& dialogs)
+Question overwriting(const std::optional<fs::path>& copy)
 {
-    const BilingualText text =
-        fileIsThere ? BilingualText(
-                          "[sounds.txt] was changed by another program since it was loaded.\nOverwrite "
-                          "those changes?",
-                          "[sounds.txt] a été modifié par un autre programme depuis son chargement.\nÉcraser "
-                          "ces modifications ?")
-                    : BilingualText("[sounds.txt] is no longer in its folder.\nWrite it anew?",
-                                    "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
-    return dialogs.ask({titles::modification, text, Buttons::YesNo, true, true}) == Answer::Yes;
-}
-
-// The file as it stands once the user has agreed to overwrite just that file. It may change while a question
-// is on the screen. Nothing when the user refuses or the file cannot be read.
-std::optional<FileOnDisk> agreeOnFile(const SoundCatalogue::File& loaded, Dialogs& dialogs)
-{
-    std::optional<FileStamp> agreed = loaded.stamp;
-    while (true) {
-        Result<FileOnDisk> onDisk = lookAtDisk(loaded.path);
-        if (!onDisk) {
-            report(onDisk.failure(), dialogs);
-            return std::nullopt;
-        }
-        const std::optional<FileStamp> found =
-            onDisk->content ? std::optional(onDisk->content->stamp) : std::nullopt;
-        if (found == agreed) {
-            return std::move(*onDisk);
-        }
-        if (!confirmOverwriting(found.has_value(), dialogs)) {
-            return std::nullopt;
-        }
-        agreed = found;
+    BilingualText text("[sounds.txt] is no longer in its folder.\nWrite it anew?",
+                       "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
+    if (copy) {
+        const std::string name = "[" + displayPath(copy->filename()) + "]";
+        text = {
+            "[sounds.txt] was changed by another program since it was loaded.\nThe file with those changes "
+            "is kept beside it as " +
+                name + ".\nOverwrite those changes?",
+            "[sounds.txt] a été modifié par un autre programme depuis son chargement.\nLe fichier ainsi "
+            "modifié est conservé à côté sous le nom " +
+                name + ".\nÉcraser ces modifications ?"};
     }
-}
-
-// The first apply keeps the file as it was before this program; later ones keep what would be lost.
-Problem keepBackup(const FileOnDisk& onDisk, const fs::path& file, bool backupExists)
-{
-    if (!onDisk.content) {
-        return std::nullopt;
-    }
-    if (!backupExists) {
-        return createFileSafely(file.parent_path() / nativePath(firstBackupName), onDisk.content->bytes);
-    }
-    if (onDisk.linesWithoutSound > 0) {
-        const Result<fs::path> copy = keepCopyBeside(file, onDisk.content->bytes);
-        return copy ? Problem() : Problem(copy.failure());
-    }
-    return std::nullopt;
-}
-
-std::string soundsText(const SoundCatalogue& catalogue)
-{
-    std::string text;
-    for (std::size_t k = 0; k < catalogue.size(); ++k) {
-        text += catalogue.currentLine(k);
-        text += "\r\n";
-    }
-    return text;
+    return {titles::modification, text, Buttons::YesNo, true, true};
 }
 
 std::string changedLinesText(const SoundCatalogue& catalogue)
@@ -150,59 +113,242 @@ std::string changedLinesText(const SoundCatalogue& catalogue)
 
 Problem writeChangedLines(const ApplyTarget& target, const std::string& text)
 {
-    const fs::path folder = fileIn(target.programFolder, changedLinesFolderName);
+    const Result<fs::path> folder = fileToWrite(target.programFolder, changedLinesFolderName);
+    if (!folder) {
+        return folder.failure();
+    }
     std::error_code ignored;
-    fs::create_directory(folder, ignored);
+    fs::create_directory(*folder, ignored);
     if (!isPlainFileName(target.wadName)) {
         return std::nullopt;
     }
-    const std::string name = target.wadName + ".tor";
+    const Result<std::optional<FolderEntry>> old = lookUp(*folder, target.wadName + ".tor");
+    if (!old) {
+        return old.failure();
+    }
+    removeUnfinishedWrites(*folder);
     if (!text.empty()) {
-        return writeFileSafely(fileIn(folder, name), text);
+        return writeFileSafely(*old ? (*old)->path : *folder / nativePath(target.wadName + ".tor"), text);
     }
     std::error_code error;
-    const std::optional<fs::path> old = findFile(folder, name);
-    if (old) {
-        fs::remove(*old, error);
+    if (*old && (*old)->isFile) {
+        fs::remove((*old)->path, error);
     }
-    return error ? Problem(cannotWrite(*old, error)) : Problem();
+    return error ? Problem(cannotWrite((*old)->path, error)) : Problem();
 }
+
+// One run of applyChanges().
+class Application
+{
+public:
+    Application(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs& dialogs)
+        : m_catalogue(catalogue), m_target(target), m_dialogs(dialogs), m_file(catalogue.file().path),
+          m_ownLocks({target.programFolder, m_file}, std::chrono::seconds(2)),
+          m_locks(target.locks != nullptr ? *target.locks : m_ownLocks), m_agreed(catalogue.file().stamp)
+    {}
+
+    bool run()
+    {
+        if (!confirm()) {
+            return false;
+        }
+        Outcome outcome = Outcome::Changed;
+        while (outcome == Outcome::Changed) {
+            outcome = agreeOnFile() ? write() : Outcome::Refused;
+        }
+        return outcome == Outcome::Written;
+    }
+
+private:
+    enum class Outcome { Written, Refused, Changed };
+
+    Outcome report(const Failure& failure)
+    {
+        m_dialogs.show({MessageIcon::Critical, titles::modification, failure.text});
+        return Outcome::Refused;
+    }
+
+    bool confirm()
+    {
+        const Result<FileOnDisk> onDisk = lookAtDisk(m_file);
+        const Result<bool> backupExists = holdsFirstBackup(m_file.parent_path());
+        if (!onDisk || !backupExists) {
+            report(!onDisk ? onDisk.failure() : backupExists.failure());
+            return false;
+        }
+        const BilingualText whereKept =
+            *backupExists ? BilingualText("A copy of the file is kept beside it.",
+                                          "Une copie du fichier est conservée à côté.")
+                          : BilingualText("[Orig_Sounds.txt] keeps them.", "[Orig_Sounds.txt] les conserve.");
+        const Question dropping{titles::modification, droppedLines(onDisk->linesWithoutSound, whereKept),
+                                Buttons::OkCancel};
+        if (onDisk->linesWithoutSound > 0 && !m_target.keepComments &&
+            m_dialogs.ask(dropping) != Answer::Ok) {
+            return false;
+        }
+        return m_target.confirm ? m_target.confirm(confirmation())
+                                : m_dialogs.ask(confirmation()) == Answer::Yes;
+    }
+
+    // The user agrees to overwrite just that file, which may change while a question is on the screen. Nobody
+    // waits for an answer with the locks.
+    bool agreeOnFile()
+    {
+        while (true) {
+            const Result<FileOnDisk> onDisk = lookAtDisk(m_file);
+            if (!onDisk) {
+                report(onDisk.failure());
+                return false;
+            }
+            if (onDisk->stamp() == m_agreed) {
+                return true;
+            }
+            m_locks.release();
+            m_namedCopy = nameOfCopy(*onDisk);
+            if (m_dialogs.ask(overwriting(m_namedCopy)) != Answer::Yes) {
+                return false;
+            }
+            m_agreed = onDisk->stamp();
+        }
+    }
+
+    std::optional<fs::path> nameOfCopy(const FileOnDisk& onDisk) const
+    {
+        if (!onDisk.content) {
+            return std::nullopt;
+        }
+        const Result<bool> backupExists = holdsFirstBackup(m_file.parent_path());
+        return backupExists && !*backupExists ? m_file.parent_path() / nativePath(firstBackupName)
+                                              : nextCopyBeside(m_file);
+    }
+
+    // The first apply keeps the file as it was before this program; later ones keep what would be lost.
+    Result<std::optional<fs::path>> keepBackup(const FileOnDisk& onDisk) const
+    {
+        if (!onDisk.content) {
+            return std::optional<fs::path>();
+        }
+        const Result<bool> backupExists = holdsFirstBackup(m_file.parent_path());
+        if (!backupExists) {
+            return backupExists.failure();
+        }
+        if (!*backupExists) {
+            const fs::path backup = m_file.parent_path() / nativePath(firstBackupName);
+            const Problem problem = createFileSafely(backup, onDisk.content->bytes, m_file);
+            return problem ? Result<std::optional<fs::path>>(*problem) : std::optional(backup);
+        }
+        const bool dropsLines = onDisk.linesWithoutSound > 0 && !m_target.keepComments;
+        if (!dropsLines && onDisk.stamp() == m_catalogue.file().stamp) {
+            return std::optional<fs::path>();
+        }
+        const Result<fs::path> copy = keepCopyBeside(m_file, onDisk.content->bytes);
+        return copy ? Result<std::optional<fs::path>>(*copy) : copy.failure();
+    }
+
+    Outcome write()
+    {
+        if (const Problem problem = m_locks.take()) {
+            m_dialogs.show({MessageIcon::Exclamation, titles::modification, problem->text});
+            return Outcome::Refused;
+        }
+        if (const std::optional<BilingualText> notice = m_locks.notice()) {
+            m_dialogs.show({MessageIcon::Information, titles::modification, *notice});
+        }
+        const Result<FileOnDisk> onDisk = lookAtDisk(m_file);
+        if (!onDisk) {
+            return report(onDisk.failure());
+        }
+        if (onDisk->stamp() != m_agreed) {
+            return Outcome::Changed;
+        }
+        const Result<std::optional<fs::path>> kept = keepBackup(*onDisk);
+        return kept ? replace(*onDisk, *kept) : report(kept.failure());
+    }
+
+    FileText textToWrite(const FileOnDisk& onDisk) const
+    {
+        if (!m_target.keepComments || !onDisk.content) {
+            return soundsAlone(m_catalogue);
+        }
+        return soundsWithComments(m_catalogue, onDisk.content->bytes,
+                                  onDisk.stamp() == m_catalogue.file().stamp);
+    }
+
+    Outcome replace(const FileOnDisk& onDisk, const std::optional<fs::path>& kept)
+    {
+        const FileText file = textToWrite(onDisk);
+        const std::string& text = file.bytes;
+        const Result<bool> written = writeFileIf(m_file, text, [this] {
+            const Result<FileOnDisk> onDisk = lookAtDisk(m_file);
+            return onDisk && onDisk->stamp() == m_agreed;
+        });
+        if (!written || !*written) {
+            removeCopy(kept, text);
+            return written ? Outcome::Changed : report(written.failure());
+        }
+        m_catalogue.markApplied(stampOf(text), file.linesInFile);
+        if (m_namedCopy && kept && *kept != *m_namedCopy) {
+            m_dialogs.show(
+                {MessageIcon::Information, titles::modification,
+                 BilingualText("The file with the changes of the other program is kept as\n",
+                               "Le fichier modifié par l'autre programme est conservé sous le nom\n") +
+                     displayPath(*kept)});
+        }
+        if (const Problem problem = writeChangedLines(m_target, changedLinesText(m_catalogue))) {
+            report(
+                {BilingualText("[sounds.txt] is written, but not the record of the changed lines.\n",
+                               "[sounds.txt] est écrit, mais pas l'enregistrement des lignes modifiées.\n") +
+                 problem->text});
+        }
+        return Outcome::Written;
+    }
+
+    // Only while it keeps nothing that is not in the file itself: a network disk may report a failure and
+    // have replaced the file all the same.
+    void removeCopy(const std::optional<fs::path>& copy, const std::string& newText) const
+    {
+        const Result<FileContent> present = readFile(m_file);
+        if (copy && present && present->bytes != newText) {
+            std::error_code ignored;
+            fs::remove(*copy, ignored);
+        }
+    }
+
+    SoundCatalogue& m_catalogue;
+    const ApplyTarget& m_target;
+    Dialogs& m_dialogs;
+    fs::path m_file;
+    ChangeLocks m_ownLocks;
+    ChangeLocks& m_locks;
+    std::optional<fs::path> m_namedCopy; // in the last question
+    std::optional<FileStamp> m_agreed;   // nothing: that there is no such file
+};
 
 } // namespace
 
 bool applyChanges(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs& dialogs)
 {
-    const fs::path file = catalogue.file().path;
-    const std::string newSounds = soundsText(catalogue);
-    const std::string changedLines = changedLinesText(catalogue);
-    const Result<FileOnDisk> before = lookAtDisk(file);
-    const Result<bool> backupExists = holdsEntry(file.parent_path(), firstBackupName);
-    if (!before || !backupExists) {
-        report(!before ? before.failure() : backupExists.failure(), dialogs);
+    return Application(catalogue, target, dialogs).run();
+}
+
+Result<bool> completeChangedLines(const SoundCatalogue& catalogue, const ApplyTarget& target)
+{
+    const std::string text = changedLinesText(catalogue);
+    if (text.empty() || !isPlainFileName(target.wadName)) {
         return false;
     }
-    if (before->linesWithoutSound > 0) {
-        announceDroppedLines(before->linesWithoutSound, *backupExists, dialogs);
+    const Result<std::optional<FolderEntry>> folder = lookUp(target.programFolder, changedLinesFolderName);
+    if (!folder) {
+        return folder.failure();
     }
-    if (!confirm(dialogs)) {
-        return false;
+    if (*folder) {
+        const Result<bool> present = holdsEntry((*folder)->path, target.wadName + ".tor");
+        if (!present || *present) {
+            return present ? Result<bool>(false) : present.failure();
+        }
     }
-    const std::optional<FileOnDisk> onDisk = agreeOnFile(catalogue.file(), dialogs);
-    if (!onDisk) {
-        return false;
-    }
-    if (const Problem problem = keepBackup(*onDisk, file, *backupExists)) {
-        report(*problem, dialogs);
-        return false;
-    }
-    if (const Problem problem = writeFileSafely(file, newSounds)) {
-        report(*problem, dialogs);
-        return false;
-    }
-    const Result<FileContent> written = readFile(file);
-    catalogue.markApplied(written ? written->stamp : FileStamp());
-    if (const Problem problem = writeChangedLines(target, changedLines)) {
-        report(*problem, dialogs);
+    if (Problem problem = writeChangedLines(target, text)) {
+        return *problem;
     }
     return true;
 }

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "base/Dialogs.h"
+#include "base/ProcessLock.h"
 #include "catalogue/SoundCatalogue.h"
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 namespace tavrel {
@@ -16,11 +18,23 @@ struct ApplyTarget
 {
     std::filesystem::path programFolder;
     std::string wadName; // for the record of changed lines; none is kept when this is no plain file name
+    // Lines that are no sounds are written back where they stood, and the others byte for byte where nobody
+    // changed them.
+    bool keepComments = false;
+    // Of a caller that has them since it read the files. Without, the apply takes its own once its questions
+    // are answered. A question that comes up later gives them back while it waits.
+    ChangeLocks* locks = nullptr;
+    // Puts the question before the write in another way, with more than Yes and No. True for Yes.
+    std::function<bool(const Question&)> confirm = {};
 };
 
 // "Apply changes to sounds.txt": asks, then writes every current line to the file that was loaded. Keeps
-// Orig_Sounds.txt from the first time, and sounds\<WAD>.tor with the lines whose samples differ from the
-// original's. True when sounds.txt was written.
+// Orig_Sounds.txt from the first time, a copy of whatever else would be lost, and sounds\<WAD>.tor with the
+// lines whose samples differ from the original's. True when sounds.txt was written.
 bool applyChanges(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs& dialogs);
+
+// Writes sounds\<WAD>.tor when it is missing though there are lines for it: an apply was cut short before it.
+// For a catalogue that is as the file is. True when it was written.
+Result<bool> completeChangedLines(const SoundCatalogue& catalogue, const ApplyTarget& target);
 
 } // namespace tavrel

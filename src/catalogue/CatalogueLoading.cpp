@@ -66,14 +66,9 @@ std::vector<Failure> takeDoubles(SoundCatalogue& catalogue, const TextFile& file
     return std::move(doubles.notices);
 }
 
-void loadObjects(const CatalogueSources& sources, LoadedCatalogue& loaded)
+void takeObjects(const Result<TextFile>& file, LoadedCatalogue& loaded)
 {
-    const Result<TextFile> file = readTextFile(sources.programFolder, objectsFileName);
-    if (!file) {
-        loaded.notices.push_back(file.failure());
-        return;
-    }
-    Result<std::vector<SoundObject>> objects = parseObjectTable(*file);
+    Result<std::vector<SoundObject>> objects = file ? parseObjectTable(*file) : file.failure();
     if (!objects) {
         loaded.notices.push_back(objects.failure());
         return;
@@ -85,30 +80,36 @@ void loadObjects(const CatalogueSources& sources, LoadedCatalogue& loaded)
 
 Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
 {
-    const Result<TextFile> originalFile = readTextFile(sources.programFolder, originalLinesFileName);
-    if (!originalFile) {
-        return originalFile.failure();
+    Result<TextFile> originals = readTextFile(sources.programFolder, originalLinesFileName, largestLines);
+    if (!originals) {
+        return originals.failure();
     }
-    std::vector<NumberedLine> originals = soundLines(*originalFile);
-    if (Problem problem = firstUnreadableLine(*originalFile, originals)) {
-        return *problem;
+    Result<TextFile> doubles = readTextFile(sources.programFolder, doublesFileName);
+    if (!doubles) {
+        return doubles.failure();
     }
-    const Result<TextFile> doublesFile = readTextFile(sources.programFolder, doublesFileName);
-    if (!doublesFile) {
-        return doublesFile.failure();
+    Result<TextFile> sounds = readTextFile(sources.creatorFolder, soundsFileName, largestLines);
+    if (!sounds) {
+        return sounds.failure();
     }
-    const Result<TextFile> soundsFile = readTextFile(sources.creatorFolder, soundsFileName);
-    if (!soundsFile) {
-        return soundsFile.failure();
-    }
-    std::vector<NumberedLine> lines = soundLines(*soundsFile);
-    if (Problem problem = firstUnreadableLine(*soundsFile, lines)) {
-        return *problem;
-    }
+    return parseCatalogue({std::move(*sounds), std::move(*originals), std::move(*doubles),
+                           readTextFile(sources.programFolder, objectsFileName)},
+                          sources.protectedLinesEditable);
+}
 
-    LoadedCatalogue loaded{
-        SoundCatalogue({soundsFile->path, soundsFile->stamp}, sources.protectedLinesEditable), {}};
-    noteByteOrderMark(*soundsFile, loaded.notices);
+Result<LoadedCatalogue> parseCatalogue(const CatalogueTexts& texts, bool protectedLinesEditable)
+{
+    std::vector<NumberedLine> originals = soundLines(texts.originals);
+    if (Problem problem = firstUnreadableLine(texts.originals, originals)) {
+        return *problem;
+    }
+    std::vector<NumberedLine> lines = soundLines(texts.sounds);
+    if (Problem problem = firstUnreadableLine(texts.sounds, lines)) {
+        return *problem;
+    }
+    LoadedCatalogue loaded{SoundCatalogue({texts.sounds.path, texts.sounds.stamp}, protectedLinesEditable),
+                           {}};
+    noteByteOrderMark(texts.sounds, loaded.notices);
     for (std::size_t k = 0; k < lines.size(); ++k) {
         if (k < originals.size()) {
             loaded.catalogue.append(std::move(lines[k].text), std::move(originals[k].text),
@@ -117,9 +118,9 @@ Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
             loaded.catalogue.appendUnknown(std::move(lines[k].text), lines[k].lineInFile);
         }
     }
-    const std::vector<Failure> notices = takeDoubles(loaded.catalogue, *doublesFile);
+    const std::vector<Failure> notices = takeDoubles(loaded.catalogue, texts.doubles);
     loaded.notices.insert(loaded.notices.end(), notices.begin(), notices.end());
-    loadObjects(sources, loaded);
+    takeObjects(texts.objects, loaded);
     return loaded;
 }
 

@@ -32,6 +32,16 @@ struct LoadedCatalogue
 // then stays empty with a notice.
 Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources);
 
+// The same from files that were read before.
+struct CatalogueTexts
+{
+    TextFile sounds;
+    TextFile originals;
+    TextFile doubles;
+    Result<TextFile> objects;
+};
+Result<LoadedCatalogue> parseCatalogue(const CatalogueTexts& texts, bool protectedLinesEditable);
+
 // Reads only which sounds take part in an import; the lines stay. Gives the notices.
 Result<std::vector<Failure>> reloadDoubles(SoundCatalogue& catalogue,
                                            const std::filesystem::path& programFolder);

@@ -66,7 +66,7 @@ std::string listed(const std::vector<std::string>& words)
     std::string list;
     for (std::size_t i = 0; i < std::min(words.size(), mostWords); ++i) {
         list += i == 0 ? "[" : " [";
-        list += utf8FromCodePage(words[i].substr(0, longestWord));
+        list += shownText(words[i].substr(0, longestWord));
         list += words[i].size() > longestWord ? "...]" : "]";
     }
     return words.size() > mostWords ? list + " ..." : list;

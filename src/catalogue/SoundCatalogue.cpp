@@ -61,6 +61,12 @@ std::size_t SoundCatalogue::lineInFile(std::size_t number) const
     return line == notInFile ? 0 : m_fileLines[line].lineInFile;
 }
 
+std::optional<std::size_t> SoundCatalogue::fileLineIndex(std::size_t number) const
+{
+    const std::size_t line = m_sounds.at(number).fileLine;
+    return line == notInFile ? std::nullopt : std::optional(line);
+}
+
 bool SoundCatalogue::differsFromFile() const
 {
     return !std::ranges::equal(m_sounds, m_fileLines, {}, &Sound::current, &FileLine::text);
@@ -230,13 +236,13 @@ void SoundCatalogue::record(LineDelta::Kind kind, std::size_t number, std::strin
     }
 }
 
-void SoundCatalogue::markApplied(const FileStamp& stamp)
+void SoundCatalogue::markApplied(const FileStamp& stamp, const std::vector<std::size_t>& linesInFile)
 {
     m_file.stamp = stamp;
     m_fileLines.clear();
     for (std::size_t k = 0; k < m_sounds.size(); ++k) {
         m_sounds[k].fileLine = k;
-        m_fileLines.push_back({m_sounds[k].current, k + 1}); // lines that are no sounds were not written back
+        m_fileLines.push_back({m_sounds[k].current, linesInFile.at(k)});
     }
 }
 

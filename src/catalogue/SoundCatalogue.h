@@ -63,6 +63,8 @@ public:
         std::size_t lineInFile;
     };
     const std::vector<FileLine>& fileLines() const { return m_fileLines; }
+    // Which of them the sound's is; none for a line that was put in since.
+    std::optional<std::size_t> fileLineIndex(std::size_t number) const;
     bool differsFromFile() const;
     bool isModified(std::size_t number) const { return currentLine(number) != originalLine(number); }
     // Part of every level: the line carries "#g".
@@ -99,8 +101,8 @@ public:
     void repeat(const LineDelta& delta);
     void reverse(const LineDelta& delta);
 
-    // The file holds the current lines now.
-    void markApplied(const FileStamp& stamp);
+    // The file holds the current lines now, each in the line of this number (1-based).
+    void markApplied(const FileStamp& stamp, const std::vector<std::size_t>& linesInFile);
 
     // Not owned; it must outlive this, or be taken off. A copy of a catalogue has none.
     void setRecorder(StepRecorder* recorder) { m_recorder.pointer = recorder; }

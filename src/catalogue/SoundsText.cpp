@@ -17,7 +17,7 @@ constexpr std::string_view lineEnd = "\r\n";
 
 Result<SoundsText> SoundsText::load(const std::filesystem::path& creatorFolder)
 {
-    const Result<TextFile> file = readTextFile(creatorFolder, soundsFileName);
+    const Result<TextFile> file = readTextFile(creatorFolder, soundsFileName, largestLines);
     if (!file) {
         return file.failure();
     }

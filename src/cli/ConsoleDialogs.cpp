@@ -130,7 +130,7 @@ ExitStatus ConsoleDialogs::fail(const Failure& failure)
 void ConsoleDialogs::write(const std::string& text)
 {
     m_output.flush();
-    std::cerr << text << std::flush;
+    std::cerr << withoutControls(text) << std::flush;
 }
 
 void ConsoleDialogs::note(ExitStatus status)

@@ -68,6 +68,9 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
     if (!wad) {
         return ExitStatus::Refused;
     }
+    if (arguments.withSamples) {
+        tellCutRestores(session->places(), console);
+    }
     const ExportMode mode = modeNamed(arguments.mode);
     const ExportRequest request{mode,
                                 listForExport(session->catalogue(), mode, wad->letter),
@@ -92,23 +95,31 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
 
 BilingualText inRow(const ImportRow& row, const BilingualText& text)
 {
-    return BilingualText::same(std::to_string(row.id) + " " + utf8FromCodePage(row.line) + "\n") + text;
+    return BilingualText::same(std::to_string(row.id) + " " + shownLine(row.line) + "\n") + text;
 }
 
 // The rows that can be applied, once the user agrees to leave the others out.
 std::optional<std::vector<std::size_t>> applicableRows(const ImportFile& file, Console& console)
 {
     std::vector<std::size_t> rows;
+    std::vector<Failure> refusals;
+    std::vector<Failure> remarks;
     for (std::size_t i = 0; i < file.rows.size(); ++i) {
         const ImportRow& row = file.rows[i];
         if (!row.applicable()) {
-            console.dialogs.refuse(inRow(row, row.refusal));
+            refusals.push_back({inRow(row, row.refusal)});
             continue;
         }
         rows.push_back(i);
         if (!row.remark.empty()) {
-            console.dialogs.say(inRow(row, row.remark));
+            remarks.push_back({inRow(row, row.remark)});
         }
+    }
+    if (!remarks.empty()) {
+        console.dialogs.say(listOf(remarks));
+    }
+    if (!refusals.empty()) {
+        console.dialogs.refuse(listOf(refusals));
     }
     const std::string refused = std::to_string(file.rows.size() - rows.size());
     const Question question{actionOf(file.kind),
@@ -151,7 +162,8 @@ ExitStatus importInto(Session& session, const ImportRequest& request, const Exch
 
 ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
 {
-    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(
+        console, arguments.wadName, arguments.withSamples ? SamplesToo::Yes : SamplesToo::No);
     if (!session) {
         return console.dialogs.status();
     }
@@ -163,9 +175,15 @@ ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
     if (!file) {
         return console.dialogs.fail(file.failure());
     }
+    if (!file->notices.empty()) {
+        console.dialogs.say(listOf(file->notices));
+    }
     if (arguments.withSamples && !file->samplesFolder) {
         return console.dialogs.fail(wrongContent(
             arguments.file, {"No samples come with the file.", "Aucun sample n'accompagne le fichier."}));
+    }
+    if (arguments.withSamples) {
+        tellCutRestores(session->places(), console);
     }
     std::optional<std::vector<std::size_t>> rows = applicableRows(*file, console);
     if (!rows) {

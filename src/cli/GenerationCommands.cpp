@@ -57,6 +57,7 @@ ExitStatus generate(const std::string& wadName, Console& console)
     if (!wad) {
         return ExitStatus::Refused;
     }
+    tellCutRestores(session->places(), console);
     const std::unique_ptr<BatchRunner> runner = makeSystemBatchRunner(BatchConsole::None);
     SfxGeneration generation(*runner, console.dialogs);
     const GenerationRequest request{session->catalogue(),
@@ -88,11 +89,14 @@ ExitStatus restore(const RestoreChoice& choice, Console& console)
         return ExitStatus::WrongUsage;
     }
     const std::optional<ProgramSettings> settings = openSettings(console);
-    const std::optional<ProcessLock> lock = settings ? lockForChanges(console) : std::nullopt;
-    if (!lock) {
+    if (!settings) {
         return ExitStatus::FileFailure;
     }
     const Places places = derivePlaces(console.programFolder, settings->LevelEditorFolder);
+    const std::unique_ptr<ChangeLocks> locks = lockForChanges(console, places, SamplesToo::Yes);
+    if (!locks) {
+        return ExitStatus::FileFailure;
+    }
     SilentProgress progress;
     const RestoreContext context{
         console.programFolder, places.creator, places.samples, places.wads, [] {}, progress, console.dialogs};
@@ -118,7 +122,7 @@ ExitStatus count(const std::filesystem::path& file, ScriptStatistics& counts, Co
         console.dialogs.show({icon, statisticsTitle(), text});
         return console.dialogs.status();
     };
-    const Result<TextFile> script = readTextFile(file);
+    const Result<TextFile> script = readTextFile(file, largestLines);
     if (!script) {
         return say(MessageIcon::Critical, script.failure().text);
     }

@@ -5,6 +5,7 @@
 #include "catalogue/LineEditor.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
+#include "references/LetterReplacementNote.h"
 
 #include <algorithm>
 #include <memory>
@@ -23,7 +24,7 @@ struct LetterArguments
 
 std::string shown(std::string_view letter)
 {
-    return "[#" + utf8FromCodePage(letter) + "]";
+    return "[#" + shownText(letter) + "]";
 }
 
 bool mayEdit(Session& session, std::size_t number, Console& console)
@@ -109,7 +110,26 @@ ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
     return apply(*session, arguments.wadName, console);
 }
 
-// The lines first: when they cannot be written, the register still has the letter that they carry.
+// The lines first: when they cannot be written, the register still has the letter that they carry. A note
+// lasts until both are.
+ExitStatus writeReplacement(Session& session, const LetterReplacement& replacement,
+                            const std::optional<std::string>& wadName, Console& console)
+{
+    if (const Problem problem = noteLetterReplacement(console.programFolder, replacement)) {
+        return console.dialogs.fail(*problem);
+    }
+    ExitStatus status = apply(session, wadName, console);
+    if (status == ExitStatus::Done) {
+        status = writeRegister(session, console);
+        if (status != ExitStatus::Done) {
+            console.dialogs.refuse(halfReplacedLetter(replacement));
+            return status;
+        }
+    }
+    const Problem problem = forgetLetterReplacement(console.programFolder, replacement);
+    return problem ? console.dialogs.fail(*problem) : status;
+}
+
 ExitStatus replaceLetters(const LetterArguments& arguments, Console& console)
 {
     const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
@@ -121,8 +141,9 @@ ExitStatus replaceLetters(const LetterArguments& arguments, Console& console)
                                         arguments.newLetter, console.dialogs) != ReplacedLetter::Replaced) {
         return ExitStatus::Refused;
     }
-    const ExitStatus status = apply(*session, arguments.wadName, console);
-    return status == ExitStatus::Done ? writeRegister(*session, console) : status;
+    return writeReplacement(
+        *session, {session->catalogue().file().path, wad->wadName, arguments.letter, arguments.newLetter},
+        arguments.wadName, console);
 }
 
 using Run = ExitStatus (*)(const LetterArguments&, Console&);

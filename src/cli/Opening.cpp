@@ -4,15 +4,17 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
+#include "catalogue/CatalogueLoading.h"
+#include "generation/FolderReplacement.h"
 
 namespace tavrel {
 
 namespace {
 
-std::unique_ptr<Session> load(ProgramSettings settings, ProcessLock lock, Console& console)
+std::unique_ptr<Session> load(ProgramSettings settings, std::unique_ptr<ChangeLocks> locks, Console& console)
 {
     auto session = std::make_unique<Session>(console.programFolder, std::move(settings));
-    session->holdLock(std::move(lock));
+    session->holdLocks(std::move(locks));
     const Result<std::vector<Failure>> notices = session->load();
     if (!notices) {
         console.dialogs.fail(notices.failure());
@@ -49,14 +51,20 @@ std::optional<ProgramSettings> openSettings(Console& console)
     return std::move(loaded.settings);
 }
 
-std::optional<ProcessLock> lockForChanges(Console& console)
+std::unique_ptr<ChangeLocks> lockForChanges(Console& console, const Places& places, SamplesToo samples)
 {
-    Result<ProcessLock> lock = takeLock(console.programFolder, changesLock, std::chrono::seconds(30));
-    if (!lock) {
-        console.dialogs.fail(lock.failure());
-        return std::nullopt;
+    const std::filesystem::path none;
+    const LockedPlaces locked{console.programFolder, fileIn(places.creator, soundsFileName),
+                              samples == SamplesToo::Yes ? places.samples : none};
+    auto locks = std::make_unique<ChangeLocks>(locked, std::chrono::seconds(30));
+    if (const Problem problem = locks->take()) {
+        console.dialogs.fail(*problem);
+        return nullptr;
     }
-    return std::move(*lock);
+    if (const std::optional<BilingualText> notice = locks->notice()) {
+        console.dialogs.say(*notice);
+    }
+    return locks;
 }
 
 std::unique_ptr<Session> openSession(Console& console)
@@ -65,18 +73,32 @@ std::unique_ptr<Session> openSession(Console& console)
     return settings ? load(std::move(*settings), nullptr, console) : nullptr;
 }
 
-std::unique_ptr<Session> openSessionToChange(Console& console, const std::optional<std::string>& wadName)
+std::unique_ptr<Session> openSessionToChange(Console& console, const std::optional<std::string>& wadName,
+                                             SamplesToo samples)
 {
     std::optional<ProgramSettings> settings = openSettings(console);
-    std::optional<ProcessLock> lock = settings ? lockForChanges(console) : std::nullopt;
-    std::unique_ptr<Session> session = lock ? load(std::move(*settings), std::move(*lock), console) : nullptr;
+    std::unique_ptr<ChangeLocks> locks =
+        settings ? lockForChanges(console, derivePlaces(console.programFolder, settings->LevelEditorFolder),
+                                  samples)
+                 : nullptr;
+    std::unique_ptr<Session> session =
+        locks ? load(std::move(*settings), std::move(locks), console) : nullptr;
     if (session && wadName && session->references().findWad(*wadName) == nullptr) {
-        const std::string shown = "[" + utf8FromCodePage(*wadName) + "]";
+        const std::string shown = "[" + shownText(*wadName) + "]";
         console.dialogs.refuse(
             {"No reference is named " + shown + ".", "Aucune référence ne s'appelle " + shown + "."});
         return nullptr;
     }
     return session;
+}
+
+void tellCutRestores(const Places& places, Console& console)
+{
+    for (const std::filesystem::path& folder : {places.samples, places.wads}) {
+        if (const Problem problem = cutShortReplacement(folder)) {
+            console.dialogs.say(problem->text);
+        }
+    }
 }
 
 bool hasSound(const Session& session, std::size_t number, Console& console)
@@ -98,7 +120,7 @@ std::optional<CurrentWad> wadWithLetter(const Session& session, const std::strin
     if (const WadReference* const reference = session.references().findUserLetter(letter)) {
         return currentWad(reference);
     }
-    const std::string shown = "[#" + utf8FromCodePage(letter) + "]";
+    const std::string shown = "[#" + shownText(letter) + "]";
     console.dialogs.refuse({"None of your references has the letter " + shown + ".",
                             "Aucune de vos références n'a la lettre " + shown + "."});
     return std::nullopt;
@@ -115,7 +137,7 @@ std::optional<CurrentWad> wadNamed(const Session& session, const std::string& na
 
 void refuseWadName(const std::string& name, Console& console)
 {
-    const std::string shown = "[" + utf8FromCodePage(name) + "]";
+    const std::string shown = "[" + shownText(name) + "]";
     console.dialogs.refuse({"None of your references is named " + shown + ".",
                             "Aucune de vos références ne s'appelle " + shown + "."});
 }
@@ -123,7 +145,17 @@ void refuseWadName(const std::string& name, Console& console)
 ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Console& console)
 {
     if (!session.pending()) {
-        console.dialogs.say({"No line changes.", "Aucune ligne ne change."});
+        const Result<bool> completed = session.completeChangedLines(wadName);
+        if (!completed) {
+            return console.dialogs.fail(completed.failure());
+        }
+        console.dialogs.say(
+            *completed
+                ? BilingualText("No line changes. The record of the changed lines was missing and is "
+                                "written.",
+                                "Aucune ligne ne change. L'enregistrement des lignes modifiées manquait "
+                                "et vient d'être écrit.")
+                : BilingualText("No line changes.", "Aucune ligne ne change."));
         return ExitStatus::Done;
     }
     return session.apply(console.dialogs, wadName) ? ExitStatus::Done : ExitStatus::Refused;

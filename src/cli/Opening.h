@@ -17,14 +17,19 @@ namespace tavrel {
 std::optional<ProgramSettings> openSettings(Console& console);
 
 // Waits while another window or command changes the files. Nothing, and a message, when that lasts too long.
-std::optional<ProcessLock> lockForChanges(Console& console);
+enum class SamplesToo { No, Yes };
+std::unique_ptr<ChangeLocks> lockForChanges(Console& console, const Places& places, SamplesToo samples);
 
 // Nothing, and a message, when a file cannot be used.
 std::unique_ptr<Session> openSession(Console& console);
 // For a command that writes what it has read: others wait for it. Nothing also when no reference has the name
 // of the WAD whose record is to be written.
 std::unique_ptr<Session> openSessionToChange(Console& console,
-                                             const std::optional<std::string>& wadName = std::nullopt);
+                                             const std::optional<std::string>& wadName = std::nullopt,
+                                             SamplesToo samples = SamplesToo::No);
+
+// For a command that reads the level editor's samples or WADs: whether a restore of them was cut short.
+void tellCutRestores(const Places& places, Console& console);
 
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);

@@ -126,6 +126,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
         return console.dialogs.refuse(importForbidden());
     }
+    tellCutRestores(session->places(), console);
     const ImportResult result =
         importWadList(session->catalogue(), *wad, kind, session->places(), console.dialogs);
     if (!result.imported) {

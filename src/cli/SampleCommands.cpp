@@ -20,7 +20,9 @@ std::optional<std::vector<SampleFile>> samplesIn(const std::optional<std::filesy
     if (asked) {
         folder = *asked;
     } else if (const std::optional<ProgramSettings> settings = openSettings(console)) {
-        folder = derivePlaces(console.programFolder, settings->LevelEditorFolder).samples;
+        const Places places = derivePlaces(console.programFolder, settings->LevelEditorFolder);
+        tellCutRestores(places, console);
+        folder = places.samples;
     } else {
         return std::nullopt;
     }

@@ -30,10 +30,11 @@ bool unpackInto(const fs::path& folder)
 {
     bool complete = true;
     for (const tavrel::EmbeddedFile& file : tavrel::embeddedFiles()) {
-        if (tavrel::findEntry(folder, file.name)) {
+        const auto present = tavrel::lookUp(folder, file.name);
+        if (present && *present) {
             continue;
         }
-        if (const tavrel::Problem problem = tavrel::writeFileSafely(folder / file.name, file.bytes)) {
+        if (const tavrel::Problem problem = tavrel::createFileSafely(folder / file.name, file.bytes)) {
             say(problem->text);
             complete = false;
         }

@@ -256,7 +256,8 @@ Problem cutShortReplacement(const fs::path& folder)
     const fs::path incoming = withEnding(folder, incomingSuffix);
     const fs::path replaced = withEnding(folder, replacedSuffix);
     std::error_code ignored;
-    if (!fs::is_directory(incoming, ignored) || !fs::is_directory(replaced, ignored)) {
+    if (!fs::is_directory(incoming, ignored) || fs::is_empty(incoming, ignored) ||
+        !fs::is_directory(replaced, ignored)) {
         return std::nullopt;
     }
     return Failure{BilingualText("A restore of the original files was cut short:\n",

@@ -58,7 +58,12 @@ bool isComplete(const fs::path& folder, const FolderSize& wanted)
 void takeFolder(TakenCopies& taken, const ReferenceFolder& reference, const fs::path& programFolder,
                 const fs::path& source, bool stockLevelsOnly)
 {
-    const fs::path target = fileIn(programFolder, reference.name);
+    const Result<fs::path> found = fileToWrite(programFolder, reference.name);
+    if (!found) {
+        left(taken, reference.name, found.failure().text);
+        return;
+    }
+    const fs::path& target = *found;
     if (isComplete(target, reference.size)) {
         wasThere(taken, reference.name);
         return;
@@ -92,9 +97,15 @@ void takeFolder(TakenCopies& taken, const ReferenceFolder& reference, const fs::
 
 void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::path& creatorFolder)
 {
+    const Result<std::optional<FolderEntry>> backup = lookUp(creatorFolder, firstBackupName);
+    const Result<std::optional<FolderEntry>> present = lookUp(programFolder, originalLinesFileName);
+    if (!backup || !present) {
+        left(taken, originalLinesFileName, !backup ? backup.failure().text : present.failure().text);
+        return;
+    }
     const fs::path source =
-        findFile(creatorFolder, firstBackupName).value_or(fileIn(creatorFolder, soundsFileName));
-    const Result<TextFile> text = readTextFile(source);
+        *backup && (*backup)->isFile ? (*backup)->path : fileIn(creatorFolder, soundsFileName);
+    const Result<TextFile> text = readTextFile(source, largestLines);
     const Result<std::size_t> sounds = text ? countSounds(*text) : Result<std::size_t>(text.failure());
     if (!sounds) {
         left(taken, originalLinesFileName, sounds.failure().text);
@@ -108,16 +119,15 @@ void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::
                                " contient " + count + " sons, un fichier intact 370"));
         return;
     }
-    const fs::path target = fileIn(programFolder, originalLinesFileName);
+    const fs::path target = *present ? (*present)->path : programFolder / nativePath(originalLinesFileName);
     const Result<FileContent> bytes = readFile(source);
-    const bool isThere = findEntry(programFolder, originalLinesFileName).has_value();
     const Result<FileContent> old = readFile(target);
     if (old && bytes && old->bytes == bytes->bytes) {
         wasThere(taken, originalLinesFileName);
         return;
     }
     Problem problem = bytes ? std::nullopt : Problem(bytes.failure());
-    if (!problem && isThere && !old) {
+    if (!problem && *present && !old) {
         problem = old.failure(); // it could not be kept
     }
     if (!problem && old) {

@@ -26,36 +26,63 @@ const BilingualText aborted("Restore function aborted", "Fonction de restauratio
 // The failure's texts but for the last one, which is always the same.
 using Refusal = std::optional<BilingualText>;
 
+// Neither a second restore nor one that will fail must push out what an earlier one replaced.
+Problem keepReplaced(const fs::path& creatorFolder, const std::string& old)
+{
+    const Result<fs::path> kept = fileToWrite(creatorFolder, replacedCatalogueName);
+    if (!kept) {
+        return kept.failure();
+    }
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(*kept, error))) {
+        const Result<FileContent> earlier = readFile(*kept);
+        if (!earlier) {
+            return earlier.failure();
+        }
+        if (earlier->bytes == old) {
+            return std::nullopt;
+        }
+        if (const Result<fs::path> copy = keepCopyBeside(*kept, earlier->bytes); !copy) {
+            return copy.failure();
+        }
+    }
+    return writeFileSafely(*kept, old);
+}
+
 Refusal restoreCatalogue(const RestoreContext& context)
 {
     const BilingualText noDefaults("No defaults found. Check your installation of Tavrel.",
                                    "Aucun fichier d'origine trouvé. Vérifier l'installation de Tavrel.");
-    const std::optional<fs::path> original = findFile(context.programFolder, originalLinesFileName);
+    const Result<std::optional<FolderEntry>> original = lookUp(context.programFolder, originalLinesFileName);
     if (!original) {
+        return original.failure().text;
+    }
+    if (!*original || !(*original)->isFile) {
         return noDefaults;
     }
-    const Result<FileContent> content = readFile(*original);
+    const Result<FileContent> content = readFile((*original)->path);
     if (!content) {
         return content.failure().text;
     }
     if (content->bytes.find(':') == std::string::npos) { // no sound in it
         return noDefaults;
     }
-    const std::optional<fs::path> present = findEntry(context.creatorFolder, soundsFileName);
-    if (present) {
-        const Result<FileContent> old = readFile(*present);
+    const Result<std::optional<FolderEntry>> present = lookUp(context.creatorFolder, soundsFileName);
+    if (!present) {
+        return present.failure().text;
+    }
+    const fs::path target = *present ? (*present)->path : context.creatorFolder / soundsFileName;
+    if (*present) {
+        const Result<FileContent> old = readFile(target);
         if (!old) {
             return old.failure().text;
         }
-        // Neither a second restore nor one that will fail must push out what the first one replaced.
-        if (old->bytes != content->bytes && system::isWritable(*present)) {
-            const fs::path kept = fileIn(context.creatorFolder, replacedCatalogueName);
-            if (const Problem problem = writeFileSafely(kept, old->bytes)) {
+        if (old->bytes != content->bytes && system::isWritable(target)) {
+            if (const Problem problem = keepReplaced(context.creatorFolder, old->bytes)) {
                 return problem->text;
             }
         }
     }
-    const fs::path target = present.value_or(context.creatorFolder / soundsFileName);
     const Problem problem = writeFileSafely(target, content->bytes);
     return problem ? Refusal(problem->text) : std::nullopt;
 }

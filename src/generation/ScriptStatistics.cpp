@@ -141,7 +141,7 @@ std::filesystem::path scriptFile(const std::filesystem::path& levelEditorFolder)
 
 Result<ScriptStatistics> countScriptFile(const std::filesystem::path& file)
 {
-    const Result<TextFile> script = readTextFile(file);
+    const Result<TextFile> script = readTextFile(file, largestLines);
     return script ? countScript(script->text) : Result<ScriptStatistics>(script.failure());
 }
 

@@ -113,7 +113,7 @@ std::string lastWords(const fs::path& output)
     std::erase_if(lines, isPromptOrEmpty);
     std::string text;
     for (std::size_t i = lines.size() - std::min(lines.size(), mostShown); i < lines.size(); ++i) {
-        text += "\n" + utf8FromCodePage(lines[i]);
+        text += "\n" + shownText(lines[i]);
     }
     return text;
 }
@@ -133,10 +133,10 @@ std::string generationBatch(const CurrentWad& wad)
 std::optional<std::string> findWrongSample(const SoundCatalogue& catalogue, const CurrentWad& wad,
                                            const fs::path& samplesFolder, Progress& progress)
 {
-    const std::string wadName = utf8FromCodePage(wad.wadName);
+    const std::string wadName = shownText(wad.wadName);
     const std::vector<SampleOfWad> samples = samplesOfWad(catalogue, wad, samplesFolder);
     for (std::size_t i = 0; i < samples.size(); ++i) {
-        const std::string file = "[" + utf8FromCodePage(samples[i].name) + ".wav]...";
+        const std::string file = "[" + shownText(samples[i].name) + ".wav]...";
         progress.say({"Generating " + wadName + "] SFX files - checking sample integrity : " + file,
                       "Génération des fichiers SFX de [" + wadName +
                           "] - contrôle de l'intégrité du sample : " + file});
@@ -211,8 +211,7 @@ bool SfxGeneration::mayBegin(const GenerationRequest& request)
         refuse(
             BilingualText("The tool of the level editor cannot be called for\n",
                           "L'outil de l'éditeur de niveaux ne peut pas être appelé pour\n") +
-            ("[" + utf8FromCodePage(request.wad.wadName) + "] [" + utf8FromCodePage(request.wad.letter) +
-             "]") +
+            ("[" + shownText(request.wad.wadName) + "] [" + shownText(request.wad.letter) + "]") +
             BilingualText("\nA blank, an accented letter or one of & | < > ^ % \" ' in the name of the WAD "
                           "or in its letter would be misread, and some names cannot be those of a file "
                           "(\"aux\", one with * or ?). Rename it.",
@@ -239,7 +238,7 @@ bool SfxGeneration::confirm(const GenerationRequest& request)
     if (request.hasUnappliedChanges) {
         refuse({"Modifications not applied.", "Modifications non appliquées."});
     }
-    const std::string wadName = utf8FromCodePage(request.wad.wadName);
+    const std::string wadName = shownText(request.wad.wadName);
     const Question question{
         titles::generate,
         {"Confirm generation\n" + wadName + ".SAM and .SFX files will be created from [sounds.txt]",
@@ -263,7 +262,7 @@ bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
         for (const FileState& state : *files) {
             const std::string name = codePagePath(state.file.filename()).bytes;
             if (!sameName(name, own)) {
-                others += "\n" + utf8FromCodePage(name);
+                others += "\n" + shownText(name);
             }
         }
     }
@@ -369,7 +368,7 @@ void SfxGeneration::end()
     m_running.reset();
     m_lock.reset();
     m_phase = Phase::Idle;
-    const std::string name = utf8FromCodePage(m_wadName);
+    const std::string name = shownText(m_wadName);
     if (hasResults()) {
         m_summary = {"The .SAM and .SFX files of [" + name + "] are generated",
                      "Les fichiers .SAM et .SFX de [" + name + "] sont générés"};

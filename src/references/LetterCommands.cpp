@@ -34,7 +34,7 @@ bool reported(const Problem& problem, const BilingualText& title, Dialogs& dialo
 
 std::string shown(std::string_view bytes)
 {
-    return utf8FromCodePage(bytes);
+    return shownText(bytes);
 }
 
 template <typename Rewrite>

@@ -22,6 +22,14 @@ const WadReference* firstMatch(Iterator first, Iterator last, Matches matches)
     return found == last ? nullptr : &*found;
 }
 
+// Some lines can be read and would be another reference, or none, once they are written with all quotes.
+bool isReadAgain(const RegisterRecord& record)
+{
+    RecordWriter writer;
+    writer.text(record.title).text(record.letter).text(record.wadName);
+    return splitRegisterRecord(writer.bytes()) == record;
+}
+
 // `keep` gets the lines that are no references.
 template <typename Append, typename Keep>
 void readReferences(const TextFile& file, std::vector<Failure>& notices, Append append, Keep keep)
@@ -30,7 +38,7 @@ void readReferences(const TextFile& file, std::vector<Failure>& notices, Append 
     for (const std::string_view line : file.lines()) {
         ++lineNumber;
         std::optional<RegisterRecord> record = splitRegisterRecord(line);
-        if (record) {
+        if (record && isReadAgain(*record)) {
             append(
                 WadReference{std::move(record->wadName), std::move(record->letter), std::move(record->title)},
                 lineNumber);
@@ -59,7 +67,7 @@ void noteOddities(const ReferenceRegister& references, const std::filesystem::pa
 void noteLetter(const ReferenceRegister& references, const WadReference& added,
                 const std::filesystem::path& file, std::size_t line, std::vector<Failure>& notices)
 {
-    const BilingualText shown = BilingualText::same("#" + utf8FromCodePage(added.letter) + " : ");
+    const BilingualText shown = BilingualText::same("#" + shownText(added.letter) + " : ");
     if (!isLetterOfOneLevel(added.letter)) {
         notices.push_back(wrongLine(
             file, line,
@@ -173,48 +181,76 @@ Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder)
     if (!builtIn) {
         return builtIn.failure();
     }
+    const Result<bool> hasUserFile = holdsEntry(programFolder, userReferencesFileName);
+    if (hasUserFile && !*hasUserFile) {
+        return parseRegister(*builtIn, std::nullopt);
+    }
+    return parseRegister(*builtIn, readTextFile(programFolder, userReferencesFileName));
+}
+
+LoadedRegister parseRegister(const TextFile& builtIn, const std::optional<Result<TextFile>>& user)
+{
     LoadedRegister loaded;
     ReferenceRegister& references = loaded.references;
     readReferences(
-        *builtIn, loaded.notices,
+        builtIn, loaded.notices,
         [&references](WadReference reference, std::size_t) {
             references.appendBuiltIn(std::move(reference));
         },
         [](const std::string&) {});
-    noteOddities(references, builtIn->path, loaded.notices);
-    const Result<bool> hasUserFile = holdsEntry(programFolder, userReferencesFileName);
-    if (hasUserFile && !*hasUserFile) {
-        return loaded;
-    }
-    const Result<TextFile> user = readTextFile(programFolder, userReferencesFileName);
+    noteOddities(references, builtIn.path, loaded.notices);
     if (!user) {
-        references.protectUserFile();
-        loaded.notices.push_back(user.failure());
         return loaded;
     }
+    if (!*user) {
+        references.protectUserFile();
+        loaded.notices.push_back(user->failure());
+        return loaded;
+    }
+    const TextFile& file = **user;
     readReferences(
-        *user, loaded.notices,
+        file, loaded.notices,
         [&](WadReference reference, std::size_t line) {
-            noteLetter(references, reference, user->path, line, loaded.notices);
+            noteLetter(references, reference, file.path, line, loaded.notices);
             references.appendUser(std::move(reference));
         },
         [&references](std::string line) { references.keepUserLine(std::move(line)); });
-    references.isInStepWith(user->text);
+    references.isInStepWith(file.text);
     return loaded;
 }
 
+namespace {
+
+Failure unreadableRegister(const std::filesystem::path& file, const ReferenceRegister& references)
+{
+    std::vector<Failure> unwritten;
+    for (std::size_t i = references.userBegin(); i < references.size(); ++i) {
+        const WadReference& reference = references.at(i);
+        unwritten.push_back({BilingualText::same(
+            shownText("[" + reference.wadName + "] #" + reference.letter + " " + reference.title))});
+    }
+    BilingualText text("The file could not be read and is therefore not replaced.",
+                       "Le fichier n'a pas pu être lu et n'est donc pas remplacé.");
+    if (!unwritten.empty()) {
+        text += BilingualText("\nNot written:\n", "\nNon écrit :\n") + listOf(unwritten);
+    }
+    return wrongContent(file, text);
+}
+
+} // namespace
+
 Problem saveRegister(const std::filesystem::path& programFolder, ReferenceRegister& references)
 {
-    const std::filesystem::path file = fileIn(programFolder, userReferencesFileName);
-    if (references.isUserFileProtected()) {
-        return wrongContent(file,
-                            {"The file could not be read at the start and is therefore not replaced. The "
-                             "references are kept until the program ends.",
-                             "Le fichier n'a pas pu être lu au démarrage et n'est donc pas remplacé. Les "
-                             "références sont conservées jusqu'à la fin du programme."});
+    const Result<std::optional<FolderEntry>> entry = lookUp(programFolder, userReferencesFileName);
+    if (!entry) {
+        return entry.failure();
     }
-    const Result<TextFile> present = readTextFile(file);
-    if (present && present->text != references.textInFile()) {
+    const std::filesystem::path file = *entry ? (*entry)->path : programFolder / userReferencesFileName;
+    const Result<TextFile> present = *entry ? readTextFile(file) : TextFile();
+    if (references.isUserFileProtected() || !present) {
+        return unreadableRegister(file, references);
+    }
+    if (*entry && present->text != references.textInFile()) {
         if (!references.hasChanged()) {
             return std::nullopt;
         }

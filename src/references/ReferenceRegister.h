@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/TextFile.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -92,6 +93,9 @@ struct LoadedRegister
 
 // The installed references must be there; the user's file may be missing.
 Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder);
+
+// The same from files that were read before; the second may be missing.
+LoadedRegister parseRegister(const TextFile& builtIn, const std::optional<Result<TextFile>>& user);
 
 // Writes the user's own references. What another window or command has written since they were read stays: as
 // it is when nothing has changed here, else in a copy beside the file.

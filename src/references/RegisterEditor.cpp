@@ -26,7 +26,7 @@ std::string padded(std::string_view text, std::size_t width)
 
 std::string shown(std::string_view bytes)
 {
-    return utf8FromCodePage(bytes);
+    return shownText(bytes);
 }
 
 bool isMissing(std::string_view text)

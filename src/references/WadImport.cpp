@@ -142,8 +142,8 @@ KindTexts textsOf(WadListKind kind)
 bool confirmImport(const CurrentWad& wad, WadListKind kind, Dialogs& dialogs)
 {
     const KindTexts texts = textsOf(kind);
-    const std::string file = "[" + utf8FromCodePage(wad.wadName) + std::string(endingOf(kind)) + "]";
-    const std::string letter = "[#" + utf8FromCodePage(wad.letter) + "]";
+    const std::string file = "[" + shownText(wad.wadName) + std::string(endingOf(kind)) + "]";
+    const std::string letter = "[#" + shownText(wad.letter) + "]";
     const Question question{texts.title,
                             {"Open " + file + " and assign " + letter + " to " + texts.objects.english +
                                  ".\nAll modifications already applied" + std::string(texts.gap) +
@@ -177,10 +177,9 @@ BilingualText whoGotTheLetter(const ImportPlan& plan)
 std::string rowOf(const TakenLetters& taken, const SoundCatalogue& catalogue)
 {
     const std::string& line = catalogue.currentLine(taken.sound);
-    std::string row =
-        "\n  " + std::to_string(taken.sound) + ": " + utf8FromCodePage(line.substr(0, line.find(':')));
+    std::string row = "\n  " + std::to_string(taken.sound) + ": " + shownText(line.substr(0, line.find(':')));
     for (const std::string& letter : taken.letters) {
-        row += "  #" + utf8FromCodePage(letter);
+        row += "  #" + shownText(letter);
     }
     return row;
 }

@@ -23,7 +23,7 @@ constexpr std::string_view separators = " \t";
 
 Failure noSuchList(const fs::path& wadFolder, std::string_view wadName, std::string_view ending)
 {
-    const std::string file = "[" + utf8FromCodePage(wadName) + std::string(ending) + "]";
+    const std::string file = "[" + shownText(wadName) + std::string(ending) + "]";
     return {BilingualText("No " + file + " File\nin ", "Aucun Fichier " + file + "\ndans ") +
             displayPath(wadFolder / "")};
 }
@@ -74,8 +74,7 @@ private:
         }
         std::ranges::replace(content, '\t', ' ');
         const bool cut = content.size() > mostShown;
-        return BilingualText::same(" [" + utf8FromCodePage(content.substr(0, mostShown)) +
-                                   (cut ? "...]" : "]"));
+        return BilingualText::same(" [" + shownText(content.substr(0, mostShown)) + (cut ? "...]" : "]"));
     }
 
     std::vector<Place> m_named;
@@ -229,17 +228,19 @@ Result<WadList> readWadList(const fs::path& wadFolder, std::string_view wadName,
                                     "Le fichier est beaucoup trop gros pour une telle liste."});
     }
     const Result<TextFile> file = readTextFile(*path);
-    if (!file) {
-        return file.failure();
-    }
+    return file ? parseWadList(*file, kind) : file.failure();
+}
+
+Result<WadList> parseWadList(const TextFile& file, WadListKind kind)
+{
     ListReader reader(kind);
-    for (const std::string_view line : file->lines()) {
+    for (const std::string_view line : file.lines()) {
         if (!reader.read(line)) {
-            return wrongLine(*path, reader.line(),
+            return wrongLine(file.path, reader.line(),
                              {"A double quote is not closed.", "Un guillemet n'est pas fermé."});
         }
     }
-    return reader.finish(*path);
+    return reader.finish(file.path);
 }
 
 bool objectsMatch(std::string_view listed, std::string_view known)
@@ -258,14 +259,16 @@ Result<SavedLines> readSavedLines(const fs::path& programFolder, std::string_vie
     if (!*path) {
         return SavedLines();
     }
-    const Result<TextFile> file = readTextFile(**path);
-    if (!file) {
-        return file.failure();
-    }
+    const Result<TextFile> file = readTextFile(**path, largestLines);
+    return file ? Result<SavedLines>(parseSavedLines(*file, catalogue)) : file.failure();
+}
+
+SavedLines parseSavedLines(const TextFile& file, const SoundCatalogue& catalogue)
+{
     SavedLines saved;
     PassedOver passedOver;
     std::size_t lineNumber = 0;
-    for (const std::string_view record : file->lines()) {
+    for (const std::string_view record : file.lines()) {
         ++lineNumber;
         std::optional<SavedLine> line = readSavedLine(record);
         if (line && fits(*line, catalogue)) {
@@ -274,7 +277,7 @@ Result<SavedLines> readSavedLines(const fs::path& programFolder, std::string_vie
             passedOver.add(lineNumber, record);
         }
     }
-    passedOver.tell(file->path,
+    passedOver.tell(file.path,
                     {"Passed over, for these saved lines do not fit the catalogue:",
                      "Lignes enregistrées qui ne correspondent pas au catalogue, ignorées :"},
                     saved.notices);

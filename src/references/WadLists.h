@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/TextFile.h"
 #include "catalogue/ObjectTable.h"
 #include "catalogue/SoundCatalogue.h"
 
@@ -32,6 +33,7 @@ struct WadList
 // "No [name.SAM] File" when the WAD's folder holds none; any other trouble names the file.
 Result<WadList> readWadList(const std::filesystem::path& wadFolder, std::string_view wadName,
                             WadListKind kind);
+Result<WadList> parseWadList(const TextFile& file, WadListKind kind);
 
 // Names of objects match when one contains the other.
 bool objectsMatch(std::string_view listed, std::string_view known);
@@ -50,6 +52,7 @@ struct SavedLines
 // Nothing to read is no trouble; a folder that cannot be listed is.
 Result<SavedLines> readSavedLines(const std::filesystem::path& programFolder, std::string_view wadName,
                                   const SoundCatalogue& catalogue);
+SavedLines parseSavedLines(const TextFile& file, const SoundCatalogue& catalogue);
 // Also true when that cannot be told.
 bool hasSavedLines(const std::filesystem::path& programFolder, std::string_view wadName);
 

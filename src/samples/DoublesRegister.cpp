@@ -16,6 +16,12 @@ namespace {
 constexpr std::size_t fieldsOfRecord = 6;
 constexpr std::size_t numberWidth = 3;
 
+// Of a field without quotes around it: between quotes, nobody could read it again.
+bool holdsQuote(const RecordField& field)
+{
+    return field.text.find('"') != std::string::npos;
+}
+
 } // namespace
 
 Result<DoublesRegister> DoublesRegister::load(const std::filesystem::path& programFolder)
@@ -30,7 +36,7 @@ Result<DoublesRegister> DoublesRegister::load(const std::filesystem::path& progr
         const auto fields = splitRecord(line);
         const std::optional<std::int64_t> number =
             fields && fields->size() == fieldsOfRecord ? wholeNumber((*fields)[0].text) : std::nullopt;
-        if (!number) {
+        if (!number || std::ranges::any_of(*fields, holdsQuote)) {
             result.m_keptLines.push_back({result.m_records.size(), std::string(line)});
             continue;
         }

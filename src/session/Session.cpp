@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
+#include "references/LetterReplacementNote.h"
 
 #include <algorithm>
 #include <chrono>
@@ -112,6 +113,9 @@ Result<std::vector<Failure>> Session::loadFrom(Places places, ProgramSettings se
         m_references = std::move(again->references);
     }
     notices.insert(notices.end(), catalogue->notices.begin(), catalogue->notices.end());
+    const std::vector<Failure> halves =
+        halfReplacedLetters(places.program, catalogue->catalogue, m_references);
+    notices.insert(notices.end(), halves.begin(), halves.end());
     m_catalogue = std::move(catalogue->catalogue);
     m_places = std::move(places);
     m_settings = std::move(settings);
@@ -184,11 +188,11 @@ void Session::announce(const HistoryStep& step)
 
 // Files
 
-bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName)
+bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName, const Confirm& confirm)
 {
-    const bool applied =
-        applyChanges(m_catalogue, {m_places.program, wadName.value_or(m_wad.wadName)}, dialogs);
-    if (!applied) {
+    const ApplyTarget target{m_places.program, wadName.value_or(m_wad.wadName),
+                             m_options.flag(options::keepComments), m_locks.get(), confirm};
+    if (!applyChanges(m_catalogue, target, dialogs)) {
         return false;
     }
     m_history.markSaved();
@@ -200,10 +204,16 @@ bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName)
     return true;
 }
 
+Result<bool> Session::completeChangedLines(const std::optional<std::string>& wadName)
+{
+    return tavrel::completeChangedLines(
+        m_catalogue, {m_places.program, wadName.value_or(m_wad.wadName), false, m_locks.get()});
+}
+
 Problem Session::writeRegister()
 {
     Problem problem;
-    if (m_lock) {
+    if (m_locks && m_locks->areTaken()) {
         problem = saveRegister(m_places.program, m_references);
     } else if (const Result<ProcessLock> lock = takeLock(m_places.program, changesLock, registerPatience)) {
         problem = saveRegister(m_places.program, m_references);

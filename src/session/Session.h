@@ -15,6 +15,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -105,14 +106,19 @@ public:
     // Files
 
     // "Apply changes to sounds.txt". The record of changed lines is the current WAD's, or the named one's.
-    bool apply(Dialogs& dialogs, const std::optional<std::string>& wadName = std::nullopt);
+    // Another way to put the question may be given.
+    using Confirm = std::function<bool(const Question&)>;
+    bool apply(Dialogs& dialogs, const std::optional<std::string>& wadName = std::nullopt,
+               const Confirm& confirm = {});
     // Writes the user's own references. A write that failed is remembered: each apply tries it again.
     Problem writeRegister();
     bool isRegisterUnsaved() const { return m_registerUnsaved; }
     // Gives up what is not applied, and with it what it did to the register. Messages for what stays there.
     std::vector<Failure> discardChanges();
-    // For a command that reads, changes and writes under one lock.
-    void holdLock(ProcessLock lock) { m_lock = std::move(lock); }
+    // Writes the record of changed lines where an apply was cut short before it. True when it was missing.
+    Result<bool> completeChangedLines(const std::optional<std::string>& wadName);
+    // For a command that reads, changes and writes under the same locks.
+    void holdLocks(std::unique_ptr<ChangeLocks> locks) { m_locks = std::move(locks); }
 
     // Recovery
 
@@ -149,7 +155,7 @@ private:
     CurrentWad m_wad;
     ChangeHistory m_history;
     std::vector<SessionObserver*> m_observers;
-    ProcessLock m_lock;
+    std::unique_ptr<ChangeLocks> m_locks;
     std::unique_ptr<RecoveryLog> m_recovery;
     Problem m_recoveryProblem;
     bool m_loaded = false;

@@ -13,7 +13,6 @@
 #include "catalogue/CatalogueLoading.h"
 
 #include <algorithm>
-#include <initializer_list>
 
 namespace tavrel {
 
@@ -59,11 +58,14 @@ void startCompanion(const StartContext& context)
     }
 }
 
-// What a command that is at work writes is not left over; the next start looks again.
-void removeLeftovers(const fs::path& programFolder, std::initializer_list<fs::path> folders)
+// What a command that is at work writes is not left over; the next start looks again. Exports wait for
+// nobody.
+void removeLeftovers(const fs::path& program, const fs::path& soundsFile)
 {
-    if (const Result<ProcessLock> lock = takeLock(programFolder, changesLock, std::chrono::seconds(0))) {
-        std::ranges::for_each(folders, removeUnfinishedWrites);
+    ChangeLocks locks({program, soundsFile}, std::chrono::seconds(0));
+    if (!locks.take() && soundsFile.empty()) {
+        removeUnfinishedWrites(fileIn(program, changedLinesFolderName));
+        removeUnfinishedWrites(fileIn(program, backupsFolderName), Unfinished::OlderThanADay);
     }
 }
 
@@ -209,12 +211,12 @@ std::optional<StartedSession> startSession(const StartContext& context)
         return std::nullopt;
     }
     const fs::path& program = context.programFolder;
-    removeLeftovers(program,
-                    {program, fileIn(program, changedLinesFolderName), fileIn(program, backupsFolderName)});
+    removeLeftovers(program, {});
     const bool isFirstStart = !findEntry(context.programFolder, settingsFileName);
     std::optional<StartedSession> session = isFirstStart ? firstStart(context) : laterStart(context);
     if (session) {
-        removeLeftovers(program, {derivePlaces(program, session->settings.LevelEditorFolder).creator});
+        removeLeftovers(program, fileIn(derivePlaces(program, session->settings.LevelEditorFolder).creator,
+                                        soundsFileName));
     }
     return session;
 }

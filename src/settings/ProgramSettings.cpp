@@ -124,14 +124,20 @@ void writeText(RecordWriter& writer, std::string_view text)
 
 LoadedSettings LoadSettings(const fs::path& programFolder)
 {
-    LoadedSettings loaded;
     const Result<TextFile> file = readTextFile(programFolder, settingsFileName);
     if (!file) {
-        loaded.damage = file.failure();
-        return loaded;
+        LoadedSettings usual;
+        usual.damage = file.failure();
+        return usual;
     }
+    return parseSettings(*file);
+}
+
+LoadedSettings parseSettings(const TextFile& file)
+{
+    LoadedSettings loaded;
     std::vector<std::size_t> unreadable;
-    const std::vector<std::string_view> lines = file->lines();
+    const std::vector<std::string_view> lines = file.lines();
     for (std::size_t i = 0; i < std::min(lines.size(), fieldCount); ++i) {
         const std::optional<RecordField> value = readSettingsValue(lines[i]);
         if (!value || !readField(i + 1, *value, loaded.settings)) {
@@ -139,7 +145,7 @@ LoadedSettings LoadSettings(const fs::path& programFolder)
         }
     }
     if (!unreadable.empty()) {
-        loaded.damage = unreadableFields(file->path, unreadable);
+        loaded.damage = unreadableFields(file.path, unreadable);
     }
     return loaded;
 }

@@ -5,6 +5,7 @@
 #include "base/ColourScheme.h"
 #include "base/Programs.h"
 #include "base/Result.h"
+#include "base/TextFile.h"
 
 #include <array>
 #include <cstddef>
@@ -61,6 +62,7 @@ struct LoadedSettings
 
 // A file that cannot be opened or is no text is all damage, with every preset.
 LoadedSettings LoadSettings(const std::filesystem::path& programFolder);
+LoadedSettings parseSettings(const TextFile& file);
 
 // All 28 fields.
 [[nodiscard]] Problem SaveSettings(const std::filesystem::path& programFolder,

@@ -88,6 +88,29 @@ TEST(ExchangeFile, NamesTheLineThatIsNoRecord)
     EXPECT_FALSE(readExchangeFile(root / "missing.tox"));
 }
 
+TEST(ExchangeFile, RefusesWhatWouldBeReadAsSomethingElse)
+{
+    const TemporaryFolder root;
+    const struct
+    {
+        const char* bytes;
+        const char* reason; // none: it is read
+    } cases[] = {{"\"0\",\"A:\ta\"\n\"1\",\"B:\rb\"\r\n", "line 2\nA carriage return"},
+                 {"\"0\",\"A:\ta\"\r\"1\",\"B:\tb\"\r", ""},
+                 {"\xEF\xBB\xBF\"0\",\"A:\tcaf\xC3\xA9\"\r\n", "Unicode (UTF-8)"},
+                 {"\xEF\xBB\xBF\"0\",\"A:\ta\"\r\n", ""}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.bytes);
+        writeBytes(root / "a.tox", c.bytes);
+        const Result<std::vector<ExchangeRecord>> records = readExchangeFile(root / "a.tox");
+        ASSERT_EQ(!records, *c.reason != '\0');
+        if (!records) {
+            EXPECT_NE(records.failure().text.english.find(c.reason), std::string::npos)
+                << records.failure().text.english;
+        }
+    }
+}
+
 TEST(ExchangeFile, KindComesFromTheName)
 {
     for (const auto& [name, kind] : {std::pair{"x.TOB", ExchangeKind::Backup},

@@ -44,7 +44,6 @@ const Names hostile = {"../evil", "..", "con", "C:\\evil", "/evil", "sub\\evil",
 
 TEST_F(SampleTransfer, ReplacesOneByOne)
 {
-    writeBytes(target / "cut_short.wav.tavrel-new", "unfinished");
     ScriptedProgress progress;
     const SampleCopies copies =
         replaceSamples(Names{"door", "missing", "step", "door"}, source, target, progress);
@@ -63,11 +62,7 @@ TEST_F(SampleTransfer, ReplacesOneByOne)
 TEST_F(SampleTransfer, ReplacesALinkAndNotWhatItLeadsTo)
 {
     fs::create_symlink(root / "evil.wav", target / "step.wav");
-    writeBytes(target / "step.wav.tavrel-new" / "in the way", "");
     ScriptedProgress progress;
-    EXPECT_EQ(replaceSamples(Names{"step"}, source, target, progress).end, CopyEnd::Failed);
-    EXPECT_EQ(readBytes(target / "step.wav"), "outside") << "as before";
-    fs::remove_all(target / "step.wav.tavrel-new");
     EXPECT_EQ(replaceSamples(Names{"step"}, source, target, progress).end, CopyEnd::Complete);
     EXPECT_FALSE(fs::is_symlink(target / "step.wav"));
     EXPECT_EQ(readBytes(target / "step.wav"), "new step");

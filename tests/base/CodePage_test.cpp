@@ -60,6 +60,23 @@ TEST(CodePage, StandsAQuestionMarkForWhatItLacks)
     EXPECT_TRUE(codePageFromUtf8("").exact);
 }
 
+// A terminal obeys control characters, those of one byte and those that UTF-8 spells with two.
+TEST(CodePage, MessagesShowNoControlCharacters)
+{
+    const struct
+    {
+        const char* bytes;
+        const char* shown;
+    } cases[] = {
+        {"caf\xE9\tx", "caf\u00E9\tx"}, {"a\x1B[31mb\x7F\r\n", "a?[31mb???"}, {"\x81\x9D\xA0", "??\u00A0"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(shownText(c.bytes), c.shown);
+    }
+    EXPECT_EQ(withoutControls("caf\u00E9\r\n\u009B1m\x07"), "caf\u00E9?\n?1m?");
+    EXPECT_EQ(shownLine(std::string(120, 'x')), std::string(120, 'x'));
+    EXPECT_EQ(shownLine(std::string(121, 'x')), std::string(120, 'x') + "...");
+}
+
 TEST(CodePage, PathsGoBothWays)
 {
     const std::string name = "Caf\xE9 \x80.txt";

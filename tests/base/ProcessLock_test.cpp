@@ -1,27 +1,169 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ProcessLock.h"
+#include "base/SafeFile.h"
 #include "support/Files.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#ifndef _WIN32
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 using namespace tavrel;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::chrono::seconds atOnce(0);
 
 TEST(ProcessLock, IsOneOwnersUntilItIsDone)
 {
     const TemporaryFolder program;
-    Result<ProcessLock> first = takeLock(program.path(), changesLock, std::chrono::seconds(0));
+    Result<ProcessLock> first = takeLock(program.path(), changesLock, atOnce);
     ASSERT_TRUE(first);
-    const Result<ProcessLock> second = takeLock(program.path(), changesLock, std::chrono::seconds(0));
+    const Result<ProcessLock> second = takeLock(program.path(), changesLock, atOnce);
     ASSERT_FALSE(second);
     EXPECT_NE(second.failure().text.english.find("at work on the same files"), std::string::npos);
     first->reset();
-    EXPECT_TRUE(takeLock(program.path(), changesLock, std::chrono::seconds(0)))
-        << "the file that stays locks nothing";
+    EXPECT_TRUE(takeLock(program.path(), changesLock, atOnce)) << "the file that stays locks nothing";
     EXPECT_EQ(namesIn(program.path()), std::vector<std::string>{"Tavrel.lock"});
 }
 
 TEST(ProcessLock, IsDoneWithoutWhereThereCanBeNone)
 {
     const TemporaryFolder root;
-    EXPECT_TRUE(takeLock(root / "missing", changesLock, std::chrono::seconds(0)));
+    EXPECT_TRUE(takeLock(root / "missing", changesLock, atOnce));
 }
+
+// Two program folders on one level editor.
+class SharedLocks : public testing::Test
+{
+protected:
+    SharedLocks()
+    {
+        for (const fs::path& folder : {one, two, sounds.parent_path(), samples}) {
+            fs::create_directories(folder);
+        }
+        writeBytes(sounds, "");
+    }
+
+    TemporaryFolder root;
+    fs::path one = root / "one";
+    fs::path two = root / "two";
+    fs::path sounds = root / "creator" / "Sounds.txt";
+    fs::path samples = root / "Samples";
+};
+
+TEST_F(SharedLocks, HoldOffWhoeverWritesTheSame)
+{
+    struct Case
+    {
+        const char* name;
+        LockedPlaces held;
+        LockedPlaces asked;
+        bool together;
+    };
+    const Case cases[] = {
+        {"one sounds.txt", {one, sounds}, {two, sounds}, false},
+        {"one program folder", {one, sounds}, {one, root / "elsewhere" / "Sounds.txt"}, false},
+        {"two of each", {one, sounds}, {two, root / "elsewhere" / "Sounds.txt"}, true},
+        {"samples and sounds", {one, sounds, samples}, {two, sounds}, false},
+        {"without sounds.txt", {one}, {two, sounds}, true},
+    };
+    fs::create_directory(root / "elsewhere");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        ChangeLocks held(c.held, atOnce);
+        ChangeLocks asked(c.asked, atOnce);
+        ASSERT_FALSE(held.take());
+        EXPECT_FALSE(held.take()) << "they are taken already";
+        EXPECT_EQ(!asked.take(), c.together);
+        asked.release();
+        held.release();
+        EXPECT_FALSE(asked.take());
+        EXPECT_FALSE(asked.notice());
+    }
+    EXPECT_TRUE(fs::exists(sounds.parent_path() / "Sounds.txt.tavrel-lock"));
+    EXPECT_TRUE(fs::exists(sounds.parent_path() / "Samples.tavrel-lock"));
+}
+
+TEST_F(SharedLocks, TakeAwayWhatInterruptedWritesHaveLeft)
+{
+    const fs::path leftovers[] = {one / "Tavrel.paw.1-2.tavrel-new",
+                                  sounds.parent_path() / "Sounds.txt.1-2.tavrel-new",
+                                  samples / "a.wav.1-2.tavrel-new"};
+    for (const fs::path& file : leftovers) {
+        writeBytes(file, "half");
+    }
+    ChangeLocks other({two, sounds}, atOnce);
+    ChangeLocks locks({one, sounds, samples}, atOnce);
+    ASSERT_FALSE(other.take() && !locks.take());
+    EXPECT_TRUE(fs::exists(leftovers[2])) << "somebody is at work";
+    other.release();
+    ASSERT_FALSE(locks.take());
+    for (const fs::path& file : leftovers) {
+        EXPECT_FALSE(fs::exists(file)) << file;
+    }
+}
+
+#ifndef _WIN32
+TEST_F(SharedLocks, LieWhereALinkLeads)
+{
+    fs::create_symlink(sounds, root / "link.txt");
+    ChangeLocks byName({one, sounds}, atOnce);
+    ChangeLocks byLink({two, root / "link.txt"}, atOnce);
+    ASSERT_FALSE(byName.take());
+    EXPECT_TRUE(byLink.take());
+}
+
+// The other ends with 0 when it could lock as the case wants it.
+template <typename Check>
+void asAnotherUser(Check check)
+{
+    if (::geteuid() == 0 && ::setuid(65'534) != 0) {
+        ::_exit(2);
+    }
+    ::_exit(check() ? 0 : 1);
+}
+
+TEST_F(SharedLocks, TellALockFileOfAnotherUser)
+{
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "needs a second user";
+    }
+    ASSERT_FALSE(ChangeLocks({one, sounds}, atOnce).take());
+    const fs::path lock = one / "Tavrel.lock";
+    struct Case
+    {
+        const char* name;
+        unsigned folder;
+        unsigned file;
+        bool locks;
+    };
+    for (const fs::path& folder : {root.path(), sounds.parent_path()}) {
+        fs::permissions(folder, fs::perms(0777));
+    }
+    for (const Case& c :
+         {Case{"everybody's", 0777, 0666, true}, Case{"to be read", 0777, 0644, true},
+          Case{"the owner's", 0777, 0600, false}, Case{"nothing to lose", 0755, 0600, true}}) {
+        SCOPED_TRACE(c.name);
+        fs::permissions(one, fs::perms(c.folder));
+        fs::permissions(lock, fs::perms(c.file));
+        EXPECT_EXIT(asAnotherUser([&] {
+                        const Problem problem = ChangeLocks({one}, atOnce).take();
+                        return c.locks ? !problem
+                                       : problem &&
+                                             problem->text.english.find("another user") != std::string::npos;
+                    }),
+                    testing::ExitedWithCode(0), "");
+    }
+    fs::remove(lock);
+    fs::permissions(one, fs::perms(0777));
+    ASSERT_FALSE(ChangeLocks({one}, atOnce).take());
+    EXPECT_EQ(fs::status(lock).permissions(), fs::perms(0666)) << "for whoever may write in the folder";
+}
+#endif
+
+} // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #ifndef _WIN32
 #include <sys/stat.h>
 #endif
@@ -29,13 +31,38 @@ TEST(SafeFile, WritesAndReplacesWithoutATrace)
     EXPECT_EQ(namesIn(root.path()), Names{"file"});
 }
 
-TEST(SafeFile, IsNotStoppedByAnUnfinishedWrite)
+// Two at once, and one who tidies up between them: each has a file of its own beside the target, and takes
+// another when that has gone.
+TEST(SafeFile, IsNotDisturbedByAnotherWriteNorByAnybodyWhoTidiesUp)
+{
+    const TemporaryFolder root;
+    const std::string longName(200, 'n');
+    for (const std::string& name : {std::string("file"), longName}) {
+        int asked = 0;
+        const Result<bool> written = writeFileIf(root / name, "first", [&] {
+            if (++asked == 1) {
+                EXPECT_FALSE(writeFileSafely(root / name, "second"));
+                EXPECT_EQ(namesIn(root.path()).size(), 2U) << "the unfinished one is still there";
+                removeUnfinishedWrites(root.path());
+            }
+            return true;
+        });
+        EXPECT_TRUE(written && *written);
+        EXPECT_EQ(asked, 2);
+        EXPECT_EQ(readBytes(root / name), "first");
+        EXPECT_EQ(namesIn(root.path()), Names{name});
+        fs::remove(root / name);
+    }
+}
+
+TEST(SafeFile, LeavesTheTargetWhenTheAnswerIsNo)
 {
     const TemporaryFolder root;
     writeBytes(root / "file", "old");
-    writeBytes(root / "file.tavrel-new", "half of someth");
-    EXPECT_FALSE(writeFileSafely(root / "file", "new"));
-    EXPECT_EQ(readBytes(root / "file"), "new");
+    const Result<bool> written = writeFileIf(root / "file", "new", [] { return false; });
+    ASSERT_TRUE(written);
+    EXPECT_FALSE(*written);
+    EXPECT_EQ(readBytes(root / "file"), "old");
     EXPECT_EQ(namesIn(root.path()), Names{"file"});
 }
 
@@ -45,8 +72,13 @@ TEST(SafeFile, ClearsUpWhatInterruptedWritesLeft)
     for (const char* name : {"a.txt", "a.txt.tavrel-new", "b.tavrel-new", "c.tavrel-new.txt", "tavrel-new"}) {
         writeBytes(root / name, "");
     }
+    fs::create_directory(root / "folder.tavrel-new");
+    fs::last_write_time(root / "b.tavrel-new", fs::file_time_type::clock::now() - std::chrono::hours(25));
+    removeUnfinishedWrites(root.path(), Unfinished::OlderThanADay);
+    EXPECT_EQ(namesIn(root.path()),
+              (Names{"a.txt", "a.txt.tavrel-new", "c.tavrel-new.txt", "folder.tavrel-new", "tavrel-new"}));
     removeUnfinishedWrites(root.path());
-    EXPECT_EQ(namesIn(root.path()), (Names{"a.txt", "c.tavrel-new.txt", "tavrel-new"}));
+    EXPECT_EQ(namesIn(root.path()), (Names{"a.txt", "c.tavrel-new.txt", "folder.tavrel-new", "tavrel-new"}));
     removeUnfinishedWrites(root / "missing");
 }
 
@@ -81,14 +113,24 @@ TEST(SafeFile, CopiesUnderTheFirstFreeName)
 }
 
 #ifndef _WIN32
+// From the first moment: what only the owner may read is read by nobody else while it is written.
 TEST(SafeFile, KeepsThePermissions)
 {
     const TemporaryFolder root;
-    writeBytes(root / "file", "old");
+    writeBytes(root / "file.txt", "old");
     for (const auto mode : {fs::perms(0600), fs::perms(0664), fs::perms(0755)}) {
-        fs::permissions(root / "file", mode);
-        EXPECT_FALSE(writeFileSafely(root / "file", "new"));
-        EXPECT_EQ(fs::status(root / "file").permissions(), mode);
+        fs::permissions(root / "file.txt", mode);
+        EXPECT_TRUE(writeFileIf(root / "file.txt", "new", [&] {
+            for (const fs::directory_entry& entry : fs::directory_iterator(root.path())) {
+                EXPECT_EQ(entry.status().permissions(), mode) << entry;
+            }
+            return true;
+        }));
+        EXPECT_EQ(fs::status(root / "file.txt").permissions(), mode);
+        const Result<fs::path> copy = keepCopyBeside(root / "file.txt", "new");
+        ASSERT_TRUE(copy);
+        EXPECT_EQ(fs::status(*copy).permissions(), mode);
+        fs::remove(*copy);
     }
 }
 

@@ -30,6 +30,22 @@ TEST(TextFile, ReadsEveryByte)
     }
 }
 
+// Before it is read: the file has no bytes on the disk.
+TEST(TextFile, TooLargeAFileIsRefusedWithItsSize)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "file", "a");
+    for (const std::uintmax_t largest : {largestOther, largestLines}) {
+        fs::resize_file(root / "file", largest + (std::uintmax_t{3} << 20U));
+        const Result<TextFile> file = readTextFile(root / "file", largest);
+        ASSERT_FALSE(file);
+        const std::string size = std::to_string((largest >> 20U) + 3) + " MB";
+        EXPECT_NE(file.failure().text.english.find(size), std::string::npos) << file.failure().text.english;
+    }
+    fs::resize_file(root / "file", largestOther);
+    EXPECT_TRUE(readFile(root / "file", largestOther));
+}
+
 TEST(TextFile, StampsTellVersionsApart)
 {
     const TemporaryFolder root;

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <map>
 #ifndef _WIN32
 #include <csignal>
@@ -28,7 +29,9 @@ std::map<fs::path, std::string> everyFile(const fs::path& folder)
 {
     std::map<fs::path, std::string> files;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-        files[entry.path()] = entry.is_directory() ? "folder" : readBytes(entry.path());
+        if (entry.path().extension() != ".tavrel-lock" && entry.path().extension() != ".lock") {
+            files[entry.path()] = entry.is_directory() ? "folder" : readBytes(entry.path());
+        }
     }
     return files;
 }
@@ -75,12 +78,12 @@ TEST_F(ApplyChanges, WritesEveryLineAndKeepsTheFileOfTheFirstTime)
     change(3, "LARA_SLIPPING:>>other>>>>VOL11>>>>RAD13>#g #\xE9x");
     change(7, "VALUES_ONLY:>x>");
     change(7, stockLines()[7].c_str());
-    ScriptedDialogs dialogs{Answer::Yes};
+    ScriptedDialogs dialogs{Answer::Ok, Answer::Yes};
     EXPECT_TRUE(apply(dialogs));
 
     ASSERT_EQ(dialogs.said().size(), 2U); // the comment lines of the demo file come first
-    EXPECT_EQ(dialogs.conversation(Language::English)[0].find("information | Modification | 4 line(s)"), 0U);
-    EXPECT_EQ(dialogs.conversation(Language::French)[0].find("information | Modification | 4 ligne(s)"), 0U);
+    EXPECT_EQ(dialogs.conversation(Language::English)[0].find("OK/Cancel | Modification | 4 line(s)"), 0U);
+    EXPECT_EQ(dialogs.conversation(Language::French)[0].find("OK/Cancel | Modification | 4 ligne(s)"), 0U);
     EXPECT_EQ(dialogs.conversation(Language::English)[1], confirmation);
     EXPECT_EQ(dialogs.conversation(Language::French)[1], confirmationFrench);
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
@@ -144,7 +147,8 @@ TEST_F(ApplyChanges, ChangesNothingWithoutAYes)
 {
     change(3, "N:>other>");
     const auto before = everyFile(demo.root.path());
-    ScriptedDialogs dialogs{Answer::No};
+    ScriptedDialogs dialogs{Answer::Cancel, Answer::Ok, Answer::No};
+    EXPECT_FALSE(apply(dialogs)) << "the comments are worth more";
     EXPECT_FALSE(apply(dialogs));
     EXPECT_EQ(everyFile(demo.root.path()), before);
     EXPECT_TRUE(catalogue.differsFromFile());
@@ -154,28 +158,36 @@ TEST_F(ApplyChanges, AsksBeforeItOverwritesAFileThatChangedSince)
 {
     loadPlain();
     change(3, "N:>other>");
-    // The same size and time: only the content tells.
-    const fs::file_time_type time = fs::last_write_time(demo.sounds);
-    std::string changed = readBytes(demo.sounds);
-    changed[0] = changed[0] == 'X' ? 'Y' : 'X';
-    writeBytes(demo.sounds, changed);
-    fs::last_write_time(demo.sounds, time);
+    fs::last_write_time(demo.sounds, fs::last_write_time(demo.sounds) + std::chrono::hours(1));
+    ScriptedDialogs touched{Answer::Yes};
+    EXPECT_TRUE(apply(touched)) << "a file that was only touched is the same";
+    fs::remove(firstBackup);
 
-    ScriptedDialogs dialogs{Answer::Yes, Answer::No, Answer::Yes, Answer::Yes};
-    EXPECT_FALSE(apply(dialogs));
-    EXPECT_EQ(firstDifference(readBytes(demo.sounds), changed), "");
-    EXPECT_FALSE(fs::exists(firstBackup));
-    EXPECT_TRUE(catalogue.differsFromFile());
-    ASSERT_EQ(dialogs.said().size(), 2U);
-    EXPECT_TRUE(dialogs.said()[1].refusalIsDefault);
-    EXPECT_NE(dialogs.said()[1].text.english.find("[sounds.txt]"), std::string::npos);
+    for (const char* const copy : {"Orig_Sounds.txt", "Sounds_copy1.txt", "Sounds_copy2.txt"}) {
+        SCOPED_TRACE(copy);
+        // The same size and time: only the content tells.
+        const fs::file_time_type time = fs::last_write_time(demo.sounds);
+        std::string changed = readBytes(demo.sounds);
+        ++changed[0];
+        writeBytes(demo.sounds, changed);
+        fs::last_write_time(demo.sounds, time);
+        const auto before = everyFile(demo.root.path());
 
-    EXPECT_TRUE(apply(dialogs));
-    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
-    EXPECT_EQ(firstDifference(readBytes(firstBackup), changed), "");
-    // Its own write is no change by another program.
-    ScriptedDialogs again{Answer::Yes};
-    EXPECT_TRUE(apply(again));
+        ScriptedDialogs dialogs{Answer::Yes, Answer::No, Answer::Yes, Answer::Yes};
+        EXPECT_FALSE(apply(dialogs));
+        EXPECT_EQ(everyFile(demo.root.path()), before);
+        ASSERT_EQ(dialogs.said().size(), 2U);
+        EXPECT_TRUE(dialogs.said()[1].refusalIsDefault);
+        EXPECT_NE(dialogs.said()[1].text.english.find(copy), std::string::npos);
+        EXPECT_NE(dialogs.said()[1].text.french.find(copy), std::string::npos);
+
+        EXPECT_TRUE(apply(dialogs));
+        EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+        EXPECT_EQ(firstDifference(readBytes(demo.creator / copy), changed), "");
+        // Its own write is no change by another program.
+        ScriptedDialogs again{Answer::Yes};
+        EXPECT_TRUE(apply(again));
+    }
 }
 
 // The editor in another window saves while the confirmation stands.
@@ -209,7 +221,7 @@ TEST_F(ApplyChanges, KeepsLaterCommentsInACopy)
     writeBytes(firstBackup, first);
     writeBytes(demo.creator / "Sounds_copy1.txt", "taken");
     const std::string before = readBytes(demo.sounds);
-    ScriptedDialogs dialogs{Answer::Yes};
+    ScriptedDialogs dialogs{Answer::Ok, Answer::Yes};
     EXPECT_TRUE(apply(dialogs));
     EXPECT_EQ(readBytes(firstBackup), first);
     EXPECT_EQ(readBytes(demo.creator / "Sounds_copy1.txt"), "taken");
@@ -227,21 +239,23 @@ TEST_F(ApplyChanges, TakesABackupOfAnyLetterCase)
     EXPECT_EQ(readBytes(demo.creator / "ORIG_SOUNDS.TXT"), "first");
 }
 
-TEST_F(ApplyChanges, SaysWhenTheFileCannotBeWritten)
+TEST_F(ApplyChanges, SaysWhenTheFileCannotBeWrittenAndLeavesNoCopy)
 {
-    loadPlain();
     change(3, "N:>other>");
-    const std::string before = readBytes(demo.sounds);
-
-    fs::permissions(demo.sounds, fs::perms::owner_read);
-    ScriptedDialogs dialogs{Answer::Yes};
-    EXPECT_FALSE(apply(dialogs));
-    ASSERT_EQ(dialogs.said().size(), 2U);
-    EXPECT_EQ(dialogs.said()[1].kind, "critical");
-    EXPECT_NE(dialogs.said()[1].text.english.find(demo.sounds.string()), std::string::npos);
-    EXPECT_EQ(firstDifference(readBytes(demo.sounds), before), "");
-    EXPECT_TRUE(catalogue.differsFromFile());
-
+    for (const bool appliedBefore : {false, true}) {
+        if (appliedBefore) {
+            writeBytes(firstBackup, "first");
+        }
+        fs::permissions(demo.sounds, fs::perms::owner_read);
+        const auto before = everyFile(demo.root.path());
+        ScriptedDialogs dialogs{Answer::Ok, Answer::Yes};
+        EXPECT_FALSE(apply(dialogs));
+        ASSERT_EQ(dialogs.said().size(), 3U);
+        EXPECT_EQ(dialogs.said()[2].kind, "critical");
+        EXPECT_NE(dialogs.said()[2].text.english.find(demo.sounds.string()), std::string::npos);
+        EXPECT_EQ(everyFile(demo.root.path()), before);
+        EXPECT_TRUE(catalogue.differsFromFile());
+    }
     fs::permissions(demo.sounds, fs::perms::owner_write, fs::perm_options::add);
     fs::remove(demo.sounds);
     fs::create_directory(demo.sounds);
@@ -261,10 +275,56 @@ TEST_F(ApplyChanges, ReportsAFailedRecordOnItsOwn)
     ScriptedDialogs dialogs{Answer::Yes};
     EXPECT_TRUE(apply(dialogs));
     ASSERT_EQ(dialogs.said().size(), 2U);
+    EXPECT_EQ(dialogs.said()[1].text.english.find("[sounds.txt] is written, but"), 0U);
     EXPECT_NE(dialogs.said()[1].text.english.find("oasis.tor"), std::string::npos);
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
     EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_TRUE(fs::is_directory(tor()));
+}
+
+TEST_F(ApplyChanges, TakesNoFolderForABackup)
+{
+    fs::create_directory(firstBackup);
+    ScriptedDialogs dialogs;
+    EXPECT_FALSE(apply(dialogs));
+    ASSERT_EQ(dialogs.said().size(), 1U);
+    EXPECT_NE(dialogs.said()[0].text.english.find(firstBackup.string()), std::string::npos);
+}
+
+// Nobody who waits for the locks waits for an answer, and what happened meanwhile is asked about.
+TEST_F(ApplyChanges, TakesTheLocksWhenAllQuestionsAreAnswered)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    ChangeLocks locks({demo.program, demo.sounds}, std::chrono::seconds(0));
+    ScriptedDialogs dialogs{Answer::Yes, Answer::Yes};
+    int questions = 0;
+    dialogs.whileAsking([&] {
+        EXPECT_FALSE(locks.take());
+        locks.release();
+        writeBytes(demo.sounds, ++questions == 1 ? "A:\ta\r\n" : "B:\tb\r\n");
+        if (questions == 2) {
+            dialogs.prepareAnswer(Answer::Yes);
+        } else if (questions == 3) {
+            dialogs.whileAsking({});
+        }
+    });
+    EXPECT_TRUE(apply(dialogs));
+    EXPECT_EQ(dialogs.said().size(), 3U);
+    EXPECT_EQ(readBytes(firstBackup), "B:\tb\r\n");
+
+    ASSERT_FALSE(locks.take());
+    ScriptedDialogs refused{Answer::Yes};
+    EXPECT_FALSE(apply(refused));
+    EXPECT_NE(refused.said().back().text.english.find("at work on the same files"), std::string::npos);
+    ScriptedDialogs own;
+    bool asked = false;
+    const ApplyTarget target{demo.program, "oasis", &locks, [&](const Question& question) {
+                                 asked = question.text.english.starts_with("Confirm modification");
+                                 return asked;
+                             }};
+    EXPECT_TRUE(applyChanges(catalogue, target, own)) << "with the caller's locks and the caller's question";
+    EXPECT_TRUE(asked && locks.areTaken());
 }
 
 #ifndef _WIN32
@@ -276,7 +336,7 @@ TEST_F(ApplyChanges, WritesThroughALink)
     fs::create_symlink("../../../elsewhere/real.txt", demo.sounds);
     reload();
     change(3, "N:>other>");
-    ScriptedDialogs dialogs{Answer::Yes};
+    ScriptedDialogs dialogs{Answer::Ok, Answer::Yes};
     EXPECT_TRUE(apply(dialogs));
     EXPECT_TRUE(fs::is_symlink(demo.sounds));
     EXPECT_EQ(firstDifference(readBytes(real), textOf(lines)), "");

@@ -93,7 +93,7 @@ TEST(SoundCatalogue, AppliedLinesStayModifiedButAreNotPending)
     EXPECT_FALSE(catalogue.isGlobal(1));
     FileStamp stamp;
     stamp.size = 7;
-    catalogue.markApplied(stamp);
+    catalogue.markApplied(stamp, {1, 2});
     EXPECT_FALSE(catalogue.differsFromFile());
     EXPECT_TRUE(catalogue.isModified(0));
     EXPECT_EQ(catalogue.file().stamp, stamp);

@@ -118,6 +118,11 @@ TEST(CatalogueCommands, SetKeepsThePromisesOfApplying)
     const std::string applied = readBytes(cli.sounds);
     EXPECT_EQ(cli.run({"set", "65", "--vol", "9"}).status, 0) << "nothing to ask about";
     EXPECT_EQ(readBytes(cli.sounds), applied);
+    // As if an apply had been cut short between its two files.
+    std::filesystem::remove(cli.program / "sounds" / "oasis.tor");
+    const CliRun completed = cli.run({"set", "65", "--vol", "9"});
+    EXPECT_NE(completed.messages.find("was missing and is written"), std::string::npos) << completed.messages;
+    EXPECT_EQ(readBytes(cli.program / "sounds" / "oasis.tor"), "63,\"" + cli.lineOf(63) + "\"\r\n");
 }
 
 TEST(CatalogueCommands, SetRefusesAndChangesNothing)

@@ -150,8 +150,12 @@ TEST(CommandLine, AsksAtATerminal)
         const char* typed;
         int status;
     };
-    for (const Case& c :
-         {Case{"n\\n", 1}, {"x\\nno\\n", 1}, {"\\004", 1}, {"y\\n", 0}, {"maybe\\nOUI\\n", 0}}) {
+    for (const Case& c : {Case{"n\\n", 1},
+                          {"ok\\nn\\n", 1},
+                          {"y\\nx\\nno\\n", 1},
+                          {"\\004", 1},
+                          {"y\\ny\\n", 0},
+                          {"y\\nmaybe\\nOUI\\n", 0}}) {
         SCOPED_TRACE(c.typed);
         const DemoCli cli;
         const std::string before = readBytes(cli.sounds);

@@ -160,6 +160,19 @@ TEST_F(ExchangeCommands, WhatCannotBeImportedIsNamed)
     EXPECT_EQ(cli.agreeing({"import", at("missing.tox")}).status, 3);
     EXPECT_EQ(cli.agreeing({"import", at("x.tox"), "--samples"}).status, 3) << "none come with it";
     EXPECT_EQ(cli.agreeing({"import", at("x.tox"), "--letter", "zz"}).status, 1) << "nobody's letter";
+    // Nothing of a file reaches the terminal raw, and not more than anybody reads.
+    std::string hostile = "\xEF\xBB\xBF";
+    for (int i = 0; i < 20; ++i) {
+        hostile += record(3, "S3:\t\x1B]0;title\x07" + std::string(500, 'x') + "\t");
+    }
+    writeBytes(at("hostile.tox"), hostile);
+    const CliRun shown = cli.run({"import", at("hostile.tox")});
+    EXPECT_EQ(shown.status, 1);
+    EXPECT_NE(shown.messages.find("?]0;title?"), std::string::npos) << shown.messages;
+    EXPECT_NE(shown.messages.find("... and 12 more"), std::string::npos) << shown.messages;
+    EXPECT_NE(shown.messages.find("UTF-8 mark"), std::string::npos) << shown.messages;
+    EXPECT_EQ(shown.messages.find_first_of("\x1B\x07"), std::string::npos);
+    EXPECT_LT(shown.messages.size(), 4000U);
     EXPECT_EQ(readBytes(cli.sounds), before);
     EXPECT_EQ(cli.agreeing({"import", at("x.tox")}).status, 1) << "one line was refused";
     EXPECT_EQ(cli.lineOf(3), line("S3", "new", " #oa")) << "the other came in";

@@ -57,6 +57,19 @@ TEST(GenerationCommands, RestorePutsTheCatalogueBack)
     EXPECT_EQ(readBytes(cli.sounds), textOf(stockLines()));
 }
 
+// Whatever may be there and cannot be looked at stays.
+TEST(GenerationCommands, RestoreReplacesNothingInAFolderThatCannotBeListed)
+{
+    const DemoCli cli;
+    const std::string before = readBytes(cli.sounds);
+    const CliRun run = runShell("'" TAVREL_STRACE "' -qq -o /dev/null -P '" + cli.creator.string() +
+                                "' -e inject=getdents64:error=EACCES $CLI --program-folder '" +
+                                cli.program.string() + "' restore --catalogue");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_NE(run.messages.find(cli.creator.string()), std::string::npos) << run.messages;
+    EXPECT_EQ(readBytes(cli.sounds), before);
+}
+
 TEST(GenerationCommands, GenerateRefusesBeforeAnythingIsWritten)
 {
     const DemoCli cli;

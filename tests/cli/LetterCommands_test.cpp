@@ -93,3 +93,22 @@ TEST_F(LetterCommandsTest, WithoutAnAnswerNothingChanges)
     EXPECT_EQ(cli.agreeing({"letters", "replace", "oa", "ob"}).status, 3);
     EXPECT_EQ(readBytes(cli.program / "Tavrel.paw"), references);
 }
+
+// sounds.txt is written first; the register follows, or the next start knows that it did not.
+TEST_F(LetterCommandsTest, AReplacementCutInTwoIsToldAndCompleted)
+{
+    const std::filesystem::path references = cli.program / "Tavrel.paw";
+    const auto isTold = [](const CliRun& run) {
+        return run.messages.find("the reference still has the old one") != std::string::npos;
+    };
+    std::filesystem::permissions(references, std::filesystem::perms::owner_read);
+    EXPECT_TRUE(isTold(cli.agreeing({"letters", "replace", "oa", "ob"})));
+    EXPECT_EQ(letters(), "#g||#ob|#tw #ob|#xx|");
+    EXPECT_TRUE(isTold(cli.run({"list"})));
+    std::filesystem::permissions(references, std::filesystem::perms::owner_write,
+                                 std::filesystem::perm_options::add);
+    EXPECT_EQ(cli.agreeing({"letters", "replace", "oa", "ob"}).status, 0);
+    EXPECT_FALSE(isTold(cli.run({"list"})));
+    EXPECT_NE(readBytes(references).find("\"ob\",\"oasis\""), std::string::npos) << readBytes(references);
+    EXPECT_FALSE(std::filesystem::exists(cli.program / "Tavrel.tol"));
+}

@@ -42,6 +42,13 @@ TEST(SampleCommandsOfFolder, WithoutAFolderTheLevelEditorsIsMeant)
     writeBytes(cli.levelEditor / "sound" / "Samples" / "stereo.wav", wavBytes({.channels = 2}));
     EXPECT_EQ(cli.run({"samples", "list"}).output, "stereo.wav\n");
     EXPECT_EQ(cli.run({"samples", "check"}).status, 1);
+    const std::filesystem::path folder = cli.levelEditor / "sound";
+    std::filesystem::create_directory(folder / "Samples_replaced");
+    std::filesystem::create_directory(folder / "Samples_incoming");
+    EXPECT_EQ(cli.run({"samples", "list"}).messages, "") << "an empty folder is no restore cut short";
+    writeBytes(folder / "Samples_incoming" / "a.wav", "");
+    const CliRun cut = cli.run({"samples", "list"});
+    EXPECT_NE(cut.messages.find("was cut short"), std::string::npos) << cut.messages;
     const CliRun missing = cli.run({"samples", "check", (cli.root / "missing").string()});
     EXPECT_EQ(missing.status, 3);
     EXPECT_EQ(missing.output, "");

@@ -134,6 +134,10 @@ TEST_F(RestoreDefaultsTest, PutsEverythingBackAndKeepsWhatWasThere)
 
     restore(catalogueOnly);
     EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "the user's") << "not pushed out by the stock one";
+    writeBytes(creator / "SOUNDS.TXT", "later work");
+    restore(catalogueOnly);
+    EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "later work");
+    EXPECT_EQ(readBytes(creator / "Sounds_replaced_copy1.txt"), "the user's");
     restore(samplesOnly);
     EXPECT_EQ(
         namesIn(samples.parent_path()),

@@ -12,7 +12,10 @@ class YesToAll : public tavrel::Dialogs
 {
 public:
     void show(const tavrel::Message& message) override { std::puts(message.text.english.c_str()); }
-    tavrel::Answer ask(const tavrel::Question& /*question*/) override { return tavrel::Answer::Yes; }
+    tavrel::Answer ask(const tavrel::Question& question) override
+    {
+        return question.buttons == tavrel::Buttons::OkCancel ? tavrel::Answer::Ok : tavrel::Answer::Yes;
+    }
     std::optional<std::filesystem::path> chooseFile(const tavrel::OpenFileQuestion& /*question*/) override
     {
         return std::nullopt;

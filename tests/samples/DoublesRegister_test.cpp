@@ -48,8 +48,9 @@ TEST(DoublesRegister, AgreesWithTheImportOnWhatIsTicked)
 TEST(DoublesRegister, CarriesWhatItDoesNotKnow)
 {
     const TemporaryFolder folder;
-    writeBytes(folder / "TAVREL.TOD",
-               "; remark\n7, \"ok \",\"a,b\",\"NAME\",\"s1 s2\",\"z\"\n\nbroken,\"x\n");
+    writeBytes(
+        folder / "TAVREL.TOD",
+        "; remark\n8,\"OK \",a\"b,\"N\",\"s\",\"\"\n7, \"ok \",\"a,b\",\"NAME\",\"s1 s2\",\"z\"\n\nbroken,\"x\n");
     Result<DoublesRegister> doubles = DoublesRegister::load(folder.path());
     ASSERT_TRUE(doubles);
     ASSERT_EQ(doubles->size(), 1U);
@@ -59,7 +60,7 @@ TEST(DoublesRegister, CarriesWhatItDoesNotKnow)
     ASSERT_FALSE(doubles->save());
     EXPECT_EQ(
         readBytes(folder / "TAVREL.TOD"),
-        textOf({"; remark",
+        textOf({"; remark", "8,\"OK \",a\"b,\"N\",\"s\",\"\"",
                 "7,\"OK \",\"a,b\",\"NAME                    \",\"s1 s2                           \",\"z\"",
                 "", "broken,\"x"}));
     std::filesystem::remove(folder / "TAVREL.TOD");

@@ -17,7 +17,7 @@ namespace {
 const char* const tracedCalls =
     "openat,read,write,close,fsync,rename,renameat2,fchmodat,chmod,mkdir,unlink,unlinkat,newfstatat,"
     "getdents64,access,readlink,lseek,writev,statx,ftruncate,rmdir,"
-    "copy_file_range,sendfile,fchmod";
+    "copy_file_range,sendfile,fchmod,fchown,getxattr,flock";
 
 std::string quoted(const std::string& text)
 {

@@ -57,7 +57,9 @@ std::vector<std::string> namesIn(const fs::path& folder)
     std::vector<std::string> names;
     std::error_code ignored;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, ignored)) {
-        names.push_back(entry.path().filename().string());
+        if (entry.path().extension() != ".tavrel-lock") {
+            names.push_back(entry.path().filename().string());
+        }
     }
     std::ranges::sort(names);
     return names;

@@ -28,7 +28,8 @@ private:
 std::string readBytes(const std::filesystem::path& file);
 void writeBytes(const std::filesystem::path& file, std::string_view bytes);
 
-// The names in a folder, sorted; none when there is no such folder.
+// The names in a folder, sorted, without the lock files that stay for ever; none when there is no such
+// folder.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 // Runs a program to its end, with what it says in a file. Returns its exit status.

@@ -30,6 +30,7 @@ TEST_F(MainWindowTest, anEditReachesSoundsTxtAndNothingElseChanges)
     EXPECT_EQ(control<QPlainTextEdit>("TxModif").toPlainText(), fromCodePage(expected[4]));
     EXPECT_EQ(control<QLabel>("LbPending").text(), "Modifications not yet applied");
 
+    dialogs.prepareAnswer(Answer::Ok);
     dialogs.prepareAnswer(Answer::Yes);
     click("CdApply");
     EXPECT_EQ(readBytes(folders.sounds), textOf(expected));
@@ -51,11 +52,14 @@ TEST_F(MainWindowTest, appliesNothingWhileACommandIsAtWork)
     const std::string before = readBytes(folders.sounds);
     Result<ProcessLock> command = takeLock(folders.program, changesLock, std::chrono::seconds(0));
     ASSERT_TRUE(command);
+    dialogs.prepareAnswer(Answer::Ok);
+    dialogs.prepareAnswer(Answer::Yes);
     click("CdApply");
     EXPECT_NE(dialogs.said().back().text.english.find("at work on the same files"), std::string::npos);
     EXPECT_TRUE(window->session().pending());
     EXPECT_EQ(readBytes(folders.sounds), before);
     command->reset();
+    dialogs.prepareAnswer(Answer::Ok);
     dialogs.prepareAnswer(Answer::Yes);
     click("CdApply");
     EXPECT_NE(readBytes(folders.sounds), before);
@@ -395,6 +399,7 @@ TEST_F(MainWindowTest, TheLineNumberFollowsTheFile)
     open();
     clickRow(80);
     EXPECT_EQ(text("TxLine"), "85");
+    dialogs.prepareAnswer(Answer::Ok);
     dialogs.prepareAnswer(Answer::Yes);
     click("CdApply"); // leaves the comments out
     EXPECT_EQ(text("TxLine"), "81");

@@ -153,6 +153,7 @@ TEST_F(MainWindowTest, TheSettingsCanForbidImportsOnceThereIsWork)
                     .toolTip()
                     .endsWith("\nOff while modifications are pending or saved for this "
                               "WAD. Parameters can allow it."));
+    dialogs.prepareAnswer(Answer::Ok);
     dialogs.prepareAnswer(Answer::Yes);
     click("CdApply");
     EXPECT_TRUE(enabled("CdLoadSAM"));
