@@ -34,6 +34,35 @@ Words without(Words words, const Words& others)
     return words;
 }
 
+// The first word at or behind `start`: empty at the end. The name up to its ":" is one word, and a "#" starts
+// a new one.
+std::string_view wordFrom(std::string_view line, std::size_t start)
+{
+    const std::size_t name = nameIn(line).size();
+    if (start < name) {
+        return line.substr(0, name);
+    }
+    start = std::min(line.find_first_not_of(" \t", start), line.size());
+    return line.substr(start, start < line.size() ? line.find_first_of(" \t#", start + 1) - start : 0);
+}
+
+std::size_t endOf(std::string_view word, std::string_view line)
+{
+    return static_cast<std::size_t>(word.data() + word.size() - line.data());
+}
+
+// In the same order, whatever the room between them.
+bool haveSameWords(std::string_view left, std::string_view right)
+{
+    std::string_view ofLeft = wordFrom(left, 0);
+    std::string_view ofRight = wordFrom(right, 0);
+    while (!ofLeft.empty() && ofLeft == ofRight) {
+        ofLeft = wordFrom(left, endOf(ofLeft, left));
+        ofRight = wordFrom(right, endOf(ofRight, right));
+    }
+    return ofLeft.empty() && ofRight.empty();
+}
+
 // A line as it is compared. One with more samples than the grammar takes has its name alone; all the rest of
 // it is other text.
 struct ReadLine
@@ -52,7 +81,7 @@ struct ReadLine
         if (!readable) {
             return {std::string(text.substr(name.size()))};
         }
-        if (text == ComposeSoundLine(record)) { // as most lines stand
+        if (haveSameWords(text, ComposeSoundLine(record))) { // as in most lines
             return {};
         }
         // Composing cuts long names and lists of samples, which were read all the same.
@@ -221,31 +250,23 @@ struct Token
 
 using Tokens = std::vector<Token>;
 
-// The name up to its ":" is one word, and a "#" starts a new one. With the room between them, that is a
-// token, too.
+// Its words or, with the room between them, all of it.
 Tokens tokensOf(std::string_view line, bool withRoom)
 {
     Tokens tokens;
-    std::size_t start = nameIn(line).size();
-    if (start > 0) {
-        tokens.push_back({0, line.substr(0, start)});
-    }
-    while (start < line.size()) {
-        const bool isRoom = line[start] == ' ' || line[start] == '\t';
-        const std::size_t end =
-            std::min(isRoom ? line.find_first_not_of(" \t", start) : line.find_first_of(" \t#", start + 1),
-                     line.size());
-        if (!isRoom || withRoom) {
-            tokens.push_back({start, line.substr(start, end - start)});
+    std::size_t end = 0;
+    for (std::string_view word = wordFrom(line, 0); !word.empty(); word = wordFrom(line, end)) {
+        const std::size_t start = endOf(word, line) - word.size();
+        if (withRoom && start > end) {
+            tokens.push_back({end, line.substr(end, start - end)});
         }
-        start = end;
+        tokens.push_back({start, word});
+        end = start + word.size();
+    }
+    if (withRoom && end < line.size()) {
+        tokens.push_back({end, line.substr(end)});
     }
     return tokens;
-}
-
-bool sameTokens(const Tokens& left, const Tokens& right)
-{
-    return std::ranges::equal(left, right, {}, &Token::text, &Token::text);
 }
 
 // Row by row, how many words the rest of both lines have in common at most, in order.
@@ -330,10 +351,8 @@ BilingualText describeDifference(std::string_view before, std::string_view after
 
 DifferingWords differingWords(std::string_view before, std::string_view after)
 {
-    const Tokens left = tokensOf(before, false);
-    const Tokens right = tokensOf(after, false);
-    return sameTokens(left, right) ? differingTokens(tokensOf(before, true), tokensOf(after, true))
-                                   : differingTokens(left, right);
+    const bool roomAlone = haveSameWords(before, after);
+    return differingTokens(tokensOf(before, roomAlone), tokensOf(after, roomAlone));
 }
 
 } // namespace tavrel
