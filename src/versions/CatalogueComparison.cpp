@@ -12,6 +12,19 @@ bool differs(const SoundPair& pair, SoundLines mine, SoundLines theirs)
     return !pair.mine || !pair.theirs || mine[*pair.mine] != theirs[*pair.theirs];
 }
 
+CatalogueComparison compare(SoundPairing pairing, SoundLines mine, SoundLines theirs)
+{
+    CatalogueComparison comparison{std::move(pairing), {}};
+    for (const SoundPair& pair : comparison.pairing.pairs) {
+        if (differs(pair, mine, theirs)) {
+            comparison.differences.push_back(
+                {pair, pair.mine && pair.theirs ? differingFields(mine[*pair.mine], theirs[*pair.theirs])
+                                                : LineFields()});
+        }
+    }
+    return comparison;
+}
+
 } // namespace
 
 std::vector<std::string_view> currentLinesOf(const SoundCatalogue& catalogue)
@@ -34,15 +47,12 @@ std::vector<std::string_view> originalLinesOf(const SoundCatalogue& catalogue)
 
 CatalogueComparison compareCatalogues(SoundLines mine, SoundLines theirs)
 {
-    CatalogueComparison comparison{pairSounds(mine, theirs), {}};
-    for (const SoundPair& pair : comparison.pairing.pairs) {
-        if (differs(pair, mine, theirs)) {
-            comparison.differences.push_back(
-                {pair, pair.mine && pair.theirs ? differingFields(mine[*pair.mine], theirs[*pair.theirs])
-                                                : LineFields()});
-        }
-    }
-    return comparison;
+    return compare(pairSounds(mine, theirs), mine, theirs);
+}
+
+CatalogueComparison compareCatalogues(SoundLines mine, const OtherCatalogue& other)
+{
+    return compare(pairSounds(mine, other), mine, other.views());
 }
 
 std::size_t countDifferences(SoundLines mine, SoundLines theirs)

@@ -3,6 +3,7 @@
 
 #include "catalogue/SoundCatalogue.h"
 #include "versions/LineDifference.h"
+#include "versions/OtherCatalogue.h"
 #include "versions/SoundPairing.h"
 
 #include <vector>
@@ -26,6 +27,7 @@ struct CatalogueComparison
 };
 
 CatalogueComparison compareCatalogues(SoundLines mine, SoundLines theirs);
+CatalogueComparison compareCatalogues(SoundLines mine, const OtherCatalogue& other);
 
 // How many sounds differ, missing ones included.
 std::size_t countDifferences(SoundLines mine, SoundLines theirs);
