@@ -8,6 +8,7 @@
 #include "base/TextFile.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
+#include "generation/FolderFiles.h"
 #include "generation/FolderReplacement.h"
 #include "generation/ReferenceCopies.h"
 
@@ -25,6 +26,27 @@ const BilingualText aborted("Restore function aborted", "Fonction de restauratio
 
 // The failure's texts but for the last one, which is always the same.
 using Refusal = std::optional<BilingualText>;
+
+// What was put aside before stays, under a number; the same catalogue is not put aside twice.
+Problem putAside(std::string_view catalogue, const fs::path& creatorFolder)
+{
+    const fs::path kept = fileIn(creatorFolder, replacedCatalogueName);
+    std::error_code ignored;
+    if (fs::exists(kept, ignored)) {
+        const Result<FileContent> before = readFile(kept);
+        if (!before) {
+            return before.failure();
+        }
+        if (before->bytes == catalogue) {
+            return std::nullopt;
+        }
+        if (Problem problem =
+                moveSafely(kept, nextNumberedName(fs::path(kept).replace_extension(), ".txt"))) {
+            return problem;
+        }
+    }
+    return createFileSafely(kept, catalogue);
+}
 
 Refusal restoreCatalogue(const RestoreContext& context)
 {
@@ -49,8 +71,7 @@ Refusal restoreCatalogue(const RestoreContext& context)
         }
         // Neither a second restore nor one that will fail must push out what the first one replaced.
         if (old->bytes != content->bytes && system::isWritable(*present)) {
-            const fs::path kept = fileIn(context.creatorFolder, replacedCatalogueName);
-            if (const Problem problem = writeFileSafely(kept, old->bytes)) {
+            if (const Problem problem = putAside(old->bytes, context.creatorFolder)) {
                 return problem->text;
             }
         }
@@ -99,6 +120,13 @@ Refusal restoreFolder(const FolderRestore& restore, const RestoreContext& contex
     }
     if (restore.stockLevelsOnly) {
         *oldFiles = stockLevelFiles(*oldFiles);
+    }
+    const Result<bool> isRestored = haveSameFiles(*files, *oldFiles);
+    if (!isRestored) {
+        return trapped;
+    }
+    if (*isRestored) { // and is not put aside once more
+        return std::nullopt;
     }
     context.progress.say(BilingualText("Restoring ", "Restauration de ") + displayPath(restore.target));
     const Problem problem = replaceFiles(*files, restore.target, *oldFiles, context.progress);

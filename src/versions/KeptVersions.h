@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Progress.h"
+#include "base/Result.h"
+#include "versions/SoundPairing.h"
+
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// What is kept of earlier states of the level editor's files.
+namespace tavrel {
+
+// Beside sounds.txt, because one program folder may serve several level editors.
+constexpr std::string_view versionsFolderName = "Sounds_versions";
+constexpr std::size_t mostVersions = 100;
+
+// Keeps the bytes of a sounds.txt that is about to be replaced, under a name that tells when and for which
+// WAD (which may be empty). Older versions beyond the last hundred go, never the new one. Gives its path.
+Result<std::filesystem::path>
+keepVersion(const std::filesystem::path& soundsFile, std::string_view bytes, std::string_view wadName,
+            std::chrono::system_clock::time_point now = std::chrono::system_clock::now());
+
+enum class KeptKind {
+    Version,     // of sounds.txt, replaced by an apply
+    First,       // Orig_Sounds.txt
+    Copy,        // kept before there were versions, or beside them
+    Replaced,    // put aside by a restore of the original files
+    SamplesSet,  // a folder of samples that a restore put aside
+    WadFilesSet, // the same with sound files of WADs
+};
+
+struct KeptVersion
+{
+    KeptKind kind = KeptKind::Version;
+    std::filesystem::path path; // of a file or, of a set, of its folder
+    std::string name;           // of the file or folder, code page bytes
+    std::string time;           // "2026-11-21 15:30:05", local; of a version when it was replaced
+    std::string wad;            // of a version, code page bytes
+    std::size_t files = 1;
+
+    bool isSet() const { return kind == KeptKind::SamplesSet || kind == KeptKind::WadFilesSet; }
+};
+
+struct KeptPlaces
+{
+    std::filesystem::path soundsFile;
+    std::filesystem::path samplesFolder;
+    std::filesystem::path wadsFolder;
+};
+
+// Newest first. Fails when a folder cannot be listed.
+Result<std::vector<KeptVersion>> listKeptVersions(const KeptPlaces& places);
+
+BilingualText describe(const KeptVersion& version);
+
+// How many sounds of a kept file are others now; none for a set, or for a file that holds no sound.
+std::optional<std::size_t> differencesFromNow(const KeptVersion& version, SoundLines now);
+
+// Puts a set into its folder again, whole. What is there now is put aside in its turn, and the set stays
+// where it is, too.
+[[nodiscard]] Problem bringBackSet(const KeptVersion& set, const KeptPlaces& places, Progress& progress);
+
+} // namespace tavrel
