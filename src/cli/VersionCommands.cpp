@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "versions/VersionCommands.h"
+
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "cli/Commands.h"
@@ -7,6 +9,7 @@
 #include "versions/CatalogueComparison.h"
 #include "versions/CatalogueMerge.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace tavrel {
@@ -201,6 +204,134 @@ ExitStatus merge(const MergeArguments& arguments, Console& console)
     return merged.conflicts() == 0 ? ExitStatus::Done : ExitStatus::Refused;
 }
 
+// versions
+
+struct VersionArguments
+{
+    std::string name;
+    bool json = false;
+    std::optional<std::string> wadName;
+};
+
+KeptPlaces placesOf(const Session& session)
+{
+    return {session.catalogue.file().path, session.paths.samples, session.paths.wads};
+}
+
+// What is kept, or a message.
+std::optional<std::vector<KeptVersion>> keptBy(const Session& session, Console& console)
+{
+    Result<std::vector<KeptVersion>> kept = listKeptVersions(placesOf(session));
+    if (!kept) {
+        console.dialogs.fail(kept.failure());
+        return std::nullopt;
+    }
+    return std::move(*kept);
+}
+
+ExitStatus listVersions(Console& console)
+{
+    const std::optional<Session> session = openSession(console);
+    const std::optional<std::vector<KeptVersion>> kept = session ? keptBy(*session, console) : std::nullopt;
+    if (!kept) {
+        return ExitStatus::FileFailure;
+    }
+    const std::vector<std::string_view> now = currentLinesOf(session->catalogue);
+    for (const KeptVersion& version : *kept) {
+        console.output.writeLine(utf8FromCodePage(version.name) + "\t" + version.time + "\t" +
+                                 console.dialogs.inLanguage(extentOf(version, now)) + "\t" +
+                                 console.dialogs.inLanguage(describe(version)));
+    }
+    return ExitStatus::Done;
+}
+
+// The one of that name, or a message.
+std::optional<KeptVersion> versionNamed(const Session& session, const std::string& name, Console& console)
+{
+    const std::optional<std::vector<KeptVersion>> kept = keptBy(session, console);
+    if (!kept) {
+        return std::nullopt;
+    }
+    const auto found =
+        std::ranges::find_if(*kept, [&](const KeptVersion& version) { return sameName(version.name, name); });
+    if (found == kept->end()) {
+        const std::string shown = "[" + utf8FromCodePage(name) + "]";
+        console.dialogs.refuse({"Nothing that is kept has the name " + shown + ".",
+                                "Rien de ce qui est conservé ne porte le nom " + shown + "."});
+        return std::nullopt;
+    }
+    return *found;
+}
+
+ExitStatus showVersion(const VersionArguments& arguments, Console& console)
+{
+    const std::optional<Session> session = openSession(console);
+    if (!session) {
+        return ExitStatus::FileFailure;
+    }
+    const std::optional<KeptVersion> version = versionNamed(*session, arguments.name, console);
+    if (!version) {
+        return console.dialogs.status();
+    }
+    if (version->isSet()) {
+        return console.dialogs.refuse({"This is a folder of files, and no catalogue.",
+                                       "C'est un répertoire de fichiers, et non un catalogue."});
+    }
+    const Result<OtherCatalogue> other = readOtherCatalogue(version->path);
+    return other ? writeDifferences(currentLinesOf(session->catalogue), *other, arguments.json, console)
+                 : console.dialogs.fail(other.failure());
+}
+
+ExitStatus restoreVersion(const VersionArguments& arguments, Console& console)
+{
+    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    if (!session) {
+        return console.dialogs.status();
+    }
+    const std::optional<KeptVersion> version = versionNamed(*session, arguments.name, console);
+    if (!version) {
+        return console.dialogs.status();
+    }
+    if (version->isSet()) {
+        SilentProgress progress;
+        return bringSetBack(*version, placesOf(*session), progress, console.dialogs) ? ExitStatus::Done
+                                                                                     : ExitStatus::Refused;
+    }
+    std::optional<std::vector<SoundCatalogue::LineChange>> changes =
+        agreeOnBringingBack(session->catalogue, *version, console.dialogs);
+    if (!changes) {
+        return ExitStatus::Refused;
+    }
+    if (const Problem problem = session->catalogue.setCurrentLines(std::move(*changes))) {
+        return console.dialogs.refuse(problem->text);
+    }
+    return apply(*session, arguments.wadName, console);
+}
+
+void addVersions(const Menu& menu)
+{
+    const auto arguments = std::make_shared<VersionArguments>();
+    const Menu group = menu.group(
+        "versions", {"What is kept of earlier states", "Ce qui est conservé des états antérieurs"});
+    const BilingualText name("As the list names it", "Comme la liste le nomme");
+    group.command(
+        "list",
+        {"List what is kept, newest first", "Lister ce qui est conservé, du plus récent au plus ancien"},
+        listVersions);
+    group
+        .command("show", {"Compare it with sounds.txt", "Le comparer avec sounds.txt"},
+                 [arguments](Console& console) { return showVersion(*arguments, console); })
+        .text("NAME", name, arguments->name)
+        .flag("--json", {"One JSON object for each sound that differs", "Un objet JSON par son différent"},
+              arguments->json);
+    group
+        .command("restore",
+                 {"Bring it back, and write sounds.txt", "Le remettre en place, et écrire sounds.txt"},
+                 [arguments](Console& console) { return restoreVersion(*arguments, console); })
+        .text("NAME", name, arguments->name)
+        .wad(arguments->wadName);
+}
+
 } // namespace
 
 void addVersionCommands(const Menu& menu)
@@ -227,6 +358,7 @@ void addVersionCommands(const Menu& menu)
         .path("BASE", {"What both came from", "Ce dont les deux sont issus"}, merged->base)
         .path("MINE", {"Stays in a conflict", "Reste en cas de conflit"}, merged->mine)
         .path("THEIRS", {"The other one", "L'autre"}, merged->theirs);
+    addVersions(menu);
 }
 
 } // namespace tavrel

@@ -14,18 +14,6 @@ std::optional<std::string_view> lineAt(SoundLines lines, Number number)
     return number ? std::optional(lines[*number]) : std::nullopt;
 }
 
-MergeOutcome outcomeOf(std::optional<std::string_view> base, std::optional<std::string_view> mine,
-                       std::optional<std::string_view> theirs)
-{
-    if (mine == theirs) {
-        return mine == base ? MergeOutcome::Unchanged : MergeOutcome::Both;
-    }
-    if (mine == base) {
-        return MergeOutcome::Theirs;
-    }
-    return theirs == base ? MergeOutcome::Mine : MergeOutcome::Conflict;
-}
-
 // One side against the base, read from front to back.
 class Side
 {
@@ -103,6 +91,18 @@ private:
 };
 
 } // namespace
+
+MergeOutcome outcomeOf(std::optional<std::string_view> base, std::optional<std::string_view> mine,
+                       std::optional<std::string_view> theirs)
+{
+    if (mine == theirs) {
+        return mine == base ? MergeOutcome::Unchanged : MergeOutcome::Both;
+    }
+    if (mine == base) {
+        return MergeOutcome::Theirs;
+    }
+    return theirs == base ? MergeOutcome::Mine : MergeOutcome::Conflict;
+}
 
 std::size_t CatalogueMerge::conflicts() const
 {

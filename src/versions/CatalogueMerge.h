@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 // Two catalogues that came from the same one, line by line.
@@ -17,6 +18,10 @@ enum class MergeOutcome {
     Both,   // both made the same change
     Conflict
 };
+
+// Lines of one sound; none where a side does not have it.
+MergeOutcome outcomeOf(std::optional<std::string_view> base, std::optional<std::string_view> mine,
+                       std::optional<std::string_view> theirs);
 
 // A sound that any of the three has. None for one that a side does not have.
 struct MergedSound

@@ -59,6 +59,9 @@ Result<std::vector<KeptVersion>> listKeptVersions(const KeptPlaces& places);
 
 BilingualText describe(const KeptVersion& version);
 
+// "12 lines" that differ from now, "497 files" of a set.
+BilingualText extentOf(const KeptVersion& version, SoundLines now);
+
 // How many sounds of a kept file are others now; none for a set, or for a file that holds no sound.
 std::optional<std::size_t> differencesFromNow(const KeptVersion& version, SoundLines now);
 

@@ -79,4 +79,27 @@ TEST(VersionCommands, MergeKeepsMineInAConflictAndNamesIt)
     EXPECT_EQ(runCli({"merge", base, base, file("part.tox", "\"1\",\"B:\tb\t\"\r\n")}).status, 3);
 }
 
+TEST(VersionCommands, ListShowAndRestoreWhatIsKept)
+{
+    const DemoCli cli;
+    const std::string before = cli.lineOf(63);
+    ASSERT_EQ(cli.agreeing({"set", "63", "--vol", "7"}).status, 0);
+    const std::string set = lineStarting(cli.run({"versions", "list"}).output, "Orig_Sounds.txt\t");
+    EXPECT_NE(set.find("\t1 line\tBefore the first apply"), std::string::npos) << set;
+    const CliRun shown = cli.run({"versions", "show", "Orig_Sounds.txt", "--json"});
+    EXPECT_EQ(shown.status, 1);
+    ASSERT_EQ(objectsOf(shown.output).size(), 1U);
+    EXPECT_EQ(objectsOf(shown.output)[0]["b"], before);
+    EXPECT_EQ(cli.run({"versions", "show", "none.txt"}).status, 1);
+    EXPECT_EQ(cli.run({"versions", "restore", "Orig_Sounds.txt"}).status, 1) << "nobody agreed";
+    EXPECT_EQ(cli.agreeing({"versions", "restore", "orig_sounds.txt"}).status, 0);
+    EXPECT_EQ(cli.lineOf(63), before);
+
+    const std::filesystem::path samples = cli.levelEditor / "sound" / "Samples";
+    writeBytes(samples.parent_path() / "Samples_replaced" / "mine.wav", "mine");
+    EXPECT_EQ(cli.run({"versions", "show", "Samples_replaced"}).status, 1);
+    EXPECT_EQ(cli.agreeing({"versions", "restore", "Samples_replaced"}).status, 0);
+    EXPECT_EQ(namesIn(samples), std::vector<std::string>{"mine.wav"});
+}
+
 } // namespace
