@@ -2,10 +2,8 @@
 #include "versions/KeptVersions.h"
 
 #include "base/CodePage.h"
-#include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/LocalTime.h"
-#include "base/SafeFile.h"
 #include "catalogue/ApplyChanges.h"
 #include "generation/FolderFiles.h"
 #include "generation/FolderReplacement.h"
@@ -14,9 +12,7 @@
 #include "versions/CatalogueComparison.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <tuple>
+#include <functional>
 
 namespace tavrel {
 
@@ -24,105 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view versionEnding = ".txt";
-
-// "2026-11-21_15-30-05_oasis.txt"; the second one of that second is "2026-11-21_15-30-05.2_oasis.txt".
-struct VersionName
-{
-    std::string time; // as it is shown
-    int ordinal = 1;
-    std::string wad;
-
-    std::string file() const
-    {
-        std::string name = time;
-        std::ranges::replace(name, ' ', '_');
-        std::ranges::replace(name, ':', '-');
-        name += ordinal > 1 ? "." + std::to_string(ordinal) : "";
-        name += wad.empty() ? "" : "_" + wad;
-        return name.append(versionEnding);
-    }
-};
-
-// Nothing for a file of another origin.
-std::optional<VersionName> readVersionName(std::string_view file)
-{
-    constexpr std::string_view form = "0000-00-00_00-00-00";
-    constexpr int mostOrdinals = 9999;
-    const auto hasForm = [](char found, char wanted) {
-        return wanted == '0' ? found >= '0' && found <= '9' : found == wanted;
-    };
-    if (file.size() < form.size() + versionEnding.size() || !file.ends_with(versionEnding) ||
-        !std::ranges::equal(file.substr(0, form.size()), form, hasForm)) {
-        return std::nullopt;
-    }
-    VersionName name;
-    name.time = file.substr(0, form.size());
-    constexpr std::array<std::pair<std::size_t, char>, 3> marks = {{{10, ' '}, {13, ':'}, {16, ':'}}};
-    for (const auto& [place, mark] : marks) {
-        name.time[place] = mark;
-    }
-    std::string_view rest = file.substr(form.size(), file.size() - form.size() - versionEnding.size());
-    if (rest.starts_with('.')) {
-        const auto [end, error] = std::from_chars(rest.data() + 1, rest.data() + rest.size(), name.ordinal);
-        if (error != std::errc() || name.ordinal < 2 || name.ordinal > mostOrdinals) {
-            return std::nullopt;
-        }
-        rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
-    }
-    if (!rest.empty() && !rest.starts_with('_')) {
-        return std::nullopt;
-    }
-    name.wad = rest.substr(rest.empty() ? 0 : 1);
-    return name;
-}
-
-struct VersionFile
-{
-    VersionName name;
-    FolderEntry entry;
-};
-
-bool isOlder(const VersionFile& left, const VersionFile& right)
-{
-    return std::tie(left.name.time, left.name.ordinal) < std::tie(right.name.time, right.name.ordinal);
-}
-
-// Oldest first.
-Result<std::vector<VersionFile>> versionsIn(const fs::path& folder)
-{
-    const Result<std::vector<FolderEntry>> entries = listFolder(folder);
-    if (!entries) {
-        return entries.failure();
-    }
-    std::vector<VersionFile> versions;
-    for (const FolderEntry& entry : *entries) {
-        std::optional<VersionName> name = entry.isFile ? readVersionName(entry.name) : std::nullopt;
-        if (name) {
-            versions.push_back({std::move(*name), entry});
-        }
-    }
-    std::ranges::sort(versions, isOlder);
-    return versions;
-}
-
-// Without any word when one cannot be removed: the next time it goes.
-void removeOldVersions(const fs::path& folder, const fs::path& newest)
-{
-    const Result<std::vector<VersionFile>> versions = versionsIn(folder);
-    if (!versions || versions->size() <= mostVersions) {
-        return;
-    }
-    std::size_t surplus = versions->size() - mostVersions;
-    for (const VersionFile& version : *versions) {
-        // A clock that was set back makes the newest one look old.
-        if (surplus > 0 && version.entry.path.filename() != newest.filename()) {
-            std::error_code ignored;
-            fs::remove(version.entry.path, ignored);
-            --surplus;
-        }
-    }
-}
+constexpr std::string_view textEnding = ".txt";
 
 std::string timeOf(const fs::path& file)
 {
@@ -149,8 +47,8 @@ std::optional<KeptKind> kindOfFile(const FolderEntry& entry, const std::string& 
     if (sameName(entry.name, firstBackupName)) {
         return KeptKind::First;
     }
-    const std::size_t ending = entry.name.size() - std::min(entry.name.size(), versionEnding.size());
-    if (!sameName(entry.name.substr(ending), versionEnding)) {
+    const std::size_t ending = entry.name.size() - std::min(entry.name.size(), textEnding.size());
+    if (!sameName(entry.name.substr(ending), textEnding)) {
         return std::nullopt;
     }
     const std::string_view stem = std::string_view(entry.name).substr(0, ending);
@@ -158,7 +56,7 @@ std::optional<KeptKind> kindOfFile(const FolderEntry& entry, const std::string& 
         return KeptKind::Copy;
     }
     const std::string_view replaced = replacedCatalogueName;
-    return isNumbered(stem, replaced.substr(0, replaced.size() - versionEnding.size()))
+    return isNumbered(stem, replaced.substr(0, replaced.size() - textEnding.size()))
                ? std::optional(KeptKind::Replaced)
                : std::nullopt;
 }
@@ -180,13 +78,12 @@ Problem addFiles(std::vector<KeptVersion>& kept, const fs::path& soundsFile)
     if (!folder) {
         return std::nullopt;
     }
-    const Result<std::vector<VersionFile>> versions = versionsIn(folder->path);
+    const Result<std::vector<VersionFile>> versions = versionFilesIn(folder->path);
     if (!versions) {
         return versions.failure();
     }
     for (const VersionFile& version : *versions) {
-        kept.push_back({KeptKind::Version, version.entry.path, version.entry.name, version.name.time,
-                        version.name.wad, 1});
+        kept.push_back({KeptKind::Version, version.path, version.name, version.time, version.wad, 1});
     }
     return std::nullopt;
 }
@@ -222,35 +119,6 @@ fs::path withoutSeparator(const fs::path& folder)
 
 } // namespace
 
-Result<fs::path> keepVersion(const fs::path& soundsFile, std::string_view bytes, std::string_view wadName,
-                             std::chrono::system_clock::time_point now)
-{
-    constexpr int mostInOneSecond = 999;
-    const fs::path folder = fileIn(soundsFile.parent_path(), versionsFolderName);
-    std::error_code error;
-    fs::create_directory(folder, error);
-    if (error) {
-        return cannotWrite(folder, error);
-    }
-    VersionName name{localTimeText(now), 1, isPlainFileName(wadName) ? std::string(wadName) : std::string()};
-    const Result<std::vector<VersionFile>> versions = versionsIn(folder);
-    if (!versions) {
-        return versions.failure();
-    }
-    for (const VersionFile& version : *versions) { // whatever the WAD, so that the order stays known
-        name.ordinal = version.name.time == name.time ? version.name.ordinal + 1 : name.ordinal;
-    }
-    if (name.ordinal > mostInOneSecond) {
-        return cannotWrite(folder, std::make_error_code(std::errc::file_exists));
-    }
-    const fs::path version = folder / nativePath(name.file());
-    if (const Problem problem = createFileSafely(version, bytes)) {
-        return *problem;
-    }
-    removeOldVersions(folder, version);
-    return version;
-}
-
 Result<std::vector<KeptVersion>> listKeptVersions(const KeptPlaces& places)
 {
     std::vector<KeptVersion> kept;
@@ -264,13 +132,9 @@ Result<std::vector<KeptVersion>> listKeptVersions(const KeptPlaces& places)
     if (problem) {
         return *problem;
     }
-    std::ranges::stable_sort(kept, [](const KeptVersion& left, const KeptVersion& right) {
-        const auto ordinal = [](const KeptVersion& version) {
-            const std::optional<VersionName> name = readVersionName(version.name);
-            return name ? name->ordinal : 1;
-        };
-        return std::tuple(left.time, ordinal(left)) > std::tuple(right.time, ordinal(right));
-    });
+    // Versions of one second stand in their order already.
+    std::ranges::reverse(kept);
+    std::ranges::stable_sort(kept, std::ranges::greater(), &KeptVersion::time);
     return kept;
 }
 

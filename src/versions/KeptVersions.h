@@ -3,28 +3,17 @@
 
 #include "base/Progress.h"
 #include "base/Result.h"
+#include "catalogue/SoundsVersions.h"
 #include "versions/SoundPairing.h"
 
-#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 // What is kept of earlier states of the level editor's files.
 namespace tavrel {
-
-// Beside sounds.txt, because one program folder may serve several level editors.
-constexpr std::string_view versionsFolderName = "Sounds_versions";
-constexpr std::size_t mostVersions = 100;
-
-// Keeps the bytes of a sounds.txt that is about to be replaced, under a name that tells when and for which
-// WAD (which may be empty). Older versions beyond the last hundred go, never the new one. Gives its path.
-Result<std::filesystem::path>
-keepVersion(const std::filesystem::path& soundsFile, std::string_view bytes, std::string_view wadName,
-            std::chrono::system_clock::time_point now = std::chrono::system_clock::now());
 
 enum class KeptKind {
     Version,     // of sounds.txt, replaced by an apply
