@@ -122,6 +122,7 @@ Result<fs::path> keepVersion(const fs::path& soundsFile, std::string_view bytes,
     if (error) {
         return cannotWrite(folder, error);
     }
+    removeUnfinishedWrites(folder);
     VersionName name{localTimeText(now), 1, isPlainFileName(wadName) ? std::string(wadName) : std::string()};
     const Result<std::vector<VersionFile>> versions = versionFilesIn(folder);
     if (!versions) {
