@@ -87,6 +87,7 @@ DifferenceView::DifferenceView(const DifferenceSides& sides, const ColourPair& c
     makeFilters();
     layOut(sides);
     fitColumns();
+    setFocusProxy(m_list);
     m_list->installEventFilter(this);
     connect(m_model, &DifferenceModel::ticksChanged, this, &DifferenceView::ticksChanged);
     connect(m_list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
@@ -289,6 +290,7 @@ void DifferenceView::filter()
         m_list->selectRow(0);
     }
     showLines();
+    Q_EMIT selectionChanged(); // also to none
 }
 
 void DifferenceView::showLines()

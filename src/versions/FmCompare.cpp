@@ -59,8 +59,10 @@ FmCompare::FmCompare(QWidget* parent, const VersionsContext& context,
     connectControls();
     if (file) {
         open(*file);
+        m_view->setFocus();
     } else {
         showNothing();
+        m_source->setFocus();
     }
 }
 

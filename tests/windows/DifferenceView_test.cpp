@@ -118,6 +118,10 @@ TEST(DifferenceView, IsWorkedByKeysAndMouse)
     QTest::keyClick(shown.list, Qt::Key_End);
     QTest::keyClick(shown.list, Qt::Key_Return);
     QTest::keyClick(shown.list, Qt::Key_Delete);
+    const QRect tick = shown.list->visualRect(shown.list->model()->index(2, 0));
+    QTest::mouseClick(shown.list->viewport(), Qt::LeftButton, {},
+                      tick.topLeft() + QPoint(10, tick.height() / 2));
+    EXPECT_EQ(shown.view.tickedRows(), std::vector<std::size_t>({2}));
     const QRect button = shown.list->visualRect(shown.list->model()->index(1, 3));
     QTest::mouseClick(shown.list->viewport(), Qt::LeftButton, {}, button.center());
     EXPECT_EQ(chosen, std::vector<std::size_t>({2}));
