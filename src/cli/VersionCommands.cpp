@@ -43,7 +43,7 @@ struct DiffArguments
 // A line of each side; none where it is missing.
 struct DifferingSound
 {
-    std::size_t number;
+    std::size_t number = 0;
     LineFields fields;
     std::optional<std::string_view> a;
     std::optional<std::string_view> b;
