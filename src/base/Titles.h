@@ -85,6 +85,10 @@ inline const BilingualText generate("Generate SFX", "Générer SFX");
 inline const BilingualText statistics = BilingualText::same("Statistiques Projet");
 inline const BilingualText restoreDefaults("Restore Original files", "Restaurer les fichiers originaux");
 
+inline const BilingualText compare("Compare catalogues", "Comparer les catalogues");
+inline const BilingualText chooseComparedFile("Choose what to compare with", "Choisir avec quoi comparer");
+inline const BilingualText versions("Earlier versions", "Versions précédentes");
+
 // NOLINTNEXTLINE(readability-function-size): a table
 inline std::span<const BilingualText* const> all()
 {
@@ -148,6 +152,9 @@ inline std::span<const BilingualText* const> all()
         &generate,
         &statistics,
         &restoreDefaults,
+        &compare,
+        &chooseComparedFile,
+        &versions,
     };
     return every;
 }

@@ -17,5 +17,7 @@ void addSampleCommands(const Menu& menu);
 void addGenerationCommands(const Menu& menu);
 // Exchange files and backups.
 void addExchangeCommands(const Menu& menu);
+// Comparing, merging, and what was kept of earlier states.
+void addVersionCommands(const Menu& menu);
 
 } // namespace tavrel

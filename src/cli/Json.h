@@ -20,6 +20,7 @@ public:
     JsonObject& bytes(std::string_view name, std::span<const std::string> values);
     JsonObject& utf8(std::string_view name, std::string_view value);
     JsonObject& number(std::string_view name, std::uint64_t value);
+    JsonObject& null(std::string_view name);
     JsonObject& flag(std::string_view name, bool value);
     void end() { m_text += '}'; }
 

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string_view>
 #include <vector>
 
 namespace tavrel {
@@ -24,5 +25,12 @@ struct FolderSize
 
 // A failure when a file cannot be looked at or a number is too small for its sum.
 Result<FolderSize> sizeOf(const std::vector<FolderEntry>& files);
+
+// Whether both hold the same names with the same bytes. A failure when a file cannot be read.
+Result<bool> haveSameFiles(const std::vector<FolderEntry>& left, const std::vector<FolderEntry>& right);
+
+// "Samples_replaced_3" beside "Samples_replaced_1" and "Samples_replaced_2": what is put aside is numbered by
+// its age, and a number that has become free is not used again while a higher one is there.
+std::filesystem::path nextNumberedName(const std::filesystem::path& start, std::string_view ending = {});
 
 } // namespace tavrel

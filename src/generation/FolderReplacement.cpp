@@ -150,7 +150,7 @@ private:
         std::error_code error;
         fs::create_directory(m_folder, error);
         if (!error && fs::exists(m_replaced, error)) {
-            m_setAside = freeName(m_replaced);
+            m_setAside = nextNumberedName(m_replaced);
             if (Problem problem = moveSafely(m_replaced, m_setAside)) {
                 m_setAside.clear();
                 return problem;

@@ -8,6 +8,7 @@
 #include "base/TextFile.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
+#include "generation/FolderFiles.h"
 #include "generation/FolderReplacement.h"
 #include "generation/ReferenceCopies.h"
 
@@ -26,8 +27,8 @@ const BilingualText aborted("Restore function aborted", "Fonction de restauratio
 // The failure's texts but for the last one, which is always the same.
 using Refusal = std::optional<BilingualText>;
 
-// Neither a second restore nor one that will fail must push out what an earlier one replaced.
-Problem keepReplaced(const fs::path& creatorFolder, const std::string& old)
+// What was put aside before stays, under a number; the same catalogue is not put aside twice.
+Problem putAside(std::string_view catalogue, const fs::path& creatorFolder)
 {
     const Result<fs::path> kept = fileToWrite(creatorFolder, replacedCatalogueName);
     if (!kept) {
@@ -35,18 +36,19 @@ Problem keepReplaced(const fs::path& creatorFolder, const std::string& old)
     }
     std::error_code error;
     if (fs::exists(fs::symlink_status(*kept, error))) {
-        const Result<FileContent> earlier = readFile(*kept);
-        if (!earlier) {
-            return earlier.failure();
+        const Result<FileContent> before = readFile(*kept);
+        if (!before) {
+            return before.failure();
         }
-        if (earlier->bytes == old) {
+        if (before->bytes == catalogue) {
             return std::nullopt;
         }
-        if (const Result<fs::path> copy = keepCopyBeside(*kept, earlier->bytes); !copy) {
-            return copy.failure();
+        if (Problem problem =
+                moveSafely(*kept, nextNumberedName(fs::path(*kept).replace_extension(), ".txt"))) {
+            return problem;
         }
     }
-    return writeFileSafely(*kept, old);
+    return createFileSafely(*kept, catalogue);
 }
 
 Refusal restoreCatalogue(const RestoreContext& context)
@@ -77,8 +79,9 @@ Refusal restoreCatalogue(const RestoreContext& context)
         if (!old) {
             return old.failure().text;
         }
+        // Neither a second restore nor one that will fail must push out what the first one replaced.
         if (old->bytes != content->bytes && system::isWritable(target)) {
-            if (const Problem problem = keepReplaced(context.creatorFolder, old->bytes)) {
+            if (const Problem problem = putAside(old->bytes, context.creatorFolder)) {
                 return problem->text;
             }
         }
@@ -126,6 +129,13 @@ Refusal restoreFolder(const FolderRestore& restore, const RestoreContext& contex
     }
     if (restore.stockLevelsOnly) {
         *oldFiles = stockLevelFiles(*oldFiles);
+    }
+    const Result<bool> isRestored = haveSameFiles(*files, *oldFiles);
+    if (!isRestored) {
+        return trapped;
+    }
+    if (*isRestored) { // and is not put aside once more
+        return std::nullopt;
     }
     context.progress.say(BilingualText("Restoring ", "Restauration de ") + displayPath(restore.target));
     const Problem problem = replaceFiles(*files, restore.target, *oldFiles, context.progress);

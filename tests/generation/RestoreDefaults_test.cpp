@@ -139,10 +139,33 @@ TEST_F(RestoreDefaultsTest, PutsEverythingBackAndKeepsWhatWasThere)
     EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "later work");
     EXPECT_EQ(readBytes(creator / "Sounds_replaced_copy1.txt"), "the user's");
     restore(samplesOnly);
-    EXPECT_EQ(
-        namesIn(samples.parent_path()),
-        (std::vector<std::string>{"LevelSFX Creator", "Samples", "Samples_replaced", "Samples_replaced_1"}))
-        << "what the first one replaced is still there";
+    EXPECT_EQ(namesIn(samples.parent_path()),
+              (std::vector<std::string>{"LevelSFX Creator", "Samples", "Samples_replaced"}))
+        << "the original samples are not put aside";
+}
+
+TEST_F(RestoreDefaultsTest, NumbersWhatWasPutAsideByItsAge)
+{
+    installSfx();
+    const fs::path beside = wads.parent_path();
+    for (const std::string user : {"first", "second", "third", "fourth", "fourth"}) {
+        writeBytes(wads / "karnak.sam", user == "fourth" ? "stock" : user);
+        writeBytes(creator / "SOUNDS.TXT", user);
+        EXPECT_TRUE(restore({true, false, true}).complete);
+        if (user == "second") {
+            fs::remove_all(beside / "wads_replaced_1");
+            writeBytes(beside / "wads_replaced_6" / "karnak.sam", "of a year ago");
+        }
+    }
+    EXPECT_EQ(namesIn(beside),
+              (std::vector<std::string>{"wads", "wads_replaced", "wads_replaced_6", "wads_replaced_7"}))
+        << "a number that has become free is not used again, and the original files are not put aside";
+    EXPECT_EQ(readBytes(beside / "wads_replaced_7" / "karnak.sam"), "second");
+    EXPECT_EQ(namesIn(creator),
+              (std::vector<std::string>{"SOUNDS.TXT", "Sounds_replaced.txt", "Sounds_replaced_1.txt",
+                                        "Sounds_replaced_2.txt", "Sounds_replaced_3.txt"}));
+    EXPECT_EQ(readBytes(creator / "Sounds_replaced_1.txt"), "first");
+    EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "fourth");
 }
 
 TEST_F(RestoreDefaultsTest, FillsWhatIsMissing)

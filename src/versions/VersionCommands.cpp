@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "versions/VersionCommands.h"
+
+#include "backup/SampleTransfer.h"
+#include "base/CodePage.h"
+#include "base/FailureTexts.h"
+#include "base/Titles.h"
+#include "catalogue/LineWords.h"
+#include "samples/SampleFormat.h"
+#include "samples/SamplesFolder.h"
+#include "versions/CatalogueComparison.h"
+
+#include <algorithm>
+
+namespace tavrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t mostListed = 20;
+
+BilingualText listOfNames(std::span<const std::string> names)
+{
+    std::string list;
+    for (std::size_t i = 0; i < std::min(names.size(), mostListed); ++i) {
+        list += (i == 0 ? "[" : " [") + utf8FromCodePage(names[i]) + "]";
+    }
+    return BilingualText::same(names.size() > mostListed ? list + " ..." : list);
+}
+
+bool agreesToRefused(const TakenLines& taken, Dialogs& dialogs)
+{
+    if (taken.refused.empty()) {
+        return true;
+    }
+    const BilingualText list = listOf(taken.refused);
+    if (taken.changes.empty()) {
+        dialogs.show({MessageIcon::Exclamation, titles::compare, list});
+        return false;
+    }
+    const BilingualText text =
+        list + BilingualText("\n\nTake the other lines over?", "\n\nReprendre les autres lignes ?");
+    return dialogs.ask({titles::compare, text, Buttons::YesNo, true}) == Answer::Yes;
+}
+
+// My lines that are composed anew.
+bool agreesToComposing(const TakeRequest& request, const TakenLines& taken, Dialogs& dialogs)
+{
+    std::vector<ComposedLine> composed;
+    for (const SoundCatalogue::LineChange& change : taken.changes) {
+        if (!request.parts.wholeLine) {
+            composed.push_back({change.number, request.catalogue.currentLine(change.number)});
+        }
+    }
+    return confirmComposing(composed, dialogs);
+}
+
+std::vector<std::string> thoseIn(const fs::path& folder, const std::vector<std::string>& names)
+{
+    std::vector<std::string> found;
+    std::ranges::copy_if(names, std::back_inserter(found),
+                         [&](const std::string& name) { return findSample(folder, name).has_value(); });
+    return found;
+}
+
+// The samples to copy; nothing when the user cancels.
+std::optional<std::vector<std::string>> agreeOnSamples(const TakeRequest& request, const TakenLines& taken,
+                                                       Dialogs& dialogs)
+{
+    const bool takesSamples = request.parts.wholeLine || request.parts.samples;
+    const std::vector<std::string> missing =
+        takesSamples ? missingSamples(taken.changes, request.samplesFolder) : std::vector<std::string>();
+    if (missing.empty()) {
+        return missing;
+    }
+    const BilingualText lacking = BilingualText("Samples of these lines that are missing here:\n",
+                                                "Samples de ces lignes absents ici :\n") +
+                                  listOfNames(missing);
+    const std::vector<std::string> found =
+        request.theirSamples ? thoseIn(*request.theirSamples, missing) : std::vector<std::string>();
+    if (found.empty()) {
+        const Question all{titles::compare,
+                           lacking + BilingualText("\n\nTake the lines over all the same?",
+                                                   "\n\nReprendre les lignes quand même ?"),
+                           Buttons::YesNo, true};
+        return dialogs.ask(all) == Answer::Yes ? std::optional(found) : std::nullopt;
+    }
+    const std::string count = std::to_string(found.size());
+    const BilingualText copying =
+        lacking +
+        BilingualText("\n\nCopy " + count + " of them from\n", "\n\nEn copier " + count + " depuis\n") +
+        displayPath(*request.theirSamples) + BilingualText("?", " ?");
+    const Answer answer = dialogs.ask({titles::compare, copying, Buttons::YesNoCancel});
+    if (answer == Answer::Cancel) {
+        return std::nullopt;
+    }
+    return answer == Answer::Yes ? found : std::vector<std::string>();
+}
+
+BilingualText lineCount(std::size_t count)
+{
+    const std::string number = std::to_string(count);
+    return count == 1 ? BilingualText("1 line", "1 ligne")
+                      : BilingualText(number + " lines", number + " lignes");
+}
+
+} // namespace
+
+std::optional<AgreedTake> agreeOnTaking(const TakeRequest& request, Dialogs& dialogs)
+{
+    TakenLines taken = takeLines(request.catalogue, request.lines, request.parts);
+    if (!agreesToRefused(taken, dialogs)) {
+        return std::nullopt;
+    }
+    if (taken.changes.empty()) {
+        dialogs.show({MessageIcon::Information,
+                      titles::compare,
+                      {"These lines have nothing to take over.", "Ces lignes n'ont rien à reprendre."}});
+        return std::nullopt;
+    }
+    if (!agreesToComposing(request, taken, dialogs)) {
+        return std::nullopt;
+    }
+    std::optional<std::vector<std::string>> samples = agreeOnSamples(request, taken, dialogs);
+    return samples ? std::optional(AgreedTake{std::move(taken.changes), std::move(*samples)}) : std::nullopt;
+}
+
+std::optional<Message> copyMissingSamples(std::span<const std::string> names, const fs::path& source,
+                                          const fs::path& target, Progress& progress)
+{
+    const SampleCopies copies = replaceSamples(names, source, target, progress);
+    if (copies.failure) {
+        return Message{MessageIcon::Critical, titles::compare, copies.failure->text};
+    }
+    BilingualText text;
+    if (!copies.refused.empty()) {
+        text += unsafeSampleNames(copies.refused);
+    }
+    std::vector<std::string> wrong;
+    std::ranges::copy_if(names, std::back_inserter(wrong), [&](const std::string& name) {
+        return findSample(target, name) && !CheckSampleFormat(target, name);
+    });
+    if (!wrong.empty()) {
+        text += text.empty() ? "" : "\n";
+        text += BilingualText(
+                    "These samples were copied, but are not in the format that the level editor takes:\n",
+                    "Ces samples ont été copiés, mais ne sont pas au format de l'éditeur de niveaux :\n") +
+                listOfNames(wrong);
+    }
+    return text.empty() ? std::nullopt
+                        : std::optional(Message{MessageIcon::Exclamation, titles::compare, text});
+}
+
+std::optional<std::vector<SoundCatalogue::LineChange>>
+agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version, Dialogs& dialogs)
+{
+    const Result<OtherCatalogue> other = readOtherCatalogue(version.path);
+    if (!other) {
+        dialogs.show({MessageIcon::Critical, titles::versions, other.failure().text});
+        return std::nullopt;
+    }
+    const CatalogueComparison comparison = compareCatalogues(currentLinesOf(catalogue), *other);
+    std::vector<SoundCatalogue::LineChange> changes;
+    std::size_t onOneSide = 0;
+    for (const SoundDifference& difference : comparison.differences) {
+        const auto& [mine, theirs] = difference.sound;
+        if (mine && theirs) {
+            changes.push_back({*mine, other->lines[*theirs]});
+        } else {
+            ++onOneSide;
+        }
+    }
+    BilingualText missing;
+    if (onOneSide > 0) {
+        missing =
+            lineCount(onOneSide) +
+            BilingualText(" on one side alone: not brought back. ", " d'un seul côté : non reprise(s). ") +
+            shiftText(comparison.pairing) + "\n";
+    }
+    if (changes.empty()) {
+        dialogs.show(
+            {MessageIcon::Information, titles::versions,
+             missing + BilingualText("No line differs from now.", "Aucune ligne ne diffère de maintenant.")});
+        return std::nullopt;
+    }
+    const BilingualText text = missing + lineCount(changes.size()) +
+                               BilingualText(" will be as in\n", " seront comme dans\n") +
+                               displayPath(version.path) +
+                               BilingualText("\nNothing is written before you apply the changes.",
+                                             "\nRien n'est écrit avant d'appliquer les modifications.");
+    return dialogs.ask({titles::versions, text}) == Answer::Yes ? std::optional(std::move(changes))
+                                                                : std::nullopt;
+}
+
+bool bringSetBack(const KeptVersion& set, const KeptPlaces& places, Progress& progress, Dialogs& dialogs)
+{
+    const std::string count = std::to_string(set.files);
+    const BilingualText text =
+        BilingualText("Bring back the " + count + " file(s) of\n",
+                      "Remettre en place les " + count + " fichier(s) de\n") +
+        displayPath(set.path) +
+        BilingualText("\nWhat is there now is put aside.", "\nCe qui s'y trouve est mis de côté.");
+    if (dialogs.ask({titles::versions, text}) != Answer::Yes) {
+        return false;
+    }
+    if (const Problem problem = bringBackSet(set, places, progress)) {
+        dialogs.show({MessageIcon::Critical, titles::versions, problem->text});
+        return false;
+    }
+    return true;
+}
+
+} // namespace tavrel
