@@ -2,7 +2,7 @@
 # Sourced by the other scripts: installs Debian packages that are missing, or says which.
 
 # Recommended packages are left out: they would bring a whole desktop.
-build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev libsdl2-dev libcli11-dev"
+build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev libsdl2-dev libcli11-dev libsndfile1-dev libsoxr-dev libmpg123-dev"
 run_packages="qt6-translations-l10n fonts-dejavu-core"
 # The tool of the level editor is a Windows program: the tests build a stand-in for it and run it under Wine.
 tool_packages="wine g++-mingw-w64-x86-64-posix"
