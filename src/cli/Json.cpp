@@ -102,6 +102,13 @@ JsonObject& JsonObject::number(std::string_view name, std::uint64_t value)
     return *this;
 }
 
+JsonObject& JsonObject::decimal(std::string_view name, std::string_view digits)
+{
+    startMember(name);
+    m_text += digits;
+    return *this;
+}
+
 JsonObject& JsonObject::flag(std::string_view name, bool value)
 {
     startMember(name);

@@ -20,6 +20,8 @@ public:
     JsonObject& bytes(std::string_view name, std::span<const std::string> values);
     JsonObject& utf8(std::string_view name, std::string_view value);
     JsonObject& number(std::string_view name, std::uint64_t value);
+    // The digits of a number.
+    JsonObject& decimal(std::string_view name, std::string_view digits);
     JsonObject& flag(std::string_view name, bool value);
     void end() { m_text += '}'; }
 
