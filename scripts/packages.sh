@@ -7,7 +7,7 @@ run_packages="qt6-translations-l10n fonts-dejavu-core"
 # The tool of the level editor is a Windows program: the tests build a stand-in for it and run it under Wine.
 tool_packages="wine g++-mingw-w64-x86-64-posix"
 test_packages="libgtest-dev nlohmann-json3-dev strace util-linux fonts-dejavu-core $tool_packages"
-benchmark_packages="libbenchmark-dev"
+benchmark_packages="libbenchmark-dev sox"
 lint_packages="clang-format clang-tidy"
 windows_packages="g++-mingw-w64-x86-64-posix qt6-base-dev-tools qt6-translations-l10n dpkg-dev googletest libxml2-utils icoutils zip unzip"
 wine_packages="wine wine64 fonts-wine fonts-dejavu-core openbox xclip xxd"
