@@ -69,7 +69,8 @@ ExitStatus checkSamples(const std::optional<std::filesystem::path>& folder, Cons
         const SampleFile& sample = check.next();
         const SampleFormatVerdict verdict = check.checkNext();
         if (!verdict.valid()) {
-            console.output.writeLine(utf8FromCodePage(anomalyRow(sample.name, verdict, console.language)));
+            console.output.writeLine(
+                utf8FromCodePage(checkedRow(sample.path, sample.name, verdict, console.language)));
             ++rows;
         }
     }

@@ -109,7 +109,7 @@ bool hasRightFormat(const SampleInput& input, Dialogs& dialogs)
     }
     const SampleOutcome outcome = repairSample(*file);
     return outcome.done ? CheckSampleFormat(input.samplesFolder, input.typedName)
-                        : refuse(outcome.text, dialogs);
+                        : refuse(outcome.line(), dialogs);
 }
 
 } // namespace

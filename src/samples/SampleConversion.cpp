@@ -26,6 +26,8 @@ Failure tooLong(const std::filesystem::path& file)
                                "Le son dure plus de " + minutes + " minutes."});
 }
 
+constexpr double highestLevel = 1e6; // 120 dB more than any sound has
+
 void appendMono(std::span<const float> interleaved, std::size_t channels, std::vector<float>& mono)
 {
     for (std::size_t at = 0; at + channels <= interleaved.size(); at += channels) {
@@ -34,7 +36,9 @@ void appendMono(std::span<const float> interleaved, std::size_t channels, std::v
             sum += interleaved[at + channel];
         }
         const double mean = sum / static_cast<double>(channels);
-        mono.push_back(std::isfinite(mean) ? static_cast<float>(mean) : 0); // a file may hold any number
+        // A file of floats may hold any number.
+        mono.push_back(std::isfinite(mean) ? static_cast<float>(std::clamp(mean, -highestLevel, highestLevel))
+                                           : 0);
     }
 }
 

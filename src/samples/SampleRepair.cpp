@@ -141,9 +141,15 @@ Failure noOriginal(const fs::path& sample)
         sample, {"No original of this sample was kept.", "Aucun original de ce sample n'a été conservé."});
 }
 
+// A report names the sample itself.
 SampleOutcome failed(const fs::path& sample, const Failure& failure)
 {
-    return {sample, false, failure.text};
+    const std::string name = "[" + displayPath(sample) + "]\n";
+    BilingualText text = failure.text;
+    for (std::string* const words : {&text.english, &text.french}) {
+        words->erase(0, words->starts_with(name) ? name.size() : 0);
+    }
+    return {sample, false, text};
 }
 
 std::string countText(std::size_t count)

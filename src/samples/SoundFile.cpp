@@ -191,8 +191,8 @@ bool saysItsLength(Input& input)
 
 BilingualText noSound()
 {
-    return {"The file is no sound that can be read. WAV, AIFF, FLAC, Ogg Vorbis and MP3 files can.",
-            "Le fichier n'est pas un son qui puisse être lu. Les fichiers WAV, AIFF, FLAC, Ogg Vorbis et MP3 "
+    return {"The file is no sound that can be read. WAV, AIFF, FLAC, Ogg and MP3 files can.",
+            "Le fichier n'est pas un son qui puisse être lu. Les fichiers WAV, AIFF, FLAC, Ogg et MP3 "
             "peuvent l'être."};
 }
 
@@ -491,8 +491,7 @@ std::vector<std::string> soundFilePatterns()
     return {"*.wav", "*.aif", "*.aiff", "*.flac", "*.ogg", "*.oga", "*.opus", "*.mp3"};
 }
 
-RateConverter::RateConverter(double fromRate, double toRate)
-    : m_converter(nullptr), m_ratio(toRate / fromRate)
+RateConverter::RateConverter(double fromRate, double toRate) : m_ratio(toRate / fromRate)
 {
     const soxr_io_spec_t types = soxr_io_spec(SOXR_FLOAT32_I, SOXR_FLOAT32_I);
     const soxr_quality_spec_t quality = soxr_quality_spec(SOXR_VHQ, 0);

@@ -41,6 +41,7 @@ public:
     SoundFileReader(SoundFileReader&&) noexcept;
     SoundFileReader(const SoundFileReader&) = delete;
     SoundFileReader& operator=(const SoundFileReader&) = delete;
+    SoundFileReader& operator=(SoundFileReader&&) = delete;
     ~SoundFileReader();
 
     const SoundFormat& format() const;
@@ -82,7 +83,7 @@ public:
 private:
     void run(std::span<const float> samples, bool isEnd, std::vector<float>& output);
 
-    void* m_converter;
+    void* m_converter = nullptr;
     double m_ratio;
 };
 

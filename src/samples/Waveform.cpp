@@ -13,7 +13,7 @@ namespace {
 
 using Column = Waveform::Column;
 
-constexpr std::size_t mostColumns = 4096; // no screen shows more
+constexpr std::size_t mostColumns = 2048; // of a small picture
 constexpr float silence = 0.001F;         // 60 dB below full scale
 
 float loudnessOf(const Column& column)

@@ -144,6 +144,7 @@ TEST_F(SampleConversion, ChannelsAreAveragedAndAPeakIsLoweredAndTold)
     EXPECT_NEAR(lowered[1], 1, 2e-4);
     EXPECT_NEAR(lowered[2], -0.75, 2e-4);
     EXPECT_NEAR(lowered[3], 0, 2e-4);
+    EXPECT_NEAR(samplesOf(converted(floatWav({3e38F, 0.5F}, {})))[0], 1, 2e-4);
 }
 
 // Every cut leaves a sound or a message: never a crash, and never silence instead of sound.
