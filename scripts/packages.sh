@@ -2,12 +2,12 @@
 # Sourced by the other scripts: installs Debian packages that are missing, or says which.
 
 # Recommended packages are left out: they would bring a whole desktop.
-build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev libsdl2-dev libcli11-dev"
+build_packages="g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev libsdl2-dev libcli11-dev libsndfile1-dev libsoxr-dev libmpg123-dev"
 run_packages="qt6-translations-l10n fonts-dejavu-core"
 # The tool of the level editor is a Windows program: the tests build a stand-in for it and run it under Wine.
 tool_packages="wine g++-mingw-w64-x86-64-posix"
 test_packages="libgtest-dev nlohmann-json3-dev strace util-linux fonts-dejavu-core $tool_packages"
-benchmark_packages="libbenchmark-dev"
+benchmark_packages="libbenchmark-dev sox"
 fuzz_packages="clang libclang-rt-14-dev"
 lint_packages="clang-format clang-tidy"
 windows_packages="g++-mingw-w64-x86-64-posix qt6-base-dev-tools qt6-translations-l10n dpkg-dev googletest libxml2-utils icoutils zip unzip"

@@ -8,7 +8,8 @@ cd "$(dirname "$0")/../.."
 need_packages $build_packages $windows_packages
 TAVREL_QT=$(packaging/windows/qt.sh)
 TAVREL_QT_PACKAGE=$(cat "$TAVREL_QT/package")
-export TAVREL_QT TAVREL_QT_PACKAGE
+TAVREL_SOUND=$(packaging/windows/sound.sh)
+export TAVREL_QT TAVREL_QT_PACKAGE TAVREL_SOUND
 
 # The time of everything that keeps one: the commit's.
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
@@ -29,6 +30,9 @@ mkdir "$licences"
 add_licence() { sed 's/\r*$/\r/' "$1" >"$licences/$2.txt"; }
 add_licence "$TAVREL_QT/copyright" Qt
 add_licence /usr/share/doc/qt6-translations-l10n/copyright "Qt translations"
+for library in "$TAVREL_SOUND"/copyright/*.txt; do
+    add_licence "$library" "$(basename "$library" .txt)"
+done
 add_licence /usr/share/doc/libcli11-dev/copyright CLI11
 add_licence /usr/share/doc/gcc-mingw-w64-base/copyright GCC
 add_licence /usr/share/doc/mingw-w64-common/copyright mingw-w64

@@ -4,37 +4,21 @@
 # the Qt that this machine has, since the tools of the one make the code for the other.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
+. "$here/sources.sh"
 unset TAVREL_QT # it is about to be made
 
 package=$(dpkg-query -W -f '${Version}' qt6-base-dev)
-compiler=$(dpkg-query -W -f '${Version}' g++-mingw-w64-x86-64-posix)
-recipe=$({ echo "$package $compiler"; cat "$here/qt-configuration.cmake" "$here/toolchain.cmake"; } | sha256sum | head -c 12)
-cache=${TAVREL_QT_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tavrel}
+recipe=$(recipe_of "$package" "$here/qt-configuration.cmake" "$here/toolchain.cmake")
 qt=$cache/qt-${package%%+*}-mingw-$recipe
-
-# Two builds at once would be in each other's way: the later one waits and finds it done.
-mkdir -p "$cache"
-exec 9>"$cache/lock"
-flock 9
+lock_cache
 
 if [ ! -f "$qt/complete" ]; then
     work=$cache/work-$recipe
     rm -rf "$work" "$qt"
-    mkdir -p "$work/lists/partial" "$work/cache/archives/partial"
+    mkdir -p "$work"
     cd "$work"
     {
-        # From where the machine has its packages; its own list of sources stays as it is.
-        signed=/usr/share/keyrings/debian-archive-keyring.gpg
-        apt-get indextargets --format "deb-src [signed-by=$signed] \$(REPO_URI) \$(CODENAME) \$(COMPONENT)" \
-            'Created-By: Packages' 'Origin: Debian' | sort -u >sources.list
-        if [ ! -s sources.list ]; then
-            echo "apt knows no packages. Run first: apt-get update"
-            exit 1
-        fi
-        apt=(apt-get -q -o "Dir::Etc::sourcelist=$work/sources.list" -o Dir::Etc::sourceparts=-
-            -o "Dir::State::lists=$work/lists" -o "Dir::Cache=$work/cache" -o APT::Sandbox::User=)
-        "${apt[@]}" update
-        "${apt[@]}" source "qt6-base=$package"
+        get_sources "qt6-base=$package"
         source=$(echo qt6-base-*/)
         source=$work/${source%/}
 

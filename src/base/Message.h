@@ -15,8 +15,8 @@ struct Message
     BilingualText text;
 };
 
-enum class Answer { Ok, Cancel, Yes, No };
-enum class Buttons { OkCancel, YesNo, YesNoCancel };
+enum class Answer { Ok, Cancel, Yes, No, Other };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 
 struct Question
 {
@@ -27,6 +27,10 @@ struct Question
     bool refusalIsDefault = false;
     // Set where nobody can agree before the question is asked (--yes): what happened was not to be expected.
     bool needsAPerson = false;
+    // A further way, besides the buttons: what its button says, and where it is set, Answer::Other. A window
+    // offers it, a console does without.
+    BilingualText otherChoice = {};
+    MessageIcon icon = MessageIcon::Question;
 };
 
 } // namespace tavrel

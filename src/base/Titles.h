@@ -42,6 +42,9 @@ inline const BilingualText checkSamples("Check/Visualize a Samples Directory",
                                         "Contrôler/Visualiser un répertoire Samples");
 inline const BilingualText selectSamplesFolder("Select a Directory to check",
                                                "Selectionner un Répertoire à contrôler");
+inline const BilingualText repairSamples("Repair", "Réparer");
+inline const BilingualText putBackOriginals("Put originals back", "Remettre les originaux");
+inline const BilingualText addSoundFile("Add a sound file", "Ajouter un fichier son");
 inline const BilingualText manageDoubles("Manage doubles", "Gérer les doublons");
 
 inline const BilingualText letter("Letter", "Lettre");
@@ -119,6 +122,9 @@ inline std::span<const BilingualText* const> all()
         &play,
         &checkSamples,
         &selectSamplesFolder,
+        &repairSamples,
+        &putBackOriginals,
+        &addSoundFile,
         &manageDoubles,
         &letter,
         &addLetter,

@@ -64,6 +64,10 @@ void ConsoleDialogs::show(const Message& message)
 
 Answer ConsoleDialogs::ask(const Question& question)
 {
+    if (question.buttons == Buttons::Ok) {
+        show({question.icon, question.title, question.text});
+        return Answer::Ok;
+    }
     write(inLanguage(question.title) + ": " + inLanguage(question.text) +
           inLanguage(choices(question.buttons)));
     if (m_agreesToAll && !question.needsAPerson) {

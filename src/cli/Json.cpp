@@ -109,6 +109,13 @@ JsonObject& JsonObject::null(std::string_view name)
     return *this;
 }
 
+JsonObject& JsonObject::decimal(std::string_view name, std::string_view digits)
+{
+    startMember(name);
+    m_text += digits;
+    return *this;
+}
+
 JsonObject& JsonObject::flag(std::string_view name, bool value)
 {
     startMember(name);

@@ -21,6 +21,8 @@ public:
     JsonObject& utf8(std::string_view name, std::string_view value);
     JsonObject& number(std::string_view name, std::uint64_t value);
     JsonObject& null(std::string_view name);
+    // The digits of a number.
+    JsonObject& decimal(std::string_view name, std::string_view digits);
     JsonObject& flag(std::string_view name, bool value);
     void end() { m_text += '}'; }
 

@@ -146,6 +146,33 @@ CommandEntry& CommandEntry::path(const std::string& name, const BilingualText& w
     return *this;
 }
 
+CommandEntry& CommandEntry::paths(const std::string& name, const BilingualText& what,
+                                  std::vector<std::filesystem::path>& targets)
+{
+    const auto store = [&targets](const std::vector<std::string>& values) {
+        for (const std::string& value : values) {
+            targets.push_back(pathOf(value));
+        }
+    };
+    m_app.add_option_function<std::vector<std::string>>(name, store, what.in(m_language))
+        ->type_name("")
+        ->required()
+        ->transform(validator(checkPath, m_language));
+    return *this;
+}
+
+CommandEntry& CommandEntry::texts(const std::string& name, const BilingualText& what,
+                                  std::vector<std::string>& targets)
+{
+    const auto store = [&targets](const std::vector<std::string>& values) { targets = values; };
+    m_app.add_option_function<std::vector<std::string>>(name, store, what.in(m_language))
+        ->type_name("X")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->transform(validator(toCodePage, m_language));
+    return *this;
+}
+
 CommandEntry& CommandEntry::flag(const std::string& name, const BilingualText& what, bool& target)
 {
     m_app.add_flag(name, target, what.in(m_language));

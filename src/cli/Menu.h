@@ -38,11 +38,17 @@ public:
     CommandEntry& numbers(const std::string& name, const BilingualText& what,
                           std::vector<std::size_t>& targets);
     CommandEntry& path(const std::string& name, const BilingualText& what, std::filesystem::path& target);
+    // At least one.
+    CommandEntry& paths(const std::string& name, const BilingualText& what,
+                        std::vector<std::filesystem::path>& targets);
     CommandEntry& flag(const std::string& name, const BilingualText& what, bool& target);
 
     // These may be left out.
     CommandEntry& optionalText(const std::string& name, const BilingualText& what,
                                std::optional<std::string>& target, const ArgumentCheck& check = toCodePage);
+    // An option that may be given more than once.
+    CommandEntry& texts(const std::string& name, const BilingualText& what,
+                        std::vector<std::string>& targets);
     CommandEntry& optionalLetter(const std::string& name, const BilingualText& what,
                                  std::optional<std::string>& target);
     // Whose record of changed lines is written with sounds.txt.

@@ -3,6 +3,9 @@
 
 #include "base/CodePage.h"
 #include "base/Titles.h"
+#include "samples/SampleList.h"
+#include "samples/SampleUsers.h"
+#include "samples/WaveformView.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -18,6 +21,8 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tavrel {
 
@@ -48,15 +53,21 @@ QLabel* makeWrappedText(const char* name)
 
 FmCheck::FmCheck(QWidget* parent, const SamplesContext& context)
     : TitledWindow(parent), m_context(context), m_folder(context.samplesFolder),
-      m_folderLabel(named(new QLabel, "LbRep")), m_chooseFolder(makeButton("CdChSamp", Glyph::ChooseFile)),
+      m_folderLabel(makeElidedLabel("LbRep")), m_chooseFolder(makeButton("CdChSamp", Glyph::ChooseFile)),
+      m_openFolder(makeButton("CdOpenFolder", Glyph::OpenFile)),
       m_visualize(makeButton("CdLireSmp", Glyph::ShowGlobals)),
       m_checkButton(makeButton("CdLook", Glyph::CheckSamples)), m_infoTitle(makeHeading("LbInfoTitle")),
       m_infoText(makeWrappedText("LbInfoText")), m_proceed(makeButton("ImPlus", Glyph::Proceed)),
       m_infoPanel(makeInfoPanel()), m_title(makeListTitle("LbCheckL")), m_columns(makeListTitle("LbCheckL2")),
       m_list(makeFixedPitchList("LiCheck")), m_indication(makePaperLabel("LbIndic")),
-      m_progress(named(new QProgressBar, "PbCheck")),
+      m_lookedAt(named(new QLabel, "LbLookedAt")), m_progress(named(new QProgressBar, "PbCheck")),
       m_cancelCheck(makeButton("CdCancelCheck", Glyph::Close)), m_tip(makeWrappedText("LbTip1")),
-      m_soundInfo(makePaperLabel("LbInfo")), m_play(makeButton("CdPlay", Glyph::Play)),
+      m_waveform(new WaveformView("PbWave", context.player, waveformsOf(context))),
+      m_facts(makeElidedLabel("LbFacts")), m_users(makeElidedLabel("LbUsers")),
+      m_soundInfo(makePaperLabel("LbInfo")), m_repair(makeButton("CdRepair", Glyph::Accept)),
+      m_putBack(makeButton("CdPutBack", Glyph::RestoreLine)),
+      m_copyList(makeButton("CdCopyList", Glyph::CopyLine)),
+      m_goToSound(makeButton("CdGoToSound", Glyph::Proceed)), m_play(makeButton("CdPlay", Glyph::Play)),
       m_stop(makeButton("CdStopS", Glyph::Stop)), m_close(makeButton("CdClose", Glyph::Close))
 {
     setObjectName("FmCheck");
@@ -64,7 +75,9 @@ FmCheck::FmCheck(QWidget* parent, const SamplesContext& context)
     setSizeGripEnabled(true);
     layOut();
     paintWith(*m_list, m_context.colours.slots[colourSlot]);
+    paintWith(*m_waveform, m_context.colours.slots[colourSlot]);
     connectControls();
+    connectList();
     showCaptions();
     showFolder();
     selectionChanged();
@@ -92,16 +105,18 @@ QWidget* FmCheck::makeInfoPanel()
 void FmCheck::layOut()
 {
     constexpr int margin = 2 * controlGap;
-    m_folderLabel->setTextFormat(Qt::PlainText);
     m_folderLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_progress->setTextVisible(false);
     m_progress->setFixedSize(140, 14);
-    auto* const folderRow = rowOf({makeHeading("LbRepTitle"), m_folderLabel, m_chooseFolder});
+    auto* const folderRow = rowOf({makeHeading("LbRepTitle"), m_folderLabel, m_chooseFolder, m_openFolder});
     folderRow->setStretch(1, 1);
     auto* const modes = rowOf({m_visualize, m_checkButton});
     modes->addStretch(1);
-    auto* const indication = rowOf({m_indication, m_progress, m_cancelCheck});
+    auto* const indication = rowOf({m_indication, m_lookedAt, m_progress, m_cancelCheck});
     indication->setStretch(0, 1);
+    auto* const changes = rowOf({m_repair, m_putBack, m_copyList, m_goToSound});
+    changes->addStretch(1);
     auto* const buttons = rowOf({m_play, m_stop, m_close});
     buttons->insertStretch(2, 1);
 
@@ -116,13 +131,20 @@ void FmCheck::layOut()
     content().addWidget(m_list, 1);
     content().addLayout(indication);
     content().addWidget(m_tip);
+    content().addLayout(changes);
+    content().addSpacing(controlGap);
+    content().addWidget(m_waveform);
+    content().addWidget(m_facts);
+    content().addWidget(m_users);
     content().addWidget(m_soundInfo);
     content().addLayout(buttons);
     for (QWidget* const hidden :
          std::initializer_list<QWidget*>{m_progress, m_cancelCheck, m_tip, m_soundInfo}) {
         hidden->hide();
     }
-    resize(680, 600);
+    m_goToSound->setVisible(static_cast<bool>(m_context.showSound));
+    m_users->setVisible(m_context.catalogue != nullptr);
+    resize(720, 720);
 }
 
 void FmCheck::connectControls()
@@ -131,17 +153,35 @@ void FmCheck::connectControls()
     connect(m_visualize, &QPushButton::clicked, this, [this] { offer(Mode::Visualize); });
     connect(m_checkButton, &QPushButton::clicked, this, [this] { offer(Mode::Check); });
     connect(m_proceed, &QPushButton::clicked, this, &FmCheck::proceed);
-    connect(m_cancelCheck, &QPushButton::clicked, this, [this] { endCheck(true); });
+    connect(m_cancelCheck, &QPushButton::clicked, this, [this] {
+        if (m_run) {
+            m_run->cancel();
+        } else {
+            endCheck(true);
+        }
+    });
     connect(&m_checkTimer, &QTimer::timeout, this, &FmCheck::checkSome);
+    connect(&m_runTimer, &QTimer::timeout, this, &FmCheck::watchRun);
+    connect(m_openFolder, &QPushButton::clicked, this, [this] { openFolder(m_folder); });
+    connect(m_repair, &QPushButton::clicked, this, &FmCheck::repair);
+    connect(m_putBack, &QPushButton::clicked, this, &FmCheck::putBack);
+    connect(m_goToSound, &QPushButton::clicked, this, &FmCheck::goToSound);
+    connect(m_play, &QPushButton::clicked, this, &FmCheck::play);
+    connect(m_stop, &QPushButton::clicked, m_waveform, &WaveformView::stop);
+    connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void FmCheck::connectList()
+{
     connect(m_list, &QListWidget::itemSelectionChanged, this, &FmCheck::selectionChanged);
+    connect(m_list, &QListWidget::currentRowChanged, this, &FmCheck::selectionChanged);
     connect(m_list, &QListWidget::itemClicked, this, &FmCheck::selectionChanged);
     connect(m_list, &QListWidget::itemDoubleClicked, m_play, &QPushButton::click);
-    connect(m_play, &QPushButton::clicked, this, &FmCheck::play);
-    connect(m_stop, &QPushButton::clicked, this, [this] { StopSample(m_context.player); });
-    connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
-    auto* const space = new QShortcut(QKeySequence(Qt::Key_Space), m_list);
-    space->setContext(Qt::WidgetShortcut);
-    connect(space, &QShortcut::activated, m_play, &QPushButton::click);
+    connect(m_copyList, &QPushButton::clicked, this, [this] { copyAllRows(*m_list); });
+    connect(m_waveform, &WaveformView::loaded, this, &FmCheck::showFacts);
+    connect(m_waveform, &WaveformView::told, this, &FmCheck::tell);
+    onSpace(*m_list, [this] { playOrStop(); });
+    copySelectionByKey(*m_list);
 }
 
 void FmCheck::showCaptions()
@@ -152,7 +192,14 @@ void FmCheck::showCaptions()
     const BilingualText close("Close", "Fermer");
     const Caption captions[] = {
         {"LbRepTitle", {"Directory name", "Nom du Répertoire"}, {}},
-        {"CdChSamp", chooseDirectory, chooseDirectory},
+        {"CdChSamp",
+         chooseDirectory,
+         {"Open any file of the directory, or leave the name [temp]: only the directory counts",
+          "Ouvrez un fichier quelconque du répertoire, ou laissez le nom [temp] : seul le répertoire compte"}},
+        {"CdOpenFolder",
+         {"Open the folder", "Ouvrir le répertoire"},
+         {"Show the directory in the file manager",
+          "Montrer le répertoire dans le gestionnaire de fichiers"}},
         {"CdLireSmp",
          {"Visualize", "Visualiser"},
          {"List all samples of the directory", "Lister tous les samples du répertoire"}},
@@ -162,7 +209,8 @@ void FmCheck::showCaptions()
         {"ImPlus", {"Proceed", "Lancer"}, {"Proceed", "Lancer"}},
         {"LiCheck",
          {},
-         {"Samples; Space plays the selected one", "Samples ; Espace joue celui qui est choisi"}},
+         {"Samples; Space plays the selected one and stops it",
+          "Samples ; Espace joue celui qui est choisi et l'arrête"}},
         {"CdCancelCheck", {"Cancel", "Annuler"}, {"End the check here", "Arrêter le contrôle ici"}},
         {"LbTip1",
          {"Run NG_CENTER v1.2.2.7, go to [Tools3] panel, then click on [Audio converter] button to convert each "
@@ -170,19 +218,31 @@ void FmCheck::showCaptions()
           "Lancez NG_CENTER v1.2.2.7, allez sur [Tools3] puis cliquez sur [Audio converter] pour convertir "
           "chaque sample"},
          {}},
+        {"CdRepair",
+         {"Repair", "Réparer"},
+         {"Convert the selected samples, or all wrong ones, to the right format; the originals are kept",
+          "Convertir les samples choisis, ou tous les mauvais, au bon format ; les originaux sont conservés"}},
+        {"CdPutBack",
+         {"Put originals back", "Remettre les originaux"},
+         {"Bring the originals of the selected samples back", "Ramener les originaux des samples choisis"}},
+        {"CdCopyList",
+         {"Copy the list", "Copier la liste"},
+         {"Copy the list to clipboard", "Copier la liste dans le presse-papiers"}},
+        {"CdGoToSound",
+         {"Go to the sound", "Aller au son"},
+         {"Select the sound that uses the sample", "Sélectionner le son qui utilise le sample"}},
         {"CdPlay", playSample, playSample},
         {"CdStopS", stopSample, stopSample},
         {"CdClose", close, close},
     };
     tavrel::showCaptions(*this, captions, m_context.language);
+    m_waveform->setLanguage(m_context.language);
     setWindowTitle(inLanguage(titles::checkSamples, m_context.language));
 }
 
 void FmCheck::showFolder()
 {
-    const QString folder = QString::fromStdString(displayPath(m_folder / ""));
-    m_folderLabel->setText(folder);
-    m_folderLabel->setToolTip(folder);
+    m_folderLabel->setText(QString::fromStdString(displayPath(m_folder / "")));
 }
 
 void FmCheck::showIndication(const BilingualText& text, bool alarming)
@@ -202,11 +262,21 @@ void FmCheck::chooseFolder()
     }
 }
 
+// The first time with an explanation.
 void FmCheck::offer(Mode mode)
 {
     m_pending = mode;
+    if (m_explained.contains(mode)) {
+        proceed();
+        return;
+    }
     m_play->setEnabled(false);
     m_stop->setEnabled(false);
+    explain(mode);
+}
+
+void FmCheck::explain(Mode mode)
+{
     const bool visualizes = mode == Mode::Visualize;
     const BilingualText panelTitle = visualizes ? BilingualText("INFO - VISUALIZE", "INFO - VISUALISER")
                                                 : BilingualText("INFO - CHECK", "INFO - CONTROLER");
@@ -236,6 +306,9 @@ void FmCheck::proceed()
 {
     m_infoPanel->hide();
     const std::optional<Mode> mode = std::exchange(m_pending, std::nullopt);
+    if (mode) {
+        m_explained.insert(*mode);
+    }
     if (mode == Mode::Visualize) {
         visualize();
     } else if (mode == Mode::Check) {
@@ -250,6 +323,8 @@ std::optional<std::vector<SampleFile>> FmCheck::listing()
         m_context.dialogs.show({MessageIcon::Exclamation, titles::checkSamples, files.failure().text});
         return std::nullopt;
     }
+    std::ranges::sort(*files, {},
+                      [](const SampleFile& file) { return std::pair(upperCase(file.name), file.name); });
     return std::move(*files);
 }
 
@@ -260,13 +335,23 @@ void FmCheck::emptyLists(const BilingualText& title, const BilingualText& column
     m_list->clear();
     m_files.clear();
     m_tip->hide();
+    m_lookedAt->clear();
+    tell({});
     showIndication({});
+    selectionChanged();
 }
 
-void FmCheck::addRow(const std::string& row, const std::string& file)
+void FmCheck::addRow(const std::string& row, const SampleFile& file)
 {
-    m_list->addItem(fromCodePage(row));
     m_files.push_back(file);
+    m_list->addItem(fromCodePage(row));
+}
+
+void FmCheck::listIsFull()
+{
+    m_list->setFocus();
+    m_list->setCurrentRow(0);
+    selectionChanged();
 }
 
 void FmCheck::visualize()
@@ -277,12 +362,13 @@ void FmCheck::visualize()
     if (!files) {
         return;
     }
+    m_listed = Mode::Visualize;
     for (const SampleFile& file : *files) {
-        addRow(file.name, file.name);
+        addRow(file.name, file);
     }
     showIndication(BilingualText::same(std::to_string(files->size())) +
                    BilingualText(" file(s) listed", " fichier(s) listé(s)"));
-    m_list->setFocus();
+    listIsFull();
 }
 
 void FmCheck::startCheck()
@@ -292,13 +378,9 @@ void FmCheck::startCheck()
     if (!files) {
         return;
     }
+    m_listed = Mode::Check;
     m_check.emplace(std::move(*files));
-    m_progress->setRange(0, static_cast<int>(m_check->count()));
-    m_progress->setValue(0);
-    m_progress->show();
-    m_cancelCheck->show();
-    enableModes(false);
-    QApplication::setOverrideCursor(Qt::BusyCursor);
+    showWork(m_check->count());
     m_checkTimer.start(0);
 }
 
@@ -317,7 +399,7 @@ void FmCheck::checkSome()
         showIndication({"Checking : " + name, "Contrôle de : " + name}, !m_files.empty());
         const SampleFormatVerdict verdict = m_check->checkNext();
         if (!verdict.valid()) {
-            addRow(anomalyRow(file.name, verdict, m_context.language), file.name);
+            addRow(checkedRow(file.path, file.name, verdict, m_context.language), file);
         }
     }
     m_progress->setValue(static_cast<int>(m_check->checked()));
@@ -331,48 +413,141 @@ void FmCheck::endCheck(bool cancelled)
     if (!m_check) {
         return;
     }
+    const std::size_t checked = m_check->checked();
     m_checkTimer.stop();
     m_check.reset();
+    endWork();
+    const BilingualText found = anomalyCount(m_files.size());
+    const BilingualText cutShort("Check not finished - ", "Contrôle non terminé - ");
+    showIndication(cancelled ? cutShort + found : found, !m_files.empty());
+    const std::string count = std::to_string(checked);
+    m_lookedAt->setText(
+        inLanguage({count + " file(s) checked", count + " fichier(s) contrôlé(s)"}, m_context.language));
+    m_tip->setVisible(!m_files.empty());
+    listIsFull();
+}
+
+// While files are looked at or changed, nothing else may happen to the list.
+void FmCheck::showWork(std::size_t count)
+{
+    m_progress->setRange(0, static_cast<int>(count));
+    m_progress->setValue(0);
+    m_progress->show();
+    m_cancelCheck->show();
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{m_chooseFolder, m_visualize, m_checkButton, m_list, m_repair,
+                                         m_putBack, m_copyList, m_goToSound}) {
+        control->setEnabled(false);
+    }
+    QApplication::setOverrideCursor(Qt::BusyCursor);
+}
+
+void FmCheck::endWork()
+{
     QApplication::restoreOverrideCursor();
     m_progress->hide();
     m_cancelCheck->hide();
-    enableModes(true);
-    const BilingualText found = anomalyCount(m_files.size());
-    const BilingualText cutShort(" - check not finished", " - contrôle non terminé");
-    showIndication(cancelled ? found + cutShort : found, !m_files.empty());
-    m_tip->setVisible(!m_files.empty());
-    m_list->setFocus();
-}
-
-void FmCheck::enableModes(bool enable)
-{
     for (QWidget* const control :
          std::initializer_list<QWidget*>{m_chooseFolder, m_visualize, m_checkButton, m_list}) {
-        control->setEnabled(enable);
+        control->setEnabled(true);
     }
+}
+
+const SampleFile* FmCheck::selectedFile() const
+{
+    const std::vector<int> rows = selectedRows(*m_list);
+    if (rows.empty()) {
+        return nullptr;
+    }
+    const bool currentIsSelected = std::ranges::find(rows, m_list->currentRow()) != rows.end();
+    const int row = currentIsSelected ? m_list->currentRow() : rows.front();
+    return &m_files.at(static_cast<std::size_t>(row));
 }
 
 void FmCheck::selectionChanged()
 {
-    const bool selected = !m_list->selectedItems().empty();
-    m_play->setEnabled(selected);
-    m_stop->setEnabled(selected);
+    const SampleFile* const file = selectedFile();
+    const bool idle = !m_check && !m_run;
+    m_play->setEnabled(file != nullptr);
+    m_stop->setEnabled(file != nullptr);
+    m_repair->setEnabled(idle && m_list->count() > 0);
+    m_putBack->setEnabled(idle && file != nullptr);
+    m_copyList->setEnabled(idle && m_list->count() > 0);
+    const std::filesystem::path path = file != nullptr ? file->path : std::filesystem::path();
+    if (path != m_waveform->file()) {
+        m_waveform->showFile(path);
+    }
+    showFacts();
+}
+
+void FmCheck::showFacts()
+{
+    const SampleFile* const file = selectedFile();
+    m_facts->setText(inLanguage(m_waveform->facts(), m_context.language).replace('\n', ' '));
+    m_goToSound->setEnabled(firstUser().has_value());
+    const bool knowsUsers =
+        file != nullptr && m_context.catalogue != nullptr && m_context.references != nullptr;
+    const BilingualText users =
+        knowsUsers ? usersText(*m_context.catalogue, *m_context.references, sampleNameOf(file->name))
+                   : BilingualText();
+    m_users->setText(inLanguage(users, m_context.language));
+}
+
+std::optional<std::size_t> FmCheck::firstUser() const
+{
+    const SampleFile* const file = selectedFile();
+    if (file == nullptr || m_context.catalogue == nullptr) {
+        return std::nullopt;
+    }
+    const std::vector<std::size_t> users = soundsUsing(*m_context.catalogue, sampleNameOf(file->name));
+    return users.empty() ? std::nullopt : std::optional(users.front());
+}
+
+void FmCheck::goToSound()
+{
+    if (const std::optional<std::size_t> sound = firstUser()) {
+        accept();
+        m_context.showSound(*sound);
+    }
+}
+
+void FmCheck::tell(const BilingualText& text)
+{
+    setPaperText(*m_soundInfo, inLanguage(text, m_context.language));
+    m_soundInfo->setVisible(!text.empty());
 }
 
 void FmCheck::play()
 {
-    const QList<QListWidgetItem*> selected = m_list->selectedItems();
-    if (selected.empty()) {
+    const SampleFile* const file = selectedFile();
+    if (file == nullptr || !m_play->isEnabled()) {
         return;
     }
-    const std::string& file = m_files.at(static_cast<std::size_t>(m_list->row(selected.front())));
-    const Problem problem = PlaySample(m_context.player, m_folder, sampleNameOf(file), m_context.dialogs);
-    setPaperText(*m_soundInfo, problem ? inLanguage(problem->text, m_context.language) : QString());
-    m_soundInfo->setVisible(problem.has_value());
+    std::error_code ignored;
+    const bool isThere = std::filesystem::exists(file->path, ignored);
+    const Problem problem =
+        PlaySample(m_context.player, m_folder, sampleNameOf(file->name), m_context.dialogs);
+    if (!problem && isThere) {
+        m_waveform->followPlayback();
+    }
+    tell(problem ? problem->text : BilingualText());
+}
+
+void FmCheck::playOrStop()
+{
+    if (m_waveform->isPlaying()) {
+        m_waveform->stop();
+    } else {
+        play();
+    }
 }
 
 void FmCheck::reject()
 {
+    if (m_run) {
+        m_run->cancel(); // the report comes first
+        return;
+    }
     endCheck(true);
     TitledWindow::reject();
 }

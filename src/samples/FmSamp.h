@@ -5,12 +5,15 @@
 #include "ui/TitledWindow.h"
 
 #include <string>
+#include <vector>
 
 class QLabel;
 class QListWidget;
 class QPushButton;
 
 namespace tavrel {
+
+class WaveformView;
 
 // Chooses a sample of the samples folder. Accepted with a name, or rejected.
 class FmSamp : public TitledWindow
@@ -29,14 +32,21 @@ private:
     void showCaptions();
     void selectionChanged();
     std::string selectedFile() const;
+    void tell(const BilingualText& text);
     void play();
+    void playOrStop();
     void choose();
 
     SamplesContext m_context;
+    std::vector<std::filesystem::path> m_files; // of each row
     QListWidget* m_list;
+    WaveformView* m_waveform;
+    QLabel* m_facts;
     QLabel* m_info;
     QPushButton* m_play;
     QPushButton* m_stop;
+    QPushButton* m_copy;
+    QPushButton* m_openFolder;
     QPushButton* m_ok;
     QPushButton* m_cancel;
     std::string m_chosenName;

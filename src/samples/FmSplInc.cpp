@@ -2,13 +2,12 @@
 #include "samples/FmSplInc.h"
 
 #include "base/Titles.h"
+#include "samples/SampleList.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -47,8 +46,10 @@ FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const
         shown += fromCodePage(name);
     }
     list->addItems(shown);
-    connect(copy, &QPushButton::clicked, this,
-            [shown] { QApplication::clipboard()->setText(shown.join("\n")); });
+    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list->setCurrentRow(0);
+    connect(copy, &QPushButton::clicked, this, [list] { copyAllRows(*list); });
+    copySelectionByKey(*list);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 
     constexpr int margin = 2 * controlGap;

@@ -2,12 +2,18 @@
 #include "samples/SampleCommands.h"
 
 #include "base/CodePage.h"
+#include "base/Folder.h"
+#include "base/SafeFile.h"
+#include "base/TextFile.h"
 #include "base/Titles.h"
+#include "samples/SampleConversion.h"
 #include "samples/SampleFormat.h"
 #include "samples/SamplePlayer.h"
+#include "samples/SampleRepair.h"
 #include "samples/SamplesFolder.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace tavrel {
 
@@ -65,8 +71,11 @@ SampleResult store(LineEditor& editor, const BilingualText& command, std::vector
 
 } // namespace
 
-bool ValidateSampleName(SampleChange change, const std::vector<std::string>& names, const SampleInput& input,
-                        Dialogs& dialogs)
+namespace {
+
+// The rules for the name itself, whatever its file is.
+bool fitsLine(SampleChange change, const std::vector<std::string>& names, const SampleInput& input,
+              Dialogs& dialogs)
 {
     const std::string& name = input.typedName;
     if (name.empty()) {
@@ -82,13 +91,39 @@ bool ValidateSampleName(SampleChange change, const std::vector<std::string>& nam
     if (fieldLength(change, names, input) > sampleFieldWidth) {
         return refuse({"Sample name too long", "Nom de sample trop long"}, dialogs);
     }
-    if (!findSample(input.samplesFolder, name)) {
-        return refuse(noSuchSample(input.samplesFolder, name), dialogs);
-    }
-    if (!CheckSampleFormat(input.samplesFolder, name)) {
-        return refuse(wrongSampleFormat(name), dialogs);
-    }
     return true;
+}
+
+// A sample in a wrong format may become a right one at once.
+bool hasRightFormat(const SampleInput& input, Dialogs& dialogs)
+{
+    if (CheckSampleFormat(input.samplesFolder, input.typedName)) {
+        return true;
+    }
+    Question question{titles::renameSample, wrongSampleFormat(input.typedName), Buttons::Ok};
+    question.otherChoice = {"Convert", "Convertir"};
+    question.icon = MessageIcon::Exclamation;
+    const std::optional<std::filesystem::path> file = findSample(input.samplesFolder, input.typedName);
+    if (dialogs.ask(question) != Answer::Other || !file) {
+        return false;
+    }
+    const SampleOutcome outcome = repairSample(*file);
+    return outcome.done ? CheckSampleFormat(input.samplesFolder, input.typedName)
+                        : refuse(outcome.line(), dialogs);
+}
+
+} // namespace
+
+bool ValidateSampleName(SampleChange change, const std::vector<std::string>& names, const SampleInput& input,
+                        Dialogs& dialogs)
+{
+    if (!fitsLine(change, names, input, dialogs)) {
+        return false;
+    }
+    if (!findSample(input.samplesFolder, input.typedName)) {
+        return refuse(noSuchSample(input.samplesFolder, input.typedName), dialogs);
+    }
+    return hasRightFormat(input, dialogs);
 }
 
 SampleResult addSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs)
@@ -185,6 +220,220 @@ bool setSamples(LineEditor& editor, const std::vector<std::string>& names,
         judged.push_back(name);
     }
     return editor.storeSamples(names, dialogs);
+}
+
+namespace {
+
+// A sound file on its way into the samples folder.
+struct Newcomer
+{
+    std::filesystem::path file;
+    std::string name; // of the sample
+    bool isThere;     // it lies in the folder under that name
+};
+
+bool isInFolder(const std::filesystem::path& file, const std::filesystem::path& folder)
+{
+    std::error_code ignored;
+    return std::filesystem::equivalent(file.parent_path(), folder, ignored);
+}
+
+// The name under which a file of the samples folder is a sample already.
+std::optional<std::string> nameInFolder(const std::filesystem::path& file,
+                                        const std::filesystem::path& folder)
+{
+    const CodePageText name = codePagePath(file.filename());
+    const std::string stem = codePagePath(file.stem()).bytes;
+    const bool isWav = sameName(codePagePath(file.extension()).bytes, ".wav");
+    return isWav && name.exact && !hasForbiddenCharacter(stem) && isInFolder(file, folder)
+               ? std::optional(stem)
+               : std::nullopt;
+}
+
+std::size_t roomFor(const std::vector<std::string>& names)
+{
+    std::size_t used = names.size() + 1;
+    for (const std::string& name : names) {
+        used += name.size();
+    }
+    return used < sampleFieldWidth ? sampleFieldWidth - used : 0;
+}
+
+// The name that the user gives to the sample, in a dialog that shows what is in the folder.
+std::optional<std::string> askForName(const std::filesystem::path& file, const std::filesystem::path& folder,
+                                      const std::string& proposed, Dialogs& dialogs)
+{
+    OpenFileQuestion question{
+        titles::addSoundFile, {"WAV file", "fichier WAV"}, {"*.wav"}, folder, proposed + ".wav", false, true};
+    const std::optional<std::filesystem::path> chosen = dialogs.chooseFile(question);
+    if (!chosen) {
+        return std::nullopt;
+    }
+    if (!isInFolder(*chosen, folder)) {
+        const std::string shown = displayPath(file.filename());
+        dialogs.show({MessageIcon::Exclamation, titles::addSoundFile,
+                      BilingualText("The sample of [" + shown + "] must be in\n",
+                                    "Le sample de [" + shown + "] doit être dans\n") +
+                          displayPath(folder / "")});
+        return std::nullopt;
+    }
+    const CodePageText name = codePagePath(chosen->filename());
+    if (!name.exact) {
+        refuse({"The name has characters that sounds.txt cannot hold.",
+                "Le nom contient des caractères que sounds.txt ne peut pas contenir."},
+               dialogs);
+        return std::nullopt;
+    }
+    const bool hasEnding = sameName(codePagePath(chosen->extension()).bytes, ".wav");
+    return hasEnding ? name.bytes.substr(0, name.bytes.size() - 4) : name.bytes;
+}
+
+// Each with a name that the line takes; no file is written before. Nothing when one was refused.
+std::optional<std::vector<Newcomer>> nameNewcomers(const std::vector<std::filesystem::path>& files,
+                                                   const std::filesystem::path& folder, SampleNames naming,
+                                                   std::vector<std::string> names, Dialogs& dialogs)
+{
+    std::vector<Newcomer> newcomers;
+    for (const std::filesystem::path& file : files) {
+        std::optional<std::string> name = nameInFolder(file, folder);
+        const bool isThere = name.has_value();
+        if (!isThere) {
+            const std::string proposed = proposedSampleName(file, folder, names, roomFor(names));
+            name = naming == SampleNames::AsProposed ? proposed : askForName(file, folder, proposed, dialogs);
+        }
+        if (!name || !fitsLine(SampleChange::Add, names, {folder, *name, {}}, dialogs)) {
+            return std::nullopt;
+        }
+        names.push_back(*name);
+        newcomers.push_back({file, std::move(*name), isThere});
+    }
+    return newcomers;
+}
+
+// A sample of another content is never replaced unasked, and is kept.
+bool mayReplace(const std::filesystem::path& sample, Dialogs& dialogs)
+{
+    const std::string shown = "[" + displayPath(sample.filename()) + "]";
+    const Question question{
+        titles::addSoundFile,
+        BilingualText("There is a sample " + shown + " already. Replace it?\nIt is kept in ",
+                      "Il y a déjà un sample " + shown + ". Le remplacer ?\nIl est conservé dans ") +
+            displayPath(originalsFolder(sample.parent_path())),
+        Buttons::YesNo, true};
+    if (dialogs.ask(question) != Answer::Yes) {
+        return false;
+    }
+    const Result<std::filesystem::path> kept = keepOriginal(sample);
+    if (!kept) {
+        dialogs.show({MessageIcon::Critical, titles::addSoundFile, kept.failure().text});
+    }
+    return static_cast<bool>(kept);
+}
+
+// True when the sample is in the folder in the right format.
+bool bringIn(const Newcomer& newcomer, const std::filesystem::path& folder, BilingualText& told,
+             Dialogs& dialogs)
+{
+    if (newcomer.isThere) {
+        return hasRightFormat({folder, newcomer.name, {}}, dialogs);
+    }
+    const auto fail = [&dialogs](const Failure& failure) {
+        dialogs.show({MessageIcon::Critical, titles::addSoundFile, failure.text});
+        return false;
+    };
+    const Result<ConvertedSample> converted = convertSample(newcomer.file);
+    if (!converted) {
+        return fail(converted.failure());
+    }
+    const std::string fileName = newcomer.name + ".wav";
+    const std::filesystem::path target = fileIn(folder, fileName);
+    std::error_code ignored;
+    if (std::filesystem::exists(target, ignored)) {
+        const Result<FileContent> there = readFile(target);
+        if (there && there->bytes == converted->bytes) {
+            return true;
+        }
+        if (!mayReplace(target, dialogs)) {
+            return false;
+        }
+    }
+    if (const Problem problem = writeFileSafely(target, converted->bytes)) {
+        return fail(*problem);
+    }
+    if (const BilingualText notes = converted->notes(); !notes.empty()) {
+        told += BilingualText::same((told.empty() ? "" : "\n") + utf8FromCodePage(fileName)) +
+                BilingualText(": ", " : ") + notes;
+    }
+    return true;
+}
+
+// Letters without their accents, "_" for blanks; what else is no letter or digit goes.
+std::string plainName(const std::filesystem::path& file)
+{
+    // From U+00C0 on.
+    constexpr std::string_view letters = "AAAAAAACEEEEIIIIDNOOOOOxOUUUUYTsaaaaaaaceeeeiiiidnooooo-ouuuuyty";
+    const std::u8string stem = file.stem().u8string();
+    std::string name;
+    for (std::size_t i = 0; i < stem.size(); ++i) {
+        const auto c = static_cast<unsigned char>(stem[i]);
+        const bool isLatin = (c == 0xC3) && i + 1 < stem.size();
+        if (isLatin) {
+            name += letters[static_cast<unsigned char>(stem[++i]) & 0x3FU];
+        } else if (c == ' ' || c == '_' || c == '\t') {
+            name += '_';
+        } else if (c < 0x80 && (std::isalnum(c) != 0 || c == '-' || c == '.')) {
+            name += static_cast<char>(c);
+        }
+    }
+    return name.find_first_not_of("_-.") == std::string::npos ? "sample" : name;
+}
+
+} // namespace
+
+std::string proposedSampleName(const std::filesystem::path& file, const std::filesystem::path& folder,
+                               const std::vector<std::string>& names, std::size_t room)
+{
+    const std::string plain = plainName(file);
+    room = std::max<std::size_t>(room, 1); // where there is none, the line refuses the name
+    const auto isTaken = [&](const std::string& name) {
+        const auto isName = [&name](const std::string& other) { return sameName(name, other); };
+        return std::ranges::any_of(names, isName) || findEntry(folder, name + ".wav");
+    };
+    constexpr int mostNumbers = 999;
+    std::string name = plain.substr(0, room);
+    for (int number = 2; number <= mostNumbers && (isTaken(name) || !isPlainFileName(name)); ++number) {
+        const std::string ending = std::to_string(number);
+        name = plain.substr(0, room - std::min(room, ending.size())) + ending;
+    }
+    return name;
+}
+
+SampleResult addSoundFiles(LineEditor& editor, const std::vector<std::filesystem::path>& files,
+                           const std::filesystem::path& samplesFolder, SampleNames naming, Dialogs& dialogs)
+{
+    std::vector<std::string> names = namesOf(editor);
+    if (files.empty() || !mayChange(editor, dialogs)) {
+        return {};
+    }
+    const std::optional<std::vector<Newcomer>> newcomers =
+        nameNewcomers(files, samplesFolder, naming, names, dialogs);
+    BilingualText told;
+    const std::size_t before = names.size();
+    for (const Newcomer& newcomer : newcomers.value_or(std::vector<Newcomer>())) {
+        if (bringIn(newcomer, samplesFolder, told, dialogs)) {
+            names.push_back(newcomer.name);
+        }
+    }
+    if (!told.empty()) {
+        dialogs.show({MessageIcon::Information, titles::addSoundFile, told});
+    }
+    if (names.size() == before) {
+        return {};
+    }
+    const std::size_t last = names.size() - 1;
+    const SampleInput input{samplesFolder, names.back(), {}};
+    return store(editor, {"Add sound files", "Ajouter des fichiers son"}, std::move(names), last, input,
+                 dialogs);
 }
 
 } // namespace tavrel

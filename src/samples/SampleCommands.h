@@ -44,10 +44,26 @@ SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs&
 bool setSamples(LineEditor& editor, const std::vector<std::string>& names,
                 const std::filesystem::path& samplesFolder, Dialogs& dialogs);
 
+// How samples get their names that come from sound files.
+enum class SampleNames { Asked, AsProposed };
+
+// Converts sound files of any kind into the samples folder and puts them behind the other samples, all in one
+// change of the line. Every name is tested against the line before a file is written; a sample that is there
+// already is replaced only after a question, and is kept. A file that lies in the samples folder stays under
+// its name.
+SampleResult addSoundFiles(LineEditor& editor, const std::vector<std::filesystem::path>& files,
+                           const std::filesystem::path& samplesFolder, SampleNames naming, Dialogs& dialogs);
+
+// A name for the sample of a sound file, at most `room` long, without accents and blanks, that neither the
+// folder nor the line has.
+std::string proposedSampleName(const std::filesystem::path& file, const std::filesystem::path& folder,
+                               const std::vector<std::string>& names, std::size_t room);
+
 enum class SampleChange { Add, Rename };
 
 // The rules for a name in a list of samples: no blank, room in the sample field, a file of the right format.
-// The first rule that is broken shows its message. For Rename an entry must be selected and a name typed.
+// The first rule that is broken shows its message; the one about the format offers to convert the file. For
+// Rename an entry must be selected and a name typed.
 bool ValidateSampleName(SampleChange change, const std::vector<std::string>& names, const SampleInput& input,
                         Dialogs& dialogs);
 

@@ -6,6 +6,8 @@
 #include "samples/SamplesFolder.h"
 
 #include <array>
+#include <cerrno>
+#include <fstream>
 
 namespace tavrel {
 
@@ -73,11 +75,38 @@ BilingualText anomalyColumns()
             "Nom fichier                  Mono     PCM      22050Khz En-tête"};
 }
 
+namespace {
+
+std::string nameCell(std::string_view fileName)
+{
+    std::string cell(fileName.substr(0, fileName.rfind(".wav")));
+    cell.resize(nameWidth, ' ');
+    return cell + ' ';
+}
+
+std::error_code openingError(const std::filesystem::path& file)
+{
+    errno = 0;
+    const std::ifstream stream(file, std::ios::binary);
+    return stream ? std::error_code() : std::error_code(errno != 0 ? errno : EIO, std::generic_category());
+}
+
+} // namespace
+
+std::string checkedRow(const std::filesystem::path& file, std::string_view fileName,
+                       const SampleFormatVerdict& verdict, Language language)
+{
+    if (verdict == SampleFormatVerdict()) {
+        if (const std::error_code error = openingError(file)) {
+            return nameCell(fileName) + codePageFromUtf8(system::errorText(error)).bytes;
+        }
+    }
+    return anomalyRow(fileName, verdict, language);
+}
+
 std::string anomalyRow(std::string_view fileName, const SampleFormatVerdict& verdict, Language language)
 {
-    std::string row(fileName.substr(0, fileName.rfind(".wav")));
-    row.resize(nameWidth, ' ');
-    row += ' ';
+    std::string row = nameCell(fileName);
     appendMark(row, verdict.mono, "  N");
     appendMark(row, verdict.pcm, " N");
     appendMark(row, verdict.rate22050, "    N");

@@ -40,6 +40,9 @@ BilingualText wrongSampleFormat(std::string_view name);
 BilingualText anomalyTitle();
 BilingualText anomalyColumns();
 std::string anomalyRow(std::string_view fileName, const SampleFormatVerdict& verdict, Language language);
+// The same, or why the file cannot be opened.
+std::string checkedRow(const std::filesystem::path& file, std::string_view fileName,
+                       const SampleFormatVerdict& verdict, Language language);
 // Under the rows, how many there are.
 BilingualText anomalyCount(std::size_t rows);
 

@@ -49,6 +49,7 @@ BilingualText captionOf(Answer answer)
     case Answer::Cancel:
         return {"&Cancel", "&Annuler"};
     case Answer::Ok:
+    case Answer::Other:
         break;
     }
     return {"&OK", "&OK"};
@@ -108,11 +109,14 @@ MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& t
     setMinimumWidth(smallestWidth);
 }
 
-void MessageWindow::offer(std::span<const Answer> answers, Answer byDefault, Language language)
+void MessageWindow::offer(std::span<const Answer> answers, Answer byDefault, Language language,
+                          const BilingualText& otherChoice)
 {
     constexpr int buttonWidth = 84;
     for (const Answer answer : answers) {
-        auto* const button = new QPushButton(inLanguage(captionOf(answer), language));
+        const BilingualText caption =
+            answer == Answer::Other ? BilingualText::same("&") + otherChoice : captionOf(answer);
+        auto* const button = new QPushButton(inLanguage(caption, language));
         button->setMinimumWidth(buttonWidth);
         button->setDefault(answer == byDefault);
         connect(button, &QPushButton::clicked, this, [this, answer] {

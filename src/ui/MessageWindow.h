@@ -19,8 +19,10 @@ class MessageWindow : public TitledWindow
 public:
     MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
 
-    // From left to right; the default answer is the one that Enter gives.
-    void offer(std::span<const Answer> answers, Answer byDefault, Language language);
+    // From left to right; the default answer is the one that Enter gives. The words of Answer::Other are
+    // the question's.
+    void offer(std::span<const Answer> answers, Answer byDefault, Language language,
+               const BilingualText& otherChoice = {});
     // Shows the window and waits. Without a choice, `refusal`.
     Answer run(Answer refusal);
 

@@ -19,6 +19,8 @@ namespace {
 std::vector<Answer> offeredAnswers(Buttons buttons)
 {
     switch (buttons) {
+    case Buttons::Ok:
+        return {Answer::Ok};
     case Buttons::OkCancel:
         return {Answer::Ok, Answer::Cancel};
     case Buttons::YesNo:
@@ -27,6 +29,19 @@ std::vector<Answer> offeredAnswers(Buttons buttons)
         break;
     }
     return {Answer::Yes, Answer::No, Answer::Cancel};
+}
+
+// Closing the box.
+Answer refusalOf(Buttons buttons)
+{
+    switch (buttons) {
+    case Buttons::Ok:
+        return Answer::Ok;
+    case Buttons::YesNo:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
 }
 
 QString existingFolder(const std::filesystem::path& folder)
@@ -64,13 +79,16 @@ void QtDialogs::show(const Message& message)
 
 Answer QtDialogs::ask(const Question& question)
 {
-    MessageWindow window(ownerOfDialogs(), MessageIcon::Question, inLanguage(question.title, m_language),
+    MessageWindow window(ownerOfDialogs(), question.icon, inLanguage(question.title, m_language),
                          inLanguage(question.text, m_language));
-    const std::vector<Answer> answers = offeredAnswers(question.buttons);
-    const Answer refusal = question.buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+    std::vector<Answer> answers = offeredAnswers(question.buttons);
     const Answer cautious = question.buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
-    window.offer(answers, question.refusalIsDefault ? cautious : answers.front(), m_language);
-    return window.run(refusal);
+    const Answer byDefault = question.refusalIsDefault ? cautious : answers.front();
+    if (!question.otherChoice.empty()) {
+        answers.insert(answers.begin(), Answer::Other);
+    }
+    window.offer(answers, byDefault, m_language, question.otherChoice);
+    return window.run(refusalOf(question.buttons));
 }
 
 std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestion& question)

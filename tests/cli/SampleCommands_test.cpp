@@ -54,3 +54,62 @@ TEST(SampleCommandsOfFolder, WithoutAFolderTheLevelEditorsIsMeant)
     EXPECT_EQ(missing.output, "");
     EXPECT_NE(missing.messages.find("missing"), std::string::npos);
 }
+
+TEST(SampleCommandsOfFolder, RepairConvertsAndKeepsTheOriginals)
+{
+    const TemporaryFolder root;
+    const std::string path = (root / "Samples").string();
+    writeBytes(root / "Samples" / "good.wav", wavBytes({.seconds = 0.01}));
+    EXPECT_EQ(runCli({"samples", "repair", path}).output, "No problem found\n");
+    writeBytes(root / "Samples" / "eight.wav", wavBytes({.bitsPerSample = 8}));
+    writeBytes(root / "Samples" / "stereo.wav", wavBytes({.channels = 2}));
+    writeBytes(root / "Samples" / "fast.wav", wavBytes({.sampleRate = 44100}));
+
+    const CliRun dry = runCli({"samples", "repair", path, "--dry-run"});
+    EXPECT_EQ(dry.output, "fast.wav\nstereo.wav\n");
+    EXPECT_EQ(dry.status, 1);
+    const CliRun unasked = runCli({"samples", "repair", path});
+    EXPECT_EQ(unasked.status, 1);
+    EXPECT_NE(unasked.messages.find("Repair: Convert 2 sample(s) to the right format?"), std::string::npos);
+    EXPECT_EQ(readBytes(root / "Samples" / "stereo.wav"), wavBytes({.channels = 2}));
+
+    EXPECT_EQ(runCli({"--yes", "samples", "repair", path, "--only", "none"}).status, 1);
+    const CliRun only = runCli({"--yes", "samples", "repair", path, "--only", "EIGHT", "--only", "fast.wav"});
+    EXPECT_EQ(only.status, 1) << "one is still wrong";
+    EXPECT_EQ(only.output, "2 sample(s) repaired\nThe originals are in " + path + "_originals\n" +
+                               "eight.wav: was WAV, PCM, 22050 Hz, mono, 8 bits, 0.15 s\n"
+                               "fast.wav: was WAV, PCM, 44100 Hz, mono, 16 bits, 0.15 s\n");
+    EXPECT_EQ(readBytes(root / "Samples_originals" / "eight.wav"), wavBytes({.bitsPerSample = 8}));
+    EXPECT_EQ(runCli({"--language", "F", "--yes", "samples", "repair", path}).status, 0);
+    EXPECT_EQ(runCli({"samples", "check", path}).status, 0);
+}
+
+TEST(SampleCommandsOfFolder, InfoTellsWhatFilesAre)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "a.wav", wavBytes({.channels = 2, .listChunk = true}));
+    writeBytes(root / "text.wav", "no sound");
+    const std::string a = (root / "a.wav").string();
+    const CliRun run = runCli({"samples", "info", a, (root / "text.wav").string()});
+    EXPECT_EQ(run.output,
+              a + ": WAV, PCM, 22050 Hz, stereo, 16 bits, 0.15 s; peak -4.5 dB; chunks: fmt LIST data\n");
+    EXPECT_EQ(run.status, 3);
+    const CliRun json = runCli({"samples", "info", "--json", a});
+    EXPECT_EQ(json.output, R"({"File": ")" + a +
+                               R"(", "Kind": "WAV", "Encoding": "PCM", "Rate": 22050, "Channels": 2, )"
+                               R"("Bits": 16, "Frames": 3307, "Seconds": 0.150, "Peak": 0.594757, )"
+                               R"("Chunks": ["fmt ", "LIST", "data"], "CutOff": false, )"
+                               "\"RightFormat\": false}\n");
+}
+
+TEST(SampleCommandsOfFolder, AddMakesSamplesOfSoundFiles)
+{
+    const DemoCli cli;
+    writeBytes(cli.root / "My step.wav", wavBytes({.channels = 2}));
+    const CliRun added = cli.agreeing({"samples", "add", "10", (cli.root / "My step.wav").string()});
+    EXPECT_EQ(added.status, 0) << added.messages;
+    EXPECT_NE(cli.lineOf(10).find("rico_01 rico_02 My_step"), std::string::npos) << cli.lineOf(10);
+    EXPECT_EQ(runCli({"samples", "check", (cli.levelEditor / "sound" / "Samples").string()}).status, 0);
+    EXPECT_EQ(cli.agreeing({"samples", "add", "10", (cli.root / "none.wav").string()}).status, 3);
+    EXPECT_EQ(cli.agreeing({"samples", "add", "9999", (cli.root / "My step.wav").string()}).status, 1);
+}

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/WavFile.h"
 #include "samples/SampleCommands.h"
+#include "samples/SampleFormat.h"
+#include "samples/SampleRepair.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
 
@@ -219,4 +221,97 @@ TEST_F(SampleCommands, ReplaceAllJudgesTheNewNamesAlone)
         EXPECT_EQ(samples(), replaces ? c.after : c.list);
         EXPECT_EQ(dialogs.said().size(), replaces ? 0U : 1U);
     }
+}
+
+TEST_F(SampleCommands, AWrongFormatCanBeConvertedAtOnce)
+{
+    start("A");
+    ScriptedDialogs declined{Answer::Ok};
+    EXPECT_FALSE(addSample(editor, input("stereo"), declined).changed);
+    EXPECT_EQ(declined.said()[0].otherChoice, BilingualText("Convert", "Convertir"));
+    writeBytes(folder / "stereo.wav", wavBytes({.channels = 2}));
+    ScriptedDialogs dialogs{Answer::Other, Answer::Other};
+    EXPECT_TRUE(addSample(editor, input("stereo"), dialogs).changed);
+    EXPECT_EQ(samples(), "A stereo");
+    EXPECT_TRUE(CheckSampleFormat(folder.path(), "stereo"));
+    const std::filesystem::path original = originalsFolder(folder.path()) / "stereo.wav";
+    EXPECT_EQ(readBytes(original), wavBytes({.channels = 2}));
+    std::filesystem::remove_all(original.parent_path());
+
+    writeBytes(folder / "text.wav", "no sound");
+    EXPECT_FALSE(addSample(editor, input("text"), dialogs).changed);
+    EXPECT_EQ(dialogs.said().back().kind, "exclamation");
+    EXPECT_EQ(readBytes(folder / "text.wav"), "no sound");
+}
+
+TEST_F(SampleCommands, SoundFilesAreProposedPlainNames)
+{
+    struct Case
+    {
+        std::u8string file;
+        std::size_t room;
+        const char* name;
+    };
+    for (const Case& c : {Case{u8"Épée d'été 2.wav", 31, "Epee_dete_2"},
+                          {u8"porte\u0301e.mp3", 31, "portee"},
+                          {u8"a long name.ogg", 6, "a_long"},
+                          {u8"foot.flac", 31, "foot2"},
+                          {u8"BB.flac", 2, "B2"},
+                          {u8"\u97F3.wav", 31, "sample"},
+                          {u8"con.wav", 31, "con2"},
+                          {u8"tail....wav", 31, "tail...2"},
+                          {u8"full.wav", 0, "f"}}) {
+        EXPECT_EQ(proposedSampleName(std::filesystem::path("/x") / c.file, folder.path(), {"bb"}, c.room),
+                  c.name);
+    }
+}
+
+TEST_F(SampleCommands, SoundFilesBecomeSamplesOfTheLineInOneChange)
+{
+    const TemporaryFolder elsewhere;
+    writeBytes(elsewhere / u8"h\u00E9 ho.wav", wavBytes({.sampleRate = 44100}));
+    writeBytes(elsewhere / "bad.wav", "no sound");
+    writeBytes(elsewhere / "new.wav", wavBytes({.channels = 2}));
+    const auto add = [this](const std::vector<std::filesystem::path>& files, SampleNames naming,
+                            Dialogs& dialogs) {
+        return addSoundFiles(editor, files, folder.path(), naming, dialogs);
+    };
+    start("A");
+    ScriptedDialogs dialogs;
+    const SampleResult added =
+        add({elsewhere / u8"h\u00E9 ho.wav", elsewhere / "bad.wav", folder / "foot.wav"},
+            SampleNames::AsProposed, dialogs);
+    EXPECT_EQ(samples(), "A he_ho foot") << "a file that cannot be read does not keep the others out";
+    EXPECT_EQ(added.selected, 2U);
+    EXPECT_TRUE(CheckSampleFormat(folder.path(), "he_ho"));
+    ASSERT_EQ(dialogs.said().size(), 1U);
+    EXPECT_EQ(dialogs.said()[0].kind, "critical");
+
+    // Nothing is written when a name does not fit, or for another folder.
+    for (const std::filesystem::path& chosen :
+         {folder / (name31 + ".wav"), folder / "A.wav", folder / "two words.wav", elsewhere / "new.wav"}) {
+        dialogs.prepareFile(chosen);
+        EXPECT_FALSE(add({elsewhere / "new.wav"}, SampleNames::Asked, dialogs).changed) << chosen;
+        EXPECT_EQ(dialogs.said().back().kind, "exclamation");
+    }
+    EXPECT_EQ(dialogs.fileQuestions()[0].proposedName, "new2.wav");
+    EXPECT_TRUE(dialogs.fileQuestions()[0].forSaving);
+    EXPECT_FALSE(std::filesystem::exists(folder / "two words.wav"));
+
+    // A sample that is there is replaced after a question, and kept.
+    const std::string before = readBytes(folder / "BB.wav");
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        dialogs.prepareFile(folder / "bb");
+        dialogs.prepareAnswer(answer);
+        EXPECT_EQ(add({elsewhere / "new.wav"}, SampleNames::Asked, dialogs).changed, answer == Answer::Yes);
+        EXPECT_TRUE(dialogs.said().back().refusalIsDefault);
+    }
+    EXPECT_EQ(samples(), "A he_ho foot bb");
+    EXPECT_NE(readBytes(folder / "BB.wav"), before);
+    const std::filesystem::path originals = originalsFolder(folder.path());
+    EXPECT_EQ(readBytes(originals / "BB.wav"), before);
+    std::filesystem::remove_all(originals);
+    start("A");
+    dialogs.prepareFile(folder / "BB.wav");
+    EXPECT_TRUE(add({elsewhere / "new.wav"}, SampleNames::Asked, dialogs).changed) << "the same bytes";
 }

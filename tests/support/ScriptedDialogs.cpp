@@ -27,6 +27,8 @@ std::string kindOf(MessageIcon icon)
 std::string kindOf(Buttons buttons)
 {
     switch (buttons) {
+    case Buttons::Ok:
+        return "OK";
     case Buttons::YesNo:
         return "Yes/No";
     case Buttons::YesNoCancel:
@@ -37,15 +39,18 @@ std::string kindOf(Buttons buttons)
     return "OK/Cancel";
 }
 
-bool offers(Buttons buttons, Answer answer)
+bool offers(const Question& question, Answer answer)
 {
+    const Buttons buttons = question.buttons;
     switch (answer) {
     case Answer::Ok:
-        return buttons == Buttons::OkCancel;
+        return buttons == Buttons::Ok || buttons == Buttons::OkCancel;
     case Answer::Cancel:
-        return buttons != Buttons::YesNo;
+        return buttons == Buttons::OkCancel || buttons == Buttons::YesNoCancel;
+    case Answer::Other:
+        return !question.otherChoice.empty();
     default:
-        return buttons != Buttons::OkCancel;
+        return buttons == Buttons::YesNo || buttons == Buttons::YesNoCancel;
     }
 }
 
@@ -79,9 +84,15 @@ void ScriptedDialogs::show(const Message& message)
 Answer ScriptedDialogs::ask(const Question& question)
 {
     expectListedTitle(question.title);
-    m_said.push_back({kindOf(question.buttons), question.title, question.text, question.refusalIsDefault});
+    // A box with OK alone is a message that offers something.
+    const bool isMessage = question.buttons == Buttons::Ok;
+    m_said.push_back({isMessage ? kindOf(question.icon) : kindOf(question.buttons), question.title,
+                      question.text, question.refusalIsDefault, question.otherChoice});
     if (m_whileAsking) {
         m_whileAsking();
+    }
+    if (m_answers.empty() && isMessage) {
+        return Answer::Ok;
     }
     if (m_answers.empty()) {
         ADD_FAILURE() << "asked without a prepared answer: " << question.text.english;
@@ -89,7 +100,7 @@ Answer ScriptedDialogs::ask(const Question& question)
     }
     const Answer answer = m_answers.front();
     m_answers.pop_front();
-    EXPECT_TRUE(offers(question.buttons, answer)) << "no such button: " << question.text.english;
+    EXPECT_TRUE(offers(question, answer)) << "no such button: " << question.text.english;
     return answer;
 }
 

@@ -13,7 +13,8 @@
 namespace tavrel {
 
 // Answers from a prepared list and records the whole conversation. A question that was not prepared fails the
-// test, and so does an answer that nobody asked for, or a title that is not in the table of titles.
+// test, and so does an answer that nobody asked for, or a title that is not in the table of titles. A box
+// with OK alone may go without an answer.
 class ScriptedDialogs : public Dialogs
 {
 public:
@@ -24,6 +25,7 @@ public:
         BilingualText title;
         BilingualText text;
         bool refusalIsDefault = false;
+        BilingualText otherChoice = {};
     };
 
     ScriptedDialogs() = default;

@@ -21,10 +21,11 @@ TEST(MessageWindow, AnswersByTheKeyboard)
                           {Qt::Key_O, Answer::No, Answer::Yes},
                           {Qt::Key_N, Answer::Yes, Answer::No},
                           {Qt::Key_A, Answer::Yes, Answer::Cancel},
+                          {Qt::Key_R, Answer::No, Answer::Other},
                           {Qt::Key_Escape, Answer::Yes, Answer::Cancel}}) {
         MessageWindow window(nullptr, MessageIcon::Question, "T", "text");
-        const Answer answers[] = {Answer::Yes, Answer::No, Answer::Cancel};
-        window.offer(answers, c.byDefault, Language::French);
+        const Answer answers[] = {Answer::Other, Answer::Yes, Answer::No, Answer::Cancel};
+        window.offer(answers, c.byDefault, Language::French, {"Look", "Revoir"});
         QTimer::singleShot(0, &window, [&] { QTest::keyClick(&window, c.key); });
         EXPECT_EQ(window.run(Answer::Cancel), c.answer) << c.key;
     }

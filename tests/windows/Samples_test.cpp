@@ -4,8 +4,11 @@
 #include "demo/WavFile.h"
 #include "samples/FmCheck.h"
 #include "samples/FmSamp.h"
+#include "samples/WaveformView.h"
 #include "ui/Text.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
@@ -118,13 +121,13 @@ TEST_F(MainWindowSamplesTest, playsTheSelectedSample)
 TEST_F(MainWindowSamplesTest, theChooserFillsTheNameBox)
 {
     writeBytes(samplesFolder / "CAPITALS.WAV", wavBytes({.seconds = 0.01}));
+    writeBytes(samplesFolder / "extra.wav", wavBytes({.seconds = 5}));
     open();
     whenOpened<FmSamp>([this](FmSamp& chooser) {
         auto& list = *chooser.findChild<QListWidget*>("LiSamp");
         ASSERT_EQ(list.count(), 9);
         auto& ok = *chooser.findChild<QPushButton*>("CdOK");
-        EXPECT_FALSE(ok.isEnabled());
-        list.setCurrentRow(0); // in the order of names
+        EXPECT_EQ(list.currentRow(), 0) << "in the order of names";
         QTest::mouseClick(&ok, Qt::LeftButton);
         EXPECT_TRUE(chooser.isVisible());
         EXPECT_EQ(dialogs.said().back().text,
@@ -132,6 +135,14 @@ TEST_F(MainWindowSamplesTest, theChooserFillsTheNameBox)
         list.setCurrentRow(1);
         QTest::mouseClick(chooser.findChild<QPushButton*>("CdPlay"), Qt::LeftButton);
         EXPECT_EQ(player.played.back(), samplesFolder / "extra.wav");
+        QApplication::setActiveWindow(&chooser);
+        list.setFocus();
+        QTest::keyClick(&list, Qt::Key_Space);
+        EXPECT_EQ(player.stops, 1) << "Space stops what plays";
+        QTest::mouseClick(chooser.findChild<QPushButton*>("CdCopyList"), Qt::LeftButton);
+        EXPECT_TRUE(QApplication::clipboard()->text().startsWith("CAPITALS.WAV\nextra.wav\nfoot01.wav\n"));
+        const auto& facts = *chooser.findChild<QLabel*>("LbFacts");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return facts.text().startsWith("WAV, PCM, 22050 Hz"); }));
         QTest::mouseClick(&ok, Qt::LeftButton);
     });
     click("CdChSamp");
@@ -162,8 +173,11 @@ protected:
 
     void open(Language language = Language::English)
     {
-        window = std::make_unique<FmCheck>(
-            nullptr, SamplesContext{language, ColourScheme(), folder.path(), dialogs, player});
+        SamplesContext context{language, ColourScheme(), folder, dialogs, player};
+        context.catalogue = &catalogue;
+        context.references = &references;
+        context.showSound = [this](std::size_t sound) { shownSound = sound; };
+        window = std::make_unique<FmCheck>(nullptr, context);
         window->show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
         QApplication::setActiveWindow(window.get());
@@ -171,8 +185,9 @@ protected:
     void run(const char* button)
     {
         click(button);
-        EXPECT_TRUE(find<QWidget>("PnInfo").isVisible());
-        click("ImPlus");
+        if (find<QWidget>("PnInfo").isVisible()) { // the first time
+            click("ImPlus");
+        }
         EXPECT_TRUE(QTest::qWaitFor([this] { return !find<QProgressBar>("PbCheck").isVisible(); }));
     }
     template <typename Control>
@@ -185,7 +200,11 @@ protected:
     QListWidget& list() { return find<QListWidget>("LiCheck"); }
     QColor indicationColour() { return find<QLabel>("LbIndic").palette().color(QPalette::WindowText); }
 
-    TemporaryFolder folder;
+    TemporaryFolder root;
+    std::filesystem::path folder = root / "Samples";
+    SoundCatalogue catalogue;
+    ReferenceRegister references;
+    std::optional<std::size_t> shownSound;
     ScriptedDialogs dialogs;
     RecordedPlayer player;
     std::unique_ptr<FmCheck> window;
@@ -256,24 +275,20 @@ TEST_F(FmCheckTest, saysEverythingInBothLanguages)
     }
 }
 
-TEST_F(FmCheckTest, listsWrongFilesInTheOrderOfTheListing)
+TEST_F(FmCheckTest, listsWrongFilesByName)
 {
     writeBytes(folder / "long.wav", wavBytes({.listChunk = true}));
     writeBytes(folder / "another.wav", "");
     open();
     run("CdLook");
-    std::vector<std::string> expected;
-    const auto files = listSamples(folder.path());
-    for (const SampleFile& file : *files) {
-        const SampleFormatVerdict verdict = CheckSampleFormatDetailed(file.path);
-        if (!verdict.valid()) {
-            expected.push_back(anomalyRow(file.name, verdict, Language::English));
-        }
-    }
     ASSERT_EQ(list().count(), 3);
-    for (int row = 0; row < 3; ++row) {
-        EXPECT_EQ(list().item(row)->text().toStdString(), expected[static_cast<std::size_t>(row)]);
+    int row = 0;
+    for (const char* name : {"another.wav", "long.wav", "stereo.wav"}) {
+        EXPECT_EQ(list().item(row++)->text().toStdString(),
+                  anomalyRow(name, CheckSampleFormatDetailed(folder / name), Language::English));
     }
+    EXPECT_EQ(list().currentRow(), 0);
+    EXPECT_EQ(label("LbLookedAt"), "4 file(s) checked");
     EXPECT_EQ(indicationColour(), QColor(192, 0, 0));
     EXPECT_TRUE(find<QLabel>("LbTip1").isVisible());
     for (const char* name : {"stereo", "long", "another"}) {
@@ -290,15 +305,14 @@ TEST_F(FmCheckTest, visualizesAndPlaysByKeys)
 {
     open(Language::French);
     run("CdLireSmp");
-    EXPECT_FALSE(find<QPushButton>("CdPlay").isEnabled());
-    list().setCurrentRow(0);
+    EXPECT_EQ(list().currentRow(), 0);
     QTest::keyClick(&list(), Qt::Key_Down);
     QTest::keyClick(&list(), Qt::Key_Space);
     ASSERT_EQ(player.played.size(), 1U);
     EXPECT_EQ(player.played[0].filename().string(), list().item(1)->text().toStdString());
     click("CdStopS");
     EXPECT_EQ(player.stops, 1);
-    click("CdLireSmp");
+    click("CdLook");
     EXPECT_FALSE(find<QPushButton>("CdPlay").isEnabled()) << "another list is about to come";
     QTest::keyClick(&list(), Qt::Key_Space);
     EXPECT_EQ(player.played.size(), 1U);
@@ -334,8 +348,7 @@ TEST_F(FmCheckTest, aLongCheckListensAndCanBeCancelled)
     }
     open();
     // Comes to its turn between two slices of the check.
-    const auto meanwhile = [this](const std::function<void()>& act) {
-        click("CdLook");
+    const auto meanwhile = [this](const std::function<void()>& start, const std::function<void()>& act) {
         bool acted = false;
         QTimer::singleShot(0, window.get(), [&] {
             EXPECT_TRUE(find<QProgressBar>("PbCheck").isVisible());
@@ -344,14 +357,141 @@ TEST_F(FmCheckTest, aLongCheckListensAndCanBeCancelled)
             act();
             acted = true;
         });
-        click("ImPlus");
+        start();
         EXPECT_TRUE(QTest::qWaitFor([&] { return acted; }));
         EXPECT_LT(list().count(), 3001);
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     };
-    meanwhile([this] { click("CdCancelCheck"); });
-    EXPECT_NE(label("LbIndic").find("not finished"), std::string::npos);
+    click("CdLook");
+    meanwhile([this] { click("ImPlus"); }, [this] { click("CdCancelCheck"); });
+    EXPECT_TRUE(label("LbIndic").starts_with("Check not finished - ")) << label("LbIndic");
     EXPECT_TRUE(find<QPushButton>("CdLireSmp").isEnabled());
-    meanwhile([this] { window->close(); });
+    meanwhile([this] { click("CdLook"); }, [this] { window->close(); });
     EXPECT_FALSE(window->isVisible()) << "a close ends the check first";
+}
+
+TEST_F(FmCheckTest, repairsAllOrTheSelectedAndPutsOriginalsBack)
+{
+    writeBytes(folder / "eight.wav", wavBytes({.bitsPerSample = 8, .seconds = 0.01}));
+    writeBytes(folder / "text.wav", "no sound");
+    open();
+    run("CdLook");
+    const auto work = [this](const char* button, Answer answer, Answer toTheReport) {
+        const std::size_t before = dialogs.said().size();
+        dialogs.prepareAnswer(answer);
+        dialogs.prepareAnswer(toTheReport);
+        click(button);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return dialogs.said().size() == before + 2; }));
+        EXPECT_EQ(dialogs.said().back().otherChoice, BilingualText("Copy", "Copier"));
+        return dialogs.said()[before];
+    };
+    const ScriptedDialogs::Said all = work("CdRepair", Answer::Other, Answer::Other);
+    EXPECT_TRUE(all.text.english.starts_with("Convert 1 sample(s) to the right format?\n"));
+    EXPECT_EQ(all.otherChoice, BilingualText("All 2 wrong ones", "Tous les mauvais (2)"));
+    EXPECT_EQ(label("LbIndic"), "1 sample(s) repaired, 1 not");
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("1 sample(s) repaired, 1 not\nThe originals"));
+    EXPECT_TRUE(CheckSampleFormat(folder, "stereo"));
+    EXPECT_EQ(list().item(0)->text().trimmed(), "stereo") << "the row stays, without marks";
+    EXPECT_EQ(readBytes(folder / "eight.wav"), wavBytes({.bitsPerSample = 8, .seconds = 0.01}))
+        << "all are all wrong ones";
+
+    list().setCurrentRow(0);
+    work("CdPutBack", Answer::Yes, Answer::Ok);
+    EXPECT_EQ(readBytes(folder / "stereo.wav"), wavBytes({.channels = 2, .seconds = 0.01}));
+    EXPECT_FALSE(std::filesystem::exists(root / "Samples_originals"));
+    click("CdPutBack");
+    EXPECT_EQ(dialogs.said().back().kind, "information") << "nothing is kept any more";
+
+    run("CdLireSmp");
+    list().setCurrentRow(0);
+    work("CdRepair", Answer::Yes, Answer::Ok);
+    EXPECT_EQ(readBytes(folder / "eight.wav").size(), 44U + 2 * 220) << "a selected one becomes 16-bit";
+    dialogs.prepareAnswer(Answer::No);
+    click("CdRepair");
+    EXPECT_EQ(readBytes(root / "Samples_originals" / "eight.wav").size(), 44U + 220);
+}
+
+TEST_F(FmCheckTest, tellsAboutTheSelectedSample)
+{
+    catalogue.append("OTHER:\t\tgood\t\tVOL60\t\t\t\t\t#g", "", 1);
+    catalogue.append("BELL:\t\t\tSTEREO x\t\tVOL60\t\t\t\t\t#oa", "", 2);
+    writeBytes(folder / "text.wav", "no sound");
+    open(Language::French);
+    run("CdLook");
+    const auto facts = [this](const std::string& wanted) {
+        return QTest::qWaitFor([&] { return label("LbFacts").find(wanted) != std::string::npos; });
+    };
+    EXPECT_TRUE(facts("WAV, PCM, 22050 Hz, stéréo, 16 bits, 0,01 s")) << label("LbFacts");
+    EXPECT_NE(label("LbUsers").find("Utilisé par 1 BELL (#oa"), std::string::npos) << label("LbUsers");
+    EXPECT_EQ(label("LbUsers").find("OTHER"), std::string::npos);
+    list().setCurrentRow(1);
+    EXPECT_TRUE(facts("n'est pas un son")) << label("LbFacts");
+    EXPECT_EQ(label("LbUsers"), "Aucun son ne l'utilise.");
+    EXPECT_FALSE(find<QPushButton>("CdGoToSound").isEnabled());
+    list().setCurrentRow(0);
+    click("CdGoToSound");
+    EXPECT_EQ(shownSound, 1U);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(FmCheckTest, copiesTheListOrTheSelectedRows)
+{
+    open();
+    run("CdLireSmp");
+    click("CdCopyList");
+    EXPECT_EQ(QApplication::clipboard()->text(), "good.wav\nstereo.wav");
+    list().setCurrentRow(1);
+    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "stereo.wav");
+}
+
+TEST(WaveformView, showsAndPlaysItsFile)
+{
+    const TemporaryFolder folder;
+    writeBytes(folder / "short.wav", wavBytes({.seconds = 0.1}));
+    writeBytes(folder / "long.wav",
+               wavBytes({.seconds = 0}).replace(40, 4, 4, '\xFF')); // as long as the file
+    std::filesystem::resize_file(folder / "long.wav", 600 * 22050 * 2);
+    writeBytes(folder / "text.wav", "no sound");
+    RecordedPlayer player;
+    const auto cache = std::make_shared<WaveformCache>();
+    WaveformView view("PbWave", player, cache);
+    view.resize(200, 64);
+    view.show();
+    const auto isEmpty = [&view] {
+        const QImage picture = view.grab().toImage();
+        const QRgb ground = picture.pixel(0, 0);
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, picture.height() / 2) != ground) {
+                return false;
+            }
+        }
+        return true;
+    };
+    QElapsedTimer clock;
+    clock.start();
+    view.showFile(folder / "long.wav");
+    EXPECT_LT(clock.elapsed(), 100);
+    EXPECT_TRUE(isEmpty());
+    view.showFile(folder / "short.wav"); // the long one is given up
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.isReadable(); }));
+    EXPECT_FALSE(isEmpty());
+    EXPECT_NE(cache->get(folder / "short.wav"), nullptr) << "kept";
+
+    QTest::mouseClick(&view, Qt::LeftButton);
+    EXPECT_EQ(player.played.back(), folder / "short.wav");
+    EXPECT_TRUE(view.isPlaying());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view.isPlaying(); })) << "the line ends with the sound";
+    QTest::keyClick(&view, Qt::Key_Space);
+    QTest::keyClick(&view, Qt::Key_Space);
+    EXPECT_EQ(player.stops, 1);
+
+    view.showFile(folder / "text.wav");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view.facts().empty(); }));
+    EXPECT_FALSE(view.isReadable());
+    view.showFile({});
+    QTest::mouseClick(&view, Qt::LeftButton);
+    EXPECT_EQ(player.played.size(), 2U) << "nothing to play";
+    writeBytes(folder / "short.wav", wavBytes({.seconds = 0.2}));
+    EXPECT_EQ(cache->get(folder / "short.wav"), nullptr) << "read again when it has changed";
 }

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "samples/SampleUsers.h"
+
+#include "base/CodePage.h"
+#include "references/LetterList.h"
+
+#include <algorithm>
+
+namespace tavrel {
+
+std::vector<std::size_t> soundsUsing(const SoundCatalogue& catalogue, std::string_view sample)
+{
+    std::vector<std::size_t> numbers;
+    for (std::size_t k = 0; !sample.empty() && k < catalogue.size(); ++k) {
+        const SoundLine record = ParseSoundLine(catalogue.currentLine(k));
+        if (std::ranges::any_of(record.Samples,
+                                [sample](const std::string& name) { return sameName(name, sample); })) {
+            numbers.push_back(k);
+        }
+    }
+    return numbers;
+}
+
+BilingualText usersText(const SoundCatalogue& catalogue, const ReferenceRegister& references,
+                        std::string_view sample)
+{
+    const std::vector<std::size_t> numbers = soundsUsing(catalogue, sample);
+    if (numbers.empty()) {
+        return {"No sound uses it.", "Aucun son ne l'utilise."};
+    }
+    std::string list;
+    for (const std::size_t number : numbers) {
+        const SoundLine record = ParseSoundLine(catalogue.currentLine(number));
+        std::string letters;
+        for (const std::string& entry : letterEntries(record, references, {})) {
+            letters += (letters.empty() ? "" : ", ") + entry;
+        }
+        std::string name(record.Name.trimmed());
+        name.erase(std::min(name.find(':'), name.size()));
+        list += (list.empty() ? " " : "; ") + std::to_string(number) + " " + utf8FromCodePage(name);
+        if (!letters.empty()) {
+            list += " (" + utf8FromCodePage(letters) + ")";
+        }
+    }
+    return BilingualText("Used by", "Utilisé par") + list;
+}
+
+} // namespace tavrel
