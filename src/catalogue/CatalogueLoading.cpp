@@ -4,6 +4,8 @@
 #include "base/FailureTexts.h"
 #include "catalogue/SoundLine.h"
 
+#include <algorithm>
+#include <span>
 #include <stdexcept>
 
 namespace tavrel {
@@ -18,12 +20,17 @@ struct NumberedLine
 
 // The sound lines of a file: those with ":". Blanks after the letters are noise; a line without letters keeps
 // its own.
-std::vector<NumberedLine> soundLines(const TextFile& file)
+std::vector<NumberedLine> soundLines(const TextFile& file,
+                                     std::span<const LineReadOtherwise> readOtherwise = {})
 {
     std::vector<NumberedLine> result;
     std::size_t lineNumber = 0;
     for (std::string_view line : file.lines()) {
         ++lineNumber;
+        const auto other = std::ranges::find(readOtherwise, lineNumber, &LineReadOtherwise::lineInFile);
+        if (other != readOtherwise.end()) {
+            line = other->text;
+        }
         if (line.find('#') != std::string_view::npos) {
             line = RTrimBlanks(line);
         }
@@ -101,7 +108,7 @@ Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
     if (!soundsFile) {
         return soundsFile.failure();
     }
-    std::vector<NumberedLine> lines = soundLines(*soundsFile);
+    std::vector<NumberedLine> lines = soundLines(*soundsFile, sources.readOtherwise);
     if (Problem problem = firstUnreadableLine(*soundsFile, lines)) {
         return *problem;
     }
@@ -116,6 +123,9 @@ Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
         } else {
             loaded.catalogue.appendUnknown(std::move(lines[k].text), lines[k].lineInFile);
         }
+    }
+    if (!sources.readOtherwise.empty()) {
+        loaded.catalogue.markPending();
     }
     const std::vector<Failure> notices = takeDoubles(loaded.catalogue, *doublesFile);
     loaded.notices.insert(loaded.notices.end(), notices.begin(), notices.end());
