@@ -41,11 +41,14 @@ std::set<std::string_view> installedNames(const SoundCatalogue& catalogue)
     return names;
 }
 
-// Without it, the next sound would stand where the installed catalogue has it.
-bool pushesNextSound(const SoundCatalogue& catalogue, std::size_t sound)
+// Among the lines without which the sounds behind them would stand where the installed catalogue has them.
+bool pushesOthers(const Alignment& alignment, std::size_t sound)
 {
-    return sound + 1 < catalogue.size() && sound < installedCount(catalogue) &&
-           nameOf(catalogue.currentLine(sound + 1)) == nameOf(catalogue.originalLine(sound));
+    return std::ranges::any_of(alignment.runs(),
+                               [place = static_cast<std::ptrdiff_t>(sound)](const ShiftedRun& run) {
+                                   const auto first = static_cast<std::ptrdiff_t>(run.first);
+                                   return first - (run.late - run.before) <= place && place < first;
+                               });
 }
 
 bool isComment(const LineReading& reading, const std::set<std::string_view>& installed, const CheckRun& run)
@@ -60,7 +63,7 @@ bool isComment(const LineReading& reading, const std::set<std::string_view>& ins
         return false;
     }
     return name.empty() || name.find_first_of(separators) != std::string_view::npos ||
-           pushesNextSound(run.catalogue(), reading.sound);
+           pushesOthers(run.alignment(), reading.sound);
 }
 
 std::string withoutColons(std::string_view line)
@@ -77,7 +80,8 @@ std::string_view nameWithoutColon(std::string_view line, const std::set<std::str
     const std::string_view rest = line.substr(name.size());
     const bool looksLikeName = name.size() > 1 && !hasCommentMark(name) &&
                                std::ranges::none_of(name, [](char c) { return c >= 'a' && c <= 'z'; });
-    if (!looksLikeName && !installed.contains(name)) {
+    const bool hasColumns = rest.starts_with('\t') || rest.starts_with("  ");
+    if (!(looksLikeName && hasColumns) && !installed.contains(name)) {
         return {};
     }
     return hasWordOfSound(rest) ? name : std::string_view();

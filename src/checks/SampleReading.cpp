@@ -34,7 +34,8 @@ void readChunks(std::string_view start, SampleReading& sample)
         const std::string_view name = start.substr(position, 4);
         const std::uint32_t size = numberAt(start, position + 4, 4);
         const std::size_t content = position + chunkHeaderSize;
-        if (name == "data" || name.find('\0') != std::string_view::npos) {
+        sample.hasData = name == "data";
+        if (sample.hasData || name.find('\0') != std::string_view::npos) {
             return;
         }
         constexpr std::size_t formatSize = 16;
@@ -105,7 +106,7 @@ SampleReading readSample(const std::filesystem::path& file)
 
 BilingualText faultsOf(const SampleReading& sample)
 {
-    if (!sample.isWave || sample.rate == 0) {
+    if (!sample.isWave || sample.rate == 0 || (!sample.hasData && sample.chunksBeforeData.empty())) {
         return {"no whole WAV header", "pas d'en-tête WAV complet"};
     }
     BilingualText text;

@@ -20,6 +20,7 @@ struct SampleReading
     std::uint32_t rate = 0;
     std::uint32_t bits = 0;
     std::vector<std::string> chunksBeforeData; // other than the format's
+    bool hasData = false;                      // found near the start
     bool hasChunksBehindData = false;
     bool isSilent = false; // no data, or zeros alone
 };
