@@ -228,6 +228,7 @@ ExitStatus runCommandLine(const std::vector<std::string>& given)
     addSampleCommands(menu);
     addGenerationCommands(menu);
     addExchangeCommands(menu);
+    addCheckCommands(menu);
 
     std::optional<ExitStatus> status = read(app, arguments, dialogs, output);
     if (!status) {

@@ -102,6 +102,13 @@ JsonObject& JsonObject::number(std::string_view name, std::uint64_t value)
     return *this;
 }
 
+JsonObject& JsonObject::null(std::string_view name)
+{
+    startMember(name);
+    m_text += "null";
+    return *this;
+}
+
 JsonObject& JsonObject::flag(std::string_view name, bool value)
 {
     startMember(name);

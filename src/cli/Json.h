@@ -21,6 +21,7 @@ public:
     JsonObject& utf8(std::string_view name, std::string_view value);
     JsonObject& number(std::string_view name, std::uint64_t value);
     JsonObject& flag(std::string_view name, bool value);
+    JsonObject& null(std::string_view name);
     void end() { m_text += '}'; }
 
 private:

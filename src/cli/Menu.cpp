@@ -159,6 +159,17 @@ CommandEntry& CommandEntry::optionalText(const std::string& name, const Bilingua
     return *this;
 }
 
+CommandEntry& CommandEntry::repeatedText(const std::string& name, const BilingualText& what,
+                                         std::vector<std::string>& targets, const ArgumentCheck& check)
+{
+    const auto store = [&targets](const std::vector<std::string>& values) { targets = values; };
+    m_app.add_option_function<std::vector<std::string>>(name, store, what.in(m_language))
+        ->type_name("X")
+        ->allow_extra_args(false)
+        ->transform(validator(check, m_language));
+    return *this;
+}
+
 CommandEntry& CommandEntry::optionalLetter(const std::string& name, const BilingualText& what,
                                            std::optional<std::string>& target)
 {

@@ -43,6 +43,9 @@ public:
     // These may be left out.
     CommandEntry& optionalText(const std::string& name, const BilingualText& what,
                                std::optional<std::string>& target, const ArgumentCheck& check = toCodePage);
+    // May be given several times.
+    CommandEntry& repeatedText(const std::string& name, const BilingualText& what,
+                               std::vector<std::string>& targets, const ArgumentCheck& check);
     CommandEntry& optionalLetter(const std::string& name, const BilingualText& what,
                                  std::optional<std::string>& target);
     // Whose record of changed lines is written with sounds.txt.

@@ -79,6 +79,20 @@ std::unique_ptr<Session> openSessionToChange(Console& console, const std::option
     return session;
 }
 
+bool loadAgain(Session& session, std::vector<LineReadOtherwise> readOtherwise, Console& console)
+{
+    Result<LoadedSession> loaded =
+        loadSession({console.programFolder, session.paths.creator, session.settings.protectedLinesEditable,
+                     std::move(readOtherwise)});
+    if (!loaded) {
+        console.dialogs.fail(loaded.failure());
+        return false;
+    }
+    session.references = std::move(loaded->references);
+    session.catalogue = std::move(loaded->catalogue);
+    return true;
+}
+
 bool hasSound(const Session& session, std::size_t number, Console& console)
 {
     if (number < session.catalogue().size()) {

@@ -26,6 +26,10 @@ std::unique_ptr<Session> openSession(Console& console);
 std::unique_ptr<Session> openSessionToChange(Console& console,
                                              const std::optional<std::string>& wadName = std::nullopt);
 
+// Takes the place of what was loaded, with these lines of sounds.txt read otherwise. False, and a message,
+// when a file cannot be used.
+bool loadAgain(Session& session, std::vector<LineReadOtherwise> readOtherwise, Console& console);
+
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);
 
