@@ -81,6 +81,10 @@ inline const BilingualText chooseImportFile("Choose File to Import/Restore",
 inline const BilingualText importLines("Import", "Importer");
 inline const BilingualText restore("Restore", "Restaurer"); // of a backup or of the defaults
 
+inline const BilingualText checkProject("Check the project", "Contrôler le projet");
+inline const BilingualText levels("Levels", "Niveaux");
+inline const BilingualText saveList("Save the list", "Enregistrer la liste");
+
 inline const BilingualText generate("Generate SFX", "Générer SFX");
 inline const BilingualText statistics = BilingualText::same("Statistiques Projet");
 inline const BilingualText restoreDefaults("Restore Original files", "Restaurer les fichiers originaux");
@@ -145,6 +149,9 @@ inline std::span<const BilingualText* const> all()
         &chooseImportFile,
         &importLines,
         &restore,
+        &checkProject,
+        &levels,
+        &saveList,
         &generate,
         &statistics,
         &restoreDefaults,

@@ -12,13 +12,20 @@ namespace tavrel {
 
 namespace {
 
-// A line of sounds.txt for reading.
+// A line of sounds.txt for reading: two blanks between its columns.
 std::string shownLine(std::string_view line)
 {
-    std::string text = utf8FromCodePage(line);
-    std::ranges::replace(text, '\t', ' ');
+    std::string text;
+    for (std::size_t start = line.find_first_not_of('\t'); start != std::string_view::npos;) {
+        const std::size_t end = std::min(line.find('\t', start), line.size());
+        text += text.empty() ? "" : "  ";
+        text += utf8FromCodePage(line.substr(start, end - start));
+        start = line.find_first_not_of('\t', end);
+    }
     return text;
 }
+
+constexpr std::string_view arrow = "\u2192";
 
 } // namespace
 
@@ -96,9 +103,9 @@ std::string previewOf(std::span<const SoundCatalogue::LineChange> changes, const
 {
     std::string text;
     for (const SoundCatalogue::LineChange& change : changes) {
-        text += text.empty() ? "" : "\n";
-        text += std::to_string(change.number) + " - " + shownLine(catalogue.currentLine(change.number)) +
-                "\n" + std::to_string(change.number) + " + " + shownLine(change.text) + "\n";
+        const std::string number = std::to_string(change.number);
+        text += number + "  " + shownLine(catalogue.currentLine(change.number)) + "\n";
+        text += std::string(number.size() - 1, ' ').append(arrow) + "  " + shownLine(change.text) + "\n";
     }
     return text;
 }
@@ -107,7 +114,8 @@ std::string previewOf(std::span<const LineReadOtherwise> lines)
 {
     std::string text;
     for (const LineReadOtherwise& line : lines) {
-        text += std::to_string(line.lineInFile) + " + " + shownLine(line.text) + "\n";
+        text +=
+            std::to_string(line.lineInFile).append(" ").append(arrow) + "  " + shownLine(line.text) + "\n";
     }
     return text;
 }

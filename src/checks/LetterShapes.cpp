@@ -113,16 +113,15 @@ void checks::letterLength(CheckRun& run)
         }
         const std::string before = "#" + utf8FromCodePage(letter);
         const std::string after = "#" + utf8FromCodePage(*other);
-        finding.fix = Fix{
-            {before + " becomes " + after + " on every line",
-             before + " devient " + after + " sur chaque ligne"},
-            [&catalogue = run.catalogue(), sounds = found.second, letter, other = *other](LineDraft& draft) {
-                for (const std::size_t sound : sounds) {
-                    if (!catalogue.isProtected(sound)) {
-                        draft.set(sound, withOtherLetter(draft.line(sound), letter, other));
-                    }
-                }
-            }};
+        std::vector<std::size_t> sounds = found.second;
+        std::erase_if(sounds, [&run](std::size_t sound) { return run.catalogue().isProtected(sound); });
+        finding.fix = Fix{{before + " becomes " + after + " on every line",
+                           before + " devient " + after + " sur chaque ligne"},
+                          [sounds, letter, other = *other](LineDraft& draft) {
+                              for (const std::size_t sound : sounds) {
+                                  draft.set(sound, withOtherLetter(draft.line(sound), letter, other));
+                              }
+                          }};
     }
 }
 
