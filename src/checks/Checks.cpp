@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <unordered_map>
 
 namespace tavrel {
 
@@ -20,13 +21,13 @@ const std::vector<Check>& table()
         {"sample-missing", {"Sample missing", "Sample manquant"}, true, Last, checks::sampleMissing},
         {"sample-format",
          {"Sample in a wrong format", "Sample au mauvais format"},
-         true,
+         false,
          Usual,
          checks::sampleFormat},
-        {"sample-bits", {"8-bit sample", "Sample de 8 bits"}, true, Usual, checks::sampleBits},
+        {"sample-bits", {"8-bit sample", "Sample de 8 bits"}, false, Usual, checks::sampleBits},
         {"sample-chunks",
          {"Sample with something behind its data", "Sample suivi d'autres données"},
-         true,
+         false,
          Usual,
          checks::sampleChunks},
         {"sample-silent", {"Silent sample", "Sample muet"}, false, Usual, checks::sampleSilent},
@@ -149,9 +150,13 @@ const std::vector<Check>& table()
 
 void sortFindings(std::vector<Finding>& findings)
 {
-    const auto key = [](const Finding& finding) {
+    std::unordered_map<std::string_view, std::size_t> order;
+    for (const Check& check : table()) {
+        order.emplace(check.name, order.size());
+    }
+    const auto key = [&order](const Finding& finding) {
         const std::size_t sound = finding.sounds.empty() ? SIZE_MAX : finding.sounds.front();
-        return std::tuple(finding.severity, findCheck(finding.check), sound, std::string_view(finding.file),
+        return std::tuple(finding.severity, order.at(finding.check), sound, std::string_view(finding.file),
                           std::string_view(finding.wadName));
     };
     std::ranges::stable_sort(findings, {}, key);

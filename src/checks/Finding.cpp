@@ -45,7 +45,8 @@ bool concernsWad(const Finding& finding, const SoundCatalogue& catalogue, const 
     if (finding.sounds.empty()) {
         return finding.check != "sample-unused"; // which is no level's
     }
-    return finding.check == "line-shifted" || std::ranges::any_of(finding.sounds, [&](std::size_t sound) {
+    const bool isOfFile = finding.check == "line-shifted" || finding.check == "colon-comment";
+    return isOfFile || std::ranges::any_of(finding.sounds, [&](std::size_t sound) {
                return belongsToLevel(catalogue.currentLine(sound), wad.letter);
            });
 }

@@ -182,6 +182,7 @@ FmChecks::FmChecks(QWidget* parent, ChecksContext context)
     connectControls();
     showCaptions();
     showSelected();
+    m_tree->setFocus();
 }
 
 void FmChecks::layOut()
@@ -196,8 +197,8 @@ void FmChecks::layOut()
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_tree->header()->setSectionsMovable(false);
-    m_tree->setColumnWidth(0, 230);
-    m_tree->setColumnWidth(2, 230);
+    m_tree->setColumnWidth(0, 210);
+    m_tree->setColumnWidth(2, 270);
     m_search->setClearButtonEnabled(true);
     m_search->setMaximumWidth(260);
     m_scope->setMinimumWidth(190);
@@ -235,7 +236,7 @@ void FmChecks::layOut()
     content().addLayout(buttons);
     m_progress->hide();
     m_cancel->hide();
-    resize(980, 620);
+    resize(1060, 640);
 }
 
 void FmChecks::connectControls()
@@ -543,9 +544,8 @@ void FmChecks::showSelected()
         return;
     }
     m_text->setText(in(finding->text));
-    QString preview = isFixable ? in(finding->fix->button)
-                                : in({"There is no fix: only you know what is meant.",
-                                      "Pas de correction : vous seul savez ce qui est voulu."});
+    QString preview =
+        isFixable ? in(finding->fix->button) : in({"No automatic fix.", "Pas de correction automatique."});
     if (isFixable) {
         const std::string changes = whatChanges({finding}, m_context.catalogue());
         preview += "\n" + QString::fromStdString(shortened(changes)).trimmed();

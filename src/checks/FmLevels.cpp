@@ -45,9 +45,15 @@ public:
         const int column = treeWidget()->sortColumn();
         const QVariant left = data(column, sortRole);
         const QVariant right = other.data(column, sortRole);
-        return left.isValid() && right.isValid()
-                   ? left.toDouble() < right.toDouble()
-                   : text(column).compare(other.text(column), Qt::CaseInsensitive) < 0;
+        if (left.isValid() && right.isValid() && left != right) {
+            return left.toDouble() < right.toDouble();
+        }
+        // Names go from A to Z, whichever way equal numbers are sorted.
+        const int nameColumn = left.isValid() ? 0 : column;
+        const bool isReversed =
+            left.isValid() && treeWidget()->header()->sortIndicatorOrder() == Qt::DescendingOrder;
+        const int order = text(nameColumn).compare(other.text(nameColumn), Qt::CaseInsensitive);
+        return isReversed ? order > 0 : order < 0;
     }
 };
 
@@ -64,18 +70,24 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        if (isSelected) { // its ground would cover the bar
+            QStyledItemDelegate::paint(painter, option, index);
+        }
         const double share = index.data(barRole).toDouble();
-        if (share > 0 && !option.state.testFlag(QStyle::State_Selected)) {
+        if (share > 0) {
             QRectF bar = QRectF(option.rect).adjusted(2, 3, -2, -3);
             bar.setWidth(std::max(2.0, bar.width() * share));
             painter->save();
             painter->setRenderHint(QPainter::Antialiasing);
             painter->setPen(Qt::NoPen);
-            painter->setBrush(m_colour);
+            painter->setBrush(isSelected ? QColor(0, 0, 0, 40) : m_colour);
             painter->drawRoundedRect(bar, 2, 2);
             painter->restore();
         }
-        QStyledItemDelegate::paint(painter, option, index);
+        if (!isSelected) {
+            QStyledItemDelegate::paint(painter, option, index);
+        }
     }
 
 private:
@@ -140,7 +152,7 @@ void FmLevels::layOut()
     content().addWidget(m_samplesHeading);
     content().addWidget(m_samples, 4);
     content().addLayout(buttons);
-    resize(980, 600);
+    resize(1120, 600);
 }
 
 void FmLevels::connectControls()
@@ -197,10 +209,21 @@ void FmLevels::showCaptions()
     };
     tavrel::showCaptions(*this, captions, m_context.language);
     setWindowTitle(in(titles::levels));
-    m_list->setHeaderLabels({"WAD", in({"Letter", "Lettre"}), in({"Title", "Titre"}),
-                             in({"Own sounds", "Sons propres"}), in({"With #g", "Avec #g"}), "Samples",
-                             in({"Size", "Taille"}), in({"Missing", "Manquants"}),
-                             in({"Findings", "Constats"}), in({"Sound files of", "Fichiers du"})});
+    m_list->setHeaderLabels({"WAD", in({"Letter", "Lettre"}), in({"Title", "Titre"}), in({"Own", "Propres"}),
+                             "#g", "Samples", in({"Size", "Taille"}), in({"Missing", "Manquants"}),
+                             in({"Findings", "Constats"}), in({"Made", "Générés"})});
+    const std::pair<Column, BilingualText> toolTips[] = {
+        {Own, {"Sounds with the level's letter", "Sons avec la lettre du niveau"}},
+        {Global, {"Sounds of every level", "Sons de chaque niveau"}},
+        {Samples, {"Different samples of all these sounds", "Samples différents de tous ces sons"}},
+        {Bytes, {"Of all these samples on the disk", "De tous ces samples sur le disque"}},
+        {Missing, {"Samples whose file is not there", "Samples dont le fichier n'est pas là"}},
+        {Findings, {"What the check of the project has found", "Ce qu'a trouvé le contrôle du projet"}},
+        {Made, {"When its sound files were made", "Quand ses fichiers de sons ont été générés"}},
+    };
+    for (const auto& [column, text] : toolTips) {
+        m_list->headerItem()->setToolTip(column, in(text));
+    }
     m_samples->setHeaderLabels({"Sample", in({"Size", "Taille"})});
 }
 
@@ -272,11 +295,11 @@ void FmLevels::fill()
     }
     m_list->setCurrentItem(current);
     for (int column = 0; column < ColumnCount; ++column) {
-        constexpr int air = 10;
+        constexpr int air = 6;
         constexpr int widestTitle = 200;
         m_list->resizeColumnToContents(column);
         const int width = m_list->columnWidth(column) + air;
-        m_list->setColumnWidth(column, column == Bytes ? std::max(width, 150) : std::min(width, widestTitle));
+        m_list->setColumnWidth(column, column == Bytes ? std::max(width, 130) : std::min(width, widestTitle));
     }
     m_heading->setText(m_levels.empty()
                            ? in({"No levels yet: add a reference of your WAD first",

@@ -59,7 +59,7 @@ std::vector<LineWord> wordsWithKinds(std::string_view line)
 
 LineReading readLine(std::size_t sound, std::string_view line)
 {
-    LineReading reading{sound, line, ParseSoundLine(line), wordsWithKinds(line), {}, {}, false, {}};
+    LineReading reading{sound, line, ParseSoundLine(line), wordsWithKinds(line), {}, {}, false, {}, {}};
     const std::size_t count = reading.record.sampleCount();
     for (std::size_t i = 0; i < count; ++i) {
         // A letter that stands where the samples begin is none, though the rules read it as one.

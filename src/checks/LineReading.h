@@ -37,6 +37,8 @@ struct LineReading
     bool isComment = false;           // became a sound by its colon alone
     // Words that a check has named: the others leave them alone.
     std::vector<std::string> named;
+    // Names of samples for which the line has too little room, and what stays of them.
+    std::vector<std::string> cut;
 
     bool isNamed(std::string_view word) const;
 };

@@ -18,8 +18,8 @@ void checks::samplesTooLong(CheckRun& run)
         }
         const std::vector<std::string_view> kept =
             wordsBehindName(reading.record.SampleText.trimmed()); // the last one may be a piece
-        reading.named.insert(reading.named.end(), reading.samples.begin(), reading.samples.end());
-        reading.named.insert(reading.named.end(), kept.begin(), kept.end());
+        reading.cut = reading.samples;
+        reading.cut.insert(reading.cut.end(), kept.begin(), kept.end());
         const std::string taken = std::to_string(length - 1);
         const std::string room = std::to_string(width);
         run.addForSound("samples-too-long", Severity::Error, reading,

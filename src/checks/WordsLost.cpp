@@ -63,6 +63,7 @@ void checks::wordsLost(CheckRun& run)
         }
         std::vector<std::string> named = makingsOfLetters(reading);
         named.insert(named.end(), reading.named.begin(), reading.named.end());
+        named.insert(named.end(), reading.cut.begin(), reading.cut.end());
         leaveRest(changes.vanishing, named);
         leaveRest(changes.appearing, named);
         if (!changes.none()) {

@@ -125,7 +125,7 @@ void write(const Finding& finding, const SoundCatalogue& catalogue, bool json, C
     finding.sounds.empty() ? object.null("sound") : object.number("sound", finding.sounds.front());
     finding.file.empty() ? object.null("file") : object.bytes("file", finding.file);
     object.utf8("text", console.dialogs.inLanguage(finding.text))
-        .flag("fixable", finding.fix && findCheck(finding.check)->mendable)
+        .flag("fixable", finding.fix && !std::holds_alternative<RegisterFix>(finding.fix->action))
         .end();
     console.output.endLine();
 }

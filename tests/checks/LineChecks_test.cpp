@@ -29,6 +29,7 @@ const LineCase cases[] = {
     {"sample-missing", "A:>a b1x>>VOL50", "A:>a b1>>VOL50", {}, warning},
     {"sample-missing", "A:>b2x b2>>VOL50>>>>>#g", noFix},
     {"sample-missing", "A:>c>>VOL50>>>>>#g", noFix}, // "a" and "b1" have more than a character in between
+    {"sample-missing", "A:>sample_one sample_two sample_three>>VOL50>", noFix, {}, warning},
     {"sample-missing", "A:>a B1 Lone>>VOL50>>>>>#g", none},
     {"sample-missing", "A:>a b1", none}, // the last one does not count
     {"sample-missing", "A:>>#g #oa >", none},
@@ -80,10 +81,11 @@ const LineCase cases[] = {
     {"words-lost", "A:>a>>VOL50>P>oops>#g", noFix, {}, warning},
     {"words-lost", "A:>a>>VOL50>P>>VOL60", noFix, {}, warning},
     {"words-lost", "A:>a b1", noFix, {}, warning},
-    {"words-lost", "A:>a>>VOL150>P>", none},          // value-digits has told it
-    {"words-lost", "A:>a>>vol50>P>", none},           // value-case
-    {"words-lost", "A:>a>>VOL50>>>>>#oa #zP ", none}, // letter-as-word
-    {"words-lost", "A:>a>>VOL50>R N>", none},         // flags-rn
+    {"words-lost", "A:>a>>VOL150>P>", none},                               // value-digits has told it
+    {"words-lost", "A:>a>>vol50>P>", none},                                // value-case
+    {"words-lost", "A:>a>>VOL50>>>>>#oa #zP ", none},                      // letter-as-word
+    {"words-lost", "A:>a>>VOL50>R N>", none},                              // flags-rn
+    {"words-lost", "A:>sample_one sample_two sample_three>>VOL50>", none}, // samples-too-long
     {"words-lost", "A: a>VOL5>P V>PIT-0>#g#oa", none},
 
     {"letter-twice", "A:>a>>VOL50>>>>>#oa #ob #oa", "A:>a>>VOL50>>>>>#oa #ob", {}, warning},
