@@ -13,6 +13,9 @@
 #include "app/ValuesPanel.h"
 #include "app/WadPanel.h"
 #include "base/Titles.h"
+#include "checks/FmChecks.h"
+#include "checks/FmLevels.h"
+#include "samples/WaveformCache.h"
 #include "ui/Controls.h"
 #include "ui/FoldingPanel.h"
 #include "ui/Text.h"
@@ -44,7 +47,8 @@ QVBoxLayout* makeColumn()
 FmSFX::FmSFX(FmSFXContext context, const StartedSession& started)
     : m_context(std::move(context)), m_settingsDamaged(started.settingsDamaged),
       m_session(m_context.programFolder, started.settings), m_selection(m_session),
-      m_generation(m_context.batches, m_context.dialogs), m_status(new StatusRow(*this))
+      m_generation(m_context.batches, m_context.dialogs), m_status(new StatusRow(*this)),
+      m_waveforms(std::make_shared<WaveformCache>())
 {
     setObjectName("FmSFX");
     m_session.addObserver(*this);
@@ -75,14 +79,25 @@ FmSFX::~FmSFX()
 void FmSFX::makePanels()
 {
     const PanelContext context{m_session, m_selection, m_context.dialogs, m_context.player, *m_status};
-    m_titleButtons = new TitleButtons(context, {[this](Language language) { switchLanguage(language); },
-                                                [this] { showHelp(); }, [this] { openPreferences(); },
-                                                [this] { close(); }});
+    m_titleButtons = new TitleButtons(
+        context,
+        {[this](Language language) { switchLanguage(language); },
+         [this] { showHelp(); },
+         [this] { openPreferences(); },
+         [this] { close(); },
+         {{"AcReview", titles::reviewChanges, QKeySequence(Qt::CTRL | Qt::Key_D),
+           [this] { reviewChanges(); }},
+          {"AcChecks", titles::checkProject, QKeySequence(Qt::Key_F7), [this] { openChecks(); }},
+          {"AcLevels", titles::levels, {}, [this] { openLevels(); }},
+          {"AcCompare", {"Compare with...", "Comparer avec..."}, {}, [this] { compareWith(); }},
+          {"AcVersions", {"Earlier versions...", "Versions précédentes..."}, {}, [this] { openVersions(); }},
+          {"AcRecover", {"Recover...", "Récupérer..."}, {}, [this] { recoverDiscarded(); }}}});
     m_functions = new FunctionPanels(
-        context, {[this] { generate(); }, [this](WadListKind kind) { importList(kind); },
-                  [this] { viewWadLists(); }, [this] { openRegister(); }, [this] { openStatistics(); },
-                  [this] { checkSamplesFolder(); }, [this] { importLines(); }, [this] { exportLines(); },
-                  [this] { editSounds(); }, [this] { m_sounds->showOrHideGlobals(); }});
+        context,
+        {[this] { generate(); }, [this](WadListKind kind) { importList(kind); }, [this] { viewWadLists(); },
+         [this] { openRegister(); }, [this] { openStatistics(); }, [this] { checkSamplesFolder(); },
+         [this] { importLines(); }, [this] { exportLines(); }, [this] { editSounds(); },
+         [this] { m_sounds->showOrHideGlobals(); }, [this] { showChanges(); }});
     m_sounds = new SoundListPanel(context);
     m_values = new ValuesPanel(context);
     m_samples = new SamplesPanel(context, [this] { return chooseSample(); });
@@ -183,6 +198,12 @@ void FmSFX::showLanguage()
     for (MainPanel* const panel : m_panels) {
         panel->showLanguage(language);
     }
+    if (m_checks) {
+        m_checks->setLanguage(language);
+    }
+    if (m_levels) {
+        m_levels->setLanguage(language);
+    }
     showTitle();
 }
 
@@ -203,6 +224,23 @@ void FmSFX::paintColours(const ColourPair& pair)
 {
     for (MainPanel* const panel : m_panels) {
         panel->paintWith(pair);
+    }
+}
+
+void FmSFX::wadChanged()
+{
+    showTitle();
+    refreshTools();
+}
+
+// The windows that stay open beside this one.
+void FmSFX::refreshTools()
+{
+    if (m_checks) {
+        m_checks->refresh();
+    }
+    if (m_levels) {
+        m_levels->refresh();
     }
 }
 
@@ -237,6 +275,7 @@ void FmSFX::reloaded()
     m_status->showFolder(fromCodePage(settings().LevelEditorFolder));
     historyChanged();
     showTitle();
+    refreshTools();
 }
 
 void FmSFX::historyChanged()

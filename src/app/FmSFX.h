@@ -12,7 +12,9 @@
 #include "session/Session.h"
 #include "session/StartUp.h"
 #include "ui/TitledWindow.h"
+#include "versions/VersionsContext.h"
 
+#include <QPointer>
 #include <QTimer>
 
 #include <array>
@@ -28,6 +30,9 @@ class QKeySequence;
 namespace tavrel {
 
 struct ExchangeContext;
+class FmChecks;
+class FmLevels;
+class WaveformCache;
 class FoldingPanel;
 class FunctionPanels;
 class LineLettersPanel;
@@ -72,6 +77,9 @@ public:
     const SoundCatalogue& catalogue() const { return m_session.catalogue(); }
     const ProgramSettings& settings() const { return m_session.settings(); }
 
+    // What an earlier window had not applied, once it has loaded; and whether another has the same file open.
+    void offerRecovery();
+
     // Lets the user choose what to put back as it was installed, over the window that offers it.
     void openRestore(QWidget* parent);
     // When that window has closed: a restored sounds.txt is not the one that was loaded.
@@ -95,7 +103,10 @@ protected:
 private:
     // SessionObserver
     void reloaded() override;
-    void wadChanged() override { showTitle(); }
+    void linesChanged(const std::vector<std::size_t>& /*numbers*/) override { refreshTools(); }
+    void linesMoved() override { refreshTools(); }
+    void registerChanged() override { refreshTools(); }
+    void wadChanged() override;
     void historyChanged() override;
 
     void makePanels();
@@ -106,6 +117,7 @@ private:
     void showTitle();
     void showPanels();
     void say(const BilingualText& text);
+    void refreshTools();
 
     // Files (FmSFXFiles.cpp)
     bool loadSession(const std::optional<LevelEditorChoice>& editor);
@@ -120,11 +132,13 @@ private:
     void saveSettings(const BilingualText& title);
 
     // Other windows (FmSFXWindows.cpp)
-    void openRegister();
+    // With a letter for a new reference.
+    void openRegister(const std::string& letter = {});
     void chooseObject();
     std::optional<std::string> chooseSample();
     void checkSamplesFolder();
-    SamplesContext samplesContext() const;
+    SamplesContext samplesContext();
+    void goTo(std::size_t sound);
     void importList(WadListKind kind);
     void showUnknownSamples(const std::vector<std::string>& names);
     void viewWadLists();
@@ -138,6 +152,20 @@ private:
     void openColours(QWidget& parent);
     void paintColours(const ColourPair& pair);
     void openDoubles(QWidget& parent);
+    VersionsContext versionsContext();
+    bool changeLines(std::vector<SoundCatalogue::LineChange> changes, const BilingualText& label);
+    void reviewChanges();
+    void showChanges();
+    void compareWith();
+    void openVersions();
+    void openChecks();
+    void openLevels();
+    bool readOtherwise(std::vector<LineReadOtherwise> lines);
+
+    // Recovery (FmSFXRecovery.cpp)
+    void recoverDiscarded();
+    void bringBack(const FoundRecovery& found);
+    void discard(const FoundRecovery& found, bool isOfFile);
 
     // Generation (FmSFXGenerate.cpp)
     void generate();
@@ -164,6 +192,9 @@ private:
     WadPanel* m_wads = nullptr;
     LineTextPanel* m_texts = nullptr;
     std::vector<MainPanel*> m_panels;
+    QPointer<FmChecks> m_checks; // while they are open
+    QPointer<FmLevels> m_levels;
+    std::shared_ptr<WaveformCache> m_waveforms;
     std::array<FoldingPanel*, panelCount> m_folding{};
 };
 

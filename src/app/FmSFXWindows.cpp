@@ -4,14 +4,18 @@
 #include "app/FmSFX.h"
 #include "app/FunctionPanels.h"
 #include "app/StatusProgress.h"
+#include "app/StatusRow.h"
 #include "app/TitleButtons.h"
 #include "app/WadPanel.h"
 #include "backup/FmExport.h"
 #include "backup/FmImport.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/ProcessLock.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
+#include "checks/FmChecks.h"
+#include "checks/FmLevels.h"
 #include "generation/FmStats.h"
 #include "references/FmObject.h"
 #include "references/FmRefW.h"
@@ -22,7 +26,12 @@
 #include "samples/FmDoub.h"
 #include "samples/FmSamp.h"
 #include "samples/FmSplInc.h"
+#include "session/FmReview.h"
+#include "session/SessionChecks.h"
 #include "ui/FmColors.h"
+#include "versions/FmCompare.h"
+#include "versions/FmVersions.h"
+#include "versions/VersionCommands.h"
 
 namespace tavrel {
 
@@ -52,7 +61,7 @@ private:
 
 // References and objects
 
-void FmSFX::openRegister()
+void FmSFX::openRegister(const std::string& letter)
 {
     if (!m_selection.mayLeave(m_context.dialogs)) {
         return;
@@ -62,7 +71,8 @@ void FmSFX::openRegister()
                   settings().colours,
                   {m_session.catalogue(), m_session.references(), m_session.wad(), m_session.places().wads,
                    m_context.dialogs},
-                  [this] { m_selection.selectFirst(); }})
+                  [this] { m_selection.selectFirst(); },
+                  letter})
         .exec();
     if (const Problem problem = m_session.writeRegister()) {
         m_context.dialogs.show({MessageIcon::Exclamation, titles::reference, problem->text});
@@ -79,10 +89,11 @@ void FmSFX::chooseObject()
 
 // Samples
 
-SamplesContext FmSFX::samplesContext() const
+SamplesContext FmSFX::samplesContext()
 {
-    return {settings().language, settings().colours, m_session.places().samples, m_context.dialogs,
-            m_context.player};
+    return {settings().language, settings().colours,      m_session.places().samples,
+            m_context.dialogs,   m_context.player,        m_waveforms,
+            &catalogue(),        &m_session.references(), [this](std::size_t sound) { goTo(sound); }};
 }
 
 std::optional<std::string> FmSFX::chooseSample()
@@ -156,6 +167,149 @@ void FmSFX::importLines()
     if (window.importDone()) {
         say({"The lines are imported", "Les lignes sont importées"});
     }
+}
+
+// Compare, versions, review
+
+bool FmSFX::changeLines(std::vector<SoundCatalogue::LineChange> changes, const BilingualText& label)
+{
+    const Problem problem = [&] {
+        const Step step(m_session.catalogue(), label);
+        return m_session.catalogue().setCurrentLines(std::move(changes));
+    }();
+    if (problem) {
+        m_context.dialogs.show({MessageIcon::Exclamation, titles::lines, problem->text});
+    }
+    return !problem;
+}
+
+void FmSFX::goTo(std::size_t sound)
+{
+    if (m_selection.mayLeave(m_context.dialogs)) {
+        m_selection.reveal(sound);
+    }
+}
+
+VersionsContext FmSFX::versionsContext()
+{
+    const Places& places = m_session.places();
+    const KeptPlaces kept{catalogue().file().path, places.samples, places.wads};
+    const auto bringSet = [this, kept](const KeptVersion& set) {
+        ChangeLocks locks({m_context.programFolder, kept.soundsFile, kept.samplesFolder},
+                          std::chrono::seconds(2));
+        if (const Problem problem = locks.take()) {
+            m_context.dialogs.show({MessageIcon::Exclamation, titles::versions, problem->text});
+            return false;
+        }
+        m_context.player.stop();
+        StatusProgress progress(*this, *m_status, settings().language);
+        return bringSetBack(set, kept, progress, m_context.dialogs);
+    };
+    return {settings().language,
+            settings().colours,
+            catalogue(),
+            m_context.dialogs,
+            kept,
+            [this](std::vector<SoundCatalogue::LineChange> changes, const BilingualText& label) {
+                return changeLines(std::move(changes), label);
+            },
+            [this](std::size_t sound) { goTo(sound); },
+            bringSet};
+}
+
+void FmSFX::compareWith()
+{
+    if (m_session.isLoaded() && m_selection.mayLeave(m_context.dialogs)) {
+        FmCompare(this, versionsContext()).exec();
+    }
+}
+
+void FmSFX::openVersions()
+{
+    if (m_session.isLoaded() && m_selection.mayLeave(m_context.dialogs)) {
+        FmVersions(this, versionsContext()).exec();
+    }
+}
+
+void FmSFX::reviewChanges()
+{
+    if (m_session.isLoaded() && m_selection.mayLeave(m_context.dialogs)) {
+        FmReview(this, m_session, m_context.dialogs,
+                 {[this] { return m_functions->apply(); }, [this](std::size_t sound) { goTo(sound); }})
+            .exec();
+    }
+}
+
+// From the question before an apply, which comes back then.
+void FmSFX::showChanges()
+{
+    FmReview(this, m_session, m_context.dialogs, {{}, [this](std::size_t sound) { goTo(sound); }}).exec();
+}
+
+// Checks and levels stay open
+
+void FmSFX::openChecks()
+{
+    if (!m_session.isLoaded()) {
+        return;
+    }
+    if (!m_checks) {
+        m_checks = new FmChecks(
+            this, {settings().language, settings().colours, m_context.dialogs,
+                   [this](Progress& progress) { return checkSession(m_session, m_session.wad(), progress); },
+                   [this]() -> const SoundCatalogue& { return catalogue(); },
+                   [this] { return m_session.wad(); }, [this](std::size_t sound) { goTo(sound); },
+                   [this](std::vector<SoundCatalogue::LineChange> changes, const BilingualText& label) {
+                       return m_selection.mayLeave(m_context.dialogs) &&
+                              changeLines(std::move(changes), label);
+                   },
+                   [this](std::vector<LineReadOtherwise> lines) { return readOtherwise(std::move(lines)); },
+                   [this](const std::string& letter) { openRegister(letter); }});
+        m_checks->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_checks->show();
+    m_checks->raise();
+    m_checks->activateWindow();
+}
+
+// The lines get other numbers, so the history starts anew.
+bool FmSFX::readOtherwise(std::vector<LineReadOtherwise> lines)
+{
+    if (!m_selection.mayLeave(m_context.dialogs)) {
+        return false;
+    }
+    const Question question{
+        titles::checkProject,
+        {"Modifications not applied. They are lost when [sounds.txt] is loaded again.\nLoad it anyway",
+         "Des modifications n'ont pas été appliquées. Elles seront perdues si [sounds.txt] est rechargé.\nLe "
+         "recharger quand même"},
+        Buttons::YesNo,
+        true};
+    if (m_session.pending() && m_context.dialogs.ask(question) != Answer::Yes) {
+        return false;
+    }
+    const Result<std::vector<Failure>> loaded = m_session.load(std::move(lines));
+    if (!loaded) {
+        m_context.dialogs.show({MessageIcon::Critical, titles::soundsFile, loaded.failure().text});
+    }
+    return static_cast<bool>(loaded);
+}
+
+void FmSFX::openLevels()
+{
+    if (!m_session.isLoaded()) {
+        return;
+    }
+    if (!m_levels) {
+        m_levels = new FmLevels(this, {settings().language, settings().colours, m_context.dialogs,
+                                       [this] { return surveySession(m_session); },
+                                       [this] { return m_session.wad(); },
+                                       [this](const CurrentWad& wad) { m_session.chooseWad(wad.wadName); }});
+        m_levels->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_levels->show();
+    m_levels->raise();
+    m_levels->activateWindow();
 }
 
 // Statistics

@@ -34,7 +34,8 @@ Caption both(const char* control, const BilingualText& text)
 } // namespace
 
 FunctionPanels::FunctionPanels(const PanelContext& context, const FunctionDoors& doors)
-    : MainPanel(context), m_generate(makeRowButton("CdCopy", Glyph::Generate)),
+    : MainPanel(context), m_showChanges(doors.showChanges),
+      m_generate(makeRowButton("CdCopy", Glyph::Generate)),
       m_importSamples(makeRowButton("CdLoadSAM", Glyph::ImportSam)),
       m_importObjects(makeRowButton("CdLoadWAS", Glyph::ImportWas)),
       m_viewWad(makeRowButton("CdViewWAD", Glyph::ViewWad)),
@@ -221,14 +222,29 @@ void FunctionPanels::backToFile()
     }
 }
 
-void FunctionPanels::apply()
+// The changes can be looked at before the answer.
+bool FunctionPanels::confirmApply(const Question& asked)
+{
+    Question question = asked;
+    question.otherChoice = {"Show changes", "Voir les modifications"};
+    Answer answer = dialogs().ask(question);
+    while (answer == Answer::Other) {
+        m_showChanges();
+        answer = dialogs().ask(question);
+    }
+    return answer == Answer::Yes;
+}
+
+bool FunctionPanels::apply()
 {
     if (!m_apply->isEnabled() || !selection().mayLeave(dialogs())) {
-        return;
+        return false;
     }
-    const bool applied = session().apply(dialogs());
+    const bool applied = session().apply(dialogs(), std::nullopt,
+                                         [this](const Question& question) { return confirmApply(question); });
     selection().dropValues();
     say(applied ? BilingualText("[sounds.txt] is written", "[sounds.txt] est écrit") : BilingualText());
+    return applied;
 }
 
 void FunctionPanels::copyLine()

@@ -29,6 +29,8 @@ struct FunctionDoors
     std::function<void()> exportLines;
     std::function<void()> editSounds;
     std::function<void()> showOrHideGlobals;
+    // What an apply would write, to be read before its question is answered.
+    std::function<void()> showChanges;
 };
 
 // The column of buttons: four panels with the commands on the WAD, the program, the selected line and the
@@ -46,7 +48,7 @@ public:
     // The imports depend on an option.
     void followOptions() { enableImports(); }
 
-    void apply();
+    bool apply();
     void accept();
 
 private:
@@ -65,6 +67,9 @@ private:
     void backToFile();
     void copyLine();
 
+    bool confirmApply(const Question& asked);
+
+    std::function<void()> m_showChanges;
     std::array<FoldingPanel*, 4> m_panels{};
     QPushButton* m_generate;
     QPushButton* m_importSamples;

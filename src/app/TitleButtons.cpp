@@ -34,9 +34,9 @@ QToolButton* makeStepButton(const char* name, Glyph glyph)
 TitleButtons::TitleButtons(const PanelContext& context, const TitleDoors& doors)
     : MainPanel(context), m_steps(context.session, context.selection),
       m_undo(makeStepButton("CdUndo", Glyph::Undo)), m_redo(makeStepButton("CdRedo", Glyph::Redo)),
-      m_english(named(new QRadioButton, "OpLangE")), m_french(named(new QRadioButton, "OpLangF")),
-      m_help(makeButton("CdHlp", Glyph::Help)), m_preferences(makeButton("CdParam", Glyph::Parameters)),
-      m_quit(makeButton("CdQuit", Glyph::Quit))
+      m_toolsButton(named(new QToolButton, "CdTools")), m_english(named(new QRadioButton, "OpLangE")),
+      m_french(named(new QRadioButton, "OpLangF")), m_help(makeButton("CdHlp", Glyph::Help)),
+      m_preferences(makeButton("CdParam", Glyph::Parameters)), m_quit(makeButton("CdQuit", Glyph::Quit))
 {
     layOut();
     connectControls(doors);
@@ -50,6 +50,7 @@ void TitleButtons::layOut()
     row->setSpacing(controlGap);
     row->addWidget(m_undo);
     row->addWidget(m_redo);
+    row->addWidget(m_toolsButton);
     row->addSpacing(controlGap);
     auto* const languages = new QButtonGroup(this);
     for (QRadioButton* const option : {m_english, m_french}) {
@@ -64,6 +65,17 @@ void TitleButtons::layOut()
 
 void TitleButtons::connectControls(const TitleDoors& doors)
 {
+    auto* const menu = new QMenu(m_toolsButton);
+    for (const TitleDoors::Tool& tool : doors.tools) {
+        QAction* const action = menu->addAction(QString());
+        action->setObjectName(tool.name);
+        action->setShortcut(tool.keys);
+        connect(action, &QAction::triggered, this, tool.open);
+        m_tools.emplace_back(action, tool.caption);
+    }
+    addActions(menu->actions()); // for their keys
+    m_toolsButton->setMenu(menu);
+    m_toolsButton->setPopupMode(QToolButton::InstantPopup);
     connect(m_undo, &QToolButton::clicked, this, &TitleButtons::undo);
     connect(m_redo, &QToolButton::clicked, this, &TitleButtons::redo);
     connect(m_undo->menu(), &QMenu::aboutToShow, this, [this] { fillMenu(*m_undo, true); });
@@ -89,6 +101,13 @@ void TitleButtons::showLanguage(Language language)
         both("CdQuit", {"Quit Tavrel", "Quitter Tavrel"}),
     };
     showCaptions(*this, captions, language);
+    m_toolsButton->setText(inLanguage({"Tools", "Outils"}, language));
+    m_toolsButton->setToolTip(inLanguage({"Review, check, compare, earlier versions, recovery",
+                                          "Revoir, contrôler, comparer, versions précédentes, récupération"},
+                                         language));
+    for (const auto& [action, caption] : m_tools) {
+        action->setText(inLanguage(caption, language));
+    }
     const QSignalBlocker blocker(m_french);
     (language == Language::French ? m_french : m_english)->setChecked(true);
     showSteps();

@@ -4,10 +4,14 @@
 #include "app/MainPanel.h"
 #include "session/UndoCommands.h"
 
+#include <QKeySequence>
 #include <QWidget>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
+class QAction;
 class QPushButton;
 class QRadioButton;
 class QToolButton;
@@ -20,6 +24,15 @@ struct TitleDoors
     std::function<void()> openHelp;
     std::function<void()> openPreferences;
     std::function<void()> quit;
+    // The commands of the menu "Tools", in its order.
+    struct Tool
+    {
+        const char* name;
+        BilingualText caption;
+        QKeySequence keys;
+        std::function<void()> open;
+    };
+    std::vector<Tool> tools;
 };
 
 // Beside the title image: undo and redo with what they would do, the language, and the doors that every part
@@ -53,6 +66,8 @@ private:
     UndoCommands m_steps;
     QToolButton* m_undo;
     QToolButton* m_redo;
+    QToolButton* m_toolsButton;
+    std::vector<std::pair<QAction*, BilingualText>> m_tools;
     QRadioButton* m_english;
     QRadioButton* m_french;
     QPushButton* m_help;

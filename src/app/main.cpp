@@ -98,5 +98,6 @@ int main(int argc, char* argv[])
         dialogs.show(*warning);
     }
     window.load();
+    window.offerRecovery();
     return QApplication::exec();
 }

@@ -17,6 +17,7 @@ inline const BilingualText program = BilingualText::same("Tavrel");
 inline const BilingualText programAborted("Program aborted", "Programme annulé");
 inline const BilingualText quit("Quit", "Quitter");
 inline const BilingualText recovery("Recovery", "Récupération");
+inline const BilingualText reviewChanges("Review changes", "Revoir les modifications");
 inline const BilingualText help("Help", "Aide");
 inline const BilingualText preferences("Preferences", "Préférences");
 inline const BilingualText colours("Colors", "Couleurs");
@@ -84,6 +85,10 @@ inline const BilingualText chooseImportFile("Choose File to Import/Restore",
 inline const BilingualText importLines("Import", "Importer");
 inline const BilingualText restore("Restore", "Restaurer"); // of a backup or of the defaults
 
+inline const BilingualText checkProject("Check the project", "Contrôler le projet");
+inline const BilingualText levels("Levels", "Niveaux");
+inline const BilingualText saveList("Save the list", "Enregistrer la liste");
+
 inline const BilingualText generate("Generate SFX", "Générer SFX");
 inline const BilingualText statistics = BilingualText::same("Statistiques Projet");
 inline const BilingualText restoreDefaults("Restore Original files", "Restaurer les fichiers originaux");
@@ -102,6 +107,7 @@ inline std::span<const BilingualText* const> all()
         &programAborted,
         &quit,
         &recovery,
+        &reviewChanges,
         &help,
         &preferences,
         &colours,
@@ -155,6 +161,9 @@ inline std::span<const BilingualText* const> all()
         &chooseImportFile,
         &importLines,
         &restore,
+        &checkProject,
+        &levels,
+        &saveList,
         &generate,
         &statistics,
         &restoreDefaults,

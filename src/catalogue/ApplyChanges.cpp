@@ -9,6 +9,7 @@
 #include "base/Titles.h"
 #include "catalogue/FileText.h"
 #include "catalogue/SoundLine.h"
+#include "catalogue/SoundsVersions.h"
 
 #include <algorithm>
 
@@ -217,32 +218,66 @@ private:
         if (!onDisk.content) {
             return std::nullopt;
         }
+        if (keepsVersion()) {
+            return m_file.parent_path() / nativePath(versionsFolderName);
+        }
         const Result<bool> backupExists = holdsFirstBackup(m_file.parent_path());
         return backupExists && !*backupExists ? m_file.parent_path() / nativePath(firstBackupName)
                                               : nextCopyBeside(m_file);
     }
 
-    // The first apply keeps the file as it was before this program; later ones keep what would be lost.
-    Result<std::optional<fs::path>> keepBackup(const FileOnDisk& onDisk) const
+    bool keepsVersion() const { return m_target.keepVersion && !m_withoutVersion; }
+
+    // The first apply keeps the file as it was before this program; later ones keep what would be lost, or
+    // every file that they replace.
+    Problem keepBackup(const FileOnDisk& onDisk)
     {
+        m_kept.clear();
         if (!onDisk.content) {
-            return std::optional<fs::path>();
+            return std::nullopt;
         }
+        const std::string& bytes = onDisk.content->bytes;
         const Result<bool> backupExists = holdsFirstBackup(m_file.parent_path());
         if (!backupExists) {
             return backupExists.failure();
         }
         if (!*backupExists) {
             const fs::path backup = m_file.parent_path() / nativePath(firstBackupName);
-            const Problem problem = createFileSafely(backup, onDisk.content->bytes, m_file);
-            return problem ? Result<std::optional<fs::path>>(*problem) : std::optional(backup);
+            if (Problem problem = createFileSafely(backup, bytes, m_file)) {
+                return problem;
+            }
+            m_kept.push_back(backup);
+        }
+        if (keepsVersion()) {
+            return take(tavrel::keepVersion(m_file, bytes, m_target.wadName));
         }
         const bool dropsLines = onDisk.linesWithoutSound > 0 && !m_target.keepComments;
-        if (!dropsLines && onDisk.stamp() == m_catalogue.file().stamp) {
-            return std::optional<fs::path>();
+        const bool isChanged = onDisk.stamp() != m_catalogue.file().stamp;
+        return m_kept.empty() && (dropsLines || isChanged) ? take(keepCopyBeside(m_file, bytes)) : Problem();
+    }
+
+    Problem take(const Result<fs::path>& kept)
+    {
+        if (!kept) {
+            return kept.failure();
         }
-        const Result<fs::path> copy = keepCopyBeside(m_file, onDisk.content->bytes);
-        return copy ? Result<std::optional<fs::path>>(*copy) : copy.failure();
+        m_kept.push_back(*kept);
+        return std::nullopt;
+    }
+
+    // Without the locks: it may take a while.
+    Outcome askWithoutVersion(const Failure& failure)
+    {
+        m_locks.release();
+        const Question question{titles::modification,
+                                failure.text + BilingualText("\nApply without keeping the old file?",
+                                                             "\nAppliquer sans conserver l'ancien fichier ?"),
+                                Buttons::YesNo, true};
+        if (m_dialogs.ask(question) != Answer::Yes) {
+            return Outcome::Refused;
+        }
+        m_withoutVersion = true;
+        return Outcome::Changed;
     }
 
     Outcome write()
@@ -261,8 +296,11 @@ private:
         if (onDisk->stamp() != m_agreed) {
             return Outcome::Changed;
         }
-        const Result<std::optional<fs::path>> kept = keepBackup(*onDisk);
-        return kept ? replace(*onDisk, *kept) : report(kept.failure());
+        if (const Problem problem = keepBackup(*onDisk)) {
+            removeKept({});
+            return keepsVersion() ? askWithoutVersion(*problem) : report(*problem);
+        }
+        return replace(*onDisk);
     }
 
     FileText textToWrite(const FileOnDisk& onDisk) const
@@ -274,7 +312,7 @@ private:
                                   onDisk.stamp() == m_catalogue.file().stamp);
     }
 
-    Outcome replace(const FileOnDisk& onDisk, const std::optional<fs::path>& kept)
+    Outcome replace(const FileOnDisk& onDisk)
     {
         const FileText file = textToWrite(onDisk);
         const std::string& text = file.bytes;
@@ -283,16 +321,16 @@ private:
             return onDisk && onDisk->stamp() == m_agreed;
         });
         if (!written || !*written) {
-            removeCopy(kept, text);
+            removeKept(text);
             return written ? Outcome::Changed : report(written.failure());
         }
         m_catalogue.markApplied(stampOf(text), file.linesInFile);
-        if (m_namedCopy && kept && *kept != *m_namedCopy) {
+        if (m_namedCopy && !m_kept.empty() && m_kept.back() != *m_namedCopy) {
             m_dialogs.show(
                 {MessageIcon::Information, titles::modification,
                  BilingualText("The file with the changes of the other program is kept as\n",
                                "Le fichier modifié par l'autre programme est conservé sous le nom\n") +
-                     displayPath(*kept)});
+                     displayPath(m_kept.back())});
         }
         if (const Problem problem = writeChangedLines(m_target, changedLinesText(m_catalogue))) {
             report(
@@ -305,13 +343,16 @@ private:
 
     // Only while it keeps nothing that is not in the file itself: a network disk may report a failure and
     // have replaced the file all the same.
-    void removeCopy(const std::optional<fs::path>& copy, const std::string& newText) const
+    void removeKept(const std::string& newText)
     {
         const Result<FileContent> present = readFile(m_file);
-        if (copy && present && present->bytes != newText) {
-            std::error_code ignored;
-            fs::remove(*copy, ignored);
+        if (present && present->bytes != newText) {
+            for (const fs::path& copy : m_kept) {
+                std::error_code ignored;
+                fs::remove(copy, ignored);
+            }
         }
+        m_kept.clear();
     }
 
     SoundCatalogue& m_catalogue;
@@ -320,8 +361,10 @@ private:
     fs::path m_file;
     ChangeLocks m_ownLocks;
     ChangeLocks& m_locks;
+    std::vector<fs::path> m_kept;        // of the file that is replaced
     std::optional<fs::path> m_namedCopy; // in the last question
-    std::optional<FileStamp> m_agreed;   // nothing: that there is no such file
+    bool m_withoutVersion = false;
+    std::optional<FileStamp> m_agreed; // nothing: that there is no such file
 };
 
 } // namespace

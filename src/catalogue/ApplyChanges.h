@@ -18,14 +18,16 @@ struct ApplyTarget
 {
     std::filesystem::path programFolder;
     std::string wadName; // for the record of changed lines; none is kept when this is no plain file name
-    // Lines that are no sounds are written back where they stood, and the others byte for byte where nobody
-    // changed them.
-    bool keepComments = false;
     // Of a caller that has them since it read the files. Without, the apply takes its own once its questions
     // are answered. A question that comes up later gives them back while it waits.
     ChangeLocks* locks = nullptr;
     // Puts the question before the write in another way, with more than Yes and No. True for Yes.
     std::function<bool(const Question&)> confirm = {};
+    // Lines that are no sounds are written back where they stood, and the others byte for byte where nobody
+    // changed them.
+    bool keepComments = false;
+    // Whatever is replaced is kept among the versions of sounds.txt.
+    bool keepVersion = false;
 };
 
 // "Apply changes to sounds.txt": asks, then writes every current line to the file that was loaded. Keeps

@@ -4,6 +4,8 @@
 #include "base/FailureTexts.h"
 #include "catalogue/SoundLine.h"
 
+#include <algorithm>
+#include <span>
 #include <stdexcept>
 
 namespace tavrel {
@@ -18,12 +20,17 @@ struct NumberedLine
 
 // The sound lines of a file: those with ":". Blanks after the letters are noise; a line without letters keeps
 // its own.
-std::vector<NumberedLine> soundLines(const TextFile& file)
+std::vector<NumberedLine> soundLines(const TextFile& file,
+                                     std::span<const LineReadOtherwise> readOtherwise = {})
 {
     std::vector<NumberedLine> result;
     std::size_t lineNumber = 0;
     for (std::string_view line : file.lines()) {
         ++lineNumber;
+        const auto other = std::ranges::find(readOtherwise, lineNumber, &LineReadOtherwise::lineInFile);
+        if (other != readOtherwise.end()) {
+            line = other->text;
+        }
         if (line.find('#') != std::string_view::npos) {
             line = RTrimBlanks(line);
         }
@@ -94,16 +101,17 @@ Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources)
     }
     return parseCatalogue({std::move(*sounds), std::move(*originals), std::move(*doubles),
                            readTextFile(sources.programFolder, objectsFileName)},
-                          sources.protectedLinesEditable);
+                          sources.protectedLinesEditable, sources.readOtherwise);
 }
 
-Result<LoadedCatalogue> parseCatalogue(const CatalogueTexts& texts, bool protectedLinesEditable)
+Result<LoadedCatalogue> parseCatalogue(const CatalogueTexts& texts, bool protectedLinesEditable,
+                                       std::span<const LineReadOtherwise> readOtherwise)
 {
     std::vector<NumberedLine> originals = soundLines(texts.originals);
     if (Problem problem = firstUnreadableLine(texts.originals, originals)) {
         return *problem;
     }
-    std::vector<NumberedLine> lines = soundLines(texts.sounds);
+    std::vector<NumberedLine> lines = soundLines(texts.sounds, readOtherwise);
     if (Problem problem = firstUnreadableLine(texts.sounds, lines)) {
         return *problem;
     }

@@ -5,7 +5,10 @@
 #include "base/TextFile.h"
 #include "catalogue/SoundCatalogue.h"
 
+#include <cstddef>
 #include <filesystem>
+#include <span>
+#include <string>
 #include <vector>
 
 namespace tavrel {
@@ -15,11 +18,21 @@ constexpr std::string_view originalLinesFileName = "Tavrel.tos";
 constexpr std::string_view doublesFileName = "Tavrel.tod";
 constexpr std::string_view objectsFileName = "Tavrel.too";
 
+// A line of sounds.txt that is taken to hold another text than it does, until the changes are applied: a
+// comment without its colon is no sound, a sound with the colon that it had lost is one.
+struct LineReadOtherwise
+{
+    std::size_t lineInFile; // 1-based
+    std::string text;
+};
+
 struct CatalogueSources
 {
     std::filesystem::path programFolder; // holds the working files
     std::filesystem::path creatorFolder; // sound\LevelSFX Creator, holds sounds.txt
     bool protectedLinesEditable = false;
+    // The catalogue then differs from the file, and its changes are pending.
+    std::vector<LineReadOtherwise> readOtherwise = {};
 };
 
 struct LoadedCatalogue
@@ -40,7 +53,8 @@ struct CatalogueTexts
     TextFile doubles;
     Result<TextFile> objects;
 };
-Result<LoadedCatalogue> parseCatalogue(const CatalogueTexts& texts, bool protectedLinesEditable);
+Result<LoadedCatalogue> parseCatalogue(const CatalogueTexts& texts, bool protectedLinesEditable,
+                                       std::span<const LineReadOtherwise> readOtherwise = {});
 
 // Reads only which sounds take part in an import; the lines stay. Gives the notices.
 Result<std::vector<Failure>> reloadDoubles(SoundCatalogue& catalogue,

@@ -13,8 +13,43 @@ namespace tavrel {
 
 namespace {
 
-// VOL8 and VOL08 are the same value, PIT-0 and PIT00 too.
-std::string normalised(std::string_view word)
+// Sorted. The name up to ":" is one word.
+std::vector<std::string> wordsOf(std::string_view line)
+{
+    std::vector<std::string> words;
+    if (const std::size_t afterName = line.find(':') + 1; afterName > 0) {
+        words.emplace_back(line.substr(0, afterName));
+    }
+    for (const std::string_view word : wordsBehindName(line)) {
+        words.push_back(comparableWord(word));
+    }
+    std::ranges::sort(words);
+    return words;
+}
+
+std::vector<std::string> missingFrom(const std::vector<std::string>& words,
+                                     const std::vector<std::string>& present)
+{
+    std::vector<std::string> missing;
+    std::ranges::set_difference(words, present, std::back_inserter(missing));
+    return missing;
+}
+
+} // namespace
+
+std::vector<std::string_view> wordsBehindName(std::string_view line)
+{
+    std::vector<std::string_view> words;
+    std::size_t start = line.find_first_not_of(" \t", line.find(':') + 1);
+    while (start != std::string_view::npos) {
+        const std::size_t end = std::min(line.find_first_of(" \t#", start + 1), line.size());
+        words.push_back(line.substr(start, end - start));
+        start = line.find_first_not_of(" \t", end);
+    }
+    return words;
+}
+
+std::string comparableWord(std::string_view word)
 {
     for (const std::string_view keyword : {"VOL", "CH", "PIT", "RAD"}) {
         if (!word.starts_with(keyword)) {
@@ -33,33 +68,19 @@ std::string normalised(std::string_view word)
     return std::string(word);
 }
 
-// Sorted. The name up to ":" is one word; a "#" starts a new word even without a blank before it.
-std::vector<std::string> wordsOf(std::string_view line)
+WordChanges wordsChangedByComposing(std::string_view line)
 {
-    std::vector<std::string> words;
-    const std::size_t afterName = line.find(':') + 1;
-    if (afterName > 0) {
-        words.emplace_back(line.substr(0, afterName));
-    }
-    std::size_t start = line.find_first_not_of(" \t", afterName);
-    while (start != std::string_view::npos) {
-        const std::size_t end = std::min(line.find_first_of(" \t#", start + 1), line.size());
-        words.push_back(normalised(line.substr(start, end - start)));
-        start = line.find_first_not_of(" \t", end);
-    }
-    std::ranges::sort(words);
-    return words;
+    const std::vector<std::string> before = wordsOf(line);
+    const std::vector<std::string> after = wordsOf(ComposeSoundLine(ParseSoundLine(line)));
+    return {missingFrom(before, after), missingFrom(after, before)};
 }
 
-std::vector<std::string> missingFrom(const std::vector<std::string>& words,
-                                     const std::vector<std::string>& present)
+bool haveSameWords(std::string_view left, std::string_view right)
 {
-    std::vector<std::string> missing;
-    std::ranges::set_difference(words, present, std::back_inserter(missing));
-    return missing;
+    return left == right || wordsOf(left) == wordsOf(right);
 }
 
-std::string listed(const std::vector<std::string>& words)
+std::string listedWords(const std::vector<std::string>& words)
 {
     constexpr std::size_t mostWords = 20;
     constexpr std::size_t longestWord = 60;
@@ -70,15 +91,6 @@ std::string listed(const std::vector<std::string>& words)
         list += words[i].size() > longestWord ? "...]" : "]";
     }
     return words.size() > mostWords ? list + " ..." : list;
-}
-
-} // namespace
-
-WordChanges wordsChangedByComposing(std::string_view line)
-{
-    const std::vector<std::string> before = wordsOf(line);
-    const std::vector<std::string> after = wordsOf(ComposeSoundLine(ParseSoundLine(line)));
-    return {missingFrom(before, after), missingFrom(after, before)};
 }
 
 bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs)
@@ -110,10 +122,10 @@ bool confirmComposing(std::string_view line, Dialogs& dialogs)
         "This line holds words that Tavrel reads in another way. Writing it anew changes them.",
         "Cette ligne contient des mots que Tavrel lit autrement. La réécrire les modifie.");
     if (!changes.vanishing.empty()) {
-        text += BilingualText("\nLost: ", "\nPerdus : ") + listed(changes.vanishing);
+        text += BilingualText("\nLost: ", "\nPerdus : ") + listedWords(changes.vanishing);
     }
     if (!changes.appearing.empty()) {
-        text += BilingualText("\nNew: ", "\nNouveaux : ") + listed(changes.appearing);
+        text += BilingualText("\nNew: ", "\nNouveaux : ") + listedWords(changes.appearing);
     }
     text += BilingualText("\nWrite the line anew?", "\nRéécrire la ligne ?");
     return dialogs.ask({titles::line, text, Buttons::YesNo, true}) == Answer::Yes;

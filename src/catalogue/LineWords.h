@@ -22,7 +22,19 @@ struct WordChanges
     bool none() const { return vanishing.empty() && appearing.empty(); }
 };
 
+// The words behind the name, in their order. A "#" starts a new word even without a blank before it.
+std::vector<std::string_view> wordsBehindName(std::string_view line);
+
+// One spelling for words of one value: VOL8 and VOL08, PIT-0 and PIT00.
+std::string comparableWord(std::string_view word);
+
 WordChanges wordsChangedByComposing(std::string_view line);
+
+// Whether two lines say the same, whatever stands between their words and in whichever order.
+bool haveSameWords(std::string_view left, std::string_view right);
+
+// Words of a line as a message shows them: "[foot01] [VOL50]", the first of many.
+std::string listedWords(const std::vector<std::string>& words);
 
 // A line that a command is about to recompose.
 struct ComposedLine

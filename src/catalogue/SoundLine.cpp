@@ -56,6 +56,13 @@ std::size_t readSamples(std::string_view line, std::size_t start, std::vector<st
     return end;
 }
 
+std::size_t readSamplesOf(std::string_view line, std::vector<std::string>& samples)
+{
+    const std::size_t afterName = line.find(':') + 1;
+    const std::size_t firstName = line.find_first_not_of(" \t", afterName);
+    return readSamples(line, firstName == npos ? afterName : firstName, samples);
+}
+
 // The value of a keyword from its first occurrence at or after `from`, formatted behind the keyword.
 std::string readValue(std::string_view line, std::size_t from, std::string_view keyword)
 {
@@ -126,9 +133,7 @@ SoundLine ParseSoundLine(std::string_view line)
     SoundLine record;
     const std::size_t afterName = line.find(':') + 1; // npos + 1 is 0: no name
     record.Name = line.substr(0, afterName);
-
-    const std::size_t firstName = line.find_first_not_of(" \t", afterName);
-    const std::size_t end = readSamples(line, firstName == npos ? afterName : firstName, record.Samples);
+    const std::size_t end = readSamplesOf(line, record.Samples);
     record.refreshSampleText();
 
     if (end != npos) {
@@ -174,6 +179,12 @@ std::string ComposeSoundLine(const SoundLine& record)
     appendColumn(line, record.Rad.trimmed());
     line += RTrimBlanks(record.Letters);
     return line;
+}
+
+std::size_t samplesEnd(std::string_view line)
+{
+    std::vector<std::string> samples;
+    return readSamplesOf(line, samples);
 }
 
 std::size_t lettersStart(std::string_view line)

@@ -57,6 +57,10 @@ bool HasFlag(std::string_view line, std::size_t start, char flag);
 // count.
 int leadingNumber(std::string_view text);
 
+// Where the samples of the line end and its values are read from, 0-based: the separator behind the last name
+// that counts. npos without samples: the line then has no values.
+std::size_t samplesEnd(std::string_view line);
+
 // Where the letters of the line begin, 0-based; npos without any.
 std::size_t lettersStart(std::string_view line);
 

@@ -229,6 +229,7 @@ ExitStatus runCommandLine(const std::vector<std::string>& given)
     addGenerationCommands(menu);
     addExchangeCommands(menu);
     addVersionCommands(menu);
+    addCheckCommands(menu);
 
     std::optional<ExitStatus> status = read(app, arguments, dialogs, output);
     if (!status) {

@@ -15,6 +15,8 @@ void addReferenceCommands(const Menu& menu);
 void addSampleCommands(const Menu& menu);
 // The level editor's tool, its original files, its script.
 void addGenerationCommands(const Menu& menu);
+// What is wrong with the project, and its levels in numbers.
+void addCheckCommands(const Menu& menu);
 // Exchange files and backups.
 void addExchangeCommands(const Menu& menu);
 // Comparing, merging, and what was kept of earlier states.

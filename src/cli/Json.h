@@ -20,10 +20,10 @@ public:
     JsonObject& bytes(std::string_view name, std::span<const std::string> values);
     JsonObject& utf8(std::string_view name, std::string_view value);
     JsonObject& number(std::string_view name, std::uint64_t value);
-    JsonObject& null(std::string_view name);
     // The digits of a number.
     JsonObject& decimal(std::string_view name, std::string_view digits);
     JsonObject& flag(std::string_view name, bool value);
+    JsonObject& null(std::string_view name);
     void end() { m_text += '}'; }
 
 private:

@@ -162,14 +162,14 @@ CommandEntry& CommandEntry::paths(const std::string& name, const BilingualText& 
 }
 
 CommandEntry& CommandEntry::texts(const std::string& name, const BilingualText& what,
-                                  std::vector<std::string>& targets)
+                                  std::vector<std::string>& targets, const ArgumentCheck& check)
 {
     const auto store = [&targets](const std::vector<std::string>& values) { targets = values; };
     m_app.add_option_function<std::vector<std::string>>(name, store, what.in(m_language))
         ->type_name("X")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->transform(validator(toCodePage, m_language));
+        ->transform(validator(check, m_language));
     return *this;
 }
 

@@ -47,8 +47,8 @@ public:
     CommandEntry& optionalText(const std::string& name, const BilingualText& what,
                                std::optional<std::string>& target, const ArgumentCheck& check = toCodePage);
     // An option that may be given more than once.
-    CommandEntry& texts(const std::string& name, const BilingualText& what,
-                        std::vector<std::string>& targets);
+    CommandEntry& texts(const std::string& name, const BilingualText& what, std::vector<std::string>& targets,
+                        const ArgumentCheck& check = toCodePage);
     CommandEntry& optionalLetter(const std::string& name, const BilingualText& what,
                                  std::optional<std::string>& target);
     // Whose record of changed lines is written with sounds.txt.

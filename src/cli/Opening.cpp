@@ -6,6 +6,7 @@
 #include "base/Folder.h"
 #include "catalogue/CatalogueLoading.h"
 #include "generation/FolderReplacement.h"
+#include "session/PendingChanges.h"
 
 namespace tavrel {
 
@@ -101,6 +102,15 @@ void tellCutRestores(const Places& places, Console& console)
     }
 }
 
+bool loadAgain(Session& session, std::vector<LineReadOtherwise> readOtherwise, Console& console)
+{
+    const Result<std::vector<Failure>> loaded = session.load(std::move(readOtherwise));
+    if (!loaded) {
+        console.dialogs.fail(loaded.failure());
+    }
+    return static_cast<bool>(loaded);
+}
+
 bool hasSound(const Session& session, std::size_t number, Console& console)
 {
     if (number < session.catalogue().size()) {
@@ -157,6 +167,9 @@ ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Co
                                 "et vient d'être écrit.")
                 : BilingualText("No line changes.", "Aucune ligne ne change."));
         return ExitStatus::Done;
+    }
+    for (const PendingChange& change : pendingChanges(session.catalogue())) {
+        console.dialogs.say(describe(change));
     }
     return session.apply(console.dialogs, wadName) ? ExitStatus::Done : ExitStatus::Refused;
 }

@@ -31,6 +31,10 @@ std::unique_ptr<Session> openSessionToChange(Console& console,
 // For a command that reads the level editor's samples or WADs: whether a restore of them was cut short.
 void tellCutRestores(const Places& places, Console& console);
 
+// Takes the place of what was loaded, with these lines of sounds.txt read otherwise. False, and a message,
+// when a file cannot be used.
+bool loadAgain(Session& session, std::vector<LineReadOtherwise> readOtherwise, Console& console);
+
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);
 

@@ -9,6 +9,7 @@
 #include "base/Titles.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
+#include "references/LineLetters.h"
 #include "samples/SampleFormat.h"
 
 #include <algorithm>
@@ -23,7 +24,6 @@ namespace {
 
 constexpr std::string_view batchFileName = "CreateSFX.bat";
 constexpr std::string_view outputFileName = "CreateSFX.log";
-constexpr std::string_view letterOfAllLevels = "#g";
 
 bool isFolder(const fs::path& path)
 {
@@ -77,8 +77,7 @@ std::vector<SampleOfWad> samplesOfWad(const SoundCatalogue& catalogue, const Cur
     std::vector<SampleOfWad> samples;
     for (std::size_t i = 0; i < catalogue.size(); ++i) {
         const std::string& line = catalogue.currentLine(i);
-        if (line.find("#" + wad.letter) == std::string::npos &&
-            line.find(letterOfAllLevels) == std::string::npos) {
+        if (!belongsToLevel(line, wad.letter)) {
             continue;
         }
         for (const std::string& name : ParseSoundLine(line).Samples) {

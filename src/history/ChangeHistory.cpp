@@ -110,9 +110,10 @@ const HistoryStep& ChangeHistory::redo()
     return step;
 }
 
-void ChangeHistory::restart()
+void ChangeHistory::restart(bool differsFromFile)
 {
     m_track = {};
+    m_track.differsFromStart = differsFromFile;
     m_depth = 0;
 }
 
@@ -130,10 +131,10 @@ void ChangeHistory::adopt(HistoryTrack track)
     }
 }
 
-std::vector<ReferenceDelta> ChangeHistory::moveReferencesToSaved()
+std::vector<ReferenceDelta> ChangeHistory::moveReferencesToSaved(const HistoryTrack& track)
 {
     std::vector<ReferenceDelta> left;
-    for (const HistoryTrack::Move& move : m_track.wayToSaved()) {
+    for (const HistoryTrack::Move& move : track.wayToSaved()) {
         if (!move.step->changesLines()) {
             continue;
         }

@@ -41,7 +41,7 @@ public:
     const HistoryStep& redo();
 
     // The catalogue was loaded: there is nothing to be undone.
-    void restart();
+    void restart(bool differsFromFile = false);
     // It was written.
     void markSaved() { m_track.markSaved(); }
     // Takes over what an earlier run of the program had done to this file. The lines become what they were
@@ -49,7 +49,7 @@ public:
     void adopt(HistoryTrack track);
     // The file stays as it is and the lines are given up: takes back, or does again, the register's part of
     // the steps in between that changed lines too. Gives what stays because the register has changed since.
-    std::vector<ReferenceDelta> moveReferencesToSaved();
+    std::vector<ReferenceDelta> moveReferencesToSaved(const HistoryTrack& track);
 
     // StepRecorder
     void beginStep(const BilingualText& label) override;

@@ -62,13 +62,14 @@ void HistoryTrack::markSaved()
 {
     savedPosition = position;
     cutOff.clear();
+    differsFromStart = false;
 }
 
 bool HistoryTrack::pending() const
 {
     const std::uint64_t cut = lastThatChangesLines(cutOff);
     const std::uint64_t saved = cut != 0 ? cut : lastThatChangesLines(before(steps, savedPosition));
-    return lastThatChangesLines(before(steps, position)) != saved;
+    return differsFromStart || lastThatChangesLines(before(steps, position)) != saved;
 }
 
 std::vector<HistoryTrack::Move> HistoryTrack::wayFromSaved() const

@@ -56,6 +56,8 @@ struct HistoryTrack
     // and another step took their place.
     std::size_t savedPosition = 0;
     std::vector<HistoryStep> cutOff;
+    // Before the first step the lines were not those of the file either.
+    bool differsFromStart = false;
 
     // Behind the position; whatever was undone can be done again no more.
     void append(HistoryStep step);

@@ -167,6 +167,11 @@ void FmRefW::firstShown()
             break;
         }
     }
+    if (!m_context.newLetter.empty()) {
+        eraseInputs();
+        m_letter->setText(fromCodePage(m_context.newLetter));
+        m_wad->setFocus();
+    }
     if (references.size() > references.userBegin()) {
         return;
     }

@@ -21,6 +21,8 @@ struct FmRefWContext
     RegisterEditor::Context editing;
     // A letter was replaced on the lines.
     std::function<void()> letterReplaced;
+    // Of a reference that is to be added; usually none.
+    std::string newLetter = {};
 };
 
 // The register of WADs and letters. Changes are in memory at once; who opens the window writes the file when

@@ -44,6 +44,13 @@ std::string eraseLetter(std::string_view line, std::string_view letter)
     return std::string(line.substr(0, kept)).append(line.substr(place.end, keptBehindErasedLetter));
 }
 
+bool belongsToLevel(std::string_view line, std::string_view letter)
+{
+    constexpr std::string_view letterOfAllLevels = "#g";
+    return line.find("#" + std::string(letter)) != std::string_view::npos ||
+           line.find(letterOfAllLevels) != std::string_view::npos;
+}
+
 bool hasForbiddenLetterCharacter(std::string_view letter)
 {
     return letter.find_first_of(" \t#\"\r\n") != std::string_view::npos;

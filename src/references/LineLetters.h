@@ -25,6 +25,10 @@ std::string eraseLetter(std::string_view line, std::string_view letter);
 // "#g".
 bool isLetterOfOneLevel(std::string_view letter);
 
+// Whether a level takes the line: it carries the level's letter, or one that starts like it, or that of all
+// levels.
+bool belongsToLevel(std::string_view line, std::string_view letter);
+
 // Characters that would end a letter on its line, or break the register's files.
 bool hasForbiddenLetterCharacter(std::string_view letter);
 

@@ -69,13 +69,8 @@ public:
             return;
         }
         m_askedFor[number] = true;
-        const std::string before = separated(m_lines[number]);
-        std::string after = AddLetter(before, m_letter);
-        if (after == before) {
-            return;
-        }
-        if (haveSameSampleCount(before, after)) {
-            m_lines[number] = std::move(after);
+        if (std::optional<std::string> line = withLetter(m_lines[number], m_letter)) {
+            m_lines[number] = std::move(*line);
         } else {
             m_plan.notices.push_back(takesNoSecondLetter(number));
         }
@@ -231,6 +226,16 @@ BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogu
 }
 
 } // namespace
+
+std::optional<std::string> withLetter(const std::string& line, std::string_view letter)
+{
+    const std::string before = separated(line);
+    std::string after = AddLetter(before, letter);
+    if (after == before) {
+        return line;
+    }
+    return haveSameSampleCount(before, after) ? std::optional(std::move(after)) : std::nullopt;
+}
 
 ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
                              const std::string& letter)

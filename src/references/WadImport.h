@@ -8,6 +8,7 @@
 #include "settings/Places.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@ namespace tavrel {
 
 // Every import of objects gives it the letter, whatever the list holds.
 constexpr std::size_t underwaterSound = 60;
+
+// The line with the letter behind its others; nothing for one that cannot take it, for it has no samples and
+// would read the letter as one.
+std::optional<std::string> withLetter(const std::string& line, std::string_view letter);
 
 // Letters that the saved lines take off a sound, without "#".
 struct TakenLetters

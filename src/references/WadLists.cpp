@@ -249,6 +249,21 @@ bool objectsMatch(std::string_view listed, std::string_view known)
     return !listed.empty() && !known.empty() && (listed.find(known) != npos || known.find(listed) != npos);
 }
 
+std::vector<std::size_t> soundsOfListedObject(const SoundCatalogue& catalogue, std::string_view listed)
+{
+    std::vector<std::size_t> sounds;
+    for (const SoundObject& object : catalogue.objects()) {
+        if (!objectsMatch(listed, object.name)) {
+            continue;
+        }
+        // Several objects of the table may match.
+        std::ranges::copy_if(object.sounds, std::back_inserter(sounds), [&](std::size_t number) {
+            return number < catalogue.size() && std::ranges::find(sounds, number) == sounds.end();
+        });
+    }
+    return sounds;
+}
+
 Result<SavedLines> readSavedLines(const fs::path& programFolder, std::string_view wadName,
                                   const SoundCatalogue& catalogue)
 {

@@ -38,6 +38,9 @@ Result<WadList> parseWadList(const TextFile& file, WadListKind kind);
 // Names of objects match when one contains the other.
 bool objectsMatch(std::string_view listed, std::string_view known);
 
+// The sounds of the catalogue that a listed object plays, each once.
+std::vector<std::size_t> soundsOfListedObject(const SoundCatalogue& catalogue, std::string_view listed);
+
 // A line of sounds\<WAD>.tor.
 struct SavedLine
 {

@@ -59,7 +59,7 @@ public:
     {
         std::vector<WadViewRow> rows;
         for (const std::string& object : withoutRepetitions(list.names)) {
-            const std::vector<std::size_t> sounds = soundsOf(object);
+            const std::vector<std::size_t> sounds = soundsOfListedObject(m_catalogue, object);
             for (const std::size_t number : sounds) {
                 rows.push_back(rowOf(object, number));
             }
@@ -95,21 +95,6 @@ private:
             mark = status == DoublesStatus::takesPart ? WadViewMark::Lacking : WadViewMark::LeftOut;
         }
         return {name, number, mark, m_saved[number]};
-    }
-
-    // Each once, though several objects of the table may match.
-    std::vector<std::size_t> soundsOf(const std::string& listed) const
-    {
-        std::vector<std::size_t> sounds;
-        for (const SoundObject& object : m_catalogue.objects()) {
-            if (!objectsMatch(listed, object.name)) {
-                continue;
-            }
-            std::ranges::copy_if(object.sounds, std::back_inserter(sounds), [&](std::size_t number) {
-                return number < m_catalogue.size() && std::ranges::find(sounds, number) == sounds.end();
-            });
-        }
-        return sounds;
     }
 
     const SoundCatalogue& m_catalogue;

@@ -5,6 +5,7 @@
 #include "base/System.h"
 #include "samples/SamplesFolder.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fstream>
@@ -34,6 +35,13 @@ SampleFormatVerdict CheckSampleFormatDetailed(const std::filesystem::path& file)
     if (!system::readStart(file, header)) {
         return {};
     }
+    return verdictOf(header);
+}
+
+SampleFormatVerdict verdictOf(std::span<const char> start)
+{
+    std::array<char, lookedAt> header{};
+    std::ranges::copy(start.first(std::min(start.size(), lookedAt)), header.begin());
     SampleFormatVerdict verdict;
     verdict.pcm = header[20] == 1;
     verdict.mono = header[22] == 1;

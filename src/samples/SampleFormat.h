@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ struct SampleFormatVerdict
 // Reads the first 40 bytes. What lies beyond the end of the file counts as 0; a file that cannot be opened
 // fails everything.
 SampleFormatVerdict CheckSampleFormatDetailed(const std::filesystem::path& file);
+
+// The same of a file's first bytes.
+SampleFormatVerdict verdictOf(std::span<const char> start);
 
 // The sample of that name (without ".wav", letter case aside) in the folder. False when there is none.
 bool CheckSampleFormat(const std::filesystem::path& folder, std::string_view name);

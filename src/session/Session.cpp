@@ -84,9 +84,9 @@ void Session::chooseWad(const std::string& wadName)
 
 // Loading
 
-Result<std::vector<Failure>> Session::load()
+Result<std::vector<Failure>> Session::load(std::vector<LineReadOtherwise> readOtherwise)
 {
-    return loadFrom(m_places, m_settings);
+    return loadFrom(m_places, m_settings, std::move(readOtherwise));
 }
 
 Result<std::vector<Failure>> Session::loadFrom(const std::string& drive, const std::string& levelEditorFolder)
@@ -97,10 +97,12 @@ Result<std::vector<Failure>> Session::loadFrom(const std::string& drive, const s
     return loadFrom(derivePlaces(m_places.program, levelEditorFolder), std::move(settings));
 }
 
-Result<std::vector<Failure>> Session::loadFrom(Places places, ProgramSettings settings)
+Result<std::vector<Failure>> Session::loadFrom(Places places, ProgramSettings settings,
+                                               std::vector<LineReadOtherwise> readOtherwise)
 {
-    Result<LoadedCatalogue> catalogue =
-        loadCatalogue({places.program, places.creator, settings.protectedLinesEditable});
+    const bool readsOtherwise = !readOtherwise.empty();
+    Result<LoadedCatalogue> catalogue = loadCatalogue(
+        {places.program, places.creator, settings.protectedLinesEditable, std::move(readOtherwise)});
     Result<LoadedRegister> references = loadRegister(places.program);
     if (!references || !catalogue) {
         return references ? catalogue.failure() : references.failure();
@@ -125,7 +127,7 @@ Result<std::vector<Failure>> Session::loadFrom(Places places, ProgramSettings se
     // One of the user's own, with the letter of the first reference of that name, as the chooser takes it.
     const bool isUsers = m_references.findUserWad(m_settings.lastWad) != nullptr;
     m_wad = currentWad(isUsers ? m_references.findWad(m_settings.lastWad) : nullptr);
-    m_history.restart();
+    m_history.restart(readsOtherwise);
     beginRecovery();
     tell(&SessionObserver::reloaded);
     return notices;
@@ -190,8 +192,8 @@ void Session::announce(const HistoryStep& step)
 
 bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName, const Confirm& confirm)
 {
-    const ApplyTarget target{m_places.program, wadName.value_or(m_wad.wadName),
-                             m_options.flag(options::keepComments), m_locks.get(), confirm};
+    const ApplyTarget target{
+        m_places.program, wadName.value_or(m_wad.wadName), m_locks.get(), confirm, keepsComments(), true};
     if (!applyChanges(m_catalogue, target, dialogs)) {
         return false;
     }
@@ -206,8 +208,14 @@ bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName,
 
 Result<bool> Session::completeChangedLines(const std::optional<std::string>& wadName)
 {
-    return tavrel::completeChangedLines(
-        m_catalogue, {m_places.program, wadName.value_or(m_wad.wadName), false, m_locks.get()});
+    return tavrel::completeChangedLines(m_catalogue,
+                                        {m_places.program, wadName.value_or(m_wad.wadName), m_locks.get()});
+}
+
+// Where lines are read otherwise, those of the file do not tell which of them are sounds.
+bool Session::keepsComments() const
+{
+    return m_options.flag(options::keepComments) && !history().differsFromStart;
 }
 
 Problem Session::writeRegister()
@@ -230,17 +238,25 @@ std::vector<Failure> Session::discardChanges()
     if (!m_loaded || !pending()) {
         return messages;
     }
+    messages = discardReferencesOf(m_history.track());
+    if (m_recovery) {
+        noteRecovery(m_recovery->keepAsDiscarded());
+    }
+    return messages;
+}
+
+std::vector<Failure> Session::discardReferencesOf(const HistoryTrack& track)
+{
+    std::vector<Failure> messages;
     const std::string before = m_references.userFileText();
-    for (const ReferenceDelta& delta : m_history.moveReferencesToSaved()) {
+    for (const ReferenceDelta& delta : m_history.moveReferencesToSaved(track)) {
         messages.push_back(staysInRegister(delta));
     }
     if (m_references.userFileText() != before) {
         if (Problem problem = writeRegister()) {
             messages.push_back(std::move(*problem));
         }
-    }
-    if (m_recovery) {
-        noteRecovery(m_recovery->keepAsDiscarded());
+        tell(&SessionObserver::registerChanged);
     }
     return messages;
 }

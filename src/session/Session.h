@@ -4,6 +4,7 @@
 #include "base/Dialogs.h"
 #include "base/ProcessLock.h"
 #include "base/Result.h"
+#include "catalogue/CatalogueLoading.h"
 #include "catalogue/SoundCatalogue.h"
 #include "history/ChangeHistory.h"
 #include "references/LetterList.h"
@@ -75,8 +76,9 @@ public:
 
     // Reads the register and the catalogue, and gives what the user has to know about them. Changes that were
     // not applied are discarded. A failure changes nothing: what was loaded stays, with its changes; before
-    // the first load that is an empty catalogue.
-    Result<std::vector<Failure>> load();
+    // the first load that is an empty catalogue. With lines that are read otherwise than they stand in the
+    // file, the result waits to be applied.
+    Result<std::vector<Failure>> load(std::vector<LineReadOtherwise> readOtherwise = {});
     // The same with another level editor.
     Result<std::vector<Failure>> loadFrom(const std::string& drive, const std::string& levelEditorFolder);
     bool isLoaded() const { return m_loaded; }
@@ -131,6 +133,8 @@ public:
     void keepValues(const UnacceptedValues& values);
     // Steps of an earlier run, done to the very file that is loaded. False when they do not fit its lines.
     bool adopt(const HistoryTrack& track);
+    // What such steps did to the register is taken back, as discardChanges() does it.
+    std::vector<Failure> discardReferencesOf(const HistoryTrack& track);
     // The session is over, with nothing left to be recovered, or with changes that the user has given up.
     void close();
 
@@ -139,9 +143,11 @@ private:
     void stepDone(const HistoryStep& step) override;
     void stepMoved(const HistoryStep& step) override;
 
-    Result<std::vector<Failure>> loadFrom(Places places, ProgramSettings settings);
+    Result<std::vector<Failure>> loadFrom(Places places, ProgramSettings settings,
+                                          std::vector<LineReadOtherwise> readOtherwise = {});
     void announce(const HistoryStep& step);
     void beginRecovery();
+    bool keepsComments() const;
     void noteRecovery(Problem problem);
     RecoveryHeader recoveryHeader() const;
     template <typename... Arguments>

@@ -119,6 +119,8 @@ QToolButton {
 QToolButton:hover { background: #474C55; }
 QToolButton:focus { border-color: #E8A33D; }
 QToolButton::menu-button { border: none; width: 14px; }
+QToolButton[popupMode="2"] { padding: 3px 14px 3px 8px; }
+QToolButton:disabled { color: #7C7B73; }
 QMenu { background: #2B2E33; color: #EEECDA; border: 1px solid #17181B; }
 QMenu::item { padding: 3px 12px; }
 QMenu::item:selected { background: #E8A33D; color: #1B1C1F; }
@@ -133,10 +135,18 @@ QLineEdit:focus { border-color: #E8A33D; }
 QLineEdit:read-only { background: #2A2D31; }
 QLineEdit:disabled { background: #2A2D31; color: #7C7B73; border-color: #232529; }
 
-QListView, QPlainTextEdit { border: 1px solid #17181B; border-radius: 3px; outline: none; }
-QListView:focus, QPlainTextEdit:focus { border-color: #E8A33D; }
+QListView, QTreeView, QPlainTextEdit { border: 1px solid #17181B; border-radius: 3px; outline: none; }
+QListView:focus, QTreeView:focus, QPlainTextEdit:focus { border-color: #E8A33D; }
 QListWidget::item, QListWidget::item:selected { padding: 1px 3px; border: none; }
 QListWidget::item:selected { background: #E8A33D; color: #1B1C1F; }
+
+QTreeView::item { padding: 2px 3px; border: none; }
+QTreeView::item:selected { background: #E8A33D; color: #1B1C1F; }
+QHeaderView { background: #2E3136; border: none; }
+QHeaderView::section {
+    background: #2E3136; color: #A3A194; border: none; border-right: 1px solid #26282C; padding: 3px 6px;
+}
+QHeaderView::section:hover { color: #EEECDA; }
 
 QComboBox {
     background: #3A3E45; color: #EEECDA; border: 1px solid #17181B; border-radius: 3px; padding: 2px 6px;

@@ -52,7 +52,7 @@ std::size_t endOf(std::string_view word, std::string_view line)
 }
 
 // In the same order, whatever the room between them.
-bool haveSameWords(std::string_view left, std::string_view right)
+bool areSameWords(std::string_view left, std::string_view right)
 {
     std::string_view ofLeft = wordFrom(left, 0);
     std::string_view ofRight = wordFrom(right, 0);
@@ -81,7 +81,7 @@ struct ReadLine
         if (!readable) {
             return {std::string(text.substr(name.size()))};
         }
-        if (haveSameWords(text, ComposeSoundLine(record))) { // as in most lines
+        if (areSameWords(text, ComposeSoundLine(record))) { // as in most lines
             return {};
         }
         // Composing cuts long names and lists of samples, which were read all the same.
@@ -351,7 +351,7 @@ BilingualText describeDifference(std::string_view before, std::string_view after
 
 DifferingWords differingWords(std::string_view before, std::string_view after)
 {
-    const bool roomAlone = haveSameWords(before, after);
+    const bool roomAlone = areSameWords(before, after);
     return differingTokens(tokensOf(before, roomAlone), tokensOf(after, roomAlone));
 }
 

@@ -259,7 +259,7 @@ TEST_F(ChangeHistoryTest, GivingUpLinesTakesBackWhatTheyDidToTheRegister)
         references = before;
         history.restart();
         c.act();
-        EXPECT_EQ(history.moveReferencesToSaved().size(), c.left);
+        EXPECT_EQ(history.moveReferencesToSaved(history.track()).size(), c.left);
         std::string letters;
         for (std::size_t i = references.userBegin(); i < references.size(); ++i) {
             letters += (letters.empty() ? "" : " ") + references.at(i).letter;

@@ -113,6 +113,8 @@ void makeLevelEditorFolder(const fs::path& folder, const fs::path& data, DemoSam
     const std::vector<std::string> stock = stockLines(data);
     write(folder / "winroomedit.exe", "");
     write(folder / "sound" / "LevelSFX Creator" / "Sounds.txt", soundsText(stock));
+    // In the place of the level editor's tool; it does nothing before the stand-in takes its place.
+    write(folder / "sound" / "LevelSFX Creator" / "pcwadsfx.exe", "");
     fs::create_directories(folder / "sound" / "Samples");
     if (samples == DemoSamples::All) {
         makeSamples(folder / "sound" / "Samples", stock);
