@@ -5,7 +5,7 @@
 #include "base/FailureTexts.h"
 #include "cli/Commands.h"
 #include "cli/Json.h"
-#include "cli/Session.h"
+#include "cli/Opening.h"
 #include "versions/CatalogueComparison.h"
 #include "versions/CatalogueMerge.h"
 
@@ -114,8 +114,8 @@ ExitStatus diff(const DiffArguments& arguments, Console& console)
         return first ? writeDifferences(first->views(), *other, arguments.json, console)
                      : console.dialogs.fail(first.failure());
     }
-    const std::optional<Session> session = openSession(console);
-    return session ? writeDifferences(currentLinesOf(session->catalogue), *other, arguments.json, console)
+    const std::unique_ptr<Session> session = openSession(console);
+    return session ? writeDifferences(currentLinesOf(session->catalogue()), *other, arguments.json, console)
                    : ExitStatus::FileFailure;
 }
 
@@ -215,7 +215,7 @@ struct VersionArguments
 
 KeptPlaces placesOf(const Session& session)
 {
-    return {session.catalogue.file().path, session.paths.samples, session.paths.wads};
+    return {session.catalogue().file().path, session.places().samples, session.places().wads};
 }
 
 // What is kept, or a message.
@@ -231,12 +231,12 @@ std::optional<std::vector<KeptVersion>> keptBy(const Session& session, Console& 
 
 ExitStatus listVersions(Console& console)
 {
-    const std::optional<Session> session = openSession(console);
+    const std::unique_ptr<Session> session = openSession(console);
     const std::optional<std::vector<KeptVersion>> kept = session ? keptBy(*session, console) : std::nullopt;
     if (!kept) {
         return ExitStatus::FileFailure;
     }
-    const std::vector<std::string_view> now = currentLinesOf(session->catalogue);
+    const std::vector<std::string_view> now = currentLinesOf(session->catalogue());
     for (const KeptVersion& version : *kept) {
         console.output.writeLine(utf8FromCodePage(version.name) + "\t" + version.time + "\t" +
                                  console.dialogs.inLanguage(extentOf(version, now)) + "\t" +
@@ -265,7 +265,7 @@ std::optional<KeptVersion> versionNamed(const Session& session, const std::strin
 
 ExitStatus showVersion(const VersionArguments& arguments, Console& console)
 {
-    const std::optional<Session> session = openSession(console);
+    const std::unique_ptr<Session> session = openSession(console);
     if (!session) {
         return ExitStatus::FileFailure;
     }
@@ -278,13 +278,13 @@ ExitStatus showVersion(const VersionArguments& arguments, Console& console)
                                        "C'est un répertoire de fichiers, et non un catalogue."});
     }
     const Result<OtherCatalogue> other = readOtherCatalogue(version->path);
-    return other ? writeDifferences(currentLinesOf(session->catalogue), *other, arguments.json, console)
+    return other ? writeDifferences(currentLinesOf(session->catalogue()), *other, arguments.json, console)
                  : console.dialogs.fail(other.failure());
 }
 
 ExitStatus restoreVersion(const VersionArguments& arguments, Console& console)
 {
-    std::optional<Session> session = openSessionToChange(console, arguments.wadName);
+    const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
@@ -298,11 +298,11 @@ ExitStatus restoreVersion(const VersionArguments& arguments, Console& console)
                                                                                      : ExitStatus::Refused;
     }
     std::optional<std::vector<SoundCatalogue::LineChange>> changes =
-        agreeOnBringingBack(session->catalogue, *version, console.dialogs);
+        agreeOnBringingBack(session->catalogue(), *version, console.dialogs);
     if (!changes) {
         return ExitStatus::Refused;
     }
-    if (const Problem problem = session->catalogue.setCurrentLines(std::move(*changes))) {
+    if (const Problem problem = session->catalogue().setCurrentLines(std::move(*changes))) {
         return console.dialogs.refuse(problem->text);
     }
     return apply(*session, arguments.wadName, console);
