@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A check of everything beside the least that it must do: list the samples and open each of them once.
 #include "BenchmarkFolders.h"
-#include "app/SessionLoading.h"
+#include "catalogue/CatalogueLoading.h"
 #include "checks/Checks.h"
 #include "demo/WavFile.h"
 
@@ -23,14 +23,15 @@ struct ProjectForBenchmark : BenchmarkFolders
     {
         growTo(lines);
         std::filesystem::create_directories(folders.samples);
-        session.emplace(*loadSession({program, creator, false}));
+        catalogue = std::move(loadCatalogue({program, creator, false})->catalogue);
+        references = std::move(loadRegister(program)->references);
         const std::string bytes = wavBytes({.seconds = 0.01});
         const auto write = [&](const std::string& name) {
             std::ofstream(folders.samples / (name + ".wav"), std::ios::binary) << bytes;
         };
         std::size_t count = 0;
-        for (std::size_t k = 0; k < std::min<std::size_t>(session->catalogue.size(), 370); ++k) {
-            for (const std::string& name : ParseSoundLine(session->catalogue.currentLine(k)).Samples) {
+        for (std::size_t k = 0; k < std::min<std::size_t>(catalogue.size(), 370); ++k) {
+            for (const std::string& name : ParseSoundLine(catalogue.currentLine(k)).Samples) {
                 write(name);
             }
         }
@@ -41,11 +42,12 @@ struct ProjectForBenchmark : BenchmarkFolders
             write("more" + std::to_string(count));
         }
         file.emplace(*readTextFile(creator, soundsFileName));
-        wad = currentWad(session->references.findUserWad("oasis"));
+        wad = currentWad(references.findUserWad("oasis"));
     }
 
     CheckFolders folders{creator, levelEditor / "sound" / "Samples", levelEditor / "graphics" / "wads"};
-    std::optional<LoadedSession> session;
+    SoundCatalogue catalogue;
+    ReferenceRegister references;
     std::optional<TextFile> file;
     CurrentWad wad;
 };
@@ -68,8 +70,8 @@ void checkProject(benchmark::State& state)
 {
     const auto lineCount = static_cast<std::size_t>(state.range(0));
     const ProjectForBenchmark project(lineCount, static_cast<std::size_t>(state.range(1)));
-    const CheckSubject subject{project.session->catalogue, project.session->references, project.wad,
-                               project.folders, &*project.file};
+    const CheckSubject subject{project.catalogue, project.references, project.wad, project.folders,
+                               &*project.file};
     for (auto _ : state) {
         SilentProgress progress;
         if (runChecks(subject, progress).findings.empty()) {

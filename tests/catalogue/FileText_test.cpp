@@ -20,7 +20,8 @@ SoundCatalogue catalogueOf(std::string_view file)
 {
     SoundCatalogue catalogue;
     std::size_t number = 0;
-    for (const std::string_view line : TextFile{{}, std::string(file), false, {}}.lines()) {
+    const TextFile text{{}, std::string(file), false, {}};
+    for (const std::string_view line : text.lines()) {
         ++number;
         if (line.find(':') != std::string_view::npos) {
             catalogue.append(std::string(line.substr(0, line.find_last_not_of(' ') + 1)), "O:", number);

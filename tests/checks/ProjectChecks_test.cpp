@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Checks that look at more than one line: the order of the sounds, files, references, lists, and all at once.
-#include "app/SessionLoading.h"
 #include "demo/DemoFolder.h"
 #include "demo/WavFile.h"
 #include "support/CheckedProject.h"
@@ -107,7 +106,6 @@ TEST_F(FileChecks, MendCommentsThatReadAsSoundsAndSoundsThatDoNot)
     EXPECT_EQ(textsOf(lost), Texts({"Line 106 has lost its colon and is no sound: [" + name + "]"}));
 
     load(lines, mended());
-    EXPECT_TRUE(project.catalogue.pending());
     ASSERT_EQ(project.catalogue.size(), 370U);
     for (std::size_t k = 0; k < 370; ++k) {
         EXPECT_EQ(project.line(k), stockLines()[k]);
@@ -337,12 +335,13 @@ TEST_F(FileChecks, FindNoErrorInWhatComesWithTheLevelEditor)
     makeProgramFolder(root / "program", dataFolder(), root / "trle");
     const fs::path sound = root / "trle" / "sound";
     const fs::path creator = sound / "LevelSFX Creator";
-    Result<LoadedSession> session = loadSession({root / "program", creator, false});
-    ASSERT_TRUE(session);
+    const Result<LoadedCatalogue> loaded = loadCatalogue({root / "program", creator, false});
+    const Result<LoadedRegister> references = loadRegister(root / "program");
+    ASSERT_TRUE(loaded && references);
     const Result<TextFile> file = readTextFile(creator, soundsFileName);
-    const CurrentWad wad = currentWad(session->references.findUserWad("oasis"));
-    const CheckSubject subject{session->catalogue,
-                               session->references,
+    const CurrentWad wad = currentWad(references->references.findUserWad("oasis"));
+    const CheckSubject subject{loaded->catalogue,
+                               references->references,
                                wad,
                                {creator, sound / "Samples", root / "trle" / "graphics" / "wads"},
                                &*file};

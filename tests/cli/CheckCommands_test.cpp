@@ -49,8 +49,12 @@ TEST_F(CheckCommands, ListWhatTheyFind)
               "error colon-comment [0 ; Notes] Line 1, a comment, reads as a sound because of its colon: "
               "[; Notes: mine]\n");
     const CliRun french = cli.run({"--language", "F", "check", "--letter", "tw", "--severity", "error"});
-    EXPECT_EQ(french.output,
-              "error sample-missing [2 S1] [b.wav] n'est pas dans le répertoire des samples.\n");
+    EXPECT_EQ(
+        french.output,
+        "error sample-missing [2 S1] [b.wav] n'est pas dans le répertoire des samples.\n"
+        "error colon-comment [0 ; Notes] La ligne 1, un commentaire, est lue comme un son à cause de ses "
+        "deux-points : [; Notes: mine]\n")
+        << "what is wrong with the file concerns every level";
 
     const CliRun all = cli.run({"check", "--json"});
     EXPECT_EQ(all.status, 1);

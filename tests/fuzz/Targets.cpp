@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzz/Targets.h"
 
-#include "app/ProgramSettings.h"
 #include "backup/ImportCommands.h"
 #include "base/CodePage.h"
 #include "base/QuotedRecords.h"
@@ -12,6 +11,7 @@
 #include "references/ReferenceRegister.h"
 #include "references/WadLists.h"
 #include "samples/SampleFormat.h"
+#include "settings/ProgramSettings.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -137,7 +137,7 @@ TEST_F(RestoreDefaultsTest, PutsEverythingBackAndKeepsWhatWasThere)
     writeBytes(creator / "SOUNDS.TXT", "later work");
     restore(catalogueOnly);
     EXPECT_EQ(readBytes(creator / "Sounds_replaced.txt"), "later work");
-    EXPECT_EQ(readBytes(creator / "Sounds_replaced_copy1.txt"), "the user's");
+    EXPECT_EQ(readBytes(creator / "Sounds_replaced_1.txt"), "the user's");
     restore(samplesOnly);
     EXPECT_EQ(namesIn(samples.parent_path()),
               (std::vector<std::string>{"LevelSFX Creator", "Samples", "Samples_replaced"}))
@@ -294,6 +294,7 @@ TEST_F(RestoreDefaultsTest, FilesOfOthersBesideTheFolderStay)
     EXPECT_TRUE(restore(sfxOnly).complete);
     EXPECT_EQ(namesIn(incoming), (std::vector<std::string>{"karnak.sam", "mine.txt"}));
     fs::remove(incoming / "mine.txt");
+    writeBytes(wads / "karnak.sam", "of another run");
     EXPECT_TRUE(restore(sfxOnly).complete);
     EXPECT_FALSE(fs::exists(incoming));
 }

@@ -15,6 +15,8 @@ namespace {
 class SessionTest : public testing::Test
 {
 protected:
+    SessionTest() { writeBytes(demo.sounds, textOf(stockLines())); } // without comments to be asked about
+
     std::unique_ptr<Session> open()
     {
         auto session = std::make_unique<Session>(demo.program, LoadSettings(demo.program).settings);

@@ -139,6 +139,7 @@ fs::path dataFolder()
 DemoFolders::DemoFolders()
 {
     makeLevelEditorFolder(levelEditor, dataFolder(), DemoSamples::None);
+    std::filesystem::remove(creator / "pcwadsfx.exe"); // tests that generate bring a tool of their own
     makeProgramFolder(program, dataFolder(), levelEditor);
 }
 
