@@ -350,6 +350,9 @@ private:
             for (const fs::path& copy : m_kept) {
                 std::error_code ignored;
                 fs::remove(copy, ignored);
+                if (copy.parent_path() != m_file.parent_path()) {
+                    fs::remove(copy.parent_path(), ignored); // when it holds no other version
+                }
             }
         }
         m_kept.clear();

@@ -190,6 +190,33 @@ TEST_F(ApplyChanges, AsksBeforeItOverwritesAFileThatChangedSince)
     }
 }
 
+TEST_F(ApplyChanges, KeepsTheReplacedFileAsAVersionWhereThatIsWanted)
+{
+    loadPlain();
+    ApplyTarget target{demo.program, "oasis"};
+    target.keepVersion = true;
+    const std::string before = readBytes(demo.sounds);
+    change(3, "N:>other>");
+    ScriptedDialogs refused{Answer::No};
+    EXPECT_FALSE(applyChanges(catalogue, target, refused));
+    EXPECT_EQ(namesIn(demo.creator), std::vector<std::string>{"Sounds.txt"});
+
+    ScriptedDialogs dialogs{Answer::Yes};
+    EXPECT_TRUE(applyChanges(catalogue, target, dialogs));
+    const fs::path versions = demo.creator / "Sounds_versions";
+    ASSERT_EQ(namesIn(versions).size(), 1U);
+    EXPECT_EQ(readBytes(versions / namesIn(versions)[0]), before);
+
+    fs::remove_all(versions);
+    writeBytes(versions, "a file where the folder belongs");
+    change(3, "N:>more>");
+    ScriptedDialogs without{Answer::Yes, Answer::No, Answer::Yes, Answer::Yes};
+    EXPECT_FALSE(applyChanges(catalogue, target, without));
+    EXPECT_TRUE(without.said().back().refusalIsDefault);
+    EXPECT_TRUE(applyChanges(catalogue, target, without));
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+}
+
 // The editor in another window saves while the confirmation stands.
 TEST_F(ApplyChanges, AsksAboutAChangeInTheLastMoment)
 {

@@ -19,6 +19,7 @@ protected:
         lines = {withTabs("; Notes: mine"), withTabs("S0:>a>>VOL00>P>>>>#oa"),
                  withTabs("S1:>b>>VOL50>P>>>>#tw"), withTabs("S2:>a>>VOL50>P>>>>#oa #oa")};
         writeSounds();
+        writeBytes(cli.creator / "pcwadsfx.exe", "the tool");
         writeBytes(cli.levelEditor / "sound" / "Samples" / "a.wav", wavBytes({}));
     }
     void writeSounds() const { writeBytes(cli.sounds, textOf(lines)); }
