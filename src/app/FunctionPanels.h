@@ -35,7 +35,7 @@ struct FunctionDoors
 
 // The column of buttons: four panels with the commands on the WAD, the program, the selected line and the
 // file.
-class FunctionPanels : public QWidget, public MainPanel
+class FunctionPanels final : public QWidget, public MainPanel
 {
     Q_OBJECT
 

@@ -9,7 +9,7 @@ class QListWidget;
 namespace tavrel {
 
 // The levels that the selected line belongs to.
-class LineLettersPanel : public FoldingPanel, public MainPanel
+class LineLettersPanel final : public FoldingPanel, public MainPanel
 {
     Q_OBJECT
 

@@ -12,7 +12,7 @@ namespace tavrel {
 
 // The selected line as a text: as it was installed, as it stands now, and as it stands in the file when that
 // is neither.
-class LineTextPanel : public FoldingPanel, public MainPanel
+class LineTextPanel final : public FoldingPanel, public MainPanel
 {
     Q_OBJECT
 

@@ -38,6 +38,8 @@ class MainPanel : public SessionObserver, public SelectionObserver
 {
 public:
     explicit MainPanel(const PanelContext& context);
+    MainPanel(const MainPanel&) = delete;
+    MainPanel& operator=(const MainPanel&) = delete;
     ~MainPanel() override;
 
     virtual void showLanguage(Language language) = 0;

@@ -18,7 +18,7 @@ class QPushButton;
 namespace tavrel {
 
 // The samples of the selected line, and the name that is to be added or to take the place of one.
-class SamplesPanel : public FoldingPanel, public MainPanel
+class SamplesPanel final : public FoldingPanel, public MainPanel
 {
     Q_OBJECT
 

@@ -20,7 +20,7 @@ class SoundListModel;
 
 // The sounds with their search. Whoever goes to another sound here is asked about values that were not
 // accepted, and told when the sound may not be edited.
-class SoundListPanel : public QWidget, public MainPanel
+class SoundListPanel final : public QWidget, public MainPanel
 {
     Q_OBJECT
 

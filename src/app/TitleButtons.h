@@ -37,7 +37,7 @@ struct TitleDoors
 
 // Beside the title image: undo and redo with what they would do, the language, and the doors that every part
 // of the window has in common.
-class TitleButtons : public QWidget, public MainPanel
+class TitleButtons final : public QWidget, public MainPanel
 {
     Q_OBJECT
 

@@ -16,7 +16,7 @@ constexpr std::size_t valueBoxCount = 4;
 constexpr std::size_t lineFlagCount = 5;
 
 // The values and flags of the selected line. Not a folding panel: they are what the window is for.
-class ValuesPanel : public QWidget, public MainPanel
+class ValuesPanel final : public QWidget, public MainPanel
 {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ namespace tavrel {
 
 // The WAD that the user works on, and what gives or takes its letter: the selected line, all lines, an
 // object.
-class WadPanel : public FoldingPanel, public MainPanel
+class WadPanel final : public FoldingPanel, public MainPanel
 {
     Q_OBJECT
 

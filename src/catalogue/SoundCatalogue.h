@@ -124,7 +124,11 @@ private:
 
         Recorder() = default;
         Recorder(const Recorder& /*other*/) {}
+        Recorder(Recorder&& /*other*/) noexcept {}
+        ~Recorder() = default;
+        // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is assigned
         Recorder& operator=(const Recorder& /*other*/) { return *this; }
+        Recorder& operator=(Recorder&& /*other*/) noexcept { return *this; }
     };
 
     void replaceLine(std::size_t number, std::string text);

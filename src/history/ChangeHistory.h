@@ -31,6 +31,8 @@ class ChangeHistory : public StepRecorder
 public:
     ChangeHistory(SoundCatalogue& catalogue, ReferenceRegister& references, CurrentWad& wad,
                   HistoryObserver& observer);
+    ChangeHistory(const ChangeHistory&) = delete;
+    ChangeHistory& operator=(const ChangeHistory&) = delete;
     ~ChangeHistory() override;
 
     const HistoryTrack& track() const { return m_track; }

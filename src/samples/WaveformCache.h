@@ -23,6 +23,8 @@ public:
     using Entry = std::shared_ptr<const Result<Waveform>>;
 
     WaveformCache();
+    WaveformCache(const WaveformCache&) = delete;
+    WaveformCache& operator=(const WaveformCache&) = delete;
     ~WaveformCache() override;
 
     // Nothing while it is being read; ready() tells.

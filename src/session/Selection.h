@@ -38,6 +38,8 @@ class Selection : private SessionObserver
 {
 public:
     explicit Selection(Session& session);
+    Selection(const Selection&) = delete;
+    Selection& operator=(const Selection&) = delete;
     ~Selection() override;
 
     void addObserver(SelectionObserver& observer) { m_observers.push_back(&observer); }
@@ -70,7 +72,7 @@ public:
     // Values that were not accepted are a step of their own on the way back.
     struct Values
     {
-        std::size_t number;
+        std::size_t number = 0;
         SoundLine record;
     };
     std::optional<Values> unaccepted() const;

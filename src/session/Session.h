@@ -51,6 +51,8 @@ class Session : private HistoryObserver
 {
 public:
     Session(const std::filesystem::path& programFolder, ProgramSettings settings);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
     ~Session() override;
 
     const Places& places() const { return m_places; }
