@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:?Usage: scripts/fuzz.sh SECONDS}
 need_packages $build_packages $fuzz_packages
 configure fuzz
-cmake --build build/fuzz
+cmake --build build/fuzz --target fuzz_targets
 
 mapfile -t targets < <(ls tests/fuzz/corpus)
 each=$((seconds / ${#targets[@]} > 0 ? seconds / ${#targets[@]} : 1))

@@ -58,22 +58,20 @@ public:
     PSECURITY_DESCRIPTOR descriptor() const { return m_descriptor; }
 
     // Given at its creation, the file has the list from the first moment; given again, it inherits from its
-    // folder what the model does.
-    std::error_code giveTo(const std::filesystem::path& file) const
+    // folder what the model does. Without that, it is no less private.
+    void letInheritAlike(const std::filesystem::path& file) const
     {
         SECURITY_DESCRIPTOR_CONTROL control = 0;
         DWORD revision = 0;
         if (m_descriptor == nullptr || GetSecurityDescriptorControl(m_descriptor, &control, &revision) == 0) {
-            return {};
+            return;
         }
         const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
                                                      ? PROTECTED_DACL_SECURITY_INFORMATION
                                                      : UNPROTECTED_DACL_SECURITY_INFORMATION;
         std::wstring name = file.native();
-        const DWORD error =
-            SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance,
-                                  nullptr, nullptr, m_list, nullptr);
-        return {static_cast<int>(error), std::system_category()};
+        SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance, nullptr,
+                              nullptr, m_list, nullptr);
     }
 
 private:
@@ -140,7 +138,10 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
     const DWORD kept = attributes & keptAttributes;
     const std::error_code error =
         createFile(file, bytes, kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, rights.descriptor());
-    return error ? error : rights.giveTo(file);
+    if (!error) {
+        rights.letInheritAlike(file);
+    }
+    return error;
 }
 
 std::error_code flushFile(const std::filesystem::path& file)

@@ -138,11 +138,11 @@ Result<TextFile> asTextFile(const fs::path& file, FileContent content)
 
 Result<TextFile> readTextFile(const fs::path& folder, std::string_view name, std::uintmax_t largest)
 {
-    const std::optional<fs::path> file = findEntry(folder, name);
+    const Result<std::optional<FolderEntry>> file = lookUp(folder, name);
     if (!file) {
-        return fileMissing(folder, name);
+        return file.failure();
     }
-    return readTextFile(*file, largest);
+    return *file ? readTextFile((*file)->path, largest) : fileMissing(folder, name);
 }
 
 } // namespace tavrel

@@ -171,7 +171,20 @@ ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Co
     for (const PendingChange& change : pendingChanges(session.catalogue())) {
         console.dialogs.say(describe(change));
     }
-    return session.apply(console.dialogs, wadName) ? ExitStatus::Done : ExitStatus::Refused;
+    if (!session.apply(console.dialogs, wadName)) {
+        return ExitStatus::Refused;
+    }
+    if (!wadName && session.references().isUserFileProtected()) {
+        const std::string wad = "[" + shownText(session.settings().lastWad) + "]";
+        return console.dialogs.fail(
+            {{"The references could not be read. [sounds.txt] is written, but not the record of the changed lines "
+              "of " +
+                  wad + ".",
+              "Les références n'ont pas pu être lues. [sounds.txt] est écrit, mais pas l'enregistrement des lignes "
+              "modifiées de " +
+                  wad + "."}});
+    }
+    return ExitStatus::Done;
 }
 
 ExitStatus writeRegister(Session& session, Console& console)

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
 using namespace tavrel;
 namespace fs = std::filesystem;
 
@@ -38,32 +36,6 @@ protected:
                 root.path()};
     }
 
-    // Undisturbed first, then with each fault, on fresh copies of the folders. Returns what was called.
-    std::map<std::string, int> strikeEach(const FaultyProgram& program,
-                                          const std::function<void(int status)>& check) const
-    {
-        const auto runOnce = [&](const std::string& straceOptions) {
-            fs::remove_all(work);
-            fs::copy(start, work, fs::copy_options::recursive);
-            return program.run(straceOptions);
-        };
-        const auto checkWithoutCrash = [&](int status) {
-            EXPECT_TRUE(mayBeEither(program) || WIFEXITED(status)) << "the program crashed";
-            check(status);
-        };
-        const std::map<std::string, int> counts = program.countCalls(runOnce);
-        checkWithoutCrash(0);
-        const FaultCounts faults = program.withEachFault(counts, GetParam(), runOnce, checkWithoutCrash);
-        EXPECT_GT(faults.runs, 50);
-        EXPECT_GT(faults.failures, faults.runs / 4) << "the faults did not reach the program";
-        return counts;
-    }
-
-    static bool mayBeEither(const FaultyProgram& program)
-    {
-        return GetParam().isKill || program.hitTheSanitizer();
-    }
-
     TemporaryFolder root;
     fs::path start = root / "start";
     fs::path work = root / "work";
@@ -80,7 +52,7 @@ TEST_P(ExchangeFaults, AnExportLeavesTheOldFilesOrTheNewOnes)
     const std::string oldFile = readBytes(start / "all.tox");
     const fs::path samples = work / "all_Samples";
     const FaultyProgram program = programFor("export");
-    const std::map<std::string, int> calls = strikeEach(program, [&](int status) {
+    const std::map<std::string, int> calls = program.strikeEach(start, work, GetParam(), [&](int status) {
         {
             const SamplesFolderSwap next(samples); // brings the folder in order
         }
@@ -105,7 +77,7 @@ TEST_P(ExchangeFaults, AnExportLeavesTheOldFilesOrTheNewOnes)
         EXPECT_EQ(readBytes(samples / "notes.txt"), "the user's");
         EXPECT_EQ(namesIn(work), (Names{"all.tox", "all_Samples", "creator", "program", "samples"}));
         EXPECT_TRUE(isNewFile || !areNewSamples);
-        if (!mayBeEither(program)) {
+        if (!program.mayBeEither(GetParam())) {
             EXPECT_EQ(areNewSamples, status == 0);
         }
     });
@@ -119,7 +91,7 @@ TEST_P(ExchangeFaults, AnImportLeavesEachSampleOldOrNew)
     writeBytes(start / "samples" / "FOOT.wav", "old foot");
     writeBytes(start / "samples" / "bell.wav", "untouched");
     const FaultyProgram program = programFor("import");
-    strikeEach(program, [&](int status) {
+    program.strikeEach(start, work, GetParam(), [&](int status) {
         removeUnfinishedWrites(work / "samples");
         const Names names = namesIn(work / "samples");
         const bool isNew = fs::exists(work / "samples" / "foot.wav");
@@ -127,7 +99,7 @@ TEST_P(ExchangeFaults, AnImportLeavesEachSampleOldOrNew)
         EXPECT_EQ(readBytes(work / "samples" / (isNew ? "foot.wav" : "FOOT.wav")),
                   isNew ? "new foot" : "old foot");
         EXPECT_EQ(readBytes(work / "samples" / "bell.wav"), "untouched");
-        if (!mayBeEither(program) && status == 0) {
+        if (!program.mayBeEither(GetParam()) && status == 0) {
             EXPECT_TRUE(isNew);
         }
     });

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <sstream>
+
 using namespace tavrel;
 
 namespace {
@@ -13,41 +16,92 @@ std::string commandOn(const std::filesystem::path& program)
     return "\"$CLI\" --program-folder '" + program.string() + "'";
 }
 
+// Two installations on one level editor, and commands that all start at once.
+class TwoInstallations : public testing::Test
+{
+protected:
+    TwoInstallations()
+    {
+        std::filesystem::copy(programs[0], programs[1], std::filesystem::copy_options::recursive);
+    }
+
+    void runBeside(const std::string& arguments)
+    {
+        m_script += commandOn(programs[++m_count % 2]) + " --yes " + arguments + " & jobs=\"$jobs $!\"; ";
+    }
+    void expectAllDone()
+    {
+        const CliRun run = runShell(m_script + "for job in $jobs; do wait $job || exit 9; done");
+        EXPECT_EQ(run.status, 0) << run.messages;
+        m_script = "jobs=; ";
+    }
+    std::string inBackups(const std::string& name) const { return (programs[0] / "Backups" / name).string(); }
+
+    const DemoCli cli;
+    const std::filesystem::path programs[2] = {cli.program, cli.program.parent_path() / "second"};
+    const std::vector<std::size_t> sounds = {63, 65, 66, 67, 68, 69, 73, 74, 76, 79};
+
+private:
+    std::string m_script = "jobs=; ";
+    std::size_t m_count = 0;
+};
+
 } // namespace
 
-// Two installations, one level editor. A command may find the others at work for too long; one that ends with
-// 0 has changed what it was asked to.
-TEST(ParallelCommands, KeepEveryChange)
+// A command that ends with 0 has done what it was asked to.
+TEST_F(TwoInstallations, KeepEveryChange)
 {
-    const DemoCli cli;
-    const std::filesystem::path programs[] = {cli.program, cli.program.parent_path() / "second"};
-    std::filesystem::copy(programs[0], programs[1], std::filesystem::copy_options::recursive);
-    const std::vector<std::size_t> sounds = {63, 65, 66, 67, 68, 69, 73, 74, 76, 79};
-    std::string script = "jobs=; ";
-    std::size_t count = 0;
-    const auto runBeside = [&](const std::string& arguments) {
-        script += commandOn(programs[++count % 2]) + " --yes " + arguments + " & jobs=\"$jobs $!\"; ";
-    };
+    const std::vector<std::string> wads = {"one", "ten", "six", "red"};
+    const std::string before = cli.lineOf(80);
+    const std::string name = before.substr(0, before.find(':'));
+    writeBytes(inBackups("in.tox"), "\"80\",\"" + name + ":\timported\tVOL9\"\r\n");
     for (const std::size_t sound : sounds) {
         runBeside("set " + std::to_string(sound) + " --vol 77");
         runBeside("letters add tw " + std::to_string(sound));
     }
-    const std::vector<std::string> wads = {"one", "ten", "six", "red"};
-    for (const std::string& name : wads) {
-        writeBytes(cli.levelEditor / "graphics" / "wads" / (name + ".was"), "");
-        writeBytes(cli.levelEditor / "graphics" / "wads" / (name + ".sam"), "");
-        runBeside("refs add " + name + " " + name.substr(0, 2) + " title");
+    for (const std::string& wad : wads) {
+        writeBytes(cli.levelEditor / "graphics" / "wads" / (wad + ".was"), "");
+        writeBytes(cli.levelEditor / "graphics" / "wads" / (wad + ".sam"), "");
+        runBeside("refs add " + wad + " " + wad.substr(0, 2) + " title");
+        runBeside("export all '" + inBackups("same.tob") + "'");
     }
-    const CliRun run = runShell(script + "for job in $jobs; do wait $job || exit 9; done");
-    ASSERT_EQ(run.status, 0) << run.messages;
+    runBeside("import '" + inBackups("in.tox") + "' --letter oa");
+    expectAllDone();
     for (const std::size_t sound : sounds) {
         EXPECT_NE(cli.lineOf(sound).find("VOL77"), std::string::npos) << cli.lineOf(sound);
         EXPECT_TRUE(cli.lineOf(sound).ends_with("#tw")) << cli.lineOf(sound);
     }
+    EXPECT_NE(cli.lineOf(80).find("imported"), std::string::npos);
     const std::string references =
         readBytes(programs[0] / "Tavrel.paw") + readBytes(programs[1] / "Tavrel.paw");
-    for (const std::string& name : wads) {
-        EXPECT_NE(references.find("\"" + name + "\""), std::string::npos) << references;
+    for (const std::string& wad : wads) {
+        EXPECT_NE(references.find("\"" + wad + "\""), std::string::npos) << references;
+    }
+    EXPECT_EQ(cli.run({"import", inBackups("same.tob")}).status, 1) << "whole, so that only the answer lacks";
+}
+
+// What a restore replaces is kept with the changes that were in it.
+TEST_F(TwoInstallations, LoseNothingToARestoreInBetween)
+{
+    for (const std::size_t sound : sounds) {
+        runBeside("set " + std::to_string(sound) + " --vol 77");
+        if (sound % 4 == 1) {
+            runBeside("restore --catalogue");
+        }
+    }
+    expectAllDone();
+    std::set<std::string> changed;
+    for (const std::string& file : namesIn(cli.creator)) {
+        std::istringstream lines(readBytes(cli.creator / file));
+        for (std::string line; std::getline(lines, line);) {
+            if (line.find("VOL77") != std::string::npos) {
+                changed.insert(line.substr(0, line.find(':')));
+            }
+        }
+    }
+    for (const std::size_t sound : sounds) {
+        const std::string line = cli.lineOf(sound);
+        EXPECT_TRUE(changed.contains(line.substr(0, line.find(':')))) << line;
     }
 }
 

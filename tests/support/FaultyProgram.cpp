@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdlib>
 #include <sstream>
+#include <sys/wait.h>
 
 namespace tavrel {
 
@@ -43,11 +44,10 @@ int FaultyProgram::run(const std::string& straceOptions) const
     return std::system(command.c_str());
 }
 
-std::map<std::string, int> FaultyProgram::countCalls(const Run& runOnce) const
+std::map<std::string, int> FaultyProgram::countCalls(const char* calls) const
 {
     const std::filesystem::path log = m_scratch / "calls";
-    const int status = runOnce("-o " + quoted(log.string()) + " -e trace=" + tracedCalls);
-    EXPECT_EQ(status, 0) << readBytes(m_scratch / "said");
+    EXPECT_EQ(run("-o " + quoted(log.string()) + " -e trace=" + calls), 0) << readBytes(m_scratch / "said");
     std::map<std::string, int> counts;
     std::istringstream lines(readBytes(log));
     for (std::string line; std::getline(lines, line);) {
@@ -60,22 +60,35 @@ std::map<std::string, int> FaultyProgram::countCalls(const Run& runOnce) const
     return counts;
 }
 
-FaultCounts FaultyProgram::withEachFault(const std::map<std::string, int>& counts, const Fault& fault,
-                                         const Run& runOnce,
-                                         const std::function<void(int status)>& check) const
+std::map<std::string, int> FaultyProgram::strikeEach(const std::filesystem::path& start,
+                                                     const std::filesystem::path& work, const Fault& fault,
+                                                     const std::function<void(int status)>& check) const
 {
-    FaultCounts result;
+    const auto prepare = [&] {
+        std::filesystem::remove_all(work);
+        std::filesystem::copy(start, work, std::filesystem::copy_options::recursive);
+    };
+    prepare();
+    const auto counts = countCalls(fault.calls != nullptr ? fault.calls : tracedCalls);
+    check(0);
+    int runs = 0;
+    int failures = 0;
     for (const auto& [call, count] : counts) {
         for (int n = 1; n <= count; ++n) {
             SCOPED_TRACE(call + " number " + std::to_string(n));
-            const int status = runOnce("-o /dev/null -e trace=" + call + " -e inject=" + call + ":" +
-                                       fault.words + ":when=" + std::to_string(n));
+            prepare();
+            const int status = run("-o /dev/null -e trace=" + call + " -e inject=" + call + ":" +
+                                   fault.words + ":when=" + std::to_string(n));
+            EXPECT_TRUE(mayBeEither(fault) || WIFEXITED(status)) << "the program crashed";
             check(status);
-            ++result.runs;
-            result.failures += status == 0 ? 0 : 1;
+            ++runs;
+            failures += status == 0 ? 0 : 1;
         }
     }
-    return result;
+    EXPECT_GT(runs, fault.calls != nullptr ? 3 : 50);
+    EXPECT_GT(failures, runs / 4) << "the faults did not reach the program";
+    testing::Test::RecordProperty("runs", runs);
+    return counts;
 }
 
 bool FaultyProgram::hitTheSanitizer() const

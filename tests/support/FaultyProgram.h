@@ -10,17 +10,12 @@
 
 namespace tavrel {
 
-struct FaultCounts
-{
-    int runs = 0;
-    int failures = 0; // of the program, not of the test
-};
-
 struct Fault
 {
     const char* name;
     const char* words; // for strace
     bool isKill;
+    const char* calls = nullptr; // those that it strikes; all that touch files or folders
 };
 constexpr Fault fullDisk{"FullDisk", "error=ENOSPC", false};
 constexpr Fault killed{"Killed", "signal=KILL", true};
@@ -37,21 +32,24 @@ public:
     // What it says is kept in the scratch folder.
     FaultyProgram(std::vector<std::string> command, std::filesystem::path scratch);
 
-    using Run = std::function<int(const std::string& straceOptions)>;
-
     // Once, under strace: the exit status.
     int run(const std::string& straceOptions) const;
-    // How often an undisturbed run makes each call that touches files or folders. The runs are the test's,
-    // which prepares the folders first.
-    std::map<std::string, int> countCalls(const Run& runOnce) const;
-    // A run with the fault at each of these calls, each with its check.
-    FaultCounts withEachFault(const std::map<std::string, int>& counts, const Fault& fault,
-                              const Run& runOnce, const std::function<void(int status)>& check) const;
+    int runUndisturbed() const { return run("-o /dev/null -e trace=none"); }
+    // Each run works on a copy of `start` that takes the place of `work`. The first is undisturbed; in each
+    // other one the fault strikes at another call that touches files or folders. After each the test checks
+    // what the exit status and the folders are. Returns how often the first one made each call.
+    std::map<std::string, int> strikeEach(const std::filesystem::path& start,
+                                          const std::filesystem::path& work, const Fault& fault,
+                                          const std::function<void(int status)>& check) const;
+    // Whether such a fault may leave the old or the new, whatever the status says.
+    bool mayBeEither(const Fault& fault) const { return fault.isKill || hitTheSanitizer(); }
     // A sanitized build reads and writes for itself. It ends, with any status, when the fault strikes there,
     // and says so.
     bool hitTheSanitizer() const;
 
 private:
+    std::map<std::string, int> countCalls(const char* calls) const;
+
     std::string m_command;
     std::filesystem::path m_scratch;
 };
