@@ -33,9 +33,13 @@ void require(bool promise, const char* what)
     }
 }
 
-// Nothing for bytes that are no text, as a reader would have it.
+// Nothing for bytes that are no text, as a reader would have it. A UTF-8 mark inside a file may come to its
+// start when lines before it are left out; the next reader drops and tells it.
 std::optional<TextFile> textOf(std::string_view bytes, const char* name)
 {
+    if (bytes.find("\xEF\xBB\xBF", 1) != std::string_view::npos) {
+        return std::nullopt;
+    }
     Result<TextFile> file = asTextFile(name, {std::string(bytes), stampOf(bytes)});
     return file ? std::optional(std::move(*file)) : std::nullopt;
 }
@@ -70,9 +74,12 @@ void feedLines(std::string_view bytes)
     try {
         const std::string composed = ComposeSoundLine(ParseSoundLine(line));
         require(composed == ComposeSoundLine(ParseSoundLine(line)), "the same line is composed the same way");
-        RemoveLetter(AddLetter(line, letter), letter);
     } catch (const std::out_of_range&) {
         require(!SoundCatalogue::accepts(line), "an accepted line can be read");
+    }
+    const std::string longer = AddLetter(line, letter);
+    if (SoundCatalogue::accepts(longer)) {
+        RemoveLetter(longer, letter);
     }
     replaceLetter(line, letter, "zz");
     eraseLetter(line, letter);
