@@ -35,6 +35,11 @@ need_packages() {
         apt-get install -qq -y --no-install-recommends "${missing[@]}" >/dev/null
 }
 
+# What was compiled before is not compiled again, in other build folders and clones neither.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+fi
+
 # Configures a preset once; CMake itself notices later changes, but not those of CMakePresets.json.
 configure() {
     local preset=$1

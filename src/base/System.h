@@ -65,7 +65,7 @@ public:
     std::error_code create(const std::filesystem::path& file);
     bool isOpen() const { return m_handle != none; }
     // Returns once the bytes are on the disk.
-    std::error_code append(std::string_view bytes);
+    std::error_code append(std::string_view bytes) const;
     void close();
 
 private:

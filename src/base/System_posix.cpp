@@ -234,7 +234,7 @@ std::error_code AppendFile::create(const std::filesystem::path& file)
     return {};
 }
 
-std::error_code AppendFile::append(std::string_view bytes)
+std::error_code AppendFile::append(std::string_view bytes) const
 {
     const int descriptor = static_cast<int>(m_handle);
     if (const std::error_code error = writeAll(descriptor, bytes)) {

@@ -186,7 +186,7 @@ std::error_code AppendFile::create(const std::filesystem::path& file)
     return {};
 }
 
-std::error_code AppendFile::append(std::string_view bytes)
+std::error_code AppendFile::append(std::string_view bytes) const
 {
     const auto handle = reinterpret_cast<HANDLE>(m_handle);
     if (const std::error_code error = writeAll(handle, bytes)) {

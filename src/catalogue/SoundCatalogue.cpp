@@ -229,7 +229,8 @@ std::size_t SoundCatalogue::freeFileLineAt(std::size_t number) const
     return first < end ? first : notInFile;
 }
 
-void SoundCatalogue::record(LineDelta::Kind kind, std::size_t number, std::string before, std::string after)
+void SoundCatalogue::record(LineDelta::Kind kind, std::size_t number, std::string before,
+                            std::string after) const
 {
     if (m_recorder.pointer != nullptr) {
         m_recorder.pointer->record({kind, number, std::move(before), std::move(after)});

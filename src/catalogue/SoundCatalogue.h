@@ -137,7 +137,7 @@ private:
     void renumberFrom(std::size_t number);
     // Of a line that stood here and was taken out.
     std::size_t freeFileLineAt(std::size_t number) const;
-    void record(LineDelta::Kind kind, std::size_t number, std::string before, std::string after);
+    void record(LineDelta::Kind kind, std::size_t number, std::string before, std::string after) const;
     std::string makeListEntry(std::size_t number, std::string_view line) const;
 
     File m_file;

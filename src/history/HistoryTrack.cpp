@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 #include <span>
 
 namespace tavrel {
@@ -75,8 +76,8 @@ bool HistoryTrack::pending() const
 std::vector<HistoryTrack::Move> HistoryTrack::wayFromSaved() const
 {
     std::vector<Move> moves;
-    for (auto step = cutOff.rbegin(); step != cutOff.rend(); ++step) {
-        moves.push_back({&*step, false});
+    for (const HistoryStep& step : std::ranges::reverse_view(cutOff)) {
+        moves.push_back({&step, false});
     }
     for (std::size_t i = savedPosition; i > position; --i) {
         moves.push_back({&steps[i - 1], false});

@@ -58,7 +58,7 @@ FmCompare::FmCompare(QWidget* parent, const VersionsContext& context,
     fillSources();
     connectControls();
     if (file) {
-        open(*file);
+        openFile(*file);
         m_view->setFocus();
     } else {
         showNothing();
@@ -193,7 +193,7 @@ void FmCompare::connectControls()
 void FmCompare::chooseSource(int index)
 {
     if (index != installedSource) {
-        open(m_kept[static_cast<std::size_t>(index - installedSource - 1)]);
+        openFile(m_kept[static_cast<std::size_t>(index - installedSource - 1)]);
         return;
     }
     OtherCatalogue installed;
@@ -215,11 +215,11 @@ void FmCompare::chooseFile()
          m_context.places.soundsFile.parent_path()});
     if (file) {
         m_source->setCurrentIndex(-1);
-        open(*file);
+        openFile(*file);
     }
 }
 
-void FmCompare::open(const std::filesystem::path& file)
+void FmCompare::openFile(const std::filesystem::path& file)
 {
     Result<OtherCatalogue> read = readOtherCatalogue(file);
     if (!read) {

@@ -44,7 +44,7 @@ private:
 
     void chooseSource(int index);
     void chooseFile();
-    void open(const std::filesystem::path& file);
+    void openFile(const std::filesystem::path& file);
     void showNothing();
     void compare();
     std::vector<DifferenceRow> rowsOf(const CatalogueComparison& comparison) const;
