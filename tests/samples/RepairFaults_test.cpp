@@ -36,11 +36,6 @@ protected:
     {
         const FaultyProgram program({TAVREL_REPAIR_ONCE, command, (work / "Samples" / "foot.wav").string()},
                                     root.path());
-        const auto runOnce = [&](const std::string& straceOptions) {
-            fs::remove_all(work);
-            fs::copy(start, work, fs::copy_options::recursive);
-            return program.run(straceOptions);
-        };
         const auto check = [&](int status) {
             EXPECT_TRUE(GetParam().isKill || program.hitTheSanitizer() || WIFEXITED(status))
                 << "the program crashed";
@@ -53,11 +48,7 @@ protected:
                 EXPECT_TRUE(sample == after);
             }
         };
-        const std::map<std::string, int> counts = program.countCalls(runOnce);
-        check(0);
-        const FaultCounts faults = program.withEachFault(counts, GetParam(), runOnce, check);
-        EXPECT_GT(faults.runs, 30);
-        EXPECT_GT(faults.failures, faults.runs / 4) << "the faults did not reach the program";
+        const std::map<std::string, int> counts = program.strikeEach(start, work, GetParam(), check);
         EXPECT_GE(counts.at("fsync"), command == std::string("repair") ? 4 : 2);
     }
 

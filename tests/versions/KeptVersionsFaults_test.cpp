@@ -18,25 +18,6 @@ namespace {
 class KeptVersionsFaults : public testing::TestWithParam<Fault>
 {
 protected:
-    int run(const FaultyProgram& program, const std::string& straceOptions) const
-    {
-        fs::remove_all(work);
-        fs::copy(start, work, fs::copy_options::recursive);
-        return program.run(straceOptions);
-    }
-
-    // Runs it once for each of its calls.
-    void expectAfterEachFault(const FaultyProgram& program,
-                              const std::function<void(int status)>& check) const
-    {
-        const auto runWith = [&](const std::string& options) { return run(program, options); };
-        const std::map<std::string, int> counts = program.countCalls(runWith);
-        check(0);
-        const FaultCounts faults = program.withEachFault(counts, GetParam(), runWith, check);
-        EXPECT_GT(faults.runs, 25);
-        EXPECT_GT(faults.failures, faults.runs / 5) << "the faults did not reach the program";
-    }
-
     TemporaryFolder root;
     fs::path start = root / "start";
     fs::path work = root / "work";
@@ -56,7 +37,7 @@ TEST_P(KeptVersionsFaults, KeepOneVersionMoreOrNone)
         names.insert(name);
     }
     const FaultyProgram program({TAVREL_VERSIONS_ONCE, "keep", (work / "Sounds.txt").string()}, root.path());
-    expectAfterEachFault(program, [&](int status) {
+    program.strikeEach(start, work, GetParam(), [&](int status) {
         EXPECT_EQ(readBytes(work / "Sounds.txt"), sounds);
         removeUnfinishedWrites(work / folder);
         std::size_t kept = 0;
@@ -84,7 +65,7 @@ TEST_P(KeptVersionsFaults, BringASetBackWholeOrNotAtAll)
     }
     const FaultyProgram program({TAVREL_VERSIONS_ONCE, "bring_back", (work / "Samples").string()},
                                 root.path());
-    expectAfterEachFault(program, [&](int status) {
+    program.strikeEach(start, work, GetParam(), [&](int status) {
         // Wherever they are.
         std::multiset<std::string> contents;
         for (const std::string& folder : namesIn(work)) {
