@@ -272,7 +272,7 @@ private:
         const Question question{titles::modification,
                                 failure.text + BilingualText("\nApply without keeping the old file?",
                                                              "\nAppliquer sans conserver l'ancien fichier ?"),
-                                Buttons::YesNo, true};
+                                Buttons::YesNo, true, true};
         if (m_dialogs.ask(question) != Answer::Yes) {
             return Outcome::Refused;
         }

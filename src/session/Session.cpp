@@ -107,12 +107,18 @@ Result<std::vector<Failure>> Session::loadFrom(Places places, ProgramSettings se
     if (!references || !catalogue) {
         return references ? catalogue.failure() : references.failure();
     }
+    const bool discards = m_loaded && pending();
     std::vector<Failure> notices = discardChanges();
-    if (m_registerUnsaved && writeRegister()) {
-        // The file does not hold what the user has done: what is in memory stays, and is written later.
-    } else if (Result<LoadedRegister> again = loadRegister(places.program)) {
-        notices.insert(notices.end(), again->notices.begin(), again->notices.end());
-        m_references = std::move(again->references);
+    if (m_registerUnsaved) {
+        writeRegister(); // what is in memory is what the user has done, written now or later
+    } else {
+        if (discards) { // which may have written the register
+            if (Result<LoadedRegister> again = loadRegister(places.program)) {
+                references = std::move(again);
+            }
+        }
+        notices.insert(notices.end(), references->notices.begin(), references->notices.end());
+        m_references = std::move(references->references);
     }
     notices.insert(notices.end(), catalogue->notices.begin(), catalogue->notices.end());
     const std::vector<Failure> halves =

@@ -54,7 +54,10 @@ protected:
             const fs::path& file = entry.path();
             if (entry.is_regular_file() && file.extension() != ".tavrel-lock" &&
                 file.extension() != ".lock") {
-                files[fs::relative(file, cli.root.path()).string()] = readBytes(file);
+                // A version is named after the second in which it was kept.
+                const bool isVersion = file.parent_path().filename() == "Sounds_versions";
+                const fs::path name = isVersion ? file.parent_path() / "version" : file;
+                files[fs::relative(name, cli.root.path()).string()] = readBytes(file);
             }
         }
         return files;
@@ -101,8 +104,8 @@ TEST_P(CommandFaults, LeaveOldFilesOrNewOnes)
     const FaultyProgram program(command(), aside.path());
     bool isFirst = true;
     program.strikeEach(start, cli.root.path(), fault(), [&](int status) {
-        for (const fs::path& folder :
-             {cli.creator, cli.program, cli.program / "sounds", cli.program / "Backups"}) {
+        for (const fs::path& folder : {cli.creator, cli.creator / "Sounds_versions", cli.program,
+                                       cli.program / "sounds", cli.program / "Backups"}) {
             removeUnfinishedWrites(folder); // as the next one does who has the locks
         }
         const Files now = filesOf();

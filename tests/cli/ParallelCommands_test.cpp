@@ -92,6 +92,9 @@ TEST_F(TwoInstallations, LoseNothingToARestoreInBetween)
     expectAllDone();
     std::set<std::string> changed;
     for (const std::string& file : namesIn(cli.creator)) {
+        if (std::filesystem::is_directory(cli.creator / file)) {
+            continue;
+        }
         std::istringstream lines(readBytes(cli.creator / file));
         for (std::string line; std::getline(lines, line);) {
             if (line.find("VOL77") != std::string::npos) {
