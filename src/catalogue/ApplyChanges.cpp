@@ -233,6 +233,7 @@ private:
     Problem keepBackup(const FileOnDisk& onDisk)
     {
         m_kept.clear();
+        m_versionFailed = false;
         if (!onDisk.content) {
             return std::nullopt;
         }
@@ -249,7 +250,9 @@ private:
             m_kept.push_back(backup);
         }
         if (keepsVersion()) {
-            return take(tavrel::keepVersion(m_file, bytes, m_target.wadName));
+            Problem problem = take(tavrel::keepVersion(m_file, bytes, m_target.wadName));
+            m_versionFailed = problem.has_value();
+            return problem;
         }
         const bool dropsLines = onDisk.linesWithoutSound > 0 && !m_target.keepComments;
         const bool isChanged = onDisk.stamp() != m_catalogue.file().stamp;
@@ -298,7 +301,7 @@ private:
         }
         if (const Problem problem = keepBackup(*onDisk)) {
             removeKept({});
-            return keepsVersion() ? askWithoutVersion(*problem) : report(*problem);
+            return m_versionFailed ? askWithoutVersion(*problem) : report(*problem);
         }
         return replace(*onDisk);
     }
@@ -367,6 +370,7 @@ private:
     std::vector<fs::path> m_kept;        // of the file that is replaced
     std::optional<fs::path> m_namedCopy; // in the last question
     bool m_withoutVersion = false;
+    bool m_versionFailed = false;
     std::optional<FileStamp> m_agreed; // nothing: that there is no such file
 };
 
