@@ -143,8 +143,8 @@ void TitleButtons::showSteps()
 {
     const struct
     {
-        QToolButton* button;
-        bool possible;
+        QToolButton* button = nullptr;
+        bool possible = false;
         BilingualText command;
         BilingualText next;
     } both[] = {

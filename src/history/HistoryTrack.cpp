@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <span>
 
 namespace tavrel {
@@ -76,8 +75,8 @@ bool HistoryTrack::pending() const
 std::vector<HistoryTrack::Move> HistoryTrack::wayFromSaved() const
 {
     std::vector<Move> moves;
-    for (const HistoryStep& step : std::ranges::reverse_view(cutOff)) {
-        moves.push_back({&step, false});
+    for (std::size_t i = cutOff.size(); i > 0; --i) {
+        moves.push_back({&cutOff[i - 1], false});
     }
     for (std::size_t i = savedPosition; i > position; --i) {
         moves.push_back({&steps[i - 1], false});

@@ -10,6 +10,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <tuple>
 
 namespace tavrel {
 
@@ -40,7 +41,10 @@ private:
         std::uintmax_t size = 0;
         std::filesystem::file_time_type modified;
 
-        friend auto operator<=>(const Key&, const Key&) = default;
+        bool operator<(const Key& other) const
+        {
+            return std::tie(file, size, modified) < std::tie(other.file, other.size, other.modified);
+        }
     };
 
     void startReading(const Key& key);

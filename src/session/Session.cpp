@@ -226,14 +226,11 @@ bool Session::keepsComments() const
 
 Problem Session::writeRegister()
 {
-    Problem problem;
-    if (m_locks && m_locks->areTaken()) {
-        problem = saveRegister(m_places.program, m_references);
-    } else if (const Result<ProcessLock> lock = takeLock(m_places.program, changesLock, registerPatience)) {
-        problem = saveRegister(m_places.program, m_references);
-    } else {
-        problem = lock.failure();
+    std::optional<Result<ProcessLock>> lock;
+    if (!m_locks || !m_locks->areTaken()) {
+        lock = takeLock(m_places.program, changesLock, registerPatience);
     }
+    const Problem problem = !lock || *lock ? saveRegister(m_places.program, m_references) : lock->failure();
     m_registerUnsaved = problem.has_value();
     return problem;
 }

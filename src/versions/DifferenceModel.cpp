@@ -17,7 +17,7 @@ QString numberText(const std::optional<std::size_t>& number)
 } // namespace
 
 DifferenceModel::DifferenceModel(DifferenceSides sides, Language language, QColor muted, QObject* parent)
-    : QAbstractTableModel(parent), m_sides(std::move(sides)), m_language(language), m_muted(std::move(muted))
+    : QAbstractTableModel(parent), m_sides(std::move(sides)), m_language(language), m_muted(muted)
 {}
 
 void DifferenceModel::useButton(const BilingualText& caption)

@@ -111,7 +111,7 @@ void DifferenceView::makeFilters()
     using enum LineField;
     const struct
     {
-        const char* name;
+        const char* name = nullptr;
         BilingualText caption;
         LineFields fields;
     } kinds[] = {

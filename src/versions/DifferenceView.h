@@ -82,7 +82,7 @@ protected:
 private:
     struct Filter
     {
-        QCheckBox* box;
+        QCheckBox* box = nullptr;
         LineFields fields; // none for missing lines
     };
 
