@@ -13,9 +13,11 @@
 #include "app/ValuesPanel.h"
 #include "app/WadPanel.h"
 #include "base/Titles.h"
+#include "checks/CheckWatch.h"
 #include "checks/FmChecks.h"
 #include "checks/FmLevels.h"
 #include "samples/WaveformCache.h"
+#include "session/SessionChecks.h"
 #include "ui/Controls.h"
 #include "ui/FoldingPanel.h"
 #include "ui/Text.h"
@@ -48,6 +50,9 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& started)
     : m_context(std::move(context)), m_settingsDamaged(started.settingsDamaged),
       m_session(m_context.programFolder, started.settings), m_selection(m_session),
       m_generation(m_context.batches, m_context.dialogs), m_status(new StatusRow(*this)),
+      m_watch(std::make_unique<CheckWatch>([this](Progress& progress) {
+          return m_session.isLoaded() ? checkSession(m_session, m_session.wad(), progress) : CheckReport();
+      })),
       m_waveforms(std::make_shared<WaveformCache>())
 {
     setObjectName("FmSFX");
@@ -64,6 +69,7 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& started)
     m_results.setSingleShot(true);
     m_results.setTimerType(Qt::PreciseTimer); // a coarse one comes too early
     connect(&m_results, &QTimer::timeout, this, &FmSFX::lookForResults);
+    connect(m_watch.get(), &CheckWatch::marksChanged, this, &FmSFX::showMarks);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &FmSFX::keepValues);
     resize(usualSize);
 }
@@ -236,6 +242,7 @@ void FmSFX::wadChanged()
 // The windows that stay open beside this one.
 void FmSFX::refreshTools()
 {
+    m_watch->refresh();
     if (m_checks) {
         m_checks->refresh();
     }
@@ -276,6 +283,7 @@ void FmSFX::reloaded()
     historyChanged();
     showTitle();
     refreshTools();
+    m_watch->restart();
 }
 
 void FmSFX::historyChanged()

@@ -30,6 +30,7 @@ class QKeySequence;
 namespace tavrel {
 
 struct ExchangeContext;
+class CheckWatch;
 class FmChecks;
 class FmLevels;
 class WaveformCache;
@@ -131,6 +132,14 @@ private:
     bool mayCloseWithoutRegister();
     void saveSettings(const BilingualText& title);
 
+    // Findings (FmSFXChecks.cpp)
+    void openChecks();
+    void openLevels();
+    bool readOtherwise(std::vector<LineReadOtherwise> lines);
+    void tellFileErrors();
+    bool acceptsErrors(const CurrentWad& wad);
+    void showMarks();
+
     // Other windows (FmSFXWindows.cpp)
     // With a letter for a new reference.
     void openRegister(const std::string& letter = {});
@@ -158,9 +167,6 @@ private:
     void showChanges();
     void compareWith();
     void openVersions();
-    void openChecks();
-    void openLevels();
-    bool readOtherwise(std::vector<LineReadOtherwise> lines);
 
     // Recovery (FmSFXRecovery.cpp)
     void recoverDiscarded();
@@ -192,6 +198,7 @@ private:
     WadPanel* m_wads = nullptr;
     LineTextPanel* m_texts = nullptr;
     std::vector<MainPanel*> m_panels;
+    std::unique_ptr<CheckWatch> m_watch;
     QPointer<FmChecks> m_checks; // while they are open
     QPointer<FmLevels> m_levels;
     std::shared_ptr<WaveformCache> m_waveforms;

@@ -42,6 +42,7 @@ bool FmSFX::loadSession(const std::optional<LevelEditorChoice>& editor)
     if (!notices->empty()) { // last: while the box is up, the window paints what was loaded
         m_context.dialogs.show({MessageIcon::Information, titles::soundsFile, listOf(*notices)});
     }
+    tellFileErrors();
     return true;
 }
 

@@ -18,11 +18,8 @@ void FmSFX::generate()
     say({});
     m_results.stop(); // a look in the middle of the pass would end it
     m_busy = std::make_unique<StatusProgress>(*this, *m_status, settings().language);
-    const Places& places = m_session.places();
-    const GenerationRequest request{
-        catalogue(),    m_session.wad(), m_session.pending() || m_selection.edited(),
-        places.program, places.creator,  places.samples,
-        places.wads};
+    const GenerationRequest request{catalogue(), m_session.wad(), m_session.pending() || m_selection.edited(),
+                                    m_session.places(), [this] { return acceptsErrors(m_session.wad()); }};
     switch (m_generation.begin(request, *m_busy, SfxGeneration::Clock::now())) {
     case SfxGeneration::Begun::Started:
         m_busy->wait();

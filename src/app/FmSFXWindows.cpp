@@ -14,8 +14,6 @@
 #include "base/ProcessLock.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
-#include "checks/FmChecks.h"
-#include "checks/FmLevels.h"
 #include "generation/FmStats.h"
 #include "references/FmObject.h"
 #include "references/FmRefW.h"
@@ -27,7 +25,6 @@
 #include "samples/FmSamp.h"
 #include "samples/FmSplInc.h"
 #include "session/FmReview.h"
-#include "session/SessionChecks.h"
 #include "ui/FmColors.h"
 #include "versions/FmCompare.h"
 #include "versions/FmVersions.h"
@@ -244,72 +241,6 @@ void FmSFX::reviewChanges()
 void FmSFX::showChanges()
 {
     FmReview(this, m_session, m_context.dialogs, {{}, [this](std::size_t sound) { goTo(sound); }}).exec();
-}
-
-// Checks and levels stay open
-
-void FmSFX::openChecks()
-{
-    if (!m_session.isLoaded()) {
-        return;
-    }
-    if (!m_checks) {
-        m_checks = new FmChecks(
-            this, {settings().language, settings().colours, m_context.dialogs,
-                   [this](Progress& progress) { return checkSession(m_session, m_session.wad(), progress); },
-                   [this]() -> const SoundCatalogue& { return catalogue(); },
-                   [this] { return m_session.wad(); }, [this](std::size_t sound) { goTo(sound); },
-                   [this](std::vector<SoundCatalogue::LineChange> changes, const BilingualText& label) {
-                       return m_selection.mayLeave(m_context.dialogs) &&
-                              changeLines(std::move(changes), label);
-                   },
-                   [this](std::vector<LineReadOtherwise> lines) { return readOtherwise(std::move(lines)); },
-                   [this](const std::string& letter) { openRegister(letter); }});
-        m_checks->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    m_checks->show();
-    m_checks->raise();
-    m_checks->activateWindow();
-}
-
-// The lines get other numbers, so the history starts anew.
-bool FmSFX::readOtherwise(std::vector<LineReadOtherwise> lines)
-{
-    if (!m_selection.mayLeave(m_context.dialogs)) {
-        return false;
-    }
-    const Question question{
-        titles::checkProject,
-        {"Modifications not applied. They are lost when [sounds.txt] is loaded again.\nLoad it anyway",
-         "Des modifications n'ont pas été appliquées. Elles seront perdues si [sounds.txt] est rechargé.\nLe "
-         "recharger quand même"},
-        Buttons::YesNo,
-        true};
-    if (m_session.pending() && m_context.dialogs.ask(question) != Answer::Yes) {
-        return false;
-    }
-    const Result<std::vector<Failure>> loaded = m_session.load(std::move(lines));
-    if (!loaded) {
-        m_context.dialogs.show({MessageIcon::Critical, titles::soundsFile, loaded.failure().text});
-    }
-    return static_cast<bool>(loaded);
-}
-
-void FmSFX::openLevels()
-{
-    if (!m_session.isLoaded()) {
-        return;
-    }
-    if (!m_levels) {
-        m_levels = new FmLevels(this, {settings().language, settings().colours, m_context.dialogs,
-                                       [this] { return surveySession(m_session); },
-                                       [this] { return m_session.wad(); },
-                                       [this](const CurrentWad& wad) { m_session.chooseWad(wad.wadName); }});
-        m_levels->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    m_levels->show();
-    m_levels->raise();
-    m_levels->activateWindow();
 }
 
 // Statistics

@@ -10,6 +10,8 @@ class QPushButton;
 
 namespace tavrel {
 
+struct FindingMarks;
+
 // The line at the bottom that says what a command did.
 class Status
 {
@@ -45,6 +47,8 @@ public:
     virtual void showLanguage(Language language) = 0;
     // The colours of the main window's lists and texts.
     virtual void paintWith(const ColourPair& /*pair*/) {}
+    // They live as long as the panel.
+    virtual void showMarks(const FindingMarks& /*marks*/) {}
 
 protected:
     const PanelContext& context() const { return m_context; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SamplesPanel.h"
 
+#include "checks/FindingMarks.h"
+#include "checks/SeverityIcon.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -78,6 +80,23 @@ void SamplesPanel::paintWith(const ColourPair& pair)
     tavrel::paintWith(*m_list, pair);
 }
 
+void SamplesPanel::showMarks(const FindingMarks& marks)
+{
+    m_marks = &marks;
+    markSamples();
+}
+
+void SamplesPanel::markSamples()
+{
+    for (int row = 0; m_marks != nullptr && row < m_list->count(); ++row) {
+        QListWidgetItem& item = *m_list->item(row);
+        const FindingMark* const mark = m_marks->ofSample(toCodePage(item.text()));
+        item.setIcon(mark == nullptr ? QIcon()
+                                     : severityIcon(mark->severity, paintedWith(m_list->palette())));
+        item.setToolTip(mark == nullptr ? QString() : plainToolTip(inLanguage(mark->text, language())));
+    }
+}
+
 // What was typed belongs to what was loaded before.
 void SamplesPanel::reloaded()
 {
@@ -100,6 +119,7 @@ void SamplesPanel::lineShown()
         m_list->addItems(names);
         m_list->setCurrentRow(0);
         entrySelected();
+        markSamples();
     }
     enable();
 }

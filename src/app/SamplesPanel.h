@@ -30,6 +30,7 @@ public:
 
     void showLanguage(Language language) override;
     void paintWith(const ColourPair& pair) override;
+    void showMarks(const FindingMarks& marks) override;
 
 private:
     void reloaded() override;
@@ -38,6 +39,7 @@ private:
     void objectChosen() override { enable(); }
 
     void layOut();
+    void markSamples();
     void connectControls();
     void enable();
     void entrySelected();
@@ -57,6 +59,7 @@ private:
     QPushButton* m_remove;
     QPushButton* m_chooser;
     std::pair<std::optional<std::size_t>, QStringList> m_shown; // of which sound
+    const FindingMarks* m_marks = nullptr;                      // none before the first look
 };
 
 } // namespace tavrel

@@ -31,6 +31,8 @@ struct Question
     // offers it, a console does without.
     BilingualText otherChoice = {};
     MessageIcon icon = MessageIcon::Question;
+    // What the button of the agreement says in a window, where that is not OK or Yes.
+    BilingualText agreement = {};
 };
 
 } // namespace tavrel

@@ -21,13 +21,13 @@ const std::vector<Check>& table()
         {"sample-missing", {"Sample missing", "Sample manquant"}, true, Last, checks::sampleMissing},
         {"sample-format",
          {"Sample in a wrong format", "Sample au mauvais format"},
-         false,
+         true,
          Usual,
          checks::sampleFormat},
-        {"sample-bits", {"8-bit sample", "Sample de 8 bits"}, false, Usual, checks::sampleBits},
+        {"sample-bits", {"8-bit sample", "Sample de 8 bits"}, true, Usual, checks::sampleBits},
         {"sample-chunks",
          {"Sample with something behind its data", "Sample suivi d'autres données"},
-         false,
+         true,
          Usual,
          checks::sampleChunks},
         {"sample-silent", {"Silent sample", "Sample muet"}, false, Usual, checks::sampleSilent},
@@ -162,22 +162,28 @@ void sortFindings(std::vector<Finding>& findings)
     std::ranges::stable_sort(findings, {}, key);
 }
 
-bool isOfFile(const Finding& finding)
+bool isOfFile(const Check& check)
 {
-    return finding.check == "line-shifted" || finding.check == "colon-comment" ||
-           finding.check == "lost-colon";
+    return check.name == "line-shifted" || check.name == "colon-comment" || check.name == "lost-colon";
 }
 
 template <typename Wanted>
-std::vector<const Finding*> errorsAmong(const CheckReport& report, Wanted wanted)
+CheckReport runWanted(const CheckSubject& subject, Progress& progress, Wanted wanted)
 {
-    std::vector<const Finding*> errors;
-    for (const Finding& finding : report.findings) {
-        if (finding.severity == Severity::Error && wanted(finding)) {
-            errors.push_back(&finding);
+    CheckRun run(subject, progress, table().size());
+    for (const CheckTurn turn : {First, Usual, Last}) {
+        for (const Check& check : table()) {
+            if (check.turn == turn && wanted(check) && run.step()) {
+                check.run(run);
+            }
         }
     }
-    return errors;
+    CheckReport report{run.takeFindings(), run.takeFailures(), run.isCancelled()};
+    if (!report.cancelled) {
+        progress.show(1, 1);
+    }
+    sortFindings(report.findings);
+    return report;
 }
 
 } // namespace
@@ -195,33 +201,25 @@ const Check* findCheck(std::string_view name)
 
 CheckReport runChecks(const CheckSubject& subject, Progress& progress)
 {
-    CheckRun run(subject, progress, table().size());
-    for (const CheckTurn turn : {First, Usual, Last}) {
-        for (const Check& check : table()) {
-            if (check.turn == turn && run.step()) {
-                check.run(run);
-            }
-        }
-    }
-    CheckReport report{run.takeFindings(), run.takeFailures(), run.isCancelled()};
-    if (!report.cancelled) {
-        progress.show(1, 1);
-    }
-    sortFindings(report.findings);
-    return report;
+    return runWanted(subject, progress, [](const Check&) { return true; });
+}
+
+CheckReport runFileChecks(const CheckSubject& subject, Progress& progress)
+{
+    return runWanted(subject, progress, isOfFile);
 }
 
 std::vector<const Finding*> errorsBeforeGeneration(const CheckReport& report, const SoundCatalogue& catalogue,
                                                    const CurrentWad& wad)
 {
-    return errorsAmong(report, [&](const Finding& finding) {
-        return finding.check != "sample-format" && concernsWad(finding, catalogue, wad);
-    });
-}
-
-std::vector<const Finding*> errorsOfFile(const CheckReport& report)
-{
-    return errorsAmong(report, isOfFile);
+    std::vector<const Finding*> errors;
+    for (const Finding& finding : report.findings) {
+        if (finding.severity == Severity::Error && finding.check != "sample-format" &&
+            concernsWad(finding, catalogue, wad)) {
+            errors.push_back(&finding);
+        }
+    }
+    return errors;
 }
 
 } // namespace tavrel

@@ -46,7 +46,8 @@ CheckReport runChecks(const CheckSubject& subject, Progress& progress);
 // among them: the generation looks for these itself.
 std::vector<const Finding*> errorsBeforeGeneration(const CheckReport& report, const SoundCatalogue& catalogue,
                                                    const CurrentWad& wad);
-// Errors of the file itself: what to tell when it has been loaded.
-std::vector<const Finding*> errorsOfFile(const CheckReport& report);
+// The checks of the file itself, whose errors are told when it has been loaded: shifted sounds, and colons
+// that are wrong or missing.
+CheckReport runFileChecks(const CheckSubject& subject, Progress& progress);
 
 } // namespace tavrel

@@ -4,6 +4,7 @@
 #include "base/Titles.h"
 #include "checks/FindingTexts.h"
 #include "checks/ListSaving.h"
+#include "checks/SeverityIcon.h"
 #include "ui/BusyPointer.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
@@ -37,19 +38,6 @@ namespace {
 constexpr std::size_t colourSlot = 1;
 constexpr int findingRole = Qt::UserRole;
 constexpr Severity severities[] = {Severity::Error, Severity::Warning, Severity::Note};
-
-QIcon iconOf(Severity severity, const ColourPair& colours)
-{
-    switch (severity) {
-    case Severity::Error:
-        return glyphIcon(Glyph::Critical, QColor(0xE8, 0x6A, 0x52));
-    case Severity::Warning:
-        return glyphIcon(Glyph::Exclamation, markColour(colours));
-    case Severity::Note:
-        break;
-    }
-    return glyphIcon(Glyph::Information, mutedColour(colours));
-}
 
 QLabel* makeWrappedText(const char* name)
 {
@@ -367,6 +355,7 @@ void FmChecks::run()
     }
     showScopes();
     take(report);
+    m_context.checked(report);
 }
 
 void FmChecks::take(const CheckReport& report)
@@ -445,7 +434,7 @@ void FmChecks::fillGroup(Severity severity)
 {
     QList<QTreeWidgetItem*> rows;
     const SoundCatalogue& catalogue = m_context.catalogue();
-    const QIcon icon = iconOf(severity, m_context.colours.slots[colourSlot]);
+    const QIcon icon = severityIcon(severity, m_context.colours.slots[colourSlot]);
     for (std::size_t i = 0; i < m_report.findings.size(); ++i) {
         const Finding& finding = m_report.findings[i];
         if (finding.severity != severity || !isWanted(finding)) {

@@ -30,7 +30,8 @@ struct ChecksContext
     Language language;
     ColourScheme colours;
     Dialogs& dialogs;
-    std::function<CheckReport(Progress&)> check; // the findings anew
+    std::function<CheckReport(Progress&)> check;     // the findings anew
+    std::function<void(const CheckReport&)> checked; // whoever else shows findings
     std::function<const SoundCatalogue&()> catalogue;
     std::function<CurrentWad()> wad; // the current one, or none
     std::function<void(std::size_t)> selectSound;

@@ -3,12 +3,14 @@
 #include "base/FailureTexts.h"
 #include "base/Progress.h"
 #include "base/TextFile.h"
+#include "checks/FindingQuestions.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
 #include "generation/RestoreDefaults.h"
 #include "generation/ScriptStatistics.h"
 #include "generation/SfxGeneration.h"
 #include "samples/SampleFormat.h"
+#include "session/SessionChecks.h"
 
 #include <memory>
 #include <thread>
@@ -60,14 +62,14 @@ ExitStatus generate(const std::string& wadName, Console& console)
     tellCutRestores(session->places(), console);
     const std::unique_ptr<BatchRunner> runner = makeSystemBatchRunner(BatchConsole::None);
     SfxGeneration generation(*runner, console.dialogs);
-    const GenerationRequest request{session->catalogue(),
-                                    *wad,
-                                    false,
-                                    console.programFolder,
-                                    session->places().creator,
-                                    session->places().samples,
-                                    session->places().wads};
     SilentProgress progress;
+    const auto acceptsErrors = [&] {
+        const CheckReport report = checkSession(*session, *wad, progress);
+        const auto errors = errorsBeforeGeneration(report, session->catalogue(), *wad);
+        return errors.empty() ||
+               console.dialogs.ask(carriedErrorsQuestion(errors, session->catalogue())) == Answer::Ok;
+    };
+    const GenerationRequest request{session->catalogue(), *wad, false, session->places(), acceptsErrors};
     switch (generation.begin(request, progress, SfxGeneration::Clock::now())) {
     case SfxGeneration::Begun::Started:
         return waitForResults(generation, console);

@@ -176,13 +176,13 @@ SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Prog
                                           Clock::time_point now)
 {
     look(now); // the console of the last one may have been closed just now
-    if (!mayBegin(request) || !confirm(request) || !mayMoveOtherFiles(request)) {
+    if (!mayBegin(request) || !request.acceptsErrors() || !confirm(request) || !mayMoveOtherFiles(request)) {
         return Begun::NotStarted;
     }
-    if (findWrongSample(request.catalogue, request.wad, request.samplesFolder, progress)) {
+    if (findWrongSample(request.catalogue, request.wad, request.places.samples, progress)) {
         return Begun::WrongSample;
     }
-    Result<ProcessLock> lock = takeLock(request.programFolder, generationLock, std::chrono::seconds(0));
+    Result<ProcessLock> lock = takeLock(request.places.program, generationLock, std::chrono::seconds(0));
     if (!lock) {
         refuse(lock.failure().text);
         return Begun::NotStarted;
@@ -223,10 +223,10 @@ bool SfxGeneration::mayBegin(const GenerationRequest& request)
         refuse(missing->text);
         return false;
     }
-    if (!isFolder(request.wadsFolder)) {
+    if (!isFolder(request.places.wads)) {
         refuse(BilingualText("There is no folder for the results:\n",
                              "Il n'y a pas de répertoire pour les résultats :\n") +
-               displayPath(request.wadsFolder));
+               displayPath(request.places.wads));
         return false;
     }
     return true;
@@ -253,9 +253,9 @@ bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
     std::string others;
     for (const std::string_view ending : {".sam", ".sfx"}) {
         const std::string own = request.wad.wadName + std::string(ending);
-        const Result<FileStates> files = filesOf(request.creatorFolder, ending);
+        const Result<FileStates> files = filesOf(request.places.creator, ending);
         if (!files) {
-            refuse(impossible(request.creatorFolder), MessageIcon::Critical);
+            refuse(impossible(request.places.creator), MessageIcon::Critical);
             return false;
         }
         for (const FileState& state : *files) {
@@ -277,25 +277,25 @@ bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
                           "them where they are now. Go on?\n",
                           "\nLa génération remplacerait ceux du même nom dans ce répertoire et les "
                           "effacerait de leur place actuelle. Continuer ?\n") +
-            displayPath(request.wadsFolder),
+            displayPath(request.places.wads),
         Buttons::YesNo, true};
     return m_dialogs.ask(question) == Answer::Yes;
 }
 
 bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point now)
 {
-    m_batchFile = fileIn(request.creatorFolder, batchFileName);
-    if (!canBeCurrentFolder(request.creatorFolder) ||
+    m_batchFile = fileIn(request.places.creator, batchFileName);
+    if (!canBeCurrentFolder(request.places.creator) ||
         writeFileSafely(m_batchFile, generationBatch(request.wad))) {
-        refuse(impossible(request.creatorFolder), MessageIcon::Critical);
+        refuse(impossible(request.places.creator), MessageIcon::Critical);
         return false;
     }
-    m_output = request.programFolder / outputFileName;
-    m_wadsFolder = request.wadsFolder;
+    m_output = request.places.program / outputFileName;
+    m_wadsFolder = request.places.wads;
     m_wadName = request.wad.wadName;
     m_resultsBefore = resultsOf(m_wadsFolder, m_wadName);
     // What an earlier run left beside the tool is copied, too, and keeps its time.
-    for (FileState stale : resultsOf(request.creatorFolder, m_wadName)) {
+    for (FileState stale : resultsOf(request.places.creator, m_wadName)) {
         stale.file = m_wadsFolder / stale.file.filename();
         m_resultsBefore.push_back(std::move(stale));
     }
@@ -304,7 +304,7 @@ bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point no
     Result<std::unique_ptr<RunningBatch>> running = m_runner.start(m_batchFile, m_output);
     if (!running) {
         removeBatchFile();
-        refuse(impossible(request.creatorFolder), MessageIcon::Critical);
+        refuse(impossible(request.places.creator), MessageIcon::Critical);
         return false;
     }
     m_running = std::move(*running);

@@ -7,9 +7,11 @@
 #include "base/Progress.h"
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
+#include "settings/Places.h"
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -34,10 +36,9 @@ struct GenerationRequest
     const SoundCatalogue& catalogue;
     CurrentWad wad;
     bool hasUnappliedChanges; // pending ones, or values that were not accepted
-    std::filesystem::path programFolder;
-    std::filesystem::path creatorFolder; // holds sounds.txt and the tool
-    std::filesystem::path samplesFolder;
-    std::filesystem::path wadsFolder;
+    Places places;
+    // Tells what else is wrong with the level's sounds, before the confirmation; false ends the command.
+    std::function<bool()> acceptsErrors = [] { return true; };
 };
 
 // Makes the sound files of a WAD with the level editor's own tool, which runs beside this program.

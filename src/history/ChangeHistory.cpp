@@ -205,8 +205,10 @@ bool ChangeHistory::moveReference(const ReferenceDelta& delta, bool forward)
 // Another reference has the name or the letter by now.
 bool ChangeHistory::isTaken(const ReferenceDelta& delta, bool forward) const
 {
-    const auto [from, to] = ends(delta, forward);
-    return to && std::ranges::any_of(userReferences(), [&](const WadReference& reference) {
+    const std::pair way = ends(delta, forward);
+    const MaybeReference& from = way.first;
+    const MaybeReference& to = way.second;
+    return to && std::ranges::any_of(userReferences(), [&from, &to](const WadReference& reference) {
                return reference != from && reference != to &&
                       (reference.wadName == to->wadName || reference.letter == to->letter);
            });

@@ -45,6 +45,12 @@ CheckReport checkSession(const Session& session, const CurrentWad& wad, Progress
     return runChecks(SessionSubject(session, wad).subject(), progress);
 }
 
+CheckReport checkFileOf(const Session& session)
+{
+    SilentProgress progress;
+    return runFileChecks(SessionSubject(session, session.wad()).subject(), progress);
+}
+
 Result<std::vector<LevelSurvey>> surveySession(const Session& session)
 {
     SilentProgress progress;

@@ -12,6 +12,8 @@
 namespace tavrel {
 
 CheckReport checkSession(const Session& session, const CurrentWad& wad, Progress& progress);
+// Those of the file itself.
+CheckReport checkFileOf(const Session& session);
 Result<std::vector<LevelSurvey>> surveySession(const Session& session);
 
 } // namespace tavrel

@@ -49,6 +49,8 @@ private:
 namespace options {
 // Lines of sounds.txt that are no sounds are written back, and lines that nobody changed as they are.
 constexpr std::string_view keepComments = "keep-comments";
+// Which errors of which sounds.txt were told last.
+constexpr std::string_view toldFileErrors = "told-file-errors";
 } // namespace options
 
 } // namespace tavrel

@@ -110,12 +110,13 @@ MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& t
 }
 
 void MessageWindow::offer(std::span<const Answer> answers, Answer byDefault, Language language,
-                          const BilingualText& otherChoice)
+                          const std::map<Answer, BilingualText>& words)
 {
     constexpr int buttonWidth = 84;
     for (const Answer answer : answers) {
+        const auto own = words.find(answer);
         const BilingualText caption =
-            answer == Answer::Other ? BilingualText::same("&") + otherChoice : captionOf(answer);
+            own == words.end() ? captionOf(answer) : BilingualText::same("&") + own->second;
         auto* const button = new QPushButton(inLanguage(caption, language));
         button->setMinimumWidth(buttonWidth);
         button->setDefault(answer == byDefault);

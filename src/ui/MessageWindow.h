@@ -4,6 +4,7 @@
 #include "base/Message.h"
 #include "ui/TitledWindow.h"
 
+#include <map>
 #include <span>
 
 class QHBoxLayout;
@@ -19,10 +20,10 @@ class MessageWindow : public TitledWindow
 public:
     MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
 
-    // From left to right; the default answer is the one that Enter gives. The words of Answer::Other are
-    // the question's.
+    // From left to right; the default answer is the one that Enter gives. An answer may have words of its
+    // own; Answer::Other has no others.
     void offer(std::span<const Answer> answers, Answer byDefault, Language language,
-               const BilingualText& otherChoice = {});
+               const std::map<Answer, BilingualText>& words = {});
     // Shows the window and waits. Without a choice, `refusal`.
     Answer run(Answer refusal);
 

@@ -87,7 +87,13 @@ Answer QtDialogs::ask(const Question& question)
     if (!question.otherChoice.empty()) {
         answers.insert(answers.begin(), Answer::Other);
     }
-    window.offer(answers, byDefault, m_language, question.otherChoice);
+    std::map<Answer, BilingualText> words{{Answer::Other, question.otherChoice}};
+    if (!question.agreement.empty()) {
+        words[question.buttons == Buttons::OkCancel || question.buttons == Buttons::Ok ? Answer::Ok
+                                                                                       : Answer::Yes] =
+            question.agreement;
+    }
+    window.offer(answers, byDefault, m_language, words);
     return window.run(refusalOf(question.buttons));
 }
 

@@ -41,13 +41,19 @@ protected:
         return wavBytes({.frequency = 100.0 * static_cast<double>(name.size()), .seconds = 0.01});
     }
 
+    GenerationRequest request()
+    {
+        return {catalogue,
+                {"oasis", "oa", ""},
+                false,
+                {program.path(), editor, creator, editor / "sound" / "Samples", wads}};
+    }
+
     void begin()
     {
         RecordedProgress progress;
         dialogs.prepareAnswer(Answer::Ok);
-        const GenerationRequest request{catalogue, {"oasis", "oa", ""},          false, program.path(),
-                                        creator,   editor / "sound" / "Samples", wads};
-        ASSERT_EQ(generation.begin(request, progress, Clock::now()), SfxGeneration::Begun::Started);
+        ASSERT_EQ(generation.begin(request(), progress, Clock::now()), SfxGeneration::Begun::Started);
     }
 
     // Looks as the window does, in shorter steps, until the phase is reached.
@@ -146,8 +152,7 @@ TEST_F(SfxGenerationRun, GoesOnWhenThisProgramEnds)
         ScriptedDialogs yes{Answer::Ok};
         SfxGeneration abandoned(*runner, yes);
         RecordedProgress progress;
-        abandoned.begin({catalogue, {"oasis", "oa", ""}, false, program.path(), creator, "", wads}, progress,
-                        Clock::now());
+        abandoned.begin(request(), progress, Clock::now());
     }
     const Clock::time_point limit = Clock::now() + 60s;
     while (!fs::exists(wads / "oasis.sfx") && Clock::now() < limit) {

@@ -37,7 +37,7 @@ protected:
     }
     GenerationRequest request()
     {
-        return {catalogue, wad, hasUnappliedChanges, root / "program", creator, samples, wads};
+        return {catalogue, wad, hasUnappliedChanges, {root / "program", root.path(), creator, samples, wads}};
     }
     Begun begin() { return generation.begin(request(), progress, start); }
     Begun beginWith(std::initializer_list<Answer> answers)
@@ -64,6 +64,15 @@ protected:
     HeldBatchRunner runner;
     SfxGeneration generation{runner, dialogs};
 };
+
+TEST_F(SfxGenerationTest, ErrorsOfTheLevelAreToldBeforeTheConfirmation)
+{
+    GenerationRequest asked = request();
+    asked.acceptsErrors = [] { return false; };
+    EXPECT_EQ(generation.begin(asked, progress, start), Begun::NotStarted);
+    EXPECT_TRUE(dialogs.conversation(Language::English).empty());
+    EXPECT_FALSE(fs::exists(batchFile));
+}
 
 TEST_F(SfxGenerationTest, ChecksTheSamplesOfTheWadInTheirOrder)
 {

@@ -56,6 +56,7 @@ protected:
             ChecksContext{
                 GetParam(), ColourScheme(), dialogs,
                 [this](Progress& progress) { return runChecks(project.subject(), progress); },
+                [this](const CheckReport& report) { findings = report.findings.size(); },
                 [this]() -> const SoundCatalogue& { return project.catalogue; },
                 [this] { return project.wad; }, [this](std::size_t sound) { shownSounds.push_back(sound); },
                 [this](std::vector<SoundCatalogue::LineChange> changes, const BilingualText& label) {
@@ -94,6 +95,7 @@ protected:
     CheckedProject project;
     ScriptedDialogs dialogs;
     std::unique_ptr<FmChecks> window;
+    std::size_t findings = 0; // that the others who show them were told
     std::vector<std::size_t> shownSounds;
     std::vector<std::string> labels;
     std::vector<std::string> letters;
@@ -126,6 +128,7 @@ TEST_P(ChecksTest, LeadsToEachSoundAndMendsIt)
 
     press("CdFix");
     EXPECT_EQ(project.line(1), withTabs("SECOND:>a>>VOL01>P>>>>#oa"));
+    EXPECT_EQ(findings, 3U);
     EXPECT_EQ(labels, isEnglish() ? Texts({"VOL00 becomes VOL01"}) : Texts({"VOL00 devient VOL01"}));
     EXPECT_EQ(selected(0), "2 THIRD") << "the next one, and the mended one has gone";
     EXPECT_FALSE(control<QPushButton>("CdFixAll").isEnabled()) << "it is the only one left";

@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -28,6 +29,7 @@ protected:
     }
     void begin()
     {
+        dialogs.prepareAnswer(Answer::Ok); // most samples are missing: generate all the same
         dialogs.prepareAnswer(Answer::Ok);
         control("CdCopy").setFocus();
         click("CdCopy");
@@ -93,7 +95,7 @@ TEST_F(MainWindowGenerationTest, EnablesAfterThreeSecondsThoughTheConsoleIsOpen)
     QElapsedTimer time;
     time.start();
     begin();
-    EXPECT_EQ(dialogs.said()[0].text.english, "Modifications not applied.");
+    EXPECT_EQ(dialogs.said()[1].text.english, "Modifications not applied.");
     EXPECT_EQ(text("TxVOL"), "12") << "the selected line's values are not touched";
     EXPECT_TRUE(waitUntilEnabled(10000));
     EXPECT_GE(time.elapsed(), 3000);
@@ -104,6 +106,26 @@ TEST_F(MainWindowGenerationTest, EnablesAfterThreeSecondsThoughTheConsoleIsOpen)
     EXPECT_TRUE(QTest::qWaitFor(
         [this] { return !std::filesystem::exists(folders.creator / "CreateSFX.bat"); }, 10000));
     EXPECT_TRUE(info().startsWith("No new"));
+}
+
+TEST_F(MainWindowGenerationTest, ErrorsOfTheLevelAreShownBeforeAnythingIsAsked)
+{
+    writeBytes(folders.sounds, textOf({"OURS:\t\tgone\t\tVOL00\t\t\t\t\t\t#oa", "THEIRS:\t\tlost\t\t#pa"}));
+    open();
+    dialogs.prepareAnswer(Answer::Other);
+    click("CdCopy");
+    ASSERT_FALSE(dialogs.said().empty());
+    const std::string told = dialogs.said().back().text.english;
+    EXPECT_TRUE(told.starts_with("3 errors would go into the level:")) << told;
+    EXPECT_NE(told.find("[gone.wav] is not in the samples folder."), std::string::npos) << told;
+    EXPECT_EQ(told.find("lost"), std::string::npos) << "of another level";
+    EXPECT_TRUE(window->isEnabled());
+    auto* const checks = window->findChild<QDialog*>("FmChecks");
+    ASSERT_NE(checks, nullptr);
+    EXPECT_TRUE(checks->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        return control<QListWidget>("LiSamp").item(0)->toolTip().contains("gone.wav");
+    })) << "the sample is marked";
 }
 
 TEST_F(MainWindowGenerationTest, AWrongSampleLeadsToTheCheckOfTheFolder)

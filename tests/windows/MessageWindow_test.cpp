@@ -25,7 +25,7 @@ TEST(MessageWindow, AnswersByTheKeyboard)
                           {Qt::Key_Escape, Answer::Yes, Answer::Cancel}}) {
         MessageWindow window(nullptr, MessageIcon::Question, "T", "text");
         const Answer answers[] = {Answer::Other, Answer::Yes, Answer::No, Answer::Cancel};
-        window.offer(answers, c.byDefault, Language::French, {"Look", "Revoir"});
+        window.offer(answers, c.byDefault, Language::French, {{Answer::Other, {"Look", "Revoir"}}});
         QTimer::singleShot(0, &window, [&] { QTest::keyClick(&window, c.key); });
         EXPECT_EQ(window.run(Answer::Cancel), c.answer) << c.key;
     }

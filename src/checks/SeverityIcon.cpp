@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "checks/SeverityIcon.h"
+
+#include "ui/Colours.h"
+#include "ui/Controls.h"
+
+namespace tavrel {
+
+QIcon severityIcon(Severity severity, const ColourPair& colours)
+{
+    switch (severity) {
+    case Severity::Error:
+        return glyphIcon(Glyph::Critical, QColor(0xE8, 0x6A, 0x52));
+    case Severity::Warning:
+        return glyphIcon(Glyph::Exclamation, markColour(colours));
+    case Severity::Note:
+        break;
+    }
+    return glyphIcon(Glyph::Information, mutedColour(colours));
+}
+
+} // namespace tavrel
