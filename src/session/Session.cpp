@@ -230,7 +230,7 @@ Problem Session::writeRegister()
     if (!m_locks || !m_locks->areTaken()) {
         lock = takeLock(m_places.program, changesLock, registerPatience);
     }
-    const Problem problem = !lock || *lock ? saveRegister(m_places.program, m_references) : lock->failure();
+    Problem problem = !lock || *lock ? saveRegister(m_places.program, m_references) : lock->failure();
     m_registerUnsaved = problem.has_value();
     return problem;
 }
