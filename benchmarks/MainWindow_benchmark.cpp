@@ -55,6 +55,40 @@ public:
     benchmark::IterationCount paints = 0;
 };
 
+// What a start costs at least: a window of the toolkit's, painted.
+void bareWindow(benchmark::State& state)
+{
+    for (auto _ : state) {
+        QWidget window;
+        window.resize(1272, 712);
+        window.show();
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(bareWindow)->Unit(benchmark::kMillisecond);
+
+// From nothing to the painted main window with all its sounds.
+void startWindow(benchmark::State& state)
+{
+    const BenchmarkFolders folders;
+    NoDialogs dialogs;
+    NoPrograms programs;
+    NoPlayer player;
+    const std::unique_ptr<BatchRunner> batches = makeSystemBatchRunner();
+    for (auto _ : state) {
+        const FmSFXContext context{folders.program, dialogs, programs,       player,
+                                   *batches,        false,   [](Language) {}};
+        FmSFX window(context, {LoadSettings(folders.program).settings, false});
+        window.show();
+        window.load();
+        QApplication::processEvents();
+        if (!window.session().isLoaded()) {
+            state.SkipWithError("not loaded");
+        }
+    }
+}
+BENCHMARK(startWindow)->Unit(benchmark::kMillisecond);
+
 // From the changed row to the repainted window.
 void selectLine(benchmark::State& state)
 {

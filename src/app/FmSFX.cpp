@@ -23,10 +23,14 @@
 #include "ui/Text.h"
 
 #include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QShortcut>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace tavrel {
@@ -36,6 +40,18 @@ namespace {
 constexpr QSize usualSize(1272, 712);
 constexpr int functionColumnWidth = 316;
 constexpr int listColumnWidth = 250;
+
+std::vector<std::filesystem::path> droppedFiles(const QDropEvent& event)
+{
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : event.mimeData()->urls()) {
+        const QFileInfo file(url.toLocalFile());
+        if (url.isLocalFile() && file.isFile()) {
+            files.push_back(std::filesystem::path(file.filePath().toStdU16String()).make_preferred());
+        }
+    }
+    return files;
+}
 
 QVBoxLayout* makeColumn()
 {
@@ -71,6 +87,7 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& started)
     connect(&m_results, &QTimer::timeout, this, &FmSFX::lookForResults);
     connect(m_watch.get(), &CheckWatch::marksChanged, this, &FmSFX::showMarks);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &FmSFX::keepValues);
+    setAcceptDrops(true);
     resize(usualSize);
 }
 
@@ -106,7 +123,7 @@ void FmSFX::makePanels()
          [this] { m_sounds->showOrHideGlobals(); }, [this] { showChanges(); }});
     m_sounds = new SoundListPanel(context);
     m_values = new ValuesPanel(context);
-    m_samples = new SamplesPanel(context, [this] { return chooseSample(); });
+    m_samples = new SamplesPanel(context, m_waveforms, [this] { return chooseSample(); });
     m_letters = new LineLettersPanel(context);
     m_wads = new WadPanel(context, m_context.systemLikesMotion, [this] { chooseObject(); });
     m_texts = new LineTextPanel(context);
@@ -179,6 +196,22 @@ void FmSFX::addShortcut(const QKeySequence& keys, std::function<void()> command)
 {
     auto* const shortcut = new QShortcut(keys, this);
     connect(shortcut, &QShortcut::activated, this, std::move(command));
+}
+
+// Sound files that are dropped anywhere become samples of the selected line.
+
+void FmSFX::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!droppedFiles(*event).empty() && m_selection.canEditLine()) {
+        event->acceptProposedAction();
+    }
+}
+
+void FmSFX::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    // The questions come when the other program has its pointer back.
+    QTimer::singleShot(0, this, [this, files = droppedFiles(*event)] { m_samples->addFiles(files); });
 }
 
 // Undo belongs to a text box as long as that has something to undo.

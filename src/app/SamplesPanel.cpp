@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SamplesPanel.h"
 
+#include "base/Folder.h"
+#include "base/Titles.h"
 #include "checks/FindingMarks.h"
 #include "checks/SeverityIcon.h"
+#include "samples/SoundFile.h"
+#include "samples/WaveformView.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -18,13 +22,22 @@
 
 namespace tavrel {
 
-SamplesPanel::SamplesPanel(const PanelContext& context, Chooser choose)
+namespace {
+
+constexpr int waveformHeight = 44;
+
+} // namespace
+
+SamplesPanel::SamplesPanel(const PanelContext& context, std::shared_ptr<WaveformCache> waveforms,
+                           Chooser choose)
     : FoldingPanel("ImPanelS", nullptr), MainPanel(context), m_choose(std::move(choose)),
       m_list(makeFixedPitchList("LiSamp")), m_name(named(new QLineEdit, "TxSamp")),
       m_play(makeIconButton("CdPlay", Glyph::Play)), m_stop(makeIconButton("CdStopS", Glyph::Stop)),
       m_add(makeIconButton("CdAddSmp", Glyph::AddItem)), m_rename(makeIconButton("CdRename", Glyph::Rename)),
       m_remove(makeIconButton("CdDelSmp", Glyph::RemoveItem)),
-      m_chooser(makeIconButton("CdChSamp", Glyph::ChooseFile))
+      m_chooser(makeIconButton("CdChSamp", Glyph::ChooseFile)),
+      m_addFiles(makeIconButton("CdAddFile", Glyph::ImportBackup)),
+      m_waveform(new WaveformView("PbWaveform", context.player, std::move(waveforms)))
 {
     layOut();
     connectControls();
@@ -33,10 +46,12 @@ SamplesPanel::SamplesPanel(const PanelContext& context, Chooser choose)
 
 void SamplesPanel::layOut()
 {
-    auto* const head = rowOf({makeHeading("LbNames"), m_play, m_stop});
+    m_waveform->setFixedHeight(waveformHeight);
+    auto* const head = rowOf({makeHeading("LbNames"), m_addFiles, m_play, m_stop});
     head->insertStretch(1, 1);
     content().addLayout(head);
     content().addWidget(m_list, 1);
+    content().addWidget(m_waveform);
     content().addLayout(rowOf({named(new QLabel, "LbName"), m_name, m_add, m_rename, m_remove, m_chooser}));
 }
 
@@ -55,6 +70,8 @@ void SamplesPanel::connectControls()
     connect(m_chooser, &QPushButton::clicked, this, &SamplesPanel::choose);
     connect(m_play, &QPushButton::clicked, this, &SamplesPanel::play);
     connect(m_stop, &QPushButton::clicked, this, &SamplesPanel::stop);
+    connect(m_addFiles, &QPushButton::clicked, this, &SamplesPanel::chooseFiles);
+    connect(m_waveform, &WaveformView::told, this, [this](const BilingualText& text) { say(text); });
 }
 
 void SamplesPanel::showLanguage(Language language)
@@ -71,13 +88,25 @@ void SamplesPanel::showLanguage(Language language)
         {"CdRename", {}, {"Rename selected sample", "Renommer le sample"}},
         {"CdDelSmp", {}, {"Remove sample", "Retirer le sample"}},
         {"CdChSamp", {}, {"Choose Sample", "Choisir Sample"}},
+        {"CdAddFile",
+         {},
+         {"Add a sound file... (WAV, AIFF, FLAC, Ogg or MP3, also by dropping it on the window; it is converted)",
+          "Ajouter un fichier son... (WAV, AIFF, FLAC, Ogg ou MP3, aussi en le déposant sur la fenêtre ; il est "
+          "converti)"}},
+        {"PbWaveform",
+         {},
+         {"The selected sample; a click or Space plays it and stops it",
+          "Le sample choisi ; un clic ou Espace le joue et l'arrête"}},
     };
     showCaptions(*this, captions, language);
+    m_waveform->setLanguage(language);
+    markSamples();
 }
 
 void SamplesPanel::paintWith(const ColourPair& pair)
 {
     tavrel::paintWith(*m_list, pair);
+    tavrel::paintWith(*m_waveform, pair);
 }
 
 void SamplesPanel::showMarks(const FindingMarks& marks)
@@ -127,7 +156,8 @@ void SamplesPanel::lineShown()
 void SamplesPanel::enable()
 {
     const bool editable = selection().canEditLine();
-    for (QWidget* const control : std::initializer_list<QWidget*>{m_name, m_add, m_remove, m_chooser}) {
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{m_name, m_add, m_remove, m_chooser, m_addFiles}) {
         control->setEnabled(editable);
     }
     const bool selected = !m_list->selectedItems().empty();
@@ -143,6 +173,15 @@ void SamplesPanel::entrySelected()
     const QList<QListWidgetItem*> selected = m_list->selectedItems();
     m_name->setText(selected.empty() ? QString() : selected.front()->text());
     selection().chooseSample(input().selected);
+    showWaveform();
+}
+
+void SamplesPanel::showWaveform()
+{
+    const std::string name = selection().sampleName();
+    const std::optional<std::filesystem::path> file =
+        name.empty() ? std::nullopt : findFile(session().places().samples, name + ".wav");
+    m_waveform->showFile(file.value_or(std::filesystem::path()));
 }
 
 SampleInput SamplesPanel::input() const
@@ -157,7 +196,11 @@ void SamplesPanel::change(SampleResult (*command)(LineEditor&, const SampleInput
     if (!selection().canEditLine()) {
         return;
     }
-    const SampleResult result = command(selection().editor(), input(), dialogs());
+    take(command(selection().editor(), input(), dialogs()));
+}
+
+void SamplesPanel::take(const SampleResult& result)
+{
     if (result.changed) {
         m_list->setCurrentRow(static_cast<int>(result.selected));
         return;
@@ -166,6 +209,27 @@ void SamplesPanel::change(SampleResult (*command)(LineEditor&, const SampleInput
         m_name->setText(fromCodePage(*result.typedName));
     }
     m_name->setFocus();
+}
+
+void SamplesPanel::chooseFiles()
+{
+    addFiles(dialogs().chooseFiles({titles::addSoundFile,
+                                    {"Sound files", "Fichiers son"},
+                                    soundFilePatterns(),
+                                    m_lastFolder.empty() ? session().places().samples : m_lastFolder}));
+}
+
+void SamplesPanel::addFiles(const std::vector<std::filesystem::path>& files)
+{
+    if (files.empty() || !selection().canEditLine()) {
+        return;
+    }
+    m_lastFolder = files.front().parent_path();
+    const SampleResult result =
+        addSoundFiles(selection().editor(), files, session().places().samples, SampleNames::Asked, dialogs());
+    if (result.changed) {
+        take(result);
+    }
 }
 
 // The chosen name waits in the box until it is added or takes the place of another.
@@ -182,12 +246,16 @@ void SamplesPanel::play()
     const Problem problem =
         PlaySample(context().player, session().places().samples, selection().sampleName(), dialogs());
     say(problem ? problem->text : BilingualText());
+    if (!problem) {
+        m_waveform->followPlayback();
+    }
     m_list->setFocus();
 }
 
 void SamplesPanel::stop()
 {
     StopSample(context().player);
+    m_waveform->endPlayback();
     m_list->setFocus();
 }
 

@@ -7,15 +7,21 @@
 
 #include <QStringList>
 
+#include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 class QLineEdit;
 class QListWidget;
 class QPushButton;
 
 namespace tavrel {
+
+class WaveformCache;
+class WaveformView;
 
 // The samples of the selected line, and the name that is to be added or to take the place of one.
 class SamplesPanel final : public FoldingPanel, public MainPanel
@@ -26,7 +32,10 @@ public:
     // Lets the user choose a sample of the folder; nothing when it is closed without a choice.
     using Chooser = std::function<std::optional<std::string>()>;
 
-    SamplesPanel(const PanelContext& context, Chooser choose);
+    SamplesPanel(const PanelContext& context, std::shared_ptr<WaveformCache> waveforms, Chooser choose);
+
+    // Sound files of any kind become samples of the selected line.
+    void addFiles(const std::vector<std::filesystem::path>& files);
 
     void showLanguage(Language language) override;
     void paintWith(const ColourPair& pair) override;
@@ -40,12 +49,15 @@ private:
 
     void layOut();
     void markSamples();
+    void showWaveform();
     void connectControls();
     void enable();
     void entrySelected();
     SampleInput input() const;
     void change(SampleResult (*command)(LineEditor&, const SampleInput&, Dialogs&));
     void choose();
+    void chooseFiles();
+    void take(const SampleResult& result);
     void play();
     void stop();
 
@@ -58,7 +70,10 @@ private:
     QPushButton* m_rename;
     QPushButton* m_remove;
     QPushButton* m_chooser;
+    QPushButton* m_addFiles;
+    WaveformView* m_waveform;
     std::pair<std::optional<std::size_t>, QStringList> m_shown; // of which sound
+    std::filesystem::path m_lastFolder;                         // of sound files that were added
     const FindingMarks* m_marks = nullptr;                      // none before the first look
 };
 

@@ -37,6 +37,12 @@ public:
     virtual Answer ask(const Question& question) = 0;
     // Nothing when the user cancels.
     virtual std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) = 0;
+    // Several at once, where that is possible; none when the user cancels.
+    virtual std::vector<std::filesystem::path> chooseFiles(const OpenFileQuestion& question)
+    {
+        const std::optional<std::filesystem::path> file = chooseFile(question);
+        return file ? std::vector{*file} : std::vector<std::filesystem::path>();
+    }
     // Starts from a colour. Nothing when the user cancels.
     virtual std::optional<ColourValue> chooseColour(ColourValue current) = 0;
 };

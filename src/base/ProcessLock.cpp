@@ -6,6 +6,7 @@
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 
+#include <atomic>
 #include <thread>
 
 namespace tavrel {
@@ -142,12 +143,12 @@ void ChangeLocks::release()
     m_taken = false;
 }
 
-std::optional<BilingualText> ChangeLocks::notice()
+std::optional<BilingualText> ChangeLocks::notice() const
 {
-    if (m_hasLocks || m_told) {
+    static std::atomic<bool> told = false;
+    if (m_hasLocks || told.exchange(true)) {
         return std::nullopt;
     }
-    m_told = true;
     return BilingualText(
         "This disk knows no locks. When another window or command of Tavrel changes the same files at the same "
         "time, changes may be lost.",

@@ -52,8 +52,8 @@ public:
     void release();
     bool areTaken() const { return m_taken; }
 
-    // That the system has no locks there: once, after the first take() that met it.
-    std::optional<BilingualText> notice();
+    // That the system has no locks there: once in a run of the program, after the first take() that met it.
+    std::optional<BilingualText> notice() const;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -64,7 +64,6 @@ private:
     std::vector<ProcessLock> m_locks;
     bool m_taken = false;
     bool m_hasLocks = true; // the system, for the places that were asked for last
-    bool m_told = false;
 };
 
 } // namespace tavrel

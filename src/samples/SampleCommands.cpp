@@ -432,7 +432,7 @@ SampleResult addSoundFiles(LineEditor& editor, const std::vector<std::filesystem
     }
     const std::size_t last = names.size() - 1;
     const SampleInput input{samplesFolder, names.back(), {}};
-    return store(editor, {"Add sound files", "Ajouter des fichiers son"}, std::move(names), last, input,
+    return store(editor, {"Add sound files (the files stay)", "Ajouter des fichiers son (les fichiers restent)"}, std::move(names), last, input,
                  dialogs);
 }
 

@@ -99,6 +99,20 @@ Answer QtDialogs::ask(const Question& question)
 
 std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestion& question)
 {
+    const QFileDialog::FileMode mode =
+        question.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile;
+    const std::vector<std::filesystem::path> files = runFileDialog(question, mode);
+    return files.empty() ? std::nullopt : std::optional(files.front());
+}
+
+std::vector<std::filesystem::path> QtDialogs::chooseFiles(const OpenFileQuestion& question)
+{
+    return runFileDialog(question, QFileDialog::ExistingFiles);
+}
+
+std::vector<std::filesystem::path> QtDialogs::runFileDialog(const OpenFileQuestion& question,
+                                                            QFileDialog::FileMode mode)
+{
     QStringList patterns;
     for (const std::string& name : question.fileNames) {
         patterns += QString::fromStdString(name);
@@ -106,24 +120,26 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
     const QString filter = inLanguage(question.filterName, m_language) + " (" + patterns.join(' ') + ")";
     QFileDialog dialog(ownerOfDialogs(), inLanguage(question.title, m_language),
                        existingFolder(question.folder), filter);
-    dialog.setFileMode(question.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setFileMode(mode);
     if (question.forSaving) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);
     }
     dialog.selectFile(QString::fromStdString(question.proposedName));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().empty()) {
-        const QString chosen = dialog.selectedFiles().front();
-        const std::filesystem::path file = std::filesystem::path(chosen.toStdU16String()).make_preferred();
+        std::vector<std::filesystem::path> files;
+        for (const QString& chosen : dialog.selectedFiles()) {
+            files.push_back(std::filesystem::path(chosen.toStdU16String()).make_preferred());
+        }
         std::error_code ignored;
-        if (std::filesystem::is_directory(file.parent_path(), ignored)) {
-            return file;
+        if (std::filesystem::is_directory(files.front().parent_path(), ignored)) {
+            return files;
         }
         show({MessageIcon::Exclamation, question.title,
               BilingualText("There is no folder ", "Il n'y a pas de répertoire ") +
-                  displayPath(file.parent_path())});
+                  displayPath(files.front().parent_path())});
     }
-    return std::nullopt;
+    return {};
 }
 
 std::optional<ColourValue> QtDialogs::chooseColour(ColourValue current)

@@ -4,7 +4,7 @@
 #include "base/Dialogs.h"
 #include "ui/ColourDialog.h"
 
-class QWidget;
+#include <QFileDialog>
 
 namespace tavrel {
 
@@ -17,9 +17,13 @@ public:
     void show(const Message& message) override;
     Answer ask(const Question& question) override;
     std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) override;
+    std::vector<std::filesystem::path> chooseFiles(const OpenFileQuestion& question) override;
     std::optional<ColourValue> chooseColour(ColourValue current) override;
 
 private:
+    std::vector<std::filesystem::path> runFileDialog(const OpenFileQuestion& question,
+                                                     QFileDialog::FileMode mode);
+
     Language m_language = Language::English;
     KeptColours m_keptColours = noKeptColours();
 };

@@ -4,13 +4,16 @@
 #include "demo/WavFile.h"
 #include "samples/FmCheck.h"
 #include "samples/FmSamp.h"
+#include "samples/SampleFormat.h"
 #include "samples/WaveformView.h"
 #include "ui/Text.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
@@ -494,4 +497,45 @@ TEST(WaveformView, showsAndPlaysItsFile)
     EXPECT_EQ(player.played.size(), 2U) << "nothing to play";
     writeBytes(folder / "short.wav", wavBytes({.seconds = 0.2}));
     EXPECT_EQ(cache->get(folder / "short.wav"), nullptr) << "read again when it has changed";
+}
+
+TEST_F(MainWindowSamplesTest, SoundFilesComeInByTheButtonAndByDroppingThem)
+{
+    const std::filesystem::path chosen = folders.root / "Le vent.wav";
+    const std::filesystem::path dropped = folders.root / "rain.wav";
+    for (const std::filesystem::path& file : {chosen, dropped}) {
+        writeBytes(file, wavBytes({.channels = 2, .sampleRate = 44100}));
+    }
+    open();
+    clickRow(1);
+    dialogs.prepareFile(chosen);
+    dialogs.prepareFile(samplesFolder / "wind.wav"); // the name of the sample
+    click("CdAddFile");
+    auto& list = control<QListWidget>("LiSamp");
+    EXPECT_EQ(list.currentItem()->text(), "wind");
+    EXPECT_TRUE(CheckSampleFormatDetailed(samplesFolder / "wind.wav").valid());
+
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(QString::fromStdString(dropped.string()))});
+    QDragEnterEvent enter(QPoint(600, 300), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(600, 300), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    dialogs.prepareFile(samplesFolder / "rain.wav");
+    QApplication::sendEvent(window.get(), &drop);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list.count(), 3);
+    EXPECT_EQ(list.currentItem()->text(), "rain");
+    EXPECT_TRUE(CheckSampleFormatDetailed(samplesFolder / "rain.wav").valid());
+
+    window->session().undo();
+    EXPECT_EQ(list.count(), 2) << "one step each";
+    EXPECT_TRUE(std::filesystem::exists(samplesFolder / "rain.wav")) << "files are no part of it";
+
+    QMimeData text;
+    text.setText("no file");
+    QDragEnterEvent other(QPoint(600, 300), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    other.ignore();
+    QApplication::sendEvent(window.get(), &other);
+    EXPECT_FALSE(other.isAccepted());
 }
