@@ -120,7 +120,8 @@ void FmSFX::makePanels()
         {[this] { generate(); }, [this](WadListKind kind) { importList(kind); }, [this] { viewWadLists(); },
          [this] { openRegister(); }, [this] { openStatistics(); }, [this] { checkSamplesFolder(); },
          [this] { importLines(); }, [this] { exportLines(); }, [this] { editSounds(); },
-         [this] { m_sounds->showOrHideGlobals(); }, [this] { showChanges(); }});
+         [this] { m_sounds->showOrHideGlobals(); }, [this] { showChanges(); },
+         [this](const std::filesystem::path& file) { return compareWithFile(file); }});
     m_sounds = new SoundListPanel(context);
     m_values = new ValuesPanel(context);
     m_samples = new SamplesPanel(context, m_waveforms, [this] { return chooseSample(); });

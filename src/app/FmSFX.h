@@ -168,6 +168,7 @@ private:
     void reviewChanges();
     void showChanges();
     void compareWith();
+    bool compareWithFile(const std::filesystem::path& file);
     void openVersions();
 
     // Recovery (FmSFXRecovery.cpp)

@@ -221,6 +221,14 @@ void FmSFX::compareWith()
     }
 }
 
+// From the question before another program's changes are overwritten.
+bool FmSFX::compareWithFile(const std::filesystem::path& file)
+{
+    FmCompare window(this, versionsContext(), file);
+    window.exec();
+    return window.tookOver();
+}
+
 void FmSFX::openVersions()
 {
     if (m_session.isLoaded() && m_selection.mayLeave(m_context.dialogs)) {

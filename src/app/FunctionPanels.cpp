@@ -34,7 +34,7 @@ Caption both(const char* control, const BilingualText& text)
 } // namespace
 
 FunctionPanels::FunctionPanels(const PanelContext& context, const FunctionDoors& doors)
-    : MainPanel(context), m_showChanges(doors.showChanges),
+    : MainPanel(context), m_showChanges(doors.showChanges), m_compare(doors.compare),
       m_generate(makeRowButton("CdCopy", Glyph::Generate)),
       m_importSamples(makeRowButton("CdLoadSAM", Glyph::ImportSam)),
       m_importObjects(makeRowButton("CdLoadWAS", Glyph::ImportWas)),
@@ -240,8 +240,9 @@ bool FunctionPanels::apply()
     if (!m_apply->isEnabled() || !selection().mayLeave(dialogs())) {
         return false;
     }
-    const bool applied = session().apply(dialogs(), std::nullopt,
-                                         [this](const Question& question) { return confirmApply(question); });
+    const bool applied =
+        session().apply(dialogs(), std::nullopt,
+                        {[this](const Question& question) { return confirmApply(question); }, m_compare});
     selection().dropValues();
     say(applied ? BilingualText("[sounds.txt] is written", "[sounds.txt] est écrit") : BilingualText());
     return applied;

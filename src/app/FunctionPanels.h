@@ -31,6 +31,8 @@ struct FunctionDoors
     std::function<void()> showOrHideGlobals;
     // What an apply would write, to be read before its question is answered.
     std::function<void()> showChanges;
+    // A sounds.txt that another program has changed, beside the catalogue; true when lines were taken over.
+    std::function<bool(const std::filesystem::path&)> compare;
 };
 
 // The column of buttons: four panels with the commands on the WAD, the program, the selected line and the
@@ -70,6 +72,7 @@ private:
     bool confirmApply(const Question& asked);
 
     std::function<void()> m_showChanges;
+    std::function<bool(const std::filesystem::path&)> m_compare;
     std::array<FoldingPanel*, 4> m_panels{};
     QPushButton* m_generate;
     QPushButton* m_importSamples;

@@ -205,12 +205,27 @@ private:
                 return true;
             }
             m_locks.release();
+            m_versionTime = std::chrono::system_clock::now();
             m_namedCopy = nameOfCopy(*onDisk);
-            if (m_dialogs.ask(overwriting(m_namedCopy)) != Answer::Yes) {
+            if (!mayOverwrite(onDisk->content.has_value())) {
                 return false;
             }
             m_agreed = onDisk->stamp();
         }
+    }
+
+    // Whoever has taken over what he wants of the other file has agreed.
+    bool mayOverwrite(bool isThere)
+    {
+        Question question = overwriting(m_namedCopy);
+        if (isThere && m_target.compare) {
+            question.otherChoice = {"Compare", "Comparer"};
+        }
+        Answer answer = m_dialogs.ask(question);
+        while (answer == Answer::Other) {
+            answer = m_target.compare(m_file) ? Answer::Yes : m_dialogs.ask(question);
+        }
+        return answer == Answer::Yes;
     }
 
     std::optional<fs::path> nameOfCopy(const FileOnDisk& onDisk) const
@@ -219,7 +234,8 @@ private:
             return std::nullopt;
         }
         if (keepsVersion()) {
-            return m_file.parent_path() / nativePath(versionsFolderName);
+            const Result<fs::path> version = nextVersion(m_file, m_target.wadName, m_versionTime);
+            return version ? *version : m_file.parent_path() / nativePath(versionsFolderName);
         }
         const Result<bool> backupExists = holdsFirstBackup(m_file.parent_path());
         return backupExists && !*backupExists ? m_file.parent_path() / nativePath(firstBackupName)
@@ -250,7 +266,7 @@ private:
             m_kept.push_back(backup);
         }
         if (keepsVersion()) {
-            Problem problem = take(tavrel::keepVersion(m_file, bytes, m_target.wadName));
+            Problem problem = take(tavrel::keepVersion(m_file, bytes, m_target.wadName, m_versionTime));
             m_versionFailed = problem.has_value();
             return problem;
         }
@@ -369,6 +385,8 @@ private:
     ChangeLocks& m_locks;
     std::vector<fs::path> m_kept;        // of the file that is replaced
     std::optional<fs::path> m_namedCopy; // in the last question
+    std::chrono::system_clock::time_point m_versionTime =
+        std::chrono::system_clock::now(); // of the last question
     bool m_withoutVersion = false;
     bool m_versionFailed = false;
     std::optional<FileStamp> m_agreed; // nothing: that there is no such file

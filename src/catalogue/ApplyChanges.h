@@ -23,6 +23,9 @@ struct ApplyTarget
     ChangeLocks* locks = nullptr;
     // Puts the question before the write in another way, with more than Yes and No. True for Yes.
     std::function<bool(const Question&)> confirm = {};
+    // Shows the file beside the catalogue when another program has changed it; true when lines were taken
+    // over from it, which is the agreement to write.
+    std::function<bool(const std::filesystem::path&)> compare = {};
     // Lines that are no sounds are written back where they stood, and the others byte for byte where nobody
     // changed them.
     bool keepComments = false;

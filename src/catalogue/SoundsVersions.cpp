@@ -112,18 +112,16 @@ Result<std::vector<VersionFile>> versionFilesIn(const fs::path& folder)
     return versions;
 }
 
-Result<fs::path> keepVersion(const fs::path& soundsFile, std::string_view bytes, std::string_view wadName,
+Result<fs::path> nextVersion(const fs::path& soundsFile, std::string_view wadName,
                              std::chrono::system_clock::time_point now)
 {
     constexpr int mostInOneSecond = 999;
     const fs::path folder = fileIn(soundsFile.parent_path(), versionsFolderName);
-    std::error_code error;
-    fs::create_directory(folder, error);
-    if (error) {
-        return cannotWrite(folder, error);
-    }
-    removeUnfinishedWrites(folder);
     VersionName name{localTimeText(now), 1, isPlainFileName(wadName) ? std::string(wadName) : std::string()};
+    std::error_code error;
+    if (!fs::exists(folder, error) && !error) {
+        return folder / nativePath(name.file());
+    }
     const Result<std::vector<VersionFile>> versions = versionFilesIn(folder);
     if (!versions) {
         return versions.failure();
@@ -134,11 +132,27 @@ Result<fs::path> keepVersion(const fs::path& soundsFile, std::string_view bytes,
     if (name.ordinal > mostInOneSecond) {
         return cannotWrite(folder, std::make_error_code(std::errc::file_exists));
     }
-    const fs::path version = folder / nativePath(name.file());
-    if (const Problem problem = createFileSafely(version, bytes)) {
+    return folder / nativePath(name.file());
+}
+
+Result<fs::path> keepVersion(const fs::path& soundsFile, std::string_view bytes, std::string_view wadName,
+                             std::chrono::system_clock::time_point now)
+{
+    const fs::path folder = fileIn(soundsFile.parent_path(), versionsFolderName);
+    std::error_code error;
+    fs::create_directory(folder, error);
+    if (error) {
+        return cannotWrite(folder, error);
+    }
+    removeUnfinishedWrites(folder);
+    Result<fs::path> version = nextVersion(soundsFile, wadName, now);
+    if (!version) {
+        return version;
+    }
+    if (const Problem problem = createFileSafely(*version, bytes)) {
         return *problem;
     }
-    removeOldVersions(folder, version);
+    removeOldVersions(folder, *version);
     return version;
 }
 

@@ -17,9 +17,12 @@ namespace tavrel {
 constexpr std::string_view versionsFolderName = "Sounds_versions";
 constexpr std::size_t mostVersions = 100;
 
-// Keeps the bytes of a sounds.txt that is about to be replaced, under a name that tells when and for which
-// WAD (which may be empty). For whoever has the lock of the files. Older versions beyond the last hundred go,
-// never the new one. Gives its path.
+// The name of a version that is kept at that time for that WAD (which may be empty), in its folder.
+Result<std::filesystem::path> nextVersion(const std::filesystem::path& soundsFile, std::string_view wadName,
+                                          std::chrono::system_clock::time_point now);
+
+// Keeps the bytes of a sounds.txt that is about to be replaced as its next version. For whoever has the lock
+// of the files. Older versions beyond the last hundred go, never the new one. Gives its path.
 Result<std::filesystem::path>
 keepVersion(const std::filesystem::path& soundsFile, std::string_view bytes, std::string_view wadName,
             std::chrono::system_clock::time_point now = std::chrono::system_clock::now());

@@ -196,10 +196,15 @@ void Session::announce(const HistoryStep& step)
 
 // Files
 
-bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName, const Confirm& confirm)
+bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName, const ApplyDoors& doors)
 {
-    const ApplyTarget target{
-        m_places.program, wadName.value_or(m_wad.wadName), m_locks.get(), confirm, keepsComments(), true};
+    const ApplyTarget target{m_places.program,
+                             wadName.value_or(m_wad.wadName),
+                             m_locks.get(),
+                             doors.confirm,
+                             doors.compare,
+                             keepsComments(),
+                             true};
     if (!applyChanges(m_catalogue, target, dialogs)) {
         return false;
     }

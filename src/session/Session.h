@@ -45,6 +45,13 @@ public:
     virtual void historyChanged() {}
 };
 
+// How a window puts the questions of an apply (ApplyTarget).
+struct ApplyDoors
+{
+    std::function<bool(const Question&)> confirm = {};
+    std::function<bool(const std::filesystem::path&)> compare = {};
+};
+
 // The one document: what the user works on, and all that was done to it since it was loaded. The windows and
 // the commands for scripts use the same.
 class Session : private HistoryObserver
@@ -110,10 +117,8 @@ public:
     // Files
 
     // "Apply changes to sounds.txt". The record of changed lines is the current WAD's, or the named one's.
-    // Another way to put the question may be given.
-    using Confirm = std::function<bool(const Question&)>;
     bool apply(Dialogs& dialogs, const std::optional<std::string>& wadName = std::nullopt,
-               const Confirm& confirm = {});
+               const ApplyDoors& doors = {});
     // Writes the user's own references. A write that failed is remembered: each apply tries it again.
     Problem writeRegister();
     bool isRegisterUnsaved() const { return m_registerUnsaved; }

@@ -4,8 +4,10 @@
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/SafeFile.h"
 #include "base/Titles.h"
 #include "catalogue/LineWords.h"
+#include "samples/SampleConversion.h"
 #include "samples/SampleFormat.h"
 #include "samples/SamplesFolder.h"
 #include "versions/CatalogueComparison.h"
@@ -126,6 +128,17 @@ std::optional<AgreedTake> agreeOnTaking(const TakeRequest& request, Dialogs& dia
     return samples ? std::optional(AgreedTake{std::move(taken.changes), std::move(*samples)}) : std::nullopt;
 }
 
+namespace {
+
+// The copy alone: the file that it was made of stays where it is.
+bool convertInPlace(const fs::path& sample)
+{
+    const Result<ConvertedSample> converted = convertSample(sample);
+    return converted && !writeFileSafely(sample, converted->bytes);
+}
+
+} // namespace
+
 std::optional<Message> copyMissingSamples(std::span<const std::string> names, const fs::path& source,
                                           const fs::path& target, Progress& progress)
 {
@@ -137,17 +150,25 @@ std::optional<Message> copyMissingSamples(std::span<const std::string> names, co
     if (!copies.refused.empty()) {
         text += unsafeSampleNames(copies.refused);
     }
+    std::vector<std::string> converted;
     std::vector<std::string> wrong;
-    std::ranges::copy_if(names, std::back_inserter(wrong), [&](const std::string& name) {
-        return findSample(target, name) && !CheckSampleFormat(target, name);
-    });
-    if (!wrong.empty()) {
-        text += text.empty() ? "" : "\n";
-        text += BilingualText(
-                    "These samples were copied, but are not in the format that the level editor takes:\n",
-                    "Ces samples ont été copiés, mais ne sont pas au format de l'éditeur de niveaux :\n") +
-                listOfNames(wrong);
+    for (const std::string& name : names) {
+        const std::optional<fs::path> sample = findSample(target, name);
+        if (sample && !CheckSampleFormat(target, name)) {
+            (convertInPlace(*sample) ? converted : wrong).push_back(name);
+        }
     }
+    const auto add = [&text](const BilingualText& what, const std::vector<std::string>& which) {
+        if (!which.empty()) {
+            text += (text.empty() ? BilingualText() : BilingualText::same("\n")) + what + listOfNames(which);
+        }
+    };
+    add({"These samples were converted to the format that the level editor takes:\n",
+         "Ces samples ont été convertis au format de l'éditeur de niveaux :\n"},
+        converted);
+    add({"These samples were copied, but are not in the format that the level editor takes:\n",
+         "Ces samples ont été copiés, mais ne sont pas au format de l'éditeur de niveaux :\n"},
+        wrong);
     return text.empty() ? std::nullopt
                         : std::optional(Message{MessageIcon::Exclamation, titles::compare, text});
 }

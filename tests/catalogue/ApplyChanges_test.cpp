@@ -217,6 +217,36 @@ TEST_F(ApplyChanges, KeepsTheReplacedFileAsAVersionWhereThatIsWanted)
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
 }
 
+TEST_F(ApplyChanges, AnotherProgramsChangesCanBeComparedFirst)
+{
+    loadPlain();
+    change(3, "N:>other>");
+    ApplyTarget target{demo.program, "oasis"};
+    target.keepVersion = true;
+    std::vector<std::string> theirs = lines;
+    theirs[3] = stockLines()[3];
+    theirs[4] = withTabs("N:>theirs>");
+    writeBytes(demo.sounds, textOf(theirs));
+    int looks = 0;
+    target.compare = [&](const fs::path& file) {
+        EXPECT_EQ(file, demo.sounds);
+        if (++looks == 2) {
+            change(4, "N:>theirs>");
+        }
+        return looks == 2;
+    };
+    ScriptedDialogs dialogs{Answer::Yes, Answer::Other, Answer::Other};
+    EXPECT_TRUE(applyChanges(catalogue, target, dialogs)) << "what was taken over is the agreement";
+    EXPECT_EQ(looks, 2);
+    EXPECT_EQ(dialogs.said().back().otherChoice.english, "Compare");
+    EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");
+    const fs::path versions = demo.creator / "Sounds_versions";
+    ASSERT_EQ(namesIn(versions).size(), 1U);
+    EXPECT_EQ(firstDifference(readBytes(versions / namesIn(versions)[0]), textOf(theirs)), "");
+    EXPECT_NE(dialogs.said().back().text.english.find(namesIn(versions)[0]), std::string::npos)
+        << "the question names the version";
+}
+
 // The editor in another window saves while the confirmation stands.
 TEST_F(ApplyChanges, AsksAboutAChangeInTheLastMoment)
 {

@@ -10,8 +10,13 @@
 #include "references/LineLetters.h"
 #include "references/ReferenceRegister.h"
 #include "references/WadLists.h"
+#include "samples/SampleConversion.h"
 #include "samples/SampleFormat.h"
+#include "session/RecoverCommands.h"
 #include "settings/ProgramSettings.h"
+#include "versions/CatalogueComparison.h"
+#include "versions/CatalogueMerge.h"
+#include "versions/TakeOver.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -178,6 +183,99 @@ void feedWav(std::string_view bytes)
     const SampleFormatVerdict verdict = CheckSampleFormatDetailed(path);
     require(!verdict.valid() || bytes.size() >= 36, "a valid header is a whole one");
     anomalyRow("a", verdict, Language::English);
+    const Result<ConvertedSample> converted = convertSample(path);
+    if (!converted) {
+        show({converted.failure()});
+        return;
+    }
+    const bool rewritten =
+        ::ftruncate(file, 0) == 0 && ::pwrite(file, converted->bytes.data(), converted->bytes.size(), 0) >= 0;
+    require(rewritten && CheckSampleFormatDetailed(path).valid(), "what was converted is right");
+}
+
+// Pieces of the input, each behind a form feed.
+std::vector<std::string_view> piecesOf(std::string_view bytes)
+{
+    std::vector<std::string_view> pieces;
+    for (std::size_t start = 0; start <= bytes.size();) {
+        const std::size_t end = std::min(bytes.find('\f', start), bytes.size());
+        pieces.push_back(bytes.substr(start, end - start));
+        start = end + 1;
+    }
+    return pieces;
+}
+
+// The kind of a record and what it holds in each piece; no fuzzer finds a checksum.
+void feedRecovery(std::string_view bytes)
+{
+    parseRecovery(bytes);
+    std::string log;
+    for (const std::string_view piece : piecesOf(bytes)) {
+        const std::string_view held = piece.substr(std::min<std::size_t>(piece.size(), 1));
+        log += std::string(piece.substr(0, 1)) + " " + std::to_string(held.size()) + " " +
+               std::to_string(hashOf(held)) + "\n" + std::string(held) + "\n";
+    }
+    const std::optional<RecoveryContent> content = parseRecovery(log);
+    if (!content) {
+        return;
+    }
+    const HistoryTrack& track = content->track;
+    require(track.position <= track.steps.size(), "the place is among the steps");
+    require(track.savedPosition <= track.steps.size(), "so is the last apply");
+    netChanges(track);
+    for (const HistoryTrack::Move& move : track.wayFromSaved()) {
+        require(move.step != nullptr, "each move has its step");
+    }
+}
+
+std::vector<std::string_view> soundLinesOf(std::string_view bytes)
+{
+    std::vector<std::string_view> lines;
+    for (std::size_t start = 0; start < bytes.size();) {
+        const std::size_t end = std::min(bytes.find('\n', start), bytes.size());
+        const std::string_view line = bytes.substr(start, end - start);
+        if (line.find(':') != std::string_view::npos && SoundCatalogue::accepts(line)) {
+            lines.push_back(line);
+        }
+        start = end + 1;
+    }
+    return lines;
+}
+
+// Three catalogues: what both started from, mine, theirs.
+void feedVersions(std::string_view bytes)
+{
+    std::vector<std::string_view> pieces = piecesOf(bytes);
+    pieces.resize(3);
+    const std::vector<std::string_view> base = soundLinesOf(pieces[0]);
+    const std::vector<std::string_view> mine = soundLinesOf(pieces[1]);
+    const std::vector<std::string_view> theirs = soundLinesOf(pieces[2]);
+    std::vector<int> seen(mine.size(), 0);
+    for (const MergedSound& sound : mergeCatalogues(base, mine, theirs).sounds) {
+        if (sound.mine) {
+            ++seen.at(*sound.mine);
+        }
+        if (sound.outcome == MergeOutcome::Conflict && sound.mine) {
+            require(lineAfterMerge(sound, mine, theirs) == mine[*sound.mine], "a conflict keeps mine");
+        }
+    }
+    require(std::ranges::all_of(seen, [](int count) { return count == 1; }), "each of mine is there once");
+    SoundCatalogue catalogue;
+    for (const std::string_view line : mine) {
+        catalogue.append(std::string(line), std::string(line), catalogue.size() + 1);
+    }
+    std::vector<TakenLine> taken;
+    for (const SoundDifference& difference : compareCatalogues(mine, theirs).differences) {
+        if (difference.sound.mine && difference.sound.theirs) {
+            require(mine[*difference.sound.mine] != theirs[*difference.sound.theirs], "what differs differs");
+            taken.push_back({*difference.sound.mine, theirs[*difference.sound.theirs]});
+        }
+    }
+    for (const TakenParts& parts : {TakenParts{}, TakenParts{false, true, false, true, {}}}) {
+        for (const SoundCatalogue::LineChange& change : takeLines(catalogue, taken, parts).changes) {
+            require(SoundCatalogue::accepts(change.text), "what is taken may be written");
+        }
+    }
 }
 
 void feedScript(std::string_view bytes)
@@ -215,9 +313,10 @@ void feedCatalogue(std::string_view bytes)
 }
 
 constexpr Target allTargets[] = {
-    {"lines", feedLines},   {"register", feedRegister}, {"settings", feedSettings},
-    {"tables", feedTables}, {"wadlists", feedWadLists}, {"exchange", feedExchange},
-    {"wav", feedWav},       {"script", feedScript},     {"catalogue", feedCatalogue},
+    {"lines", feedLines},       {"register", feedRegister}, {"settings", feedSettings},
+    {"tables", feedTables},     {"wadlists", feedWadLists}, {"exchange", feedExchange},
+    {"wav", feedWav},           {"script", feedScript},     {"catalogue", feedCatalogue},
+    {"recovery", feedRecovery}, {"versions", feedVersions},
 };
 
 } // namespace

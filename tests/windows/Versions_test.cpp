@@ -2,6 +2,8 @@
 // The compare window and the window of earlier versions.
 #include "MainWindow.h"
 #include "catalogue/CatalogueLoading.h"
+#include "demo/WavFile.h"
+#include "samples/SampleFormat.h"
 #include "versions/DifferenceView.h"
 #include "versions/FmCompare.h"
 #include "versions/FmVersions.h"
@@ -98,11 +100,12 @@ using Words = std::vector<std::string>;
 
 TEST_F(VersionsTest, TakesOverWhatOnlyTheOtherSideChanged)
 {
-    const std::string theirs = "LARA_NO:\t\tnew_sample\t\tVOL44\t\t\t\t\t#ab";
+    const std::string theirs = "LARA_NO:\t\tnew_sample wide\t\tVOL44\t\t\t\t\t#ab";
     change(4, "BOTH:\ta\tVOL08\t");
     change(5, "MINE:\ta\tVOL08\t");
     const fs::path file = friendsFile({{2, theirs}, {4, "BOTH:\ta\tVOL09\t"}, {27, "EMPTY:\tb\t"}});
     writeBytes(folders.root / "friend" / "sound" / "Samples" / "new_sample.wav", "not a sound");
+    writeBytes(folders.root / "friend" / "sound" / "Samples" / "wide.wav", wavBytes({.channels = 2}));
     FmCompare window(nullptr, context(), file);
     window.show();
     EXPECT_TRUE(view(window).tickedRows().empty());
@@ -125,7 +128,8 @@ TEST_F(VersionsTest, TakesOverWhatOnlyTheOtherSideChanged)
     dialogs.prepareAnswer(Answer::Yes);
     click(window, "CdTake");
     EXPECT_EQ(steps, Words({"Take over 1 line(s); copied samples stay"}));
-    EXPECT_EQ(catalogue.currentLine(2), "LARA_NO:\t\tnew_sample\t\tVOL44\t\t\t\t\t#oa");
+    EXPECT_EQ(catalogue.currentLine(2), "LARA_NO:\t\tnew_sample wide\t\tVOL44\t\t\t\t\t#oa");
+    EXPECT_TRUE(CheckSampleFormat(folders.levelEditor / "sound" / "Samples", "wide")) << "converted";
     EXPECT_EQ(readBytes(folders.levelEditor / "sound" / "Samples" / "new_sample.wav"), "not a sound");
     EXPECT_NE(dialogs.said().back().text.english.find("not in the format"), std::string::npos);
     EXPECT_TRUE(window.tookOver());
