@@ -21,6 +21,7 @@
 #include "ui/Controls.h"
 #include "ui/FoldingPanel.h"
 #include "ui/Text.h"
+#include "ui/WindowButtons.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -88,7 +89,9 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& started)
     connect(m_watch.get(), &CheckWatch::marksChanged, this, &FmSFX::showMarks);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &FmSFX::keepValues);
     setAcceptDrops(true);
+    offerMaximising();
     resize(usualSize);
+    goWhereItWas();
 }
 
 FmSFX::~FmSFX()
@@ -146,7 +149,9 @@ void FmSFX::makePanels()
 
 void FmSFX::layOut()
 {
+    m_windowButtons = new WindowButtons(*this);
     titleRow().addWidget(m_titleButtons);
+    titleRow().addWidget(m_windowButtons);
     m_functions->setFixedWidth(functionColumnWidth);
     m_sounds->setFixedWidth(listColumnWidth);
 
@@ -235,6 +240,7 @@ void FmSFX::showLanguage()
     const Language language = settings().language;
     m_context.languageChanged(language);
     m_status->showLanguage(language);
+    m_windowButtons->showLanguage(language);
     for (MainPanel* const panel : m_panels) {
         panel->showLanguage(language);
     }

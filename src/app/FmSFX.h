@@ -46,6 +46,7 @@ class StatusRow;
 class TitleButtons;
 class ValuesPanel;
 class WadPanel;
+class WindowButtons;
 
 // What the main window needs from the program around it.
 struct FmSFXContext
@@ -61,7 +62,7 @@ struct FmSFXContext
 
 // The main window: a frame around its panels. It lays them out, owns the shortcuts, and opens the other
 // windows.
-class FmSFX : public TitledWindow, private SessionObserver
+class FmSFX : public TitledWindow, private SessionObserver, private WindowMemory
 {
     Q_OBJECT
 
@@ -102,8 +103,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool nativeEvent(const QByteArray& eventType, void* message, qintptr* result) override;
     void showHelp() override;
+    WindowMemory* memory() override { return this; }
 
 private:
+    // WindowMemory
+    std::optional<QSize> sizeOf(const QString& window) const override;
+    void keepSize(const QString& window, QSize size) override;
+
     // SessionObserver
     void reloaded() override;
     void linesChanged(const std::vector<std::size_t>& /*numbers*/) override { refreshTools(); }
@@ -133,6 +139,8 @@ private:
     bool mayClose();
     bool mayCloseWithoutRegister();
     void saveSettings(const BilingualText& title);
+    void goWhereItWas();
+    void rememberPlace();
 
     // Findings (FmSFXChecks.cpp)
     void openChecks();
@@ -193,6 +201,7 @@ private:
     // Owned by the window.
     StatusRow* m_status;
     TitleButtons* m_titleButtons = nullptr;
+    WindowButtons* m_windowButtons = nullptr;
     FunctionPanels* m_functions = nullptr;
     SoundListPanel* m_sounds = nullptr;
     ValuesPanel* m_values = nullptr;

@@ -12,6 +12,10 @@
 #include "generation/FolderReplacement.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <sstream>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -222,6 +226,65 @@ bool FmSFX::nativeEvent(const QByteArray& eventType, void* message, qintptr* res
 }
 #endif
 
+// Places and sizes of windows
+
+namespace {
+
+std::vector<int> numbersIn(const std::optional<std::string>& text)
+{
+    std::vector<int> numbers;
+    std::istringstream words(text.value_or(""));
+    for (int number = 0; words >> number;) {
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+std::string sizeOption(const QString& window)
+{
+    return std::string(options::windowSizePrefix) + window.toStdString();
+}
+
+} // namespace
+
+std::optional<QSize> FmSFX::sizeOf(const QString& window) const
+{
+    const std::vector<int> size = numbersIn(m_session.options().text(sizeOption(window)));
+    return size.size() == 2 ? std::optional(QSize(size[0], size[1])) : std::nullopt;
+}
+
+void FmSFX::keepSize(const QString& window, QSize size)
+{
+    m_session.options().set(sizeOption(window),
+                            std::to_string(size.width()) + " " + std::to_string(size.height()));
+}
+
+void FmSFX::goWhereItWas()
+{
+    const std::vector<int> place = numbersIn(m_session.options().text(options::mainWindowPlace));
+    if (place.size() == 4 && place[2] > 0 && place[3] > 0) {
+        const QRect wanted(place[0], place[1], place[2], place[3]);
+        const QScreen* const nearest = QGuiApplication::screenAt(wanted.center());
+        resize(nearest == nullptr ? size() : wanted.size().boundedTo(nearest->availableSize()));
+        move(wanted.topLeft());
+        moveIntoReach();
+    }
+    if (m_session.options().flag(options::mainWindowMaximised)) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+    }
+}
+
+void FmSFX::rememberPlace()
+{
+    const QRect place = isMaximized() || isMinimized() ? normalGeometry() : geometry();
+    std::string text;
+    for (const int number : {place.x(), place.y(), place.width(), place.height()}) {
+        text += (text.empty() ? "" : " ") + std::to_string(number);
+    }
+    m_session.options().set(options::mainWindowPlace, text);
+    m_session.options().setFlag(options::mainWindowMaximised, isMaximized());
+}
+
 void FmSFX::saveSettings(const BilingualText& title)
 {
     ProgramSettings& settings = m_session.settings();
@@ -229,6 +292,7 @@ void FmSFX::saveSettings(const BilingualText& title)
         settings.lastLetter = m_session.wad().letter;
         settings.lastWad = m_session.wad().wadName;
     }
+    rememberPlace();
     Problem problem = m_settingsDamaged ? replaceDamagedSettings(m_context.programFolder, settings)
                                         : SaveSettings(m_context.programFolder, settings);
     m_settingsDamaged = m_settingsDamaged && problem; // one copy of the damaged file is enough

@@ -8,9 +8,11 @@
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
+#include "ui/Theme.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -59,7 +61,9 @@ void WadPanel::layOut()
     auto* const modeGroup = new QButtonGroup(this);
     for (QRadioButton* const mode : m_modes) {
         modeGroup->addButton(mode);
-        mode->setEnabled(false); // they show which list was imported last
+        // They show which list was imported last, and nobody can choose it.
+        mode->setFocusPolicy(Qt::NoFocus);
+        mode->installEventFilter(this);
     }
     m_modes[0]->setChecked(true);
 
@@ -71,7 +75,7 @@ void WadPanel::layOut()
     replacing->insertStretch(1, 1);
     content().addLayout(replacing);
     content().addLayout(rowOf({named(new QLabel, "LbObj"), m_object, m_chooseObject, m_eraseObject}));
-    auto* const modes = rowOf({m_modes[0], m_modes[1]});
+    auto* const modes = rowOf({named(new QLabel, "LbMode"), m_modes[0], m_modes[1]});
     modes->addStretch(1);
     content().addLayout(modes);
 }
@@ -144,8 +148,11 @@ void WadPanel::showLanguage(Language language)
         {"TxObj", {}, object},
         {"CdObj", {}, {"Show/Hide object selection", "Afficher/Cacher la sélection d'objets"}},
         {"CdEffObj", {}, {"Erase object name", "Effacer nom d'objet"}},
-        {"OpWAD0", samples, samples},
-        {"OpWAD1", objects, objects},
+        {"LbMode", {"Imported", "Importé"}, {}},
+        {"OpWAD0", samples,
+         samples + BilingualText(": the list that was imported last", " : la dernière liste importée")},
+        {"OpWAD1", objects,
+         objects + BilingualText(": the list that was imported last", " : la dernière liste importée")},
     };
     showCaptions(*this, captions, language);
     m_chooser->setPlaceholderText(inLanguage({"Choose a WAD", "Choisissez un WAD"}, language));
@@ -154,6 +161,20 @@ void WadPanel::showLanguage(Language language)
 void WadPanel::showImported(WadListKind kind)
 {
     m_modes[kind == WadListKind::Samples ? 0 : 1]->setChecked(true);
+}
+
+bool WadPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::HoverEnter:
+        return true;
+    default:
+        return FoldingPanel::eventFilter(watched, event);
+    }
 }
 
 // The current WAD
@@ -208,15 +229,16 @@ void WadPanel::remind()
     }
 }
 
+// The chooser shows its colour by frame and arrow, its text stays readable on every one of them.
 void WadPanel::paint(ColourValue text, ColourValue chooser)
 {
     m_chooserColour = chooser;
+    const QColor captions = text == greyedColour ? colourFrom(text) : theme::text;
     m_frame->setStyleSheet(
-        QString(
-            "QLabel, QLineEdit { color: %1; } QComboBox { background: %2; color: %3; } "
-            "QComboBox QAbstractItemView { background: #1F2124; color: #EEECDA; selection-color: #1B1C1F; }")
-            .arg(colourFrom(text).name(), colourFrom(chooser).name(),
-                 chooser == reminderColour ? "#FFFFDF" : "#1B1C1F"));
+        QString("QLabel { color: %1; } QLineEdit { color: %2; } QComboBox { border: 2px solid %3; }")
+            .arg(captions.name(), colourFrom(text).name(), colourFrom(chooser).name()));
+    m_chooser->setProperty(arrowColourProperty, colourFrom(chooser));
+    m_chooser->update();
 }
 
 void WadPanel::enable()

@@ -34,6 +34,10 @@ public:
     // Which list was imported last.
     void showImported(WadListKind kind);
 
+protected:
+    // Of the modes, which nobody can choose.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void reloaded() override;
     void registerChanged() override { fillChooser(); }

@@ -49,6 +49,11 @@ private:
 namespace options {
 // Lines of sounds.txt that are no sounds are written back, and lines that nobody changed as they are.
 constexpr std::string_view keepComments = "keep-comments";
+// "X Y WIDTH HEIGHT" of the main window, and whether it was maximised.
+constexpr std::string_view mainWindowPlace = "main-window";
+constexpr std::string_view mainWindowMaximised = "main-window-maximised";
+// "WIDTH HEIGHT", behind it the name of a secondary window.
+constexpr std::string_view windowSizePrefix = "window-size-";
 // Which errors of which sounds.txt were told last.
 constexpr std::string_view toldFileErrors = "told-file-errors";
 } // namespace options

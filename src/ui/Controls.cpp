@@ -27,6 +27,21 @@ public:
     CalmComboBox() { setFocusPolicy(Qt::StrongFocus); }
 
 protected:
+    // The style sheet leaves the arrow's place empty.
+    void paintEvent(QPaintEvent* event) override
+    {
+        constexpr int arrowPlace = 22;
+        constexpr int side = 14;
+        QComboBox::paintEvent(event);
+        const QVariant own = property(arrowColourProperty);
+        const QColor colour = !isEnabled()    ? theme::disabledText
+                              : own.isValid() ? own.value<QColor>()
+                                              : theme::text;
+        QRect arrow(0, 0, side, side);
+        arrow.moveCenter(QPoint(width() - arrowPlace / 2, height() / 2));
+        QPainter painter(this);
+        glyphIcon(Glyph::PanelOpen, colour).paint(&painter, arrow);
+    }
     void wheelEvent(QWheelEvent* event) override
     {
         if (hasFocus()) {
@@ -130,6 +145,9 @@ void setPaper(QLabel& label, bool paper)
 
 void setPaperText(QLabel& label, const QString& text, bool alarming)
 {
+    if (label.property("paper").toBool() == text.isEmpty()) { // a bright bar without a word is only loud
+        setPaper(label, !text.isEmpty());
+    }
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, alarming ? alarm : calm);
     label.setPalette(palette);

@@ -35,9 +35,20 @@ QPalette darkPalette()
     palette.setColor(QPalette::Highlight, theme::accent);
     palette.setColor(QPalette::HighlightedText, theme::accentText);
     palette.setColor(QPalette::Link, theme::accent);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, QColor(0x7C, 0x7B, 0x73));
+    palette.setColor(QPalette::LinkVisited, theme::accent.darker(115));
+    palette.setColor(QPalette::BrightText, QColor(0xFF, 0xFF, 0xFF));
+    // Of edges, from light to dark; the style's own are those of a light window.
+    palette.setColor(QPalette::Light, QColor(0x54, 0x59, 0x62));
+    palette.setColor(QPalette::Midlight, QColor(0x47, 0x4C, 0x55));
+    palette.setColor(QPalette::Mid, QColor(0x30, 0x33, 0x38));
+    palette.setColor(QPalette::Dark, theme::edge);
+    palette.setColor(QPalette::Shadow, QColor(0x0E, 0x0F, 0x10));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                           QPalette::HighlightedText, QPalette::PlaceholderText}) {
+        palette.setColor(QPalette::Disabled, role, theme::disabledText);
     }
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x3A, 0x3E, 0x45));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x2A, 0x2D, 0x31));
     return palette;
 }
 
@@ -52,6 +63,9 @@ public:
     {
         if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton) {
             drawIndicator(element == PE_IndicatorRadioButton, *option, *painter);
+        } else if (element == PE_IndicatorArrowDown) {
+            const bool enabled = option->state.testFlag(State_Enabled);
+            drawArrow(enabled ? theme::text : theme::disabledText, option->rect, *painter);
         } else {
             QProxyStyle::drawPrimitive(element, option, painter, widget);
         }
@@ -60,11 +74,21 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* returned) const override
     {
+        if (hint == SH_EtchDisabledText || hint == SH_DitherDisabledText) {
+            return 0; // a light copy below would make them the brightest of all
+        }
         // A list under the box; a menu would take the box's own colours.
         return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
     }
 
 private:
+    static void drawArrow(const QColor& colour, const QRect& area, QPainter& painter)
+    {
+        constexpr int side = 14;
+        QRect box(0, 0, side, side);
+        box.moveCenter(area.center());
+        glyphIcon(Glyph::PanelOpen, colour).paint(&painter, box);
+    }
     static void drawIndicator(bool isRound, const QStyleOption& option, QPainter& painter)
     {
         const bool enabled = option.state.testFlag(State_Enabled);
@@ -151,9 +175,14 @@ QHeaderView::section:hover { color: #EEECDA; }
 QComboBox {
     background: #3A3E45; color: #EEECDA; border: 1px solid #17181B; border-radius: 3px; padding: 2px 6px;
 }
+QComboBox::drop-down { border: none; width: 22px; }
 QComboBox:focus { border-color: #E8A33D; }
 QComboBox:disabled { background: #303338; color: #7C7B73; border-color: #232529; }
-QComboBox QAbstractItemView { background: #1F2124; color: #EEECDA; }
+QComboBox QAbstractItemView::item:selected { background: #E8A33D; color: #1B1C1F; }
+QComboBox QAbstractItemView {
+    background: #1F2124; color: #EEECDA; border: 1px solid #17181B; outline: none;
+    selection-background-color: #E8A33D; selection-color: #1B1C1F;
+}
 
 QScrollBar:vertical { background: #232529; width: 12px; margin: 0; }
 QScrollBar:horizontal { background: #232529; height: 8px; margin: 0; }
@@ -166,8 +195,7 @@ QLabel[muted="true"] { color: #A3A194; }
 QLabel[heading="true"] { color: #E8A33D; }
 QLabel[paper="true"] { background: #E6E3D2; border-radius: 3px; padding: 2px 6px; }
 
-QWidget#PnWad { background: #E6E3D2; border-radius: 4px; }
-QWidget#PnWad QLineEdit:read-only { background: #F6F4E8; border-color: #BDB99F; }
+QWidget#PnWad QLineEdit:read-only { background: #F6F4E8; border-color: #17181B; }
 
 QProgressBar { background: #1F2124; border: 1px solid #17181B; border-radius: 3px; }
 QProgressBar::chunk { background: #E8A33D; border-radius: 2px; }

@@ -101,11 +101,23 @@ void TitleImage::mouseMoveEvent(QMouseEvent* event)
 void TitleImage::mouseReleaseEvent(QMouseEvent* /*event*/)
 {
     m_drag.end();
-    m_window.moveIntoReach();
+    if (!m_window.isMaximized()) {
+        m_window.moveIntoReach();
+    }
+}
+
+// The first press of the two has begun a drag.
+void TitleImage::mouseDoubleClickEvent(QMouseEvent* /*event*/)
+{
+    m_drag.end();
+    m_window.toggleMaximised();
 }
 
 void TitleImage::moveWindow(DragState::Offset offset)
 {
+    if (m_window.isMaximized()) {
+        return;
+    }
     m_window.move(m_window.x() + offset.x, m_window.y());
     m_window.move(m_window.x(), m_window.y() + offset.y);
 }

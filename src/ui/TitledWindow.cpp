@@ -9,11 +9,13 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace tavrel {
 
@@ -50,6 +52,9 @@ void TitledWindow::addMoveShortcut(Qt::Key arrow, QPoint step)
 {
     auto* const shortcut = new QShortcut(QKeySequence(Qt::SHIFT | Qt::ALT | arrow), this);
     connect(shortcut, &QShortcut::activated, this, [this, step] {
+        if (isMaximized()) {
+            return;
+        }
         move(pos() + step);
         moveIntoReach();
     });
@@ -66,6 +71,75 @@ void TitledWindow::moveIntoReach()
     if (!offset.isNull()) {
         move(pos() + offset);
     }
+}
+
+void TitledWindow::offerMaximising()
+{
+    m_mayMaximise = true;
+    setWindowFlags(windowFlags() | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint);
+}
+
+void TitledWindow::toggleMaximised()
+{
+    if (m_mayMaximise) {
+        isMaximized() ? showNormal() : showMaximized();
+    }
+}
+
+WindowMemory* TitledWindow::memory()
+{
+    for (QWidget* widget = parentWidget(); widget != nullptr; widget = widget->parentWidget()) {
+        if (auto* const opener = qobject_cast<TitledWindow*>(widget)) {
+            return opener->memory();
+        }
+    }
+    return nullptr;
+}
+
+// Before the first showing, which places the window by its size.
+void TitledWindow::setVisible(bool visible)
+{
+    if (isSizeGripEnabled() && visible && !m_sized) {
+        m_sized = true;
+        const WindowMemory* const memory = this->memory();
+        const std::optional<QSize> size = memory == nullptr ? std::nullopt : memory->sizeOf(objectName());
+        if (size && size->isValid()) {
+            resize(size->boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint()));
+        }
+    } else if (isSizeGripEnabled() && !visible && isVisible()) {
+        rememberSize();
+    }
+    QDialog::setVisible(visible);
+}
+
+void TitledWindow::rememberSize()
+{
+    if (WindowMemory* const memory = this->memory()) {
+        memory->keepSize(objectName(), isMaximized() ? normalGeometry().size() : size());
+    }
+}
+
+bool TitledWindow::isOnTitleRow(QPointF position) const
+{
+    return position.y() < m_titleImage->geometry().bottom();
+}
+
+void TitledWindow::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && isOnTitleRow(event->position()) && windowHandle() != nullptr) {
+        windowHandle()->startSystemMove();
+        return;
+    }
+    QDialog::mousePressEvent(event);
+}
+
+void TitledWindow::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && isOnTitleRow(event->position())) {
+        toggleMaximised();
+        return;
+    }
+    QDialog::mouseDoubleClickEvent(event);
 }
 
 void TitledWindow::showHelp()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "versions/DifferenceView.h"
 
+#include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
@@ -84,8 +85,19 @@ DifferenceView::DifferenceView(const DifferenceSides& sides, const ColourPair& c
     setObjectName("DifferenceView");
     m_list->setModel(m_model);
     paintWith(*m_lines, colours);
+    const Caption captions[] = {
+        {"LiDifferences",
+         {},
+         {"What differs; Enter shows the sound in the main window",
+          "Ce qui diffère ; Entrée montre le son dans la fenêtre principale"}},
+        {"TxDifferingLines",
+         {},
+         {"Both lines of the selected sound, with the words that differ marked",
+          "Les deux lignes du son choisi, avec les mots qui diffèrent marqués"}},
+    };
     makeFilters();
     layOut(sides);
+    showCaptions(*this, captions, m_language);
     fitColumns();
     setFocusProxy(m_list);
     m_list->installEventFilter(this);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the main window shows: captions, tool tips, colours, and that everything fits.
 #include "MainWindow.h"
+#include "samples/FmCheck.h"
 #include "ui/Colours.h"
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -174,4 +176,66 @@ TEST_F(MainWindowLookTest, panelsFoldByTheirTitleImage)
     }
     click("ImPanelW");
     EXPECT_TRUE(control("CdCopy").isVisible());
+}
+
+TEST_F(MainWindowLookTest, TheWindowIsMaximisedByItsTitleAndComesBackWhereItWas)
+{
+    open();
+    window->resize(1100, 700);
+    window->move(40, 30);
+    auto& image = control("Image1");
+    QTest::mouseDClick(&image, Qt::LeftButton, {}, QPoint(60, 10));
+    EXPECT_TRUE(window->isMaximized());
+    const QPoint place = window->pos();
+    QTest::mousePress(&image, Qt::LeftButton, {}, QPoint(60, 10));
+    QTest::mouseMove(&image, QPoint(120, 60));
+    QTest::mouseRelease(&image, Qt::LeftButton, {}, QPoint(120, 60));
+    EXPECT_EQ(window->pos(), place) << "a maximised window is not dragged";
+    click("CdMaximise");
+    EXPECT_FALSE(window->isMaximized());
+    const QRect usual = window->geometry();
+    EXPECT_TRUE(window->close());
+
+    open();
+    EXPECT_EQ(window->geometry(), usual);
+    window->showMaximized();
+    EXPECT_TRUE(window->close());
+    open();
+    EXPECT_TRUE(window->isMaximized());
+    EXPECT_EQ(control("CdMaximise").toolTip(), "Restore the window's size");
+}
+
+TEST_F(MainWindowLookTest, SecondaryWindowsRememberTheirSize)
+{
+    open();
+    whenOpened<FmCheck>([](FmCheck& check) { check.resize(790, 655); });
+    click("CdSmpCheck");
+    EXPECT_TRUE(window->close());
+    open();
+    QSize size;
+    whenOpened<FmCheck>([&size](FmCheck& check) { size = check.size(); });
+    click("CdSmpCheck");
+    EXPECT_EQ(size, QSize(790, 655));
+}
+
+TEST_F(MainWindowLookTest, GreyedEntriesOfAMenuAreTheFaintestOnes)
+{
+    QMenu menu;
+    menu.addAction("MMMMMMMM");
+    menu.addAction("MMMMMMMM")->setEnabled(false);
+    menu.ensurePolished();
+    menu.resize(menu.sizeHint());
+    const QImage image = menu.grab().toImage();
+    const auto brightest = [&](QAction* action) {
+        int most = 0;
+        const QRect rect = menu.actionGeometry(action).adjusted(2, 2, -2, -2);
+        for (int y = rect.top(); y < rect.bottom(); ++y) {
+            for (int x = rect.left(); x < rect.right(); ++x) {
+                most = std::max(most, qGray(image.pixel(x, y)));
+            }
+        }
+        return most;
+    };
+    EXPECT_LT(brightest(menu.actions()[1]) + 40, brightest(menu.actions()[0]));
+    EXPECT_GT(brightest(menu.actions()[1]), qGray(image.pixel(3, image.height() - 3)) + 40) << "still there";
 }

@@ -59,3 +59,9 @@ TEST_F(TitledWindowTest, movesAndClosesByTheKeyboard)
     QTest::keyClick(&window, Qt::Key_F4, Qt::AltModifier);
     EXPECT_FALSE(window.isVisible());
 }
+
+TEST_F(TitledWindowTest, onlyTheMainWindowMaximises)
+{
+    window.toggleMaximised();
+    EXPECT_FALSE(window.isMaximized());
+}

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Opens every window in both languages: no caption is clipped, every control says what it is for, and no
+// mnemonic stands twice. With TAVREL_SCREENSHOTS set to a folder, a picture of each is left there.
+#include "MainWindow.h"
+#include "app/FmLanguage.h"
+#include "demo/DemoFolder.h"
+#include "session/FmRecover.h"
+#include "ui/MessageWindow.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+
+#include <set>
+
+using namespace tavrel;
+
+namespace {
+
+struct Door
+{
+    const char* window; // object name
+    std::vector<const char*>
+        controls; // buttons or actions on the way from the main window, one after another
+};
+
+const Door doors[] = {
+    {"FmPreferences", {"CdParam"}},
+    {"FmColors", {"CdParam", "CdColor"}},
+    {"FmDoub", {"CdParam", "CdDoub"}},
+    {"FmDefault", {"CdParam", "CdDefaut"}},
+    {"FmHelp", {"CdHlp"}},
+    {"FmRefW", {"CdRefW"}},
+    {"FmObject", {"CdObj"}},
+    {"FmView", {"CdViewWAD"}},
+    {"FmSounds", {"CdEdit"}},
+    {"FmStats", {"CdStats"}},
+    {"FmCheck", {"CdSmpCheck"}},
+    {"FmSamp", {"CdChSamp"}},
+    {"FmExport", {"CdExport"}},
+    {"FmImport", {"CdImport"}},
+    {"FmReview", {"AcReview"}},
+    {"FmCompare", {"AcCompare"}},
+    {"FmVersions", {"AcVersions"}},
+    {"FmChecks", {"AcChecks"}},
+    {"FmLevels", {"AcLevels"}},
+};
+
+// Left without one on purpose.
+const std::set<QString> withoutToolTip = {"CkN", "TxPIT", "TxRAD"};
+
+class EveryWindowTest : public MainWindowTest, public testing::WithParamInterface<Language>
+{
+protected:
+    EveryWindowTest()
+    {
+        makeLevelEditorFolder(folders.levelEditor, dataFolder(), DemoSamples::All);
+        ProgramSettings chosen = LoadSettings(folders.program).settings;
+        chosen.language = GetParam();
+        EXPECT_FALSE(SaveSettings(folders.program, chosen));
+    }
+
+    void lookAt(QWidget& shown)
+    {
+        SCOPED_TRACE(shown.objectName().toStdString());
+        QCoreApplication::processEvents();
+        seen.insert(shown.objectName());
+        takePicture(shown);
+        std::map<QChar, QString> mnemonics;
+        for (const QWidget* const found : shown.findChildren<QWidget*>()) {
+            if (!found->isVisible() || found->window() != &shown || found->objectName().startsWith("qt_")) {
+                continue;
+            }
+            lookForClipping(*found);
+            lookForWords(*found);
+            if (const auto* const button = qobject_cast<const QAbstractButton*>(found)) {
+                const QString text = button->text();
+                const auto mark = text.indexOf('&');
+                if (mark >= 0 && mark + 1 < text.size() && text[mark + 1] != '&') {
+                    const auto [other, isNew] = mnemonics.emplace(text[mark + 1].toUpper(), text);
+                    EXPECT_TRUE(isNew) << text.toStdString() << " and " << other->second.toStdString();
+                }
+            }
+        }
+    }
+
+    static void lookForClipping(const QWidget& found)
+    {
+        const auto* const label = qobject_cast<const QLabel*>(&found);
+        const auto* const button = qobject_cast<const QAbstractButton*>(&found);
+        const bool mayWrap = label != nullptr && (label->wordWrap() || !label->pixmap().isNull());
+        if ((label == nullptr && button == nullptr) || mayWrap) {
+            return;
+        }
+        EXPECT_GE(found.width(), found.minimumSizeHint().width()) << found.objectName().toStdString();
+        EXPECT_GE(found.height(), found.minimumSizeHint().height()) << found.objectName().toStdString();
+        if (button != nullptr) {
+            EXPECT_GE(found.width(), found.sizeHint().width()) << found.objectName().toStdString();
+        }
+    }
+
+    static void lookForWords(const QWidget& found)
+    {
+        const bool isControl = !found.objectName().isEmpty() && found.focusPolicy() != Qt::NoFocus &&
+                               !qobject_cast<const QLabel*>(&found) &&
+                               found.window()->objectName() != "FmMessage";
+        if (!isControl || withoutToolTip.contains(found.objectName())) {
+            return;
+        }
+        EXPECT_FALSE(found.toolTip().isEmpty()) << found.objectName().toStdString() << " has no tool tip";
+        const auto* const button = qobject_cast<const QAbstractButton*>(&found);
+        const bool isNamed =
+            (button != nullptr && !button->text().isEmpty()) || !found.accessibleName().isEmpty();
+        EXPECT_TRUE(isNamed) << found.objectName().toStdString() << " has no name for who cannot see it";
+    }
+
+    static void takePicture(QWidget& shown)
+    {
+        const QString folder = qEnvironmentVariable("TAVREL_SCREENSHOTS");
+        if (!folder.isEmpty()) {
+            const QString name =
+                QString("%1/%2-%3.png")
+                    .arg(folder, shown.objectName(), GetParam() == Language::English ? "en" : "fr");
+            EXPECT_TRUE(shown.grab().save(name)) << name.toStdString();
+        }
+    }
+
+    // Presses the controls on the way, each in the window that the last one opened.
+    void goThrough(QWidget& from, std::span<const char* const> controls, const char* wanted)
+    {
+        if (auto* const action = from.findChild<QAction*>(controls[0])) {
+            wait(controls, wanted);
+            action->trigger();
+        } else if (auto* const button = from.findChild<QAbstractButton*>(controls[0])) {
+            wait(controls, wanted);
+            button->click();
+        } else {
+            ADD_FAILURE() << "no control " << controls[0];
+        }
+    }
+    void wait(std::span<const char* const> controls, const char* wanted)
+    {
+        const bool staysOpen =
+            wanted == std::string_view("FmChecks") || wanted == std::string_view("FmLevels");
+        if (staysOpen) {
+            return;
+        }
+        whenOpened<QDialog>([this, controls, wanted](QDialog& opened) {
+            if (controls.size() > 1) {
+                goThrough(opened, controls.subspan(1), wanted);
+            } else {
+                EXPECT_EQ(opened.objectName().toStdString(), wanted);
+                lookAt(opened);
+            }
+        });
+    }
+
+    std::set<QString> seen;
+};
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(InBothLanguages, EveryWindowTest,
+                         testing::Values(Language::English, Language::French), [](const auto& language) {
+                             return language.param == Language::English ? "English" : "French";
+                         });
+
+TEST_P(EveryWindowTest, IsWholeAndExplainsItself)
+{
+    open();
+    clickRow(1);
+    type("TxVOL", "31");
+    click("CdValidW"); // something to review, and to be told of before sounds.txt is shown
+    lookAt(*window);
+    for (const Door& door : doors) {
+        SCOPED_TRACE(door.window);
+        goThrough(*window, door.controls, door.window);
+        QCoreApplication::processEvents();
+        if (auto* const open = window->findChild<QDialog*>(door.window)) {
+            lookAt(*open); // it stays beside the main window
+            open->close();
+        }
+        EXPECT_TRUE(seen.contains(door.window));
+    }
+}
+
+TEST_P(EveryWindowTest, MessagesAreWhole)
+{
+    FmLanguage language([](QWidget&, Language) {});
+    language.show();
+    lookAt(language);
+    for (const Buttons buttons : {Buttons::Ok, Buttons::OkCancel, Buttons::YesNo, Buttons::YesNoCancel}) {
+        MessageWindow message(nullptr, MessageIcon::Question, "Tavrel", QString("Text %1").arg(int(buttons)));
+        const Answer answers[] = {Answer::Other, Answer::Yes, Answer::No, Answer::Cancel};
+        message.offer(answers, Answer::Yes, GetParam(),
+                      {{Answer::Other, {"Show changes", "Voir les modifications"}}});
+        message.show();
+        lookAt(message);
+    }
+}
