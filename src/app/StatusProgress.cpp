@@ -19,8 +19,7 @@ StatusProgress::~StatusProgress()
     if (!m_begun) {
         return;
     }
-    setPaper(m_row.info(), false);
-    m_row.info().clear();
+    setPaperText(m_row.info(), {});
     m_row.bar().hide();
     m_row.setFolderVisible(true);
     if (!m_window.isEnabled()) {
@@ -42,7 +41,6 @@ void StatusProgress::begin()
     m_row.setFolderVisible(false);
     m_row.bar().setRange(0, 0);
     m_row.bar().show();
-    setPaper(m_row.info(), true);
     setPaperText(m_row.info(), {});
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); // lays the row out
     m_painted.start();
@@ -77,8 +75,7 @@ void StatusProgress::alarm()
 void StatusProgress::wait()
 {
     begin();
-    setPaper(m_row.info(), false);
-    m_row.info().clear();
+    setPaperText(m_row.info(), {});
     m_row.bar().setRange(0, 0);
     m_window.setEnabled(false);
 }

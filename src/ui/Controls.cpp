@@ -93,8 +93,6 @@ private:
 };
 
 constexpr int iconSize = 16;
-const QColor calm(64, 64, 64);
-const QColor alarm(192, 0, 0);
 
 } // namespace
 
@@ -126,31 +124,27 @@ QLabel* makePaperLabel(const char* name)
 {
     auto* const label = named(new QLabel, name);
     label->setTextFormat(Qt::PlainText);
-    label->setProperty("paper", true);
     // Its texts change quickly and must not move the rest of the window.
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setPaperText(*label, {});
     return label;
 }
 
-void setPaper(QLabel& label, bool paper)
+void setPaper(QLabel& label, Paper paper)
 {
-    label.setProperty("paper", paper);
-    label.style()->unpolish(&label);
-    label.style()->polish(&label);
-    if (!paper) {
-        label.setPalette({});
+    constexpr const char* property = "paper";
+    const QString wanted = paper == Paper::None ? "" : paper == Paper::Calm ? "calm" : "alarm";
+    if (label.property(property).toString() != wanted) {
+        label.setProperty(property, wanted);
+        label.style()->unpolish(&label);
+        label.style()->polish(&label);
     }
 }
 
+// A bright bar without a word would only be loud.
 void setPaperText(QLabel& label, const QString& text, bool alarming)
 {
-    if (label.property("paper").toBool() == text.isEmpty()) { // a bright bar without a word is only loud
-        setPaper(label, !text.isEmpty());
-    }
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, alarming ? alarm : calm);
-    label.setPalette(palette);
+    setPaper(label, text.isEmpty() ? Paper::None : alarming ? Paper::Alarming : Paper::Calm);
     label.setText(text);
     label.setToolTip(plainToolTip(text)); // for what the window has no room for
 }

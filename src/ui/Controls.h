@@ -35,7 +35,9 @@ QLabel* makeHeading(const char* name);
 // A status line in dark text on light ground, for texts that are coloured by what they say.
 QLabel* makePaperLabel(const char* name);
 // Makes any label one, or an ordinary one again.
-void setPaper(QLabel& label, bool paper);
+enum class Paper { None, Calm, Alarming };
+void setPaper(QLabel& label, Paper paper);
+// An ordinary label as long as there is no text.
 void setPaperText(QLabel& label, const QString& text, bool alarming = false);
 QLineEdit* makeReadOnly(const char* name);
 // The wheel turns it only while it has the focus.

@@ -193,7 +193,9 @@ QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 
 QLabel[muted="true"] { color: #A3A194; }
 QLabel[heading="true"] { color: #E8A33D; }
-QLabel[paper="true"] { background: #E6E3D2; border-radius: 3px; padding: 2px 6px; }
+QLabel[paper="calm"], QLabel[paper="alarm"] { background: #E6E3D2; border-radius: 3px; padding: 2px 6px; }
+QLabel[paper="calm"] { color: #404040; }
+QLabel[paper="alarm"] { color: #C00000; }
 
 QWidget#PnWad QLineEdit:read-only { background: #F6F4E8; border-color: #17181B; }
 
