@@ -182,16 +182,29 @@ SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Prog
     if (findWrongSample(request.catalogue, request.wad, request.places.samples, progress)) {
         return Begun::WrongSample;
     }
-    Result<ProcessLock> lock = takeLock(request.places.program, generationLock, std::chrono::seconds(0));
-    if (!lock) {
-        refuse(lock.failure().text);
+    if (const Problem problem = takeLocks(request.places)) {
+        refuse(problem->text);
         return Begun::NotStarted;
     }
     if (!start(request, now)) {
+        m_locks = {};
         return Begun::NotStarted;
     }
-    m_lock = std::move(*lock);
     return Begun::Started;
+}
+
+Problem SfxGeneration::takeLocks(const Places& places)
+{
+    const std::array folders{places.program, places.creator};
+    for (std::size_t i = 0; i < folders.size(); ++i) {
+        Result<ProcessLock> lock = takeLock(folders[i], generationLock, std::chrono::seconds(0));
+        if (!lock) {
+            m_locks = {};
+            return lock.failure();
+        }
+        m_locks[i] = std::move(*lock);
+    }
+    return std::nullopt;
 }
 
 bool SfxGeneration::mayBegin(const GenerationRequest& request)
@@ -365,7 +378,7 @@ void SfxGeneration::end()
 {
     removeBatchFile();
     m_running.reset();
-    m_lock.reset();
+    m_locks = {};
     m_phase = Phase::Idle;
     const std::string name = shownText(m_wadName);
     if (hasResults()) {

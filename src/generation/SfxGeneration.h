@@ -9,6 +9,7 @@
 #include "references/LetterList.h"
 #include "settings/Places.h"
 
+#include <array>
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -98,6 +99,7 @@ private:
     bool mayBegin(const GenerationRequest& request);
     bool confirm(const GenerationRequest& request);
     bool mayMoveOtherFiles(const GenerationRequest& request);
+    [[nodiscard]] Problem takeLocks(const Places& places);
     bool start(const GenerationRequest& request, Clock::time_point now);
     bool wantsToStop(FileStates files, Clock::time_point now);
     void end();
@@ -111,7 +113,7 @@ private:
     BatchRunner& m_runner;
     Dialogs& m_dialogs;
     Phase m_phase = Phase::Idle;
-    ProcessLock m_lock;
+    std::array<ProcessLock, 2> m_locks;
     std::unique_ptr<RunningBatch> m_running;
     std::filesystem::path m_batchFile;
     std::filesystem::path m_output;

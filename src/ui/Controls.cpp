@@ -5,6 +5,8 @@
 #include "ui/Theme.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QLabel>
@@ -138,6 +140,8 @@ void setPaper(QLabel& label, Paper paper)
         label.setProperty(property, wanted);
         label.style()->unpolish(&label);
         label.style()->polish(&label);
+        QEvent changed(QEvent::StyleChange); // else the margins of the frame stay as they were
+        QCoreApplication::sendEvent(&label, &changed);
     }
 }
 

@@ -279,6 +279,11 @@ TEST_F(SfxGenerationTest, OneAtATimeEvenInTwoWindows)
     dialogs.prepareAnswer(Answer::Ok);
     EXPECT_EQ(second.begin(request(), progress, start), Begun::NotStarted);
     EXPECT_TRUE(lastSaid().starts_with("exclamation | Generate SFX | Another window or command of Tavrel"));
+    GenerationRequest fromElsewhere = request(); // another installation, the same level editor
+    fromElsewhere.places.program = root / "other program";
+    fs::create_directory(fromElsewhere.places.program);
+    dialogs.prepareAnswer(Answer::Ok);
+    EXPECT_EQ(second.begin(fromElsewhere, progress, start), Begun::NotStarted);
     *runner.ended = true;
     EXPECT_EQ(lookAfter(3s), Phase::Idle);
     dialogs.prepareAnswer(Answer::Ok);
