@@ -53,6 +53,8 @@ void SamplesPanel::connectControls()
     connect(m_chooser, &QPushButton::clicked, this, &SamplesPanel::choose);
     connect(m_play, &QPushButton::clicked, this, &SamplesPanel::play);
     connect(m_stop, &QPushButton::clicked, this, &SamplesPanel::stop);
+    addListKey(*m_list, Qt::Key_Insert, [this] { chooseAndAdd(); });
+    addListKey(*m_list, Qt::Key_Delete, [this] { m_remove->click(); });
 }
 
 void SamplesPanel::showLanguage(Language language)
@@ -154,6 +156,16 @@ void SamplesPanel::choose()
     if (const std::optional<std::string> name = m_choose()) {
         m_name->setText(fromCodePage(*name));
         m_name->setFocus();
+    }
+}
+
+void SamplesPanel::chooseAndAdd()
+{
+    const std::optional<std::string> name = m_chooser->isEnabled() ? m_choose() : std::nullopt;
+    if (name) {
+        m_name->setText(fromCodePage(*name));
+        change(addSample);
+        m_list->setFocus();
     }
 }
 

@@ -44,6 +44,7 @@ private:
     SampleInput input() const;
     void change(SampleResult (*command)(LineEditor&, const SampleInput&, Dialogs&));
     void choose();
+    void chooseAndAdd();
     void play();
     void stop();
 

@@ -2,56 +2,130 @@
 #include "app/SoundListPanel.h"
 
 #include "app/SoundListDelegate.h"
-#include "app/SoundListModel.h"
+#include "app/SoundListHeader.h"
+#include "base/CodePage.h"
 #include "base/Titles.h"
 #include "catalogue/LineSearch.h"
+#include "samples/SampleUsers.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
+#include <QAction>
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpressionValidator>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <numeric>
+
 namespace tavrel {
+
+namespace {
+
+constexpr int usualWidth = 250;
+
+constexpr SoundColumn optionalColumns[] = {SoundColumn::Samples, SoundColumn::Values, SoundColumn::Flags,
+                                           SoundColumn::Letters};
+// In the order of the drop-down.
+constexpr ReadyFilter readyFilters[] = {
+    ReadyFilter::All,        ReadyFilter::Modified, ReadyFilter::Pending,      ReadyFilter::OfWad,
+    ReadyFilter::EveryLevel, ReadyFilter::NoLevel,  ReadyFilter::WithFindings, ReadyFilter::MissingSamples};
+
+BilingualText nameOf(ReadyFilter filter)
+{
+    switch (filter) {
+    case ReadyFilter::Modified:
+        return {"Modified", "Modifiés"};
+    case ReadyFilter::Pending:
+        return {"Not yet applied", "Non encore appliqués"};
+    case ReadyFilter::OfWad:
+        return {"Of the current WAD", "Du WAD actuel"};
+    case ReadyFilter::EveryLevel:
+        return {"In every level (#g)", "De tous les niveaux (#g)"};
+    case ReadyFilter::NoLevel:
+        return {"Without a level", "Sans niveau"};
+    case ReadyFilter::WithFindings:
+        return {"With findings", "Avec des constats"};
+    case ReadyFilter::MissingSamples:
+        return {"Missing samples", "Samples manquants"};
+    case ReadyFilter::All:
+        break;
+    }
+    return {"All sounds", "Tous les sons"};
+}
+
+std::string optionName(SoundColumn column)
+{
+    return lowerCase(columnTitle(column).english);
+}
+
+bool isPressOf(const QEvent& event, Qt::Key key)
+{
+    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == key;
+}
+
+} // namespace
 
 SoundListPanel::SoundListPanel(const PanelContext& context)
     : MainPanel(context), m_sounds(new SoundListModel(session().catalogue(), this)),
       m_wanted(named(new QLineEdit, "TxSearch")), m_search(makeIconButton("CdSearch", Glyph::Search)),
       m_down(named(new QRadioButton, "OpDown")), m_up(named(new QRadioButton, "OpUp")),
-      m_matchCase(named(new QCheckBox, "CkCase")), m_list(named(new QListView, "LiSFX")),
-      m_play(makeIconButton("CdPlay2", Glyph::Play)), m_stop(makeIconButton("CdStopS2", Glyph::Stop))
+      m_matchCase(named(new QCheckBox, "CkCase")), m_count(named(new QLabel, "LbCount")),
+      m_number(named(new QLineEdit, "TxNumber")), m_words(named(new QLineEdit, "TxFilter")),
+      m_ready(makeComboBox("CbFilter")), m_columnMenu(new QMenu(this)),
+      m_columnButton(named(new QToolButton, "CdColumns")), m_header(new SoundListHeader(fixedPitchFont())),
+      m_list(named(new QListView, "LiSFX")), m_play(makeIconButton("CdPlay2", Glyph::Play)),
+      m_stop(makeIconButton("CdStopS2", Glyph::Stop))
 {
     layOut();
     connectControls();
+    connectList();
 }
 
 void SoundListPanel::layOut()
 {
     m_wanted->setClearButtonEnabled(true);
+    m_words->setClearButtonEnabled(true);
     auto* const options = new QButtonGroup(this);
     options->addButton(m_down);
     options->addButton(m_up);
     m_down->setChecked(true);
-    m_list->setModel(m_sounds);
-    m_list->setItemDelegate(new SoundListDelegate(this));
-    m_list->setFont(fixedPitchFont());
-    m_list->setUniformItemSizes(true);
-    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_count->setProperty("heading", true);
+    m_number->setFixedWidth(64);
+    m_number->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,9}"), m_number));
+    m_number->hide();
+    for (const SoundColumn column : optionalColumns) {
+        QAction* const action = m_columnMenu->addAction(QString());
+        action->setCheckable(true);
+        connect(action, &QAction::toggled, this, [this, column](bool shown) { toggleColumn(column, shown); });
+        m_columnActions[static_cast<std::size_t>(column)] = action;
+    }
+    m_columnButton->setIcon(glyphIcon(Glyph::ViewWad, theme::text));
+    m_columnButton->setMenu(m_columnMenu);
+    m_columnButton->setPopupMode(QToolButton::InstantPopup);
 
     auto* const directions = rowOf({makeHeading("FrSearch"), m_down, m_up});
     directions->insertStretch(1, 1);
-    auto* const head = rowOf({makeHeading("LbID"), m_play, m_stop});
-    head->insertStretch(1, 1);
+    auto* const head = rowOf({makeHeading("LbID"), m_count, m_number, m_columnButton, m_play, m_stop});
+    head->insertStretch(3, 1);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(controlGap);
@@ -60,26 +134,75 @@ void SoundListPanel::layOut()
     column->addWidget(m_matchCase);
     column->addSpacing(controlGap);
     column->addLayout(head);
+    column->addWidget(m_words);
+    column->addWidget(m_ready);
+    column->addWidget(makeList(), 1);
+    setFixedWidth(usualWidth);
+}
+
+QWidget* SoundListPanel::makeList()
+{
+    m_list->setModel(m_sounds);
+    m_list->setItemDelegate(new SoundListDelegate(this));
+    m_list->setFont(fixedPitchFont());
+    m_list->setUniformItemSizes(true);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* const box = new QWidget;
+    auto* const column = new QVBoxLayout(box);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_header);
     column->addWidget(m_list, 1);
+    m_header->hide();
+    return box;
 }
 
 void SoundListPanel::connectControls()
 {
     m_leaving.setSingleShot(true);
     m_refusing.setSingleShot(true);
-    connect(&m_leaving, &QTimer::timeout, this, &SoundListPanel::leaveForCurrentRow);
+    connect(&m_leaving, &QTimer::timeout, this, &SoundListPanel::leaveForMarked);
     connect(&m_refusing, &QTimer::timeout, this, &SoundListPanel::sayWhatIsRefused);
     connect(m_search, &QPushButton::clicked, this, &SoundListPanel::search);
     connect(m_wanted, &QLineEdit::returnPressed, this, &SoundListPanel::search);
     connect(m_play, &QPushButton::clicked, this, &SoundListPanel::play);
     connect(m_stop, &QPushButton::clicked, this, &SoundListPanel::stop);
+    connect(m_words, &QLineEdit::textChanged, this, &SoundListPanel::filterChanged);
+    connect(m_words, &QLineEdit::returnPressed, this, &SoundListPanel::focusList);
+    connect(m_ready, &QComboBox::currentIndexChanged, this, [this] {
+        findMissingSamples();
+        filterChanged();
+    });
+    connect(m_number, &QLineEdit::returnPressed, this, &SoundListPanel::numberTyped);
+    connect(m_number, &QLineEdit::editingFinished, m_number, &QWidget::hide);
+    m_words->installEventFilter(this);
+    m_number->installEventFilter(this);
+}
+
+void SoundListPanel::connectList()
+{
+    const std::pair<QKeySequence, void (SoundListPanel::*)()> keys[] = {
+        {QKeySequence::Copy, &SoundListPanel::copyWanted},
+        {QKeySequence::Paste, &SoundListPanel::pasteWanted}};
+    for (const auto& [key, signal] : keys) {
+        auto* const shortcut = new QShortcut(key, m_list);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, signal);
+    }
+    connect(m_list->horizontalScrollBar(), &QScrollBar::valueChanged, m_header, &SoundListHeader::scrollTo);
+    connect(m_header, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { m_columnMenu->popup(m_header->mapToGlobal(place)); });
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &SoundListPanel::currentRowChanged);
+            &SoundListPanel::selectionMoved);
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        // Ctrl and a click would take the mark off the line that is still shown.
-        QItemSelectionModel& marked = *m_list->selectionModel();
-        if (!marked.hasSelection() && marked.currentIndex().isValid()) {
-            marked.select(marked.currentIndex(), QItemSelectionModel::Select);
+        // Ctrl and a click would take the mark off the only line that is shown.
+        QItemSelectionModel& rows = *m_list->selectionModel();
+        if (!rows.hasSelection() && rows.currentIndex().isValid()) {
+            rows.select(rows.currentIndex(), QItemSelectionModel::Select);
+        } else {
+            selectionMoved();
         }
     });
 }
@@ -87,6 +210,10 @@ void SoundListPanel::connectControls()
 void SoundListPanel::showLanguage(Language language)
 {
     const BilingualText stop("Stop sample", "Stopper le sample");
+    const BilingualText filter("Filter: words of name, samples and letters, a number, vol>80, pit<0, flag:L",
+                               "Filtre : mots du nom, des samples et des lettres, un numéro, vol>80, pit<0, "
+                               "flag:L");
+    const BilingualText ready("Which sounds are listed", "Quels sons sont listés");
     const Caption captions[] = {
         {"FrSearch", {"Search", "Rechercher"}, {}},
         {"TxSearch",
@@ -99,6 +226,10 @@ void SoundListPanel::showLanguage(Language language)
          {"Upper/Lower Case sensitive", "Respecter la casse"},
          {"Upper/Lower Case sensitive", "Respecter la casse"}},
         {"LbID", {"Sound ID", "ID sons"}, {}},
+        {"TxNumber", {}, {"Number of the sound to go to", "Numéro du son où aller"}},
+        {"TxFilter", {}, filter},
+        {"CbFilter", {}, ready},
+        {"CdColumns", {}, {"Columns", "Colonnes"}},
         {"LiSFX",
          {},
          {"Sounds of sounds.txt; modified ones are marked",
@@ -107,6 +238,26 @@ void SoundListPanel::showLanguage(Language language)
         {"CdStopS2", {}, stop},
     };
     showCaptions(*this, captions, language);
+    m_words->setPlaceholderText(inLanguage({"Filter", "Filtre"}, language));
+    m_number->setPlaceholderText(inLanguage({"Number", "Numéro"}, language));
+    m_sounds->setLanguage(language);
+    fillReadyFilters();
+    for (const SoundColumn column : optionalColumns) {
+        m_columnActions[static_cast<std::size_t>(column)]->setText(inLanguage(columnTitle(column), language));
+    }
+    showColumns();
+    showCounts();
+}
+
+void SoundListPanel::fillReadyFilters()
+{
+    const QSignalBlocker blocker(m_ready);
+    const int chosen = std::max(m_ready->currentIndex(), 0);
+    m_ready->clear();
+    for (const ReadyFilter filter : readyFilters) {
+        m_ready->addItem(inLanguage(nameOf(filter), language()));
+    }
+    m_ready->setCurrentIndex(chosen);
 }
 
 void SoundListPanel::paintWith(const ColourPair& pair)
@@ -125,26 +276,67 @@ void SoundListPanel::focusSearch()
     m_wanted->selectAll();
 }
 
-// Going to a sound
-
-void SoundListPanel::currentRowChanged()
+void SoundListPanel::focusFilter()
 {
-    if (m_selecting) {
-        return;
-    }
-    if (selection().edited()) {
-        // The mouse button is still down in the list, or a key repeats: ask once, when that is done with.
-        m_leaving.start();
-        return;
-    }
-    pick(m_sounds->numberAt(m_list->currentIndex()));
+    m_words->setFocus(Qt::ShortcutFocusReason);
+    m_words->selectAll();
 }
 
-void SoundListPanel::leaveForCurrentRow()
+bool SoundListPanel::eventFilter(QObject* watched, QEvent* event)
 {
-    const std::optional<std::size_t> left = selection().number();
-    const auto wanted = [this] { return m_sounds->numberAt(m_list->currentIndex()); };
-    if (m_asking || wanted() == left) {
+    if (watched == m_words && isPressOf(*event, Qt::Key_Down)) {
+        focusList();
+        return true;
+    }
+    if (watched == m_number && isPressOf(*event, Qt::Key_Escape)) {
+        m_number->hide();
+        focusList();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// Going to sounds
+
+SoundListPanel::Picked SoundListPanel::marked() const
+{
+    Picked picked;
+    for (const QItemSelectionRange& range : m_list->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            picked.numbers.push_back(*m_sounds->numberAt(m_sounds->index(row)));
+        }
+    }
+    std::ranges::sort(picked.numbers);
+    picked.current = m_sounds->numberAt(m_list->currentIndex());
+    if (!picked.current || !std::ranges::binary_search(picked.numbers, *picked.current)) {
+        picked.current = picked.numbers.empty() ? std::nullopt : std::optional(picked.numbers.front());
+    }
+    return picked;
+}
+
+void SoundListPanel::selectionMoved()
+{
+    // The current row is told before its mark or after it; the second of the two counts.
+    const QItemSelectionModel& rows = *m_list->selectionModel();
+    const bool halfDone = rows.currentIndex().isValid() && !rows.isSelected(rows.currentIndex()) &&
+                          !QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
+    if (m_selecting || halfDone) {
+        return;
+    }
+    Picked picked = marked();
+    if (picked.numbers == selection().numbers()) {
+        selection().makeCurrent(picked.current);
+    } else if (selection().edited()) {
+        // The mouse button is still down in the list, or a key repeats: ask once, when that is done with.
+        m_leaving.start();
+    } else {
+        pick(std::move(picked));
+    }
+}
+
+void SoundListPanel::leaveForMarked()
+{
+    if (m_asking || marked().numbers == selection().numbers()) {
         return;
     }
     const bool mayLeave = [this] {
@@ -152,30 +344,33 @@ void SoundListPanel::leaveForCurrentRow()
         return selection().mayLeave(dialogs());
     }();
     if (mayLeave) {
-        pick(wanted());
+        pick(marked());
     } else {
         lineShown();
     }
 }
 
-void SoundListPanel::pick(std::optional<std::size_t> number)
+void SoundListPanel::pick(Picked picked)
 {
-    selection().select(number);
-    say({});
+    const std::size_t count = picked.numbers.size();
+    selection().select(std::move(picked.numbers), picked.current);
+    const std::string number = std::to_string(count);
+    say(count > 1 ? BilingualText(number + " sounds selected", number + " sons sélectionnés")
+                  : BilingualText());
     m_refusing.start();
 }
 
-// What the user may not do with the line that is selected by now.
+// What the user may not do with the line that is selected by now. Of several there is nothing to be said.
 void SoundListPanel::sayWhatIsRefused()
 {
     const std::optional<std::size_t> number = selection().number();
-    if (m_asking || !number) {
+    if (m_asking || !number || selection().isSeveral()) {
         return;
     }
     const Flagged asking(m_asking);
     if (session().catalogue().isProtected(*number)) {
         dialogs().show(protectedLineRefusal());
-    } else if (!selection().object().empty() && m_warned.insert(*number).second) {
+    } else if (!selection().objects().empty() && m_warned.insert(*number).second) {
         dialogs().show({MessageIcon::Information,
                         titles::addLetterToObject,
                         {"An object is selected. Modification not authorized",
@@ -183,34 +378,262 @@ void SoundListPanel::sayWhatIsRefused()
     }
 }
 
+// Searching
+
 void SoundListPanel::search()
 {
-    const LineSearch wanted{toCodePage(m_wanted->text()),
-                            m_up->isChecked() ? SearchDirection::Up : SearchDirection::Down,
-                            m_matchCase->isChecked()};
+    const QString text = m_wanted->text();
+    LineSearch wanted{toCodePage(text), m_up->isChecked() ? SearchDirection::Up : SearchDirection::Down,
+                      m_matchCase->isChecked()};
     if (wanted.text.empty()) {
         m_wanted->setFocus();
         return;
     }
-    const std::optional<std::size_t> found =
-        fitsCodePage(m_wanted->text())
-            ? findNextLine(session().catalogue(), m_sounds->numbers(), selection().number(), wanted)
-            : std::nullopt;
-    if (!found) {
-        say(BilingualText("No more line with [", "Plus de ligne avec [") + m_wanted->text().toStdString() +
-            "]");
+    const auto find = [&](std::optional<std::size_t> from) {
+        return fitsCodePage(text) ? findNextLine(session().catalogue(), m_sounds->numbers(), from, wanted)
+                                  : std::nullopt;
+    };
+    std::optional<std::size_t> found = find(selection().number());
+    const bool wraps = !found;
+    if (wraps) {
+        found = find(std::nullopt);
+    }
+    if (!found || found == selection().number()) {
+        searchElsewhere(text);
         return;
     }
-    say({});
     m_list->setCurrentIndex(m_sounds->indexOf(*found));
     m_list->scrollTo(m_list->currentIndex(), QAbstractItemView::PositionAtCenter);
+    say(!wraps              ? BilingualText()
+        : m_up->isChecked() ? BilingualText("The search went on from the last line",
+                                            "La recherche a repris à la dernière ligne")
+                            : BilingualText("The search went on from the first line",
+                                            "La recherche a repris à la première ligne"));
+}
+
+// It is in none of the listed lines but the selected one.
+void SoundListPanel::searchElsewhere(const QString& text)
+{
+    std::vector<std::size_t> all(session().catalogue().size());
+    std::iota(all.begin(), all.end(), 0U);
+    std::erase_if(all, [this](std::size_t number) { return m_sounds->indexOf(number).isValid(); });
+    const LineSearch wanted{toCodePage(text), SearchDirection::Down, m_matchCase->isChecked()};
+    const bool isHidden =
+        fitsCodePage(text) && findNextLine(session().catalogue(), all, std::nullopt, wanted).has_value();
+    const std::string shown = "[" + text.toStdString() + "]";
+    say(isHidden ? BilingualText(shown + " is only in lines that are hidden now",
+                                 shown + " n'est que dans des lignes actuellement cachées")
+                 : BilingualText("No more line with ", "Plus de ligne avec ") + shown);
+}
+
+void SoundListPanel::goTo(std::size_t number)
+{
+    showRow(m_sounds->indexOf(number));
+    pick({{number}, number});
+}
+
+void SoundListPanel::goToNext()
+{
+    const auto listed = m_sounds->numbers();
+    const std::vector<std::size_t>& numbers = selection().numbers();
+    const auto next = numbers.empty() ? listed.begin() : std::ranges::upper_bound(listed, numbers.back());
+    if (next != listed.end() && selection().mayLeave(dialogs())) {
+        goTo(*next);
+    }
+}
+
+void SoundListPanel::goToModified(bool down)
+{
+    const auto listed = m_sounds->numbers();
+    const std::size_t from = selection().number().value_or(0);
+    std::optional<std::size_t> found;
+    for (const std::size_t number : listed) {
+        const bool isBeyond = down ? number > from : number < from;
+        if (isBeyond && session().catalogue().isModified(number)) {
+            found = number;
+            if (down) {
+                break;
+            }
+        }
+    }
+    if (!found) {
+        say(down ? BilingualText("No modified sound below", "Pas de son modifié plus bas")
+                 : BilingualText("No modified sound above", "Pas de son modifié plus haut"));
+    } else if (selection().mayLeave(dialogs())) {
+        goTo(*found);
+    }
+}
+
+void SoundListPanel::askForNumber()
+{
+    m_number->clear();
+    m_number->show();
+    m_number->setFocus(Qt::ShortcutFocusReason);
+}
+
+void SoundListPanel::numberTyped()
+{
+    const QString typed = m_number->text();
+    if (typed.isEmpty()) {
+        return;
+    }
+    const std::size_t number = typed.toULong();
+    if (number >= session().catalogue().size()) {
+        say(BilingualText("There is no sound ", "Il n'y a pas de son ") + typed.toStdString());
+    } else if (selection().mayLeave(dialogs())) {
+        selection().reveal(number);
+        m_refusing.start();
+    }
+    focusList();
+}
+
+// The filter
+
+ListCriteria SoundListPanel::criteria() const
+{
+    const ReadyFilter ready = readyFilters[std::max(m_ready->currentIndex(), 0)];
+    return {SoundFilter(toCodePage(m_words->text())),
+            ready,
+            session().wad().letter,
+            m_showGlobals,
+            ready == ReadyFilter::MissingSamples ? &m_missing : &m_marked,
+            m_kept};
+}
+
+void SoundListPanel::filterChanged()
+{
+    // Values that were not accepted stay in sight.
+    m_kept = selection().edited()
+                 ? std::set<std::size_t>(selection().numbers().begin(), selection().numbers().end())
+                 : std::set<std::size_t>();
+    drawAttention(*m_words, !m_words->text().isEmpty());
+    drawAttention(*m_ready, m_ready->currentIndex() > 0);
+    rebuild();
+}
+
+bool SoundListPanel::clearFilter()
+{
+    if (m_words->text().isEmpty() && m_ready->currentIndex() <= 0) {
+        return false;
+    }
+    {
+        const QSignalBlocker words(m_words);
+        const QSignalBlocker ready(m_ready);
+        m_words->clear();
+        m_ready->setCurrentIndex(0);
+    }
+    filterChanged();
+    return true;
 }
 
 void SoundListPanel::showOrHideGlobals()
 {
     if (selection().mayLeave(dialogs())) {
         m_showGlobals = !m_showGlobals;
-        rebuild();
+        filterChanged();
+        Q_EMIT globalsShown(m_showGlobals);
+    }
+}
+
+void SoundListPanel::findMissingSamples()
+{
+    m_missing.clear();
+    if (readyFilters[std::max(m_ready->currentIndex(), 0)] != ReadyFilter::MissingSamples) {
+        return;
+    }
+    Result<std::set<std::size_t>> missing =
+        soundsWithMissingSamples(session().catalogue(), session().places().samples);
+    if (missing) {
+        m_missing = std::move(*missing);
+    } else {
+        say(missing.failure().text);
+    }
+}
+
+void SoundListPanel::showCounts()
+{
+    const std::size_t listed = m_sounds->numbers().size();
+    const std::string count = std::to_string(listed);
+    const std::string total = std::to_string(m_sounds->total());
+    m_count->setText(listed == m_sounds->total()
+                         ? QString()
+                         : inLanguage({count + " of " + total, count + " sur " + total}, language()));
+}
+
+// Lines may have come into the list or left it; those that are selected stay so while they are there.
+void SoundListPanel::rebuild()
+{
+    const std::vector<std::size_t> before = selection().numbers();
+    {
+        const Flagged selecting(m_selecting);
+        m_sounds->list(criteria());
+    }
+    showCounts();
+    Picked left{before, selection().number()};
+    std::erase_if(left.numbers, [this](std::size_t number) { return !m_sounds->indexOf(number).isValid(); });
+    if (left.numbers.empty() && !m_sounds->numbers().empty()) {
+        left.numbers = {m_sounds->numbers().front()};
+    }
+    if (left.numbers != before) {
+        if (!left.current || !std::ranges::binary_search(left.numbers, *left.current)) {
+            left.current = left.numbers.empty() ? std::nullopt : std::optional(left.numbers.front());
+        }
+        selection().select(left.numbers, left.current); // without a word: nobody went there
+    }
+    showSelection();
+}
+
+void SoundListPanel::setMarks(SoundMarks marks)
+{
+    m_marked.clear();
+    for (const auto& [number, mark] : marks) {
+        m_marked.insert(number);
+    }
+    m_sounds->setMarks(std::move(marks));
+    if (readyFilters[std::max(m_ready->currentIndex(), 0)] == ReadyFilter::WithFindings) {
+        filterChanged();
+    }
+}
+
+// Columns
+
+void SoundListPanel::toggleColumn(SoundColumn column, bool shown)
+{
+    std::set<SoundColumn> columns = m_sounds->columns();
+    if (shown) {
+        columns.insert(column);
+    } else {
+        columns.erase(column);
+    }
+    std::string names;
+    for (const SoundColumn each : columns) {
+        names += (names.empty() ? "" : ",") + optionName(each);
+    }
+    session().options().set(options::listColumns, names);
+    showColumns();
+}
+
+void SoundListPanel::showColumns()
+{
+    const std::string names = "," + session().options().text(options::listColumns).value_or("") + ",";
+    std::set<SoundColumn> columns;
+    for (const SoundColumn column : optionalColumns) {
+        const bool shown = names.find("," + optionName(column) + ",") != std::string::npos;
+        const QSignalBlocker blocker(m_columnActions[static_cast<std::size_t>(column)]);
+        m_columnActions[static_cast<std::size_t>(column)]->setChecked(shown);
+        if (shown) {
+            columns.insert(column);
+        }
+    }
+    m_header->show(columns, language());
+    m_list->setHorizontalScrollBarPolicy(columns.empty() ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    if (columns != m_sounds->columns()) {
+        m_sounds->setColumns(columns);
+        // As wide as the window has room for; the rest is scrolled to.
+        const int bar = m_list->verticalScrollBar()->sizeHint().width();
+        const int wanted = columnsWidth(m_list->fontMetrics(), columns) + bar;
+        setMinimumWidth(usualWidth);
+        setMaximumWidth(columns.empty() ? usualWidth : std::max(wanted, usualWidth));
     }
 }
 
@@ -219,65 +642,88 @@ void SoundListPanel::showOrHideGlobals()
 void SoundListPanel::reloaded()
 {
     m_warned.clear();
-    m_sounds->rebuild(m_showGlobals);
+    m_kept.clear();
+    findMissingSamples();
+    const Flagged selecting(m_selecting);
+    m_sounds->read();
+    m_sounds->list(criteria());
+    showCounts();
     firstWanted();
 }
 
 void SoundListPanel::linesChanged(const std::vector<std::size_t>& numbers)
 {
-    const bool comeOrGo = !m_showGlobals && std::ranges::any_of(numbers, [this](std::size_t number) {
-        return session().catalogue().isGlobal(number) == m_sounds->indexOf(number).isValid();
-    });
-    if (comeOrGo) {
+    // What the user is at work on stays in the list, even if it is no longer what he looked for.
+    for (const std::size_t number : numbers) {
+        if (std::ranges::binary_search(selection().numbers(), number) &&
+            (m_showGlobals || !session().catalogue().isGlobal(number))) {
+            m_kept.insert(number);
+        }
+    }
+    findMissingSamples();
+    m_sounds->refresh(numbers);
+    if (m_sounds->comeOrGo(numbers, criteria())) {
         rebuild();
-    } else {
-        m_sounds->refresh(numbers);
     }
 }
 
 void SoundListPanel::linesMoved()
 {
+    m_kept.clear();
+    m_sounds->read();
     rebuild();
 }
 
-// Lines may have come into the list or left it; the selected one stays selected while it is there.
-void SoundListPanel::rebuild()
+void SoundListPanel::wadChanged()
 {
-    const Flagged selecting(m_selecting);
-    m_sounds->rebuild(m_showGlobals);
-    const std::optional<std::size_t> number = selection().number();
-    const QModelIndex index = number ? m_sounds->indexOf(*number) : QModelIndex();
-    if (index.isValid()) {
-        showRow(index);
-    } else {
-        firstWanted();
+    if (readyFilters[std::max(m_ready->currentIndex(), 0)] == ReadyFilter::OfWad) {
+        filterChanged();
     }
 }
 
 void SoundListPanel::firstWanted()
 {
     const Flagged selecting(m_selecting);
-    const QModelIndex first = m_sounds->index(0);
-    m_list->setCurrentIndex(first);
+    const std::optional<std::size_t> first = m_sounds->numberAt(m_sounds->index(0));
     m_list->scrollToTop();
-    pick(m_sounds->numberAt(first));
+    pick({first ? std::vector{*first} : std::vector<std::size_t>(), first});
+    showSelection();
 }
 
 void SoundListPanel::lineShown()
 {
     enableButtons();
-    if (m_asking) { // the user is on the way to another row
+    if (!m_asking && !m_selecting) { // else the user is on the way to another row
+        showSelection();
+    }
+}
+
+void SoundListPanel::showSelection()
+{
+    const Flagged selecting(m_selecting);
+    QItemSelectionModel& rows = *m_list->selectionModel();
+    const std::optional<std::size_t> number = selection().number();
+    if (!number) {
+        rows.clearCurrentIndex();
+        m_list->clearSelection();
         return;
     }
-    const std::optional<std::size_t> number = selection().number();
-    if (number != m_sounds->numberAt(m_list->currentIndex())) {
-        const Flagged selecting(m_selecting);
-        if (number) {
-            showRow(m_sounds->indexOf(*number));
-        } else {
-            m_list->selectionModel()->clearCurrentIndex();
-            m_list->clearSelection();
+    if (marked().numbers != selection().numbers()) {
+        QItemSelection selected;
+        for (const std::size_t each : selection().numbers()) {
+            if (const QModelIndex index = m_sounds->indexOf(each); index.isValid()) {
+                if (!selected.empty() && selected.back().bottom() + 1 == index.row()) {
+                    selected.back() = QItemSelectionRange(selected.back().topLeft(), index);
+                } else {
+                    selected.append(QItemSelectionRange(index));
+                }
+            }
         }
+        rows.select(selected, QItemSelectionModel::ClearAndSelect);
+    }
+    if (number != m_sounds->numberAt(m_list->currentIndex())) {
+        rows.setCurrentIndex(m_sounds->indexOf(*number), QItemSelectionModel::NoUpdate);
+        m_list->scrollTo(m_list->currentIndex());
     }
 }
 
@@ -290,16 +736,24 @@ void SoundListPanel::objectChosen()
     enableButtons();
 }
 
+// The sound is to be seen, whatever hides it.
 void SoundListPanel::revealed()
 {
     const std::optional<std::size_t> number = selection().number();
-    if (number && !m_sounds->indexOf(*number).isValid()) {
-        m_showGlobals = true;
-        rebuild();
+    if (!number) {
+        return;
     }
-    if (number) {
-        showRow(m_sounds->indexOf(*number));
+    const auto isHidden = [this](std::size_t each) { return !m_sounds->indexOf(each).isValid(); };
+    if (std::ranges::any_of(selection().numbers(), isHidden)) {
+        if (!std::exchange(m_showGlobals, true)) {
+            Q_EMIT globalsShown(true);
+        }
+        if (!clearFilter()) {
+            filterChanged();
+        }
     }
+    showSelection();
+    m_list->scrollTo(m_list->currentIndex());
 }
 
 void SoundListPanel::showRow(const QModelIndex& index)

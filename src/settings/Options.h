@@ -49,6 +49,8 @@ private:
 namespace options {
 // Lines of sounds.txt that are no sounds are written back, and lines that nobody changed as they are.
 constexpr std::string_view keepComments = "keep-comments";
+// Of the main list, beside number and name: "samples,letters".
+constexpr std::string_view listColumns = "list-columns";
 } // namespace options
 
 } // namespace tavrel

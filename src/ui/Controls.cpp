@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStyle>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -160,6 +161,13 @@ QListWidget* makeFixedPitchList(const char* name)
     list->setFont(fixedPitchFont());
     list->setUniformItemSizes(true);
     return list;
+}
+
+void addListKey(QListWidget& list, int key, const std::function<void()>& command)
+{
+    auto* const shortcut = new QShortcut(QKeySequence(key), &list);
+    shortcut->setContext(Qt::WidgetShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, &list, command);
 }
 
 QPlainTextEdit* makeTextView(const char* name)

@@ -3,6 +3,7 @@
 
 #include "ui/Icons.h"
 
+#include <functional>
 #include <initializer_list>
 
 class QComboBox;
@@ -43,6 +44,8 @@ QComboBox* makeComboBox(const char* name);
 // Cuts a text that is too long, and shows all of it as tool tip.
 QLabel* makeElidedLabel(const char* name);
 QListWidget* makeFixedPitchList(const char* name);
+// A key that does something while the list has the focus.
+void addListKey(QListWidget& list, int key, const std::function<void()>& command);
 // A long text to read; TAB leaves it.
 QPlainTextEdit* makeTextView(const char* name);
 

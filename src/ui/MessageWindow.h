@@ -19,6 +19,8 @@ class MessageWindow : public TitledWindow
 public:
     MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
 
+    // Folds out below; a button shows and hides it.
+    void addDetails(const QString& details, bool open, Language language);
     // From left to right; the default answer is the one that Enter gives. The words of Answer::Other are
     // the question's.
     void offer(std::span<const Answer> answers, Answer byDefault, Language language,
