@@ -87,7 +87,10 @@ std::optional<std::string> LineEditor::commonText(ValueBox box) const
 {
     std::optional<std::string> common;
     for (const SoundLine& line : m_lines) {
-        const std::string text = tavrel::boxText(m_edit.applied(line), box);
+        std::string text = tavrel::boxText(line, box);
+        if (m_edit.value(box)) {
+            text = boxFromField(box, fieldFromBox(box, m_edit.valueText(box, text)));
+        }
         if (common.value_or(text) != text) {
             return std::nullopt;
         }
@@ -106,7 +109,7 @@ std::optional<bool> LineEditor::commonFlag(LineFlag flag) const
 {
     std::optional<bool> common;
     for (const SoundLine& line : m_lines) {
-        const bool has = tavrel::hasFlag(m_edit.applied(line), flag);
+        const bool has = m_edit.flag(flag).value_or(tavrel::hasFlag(line, flag));
         if (common.value_or(has) != has) {
             return std::nullopt;
         }

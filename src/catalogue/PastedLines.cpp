@@ -97,6 +97,20 @@ BilingualText preview(const SoundCatalogue& catalogue, const PastedLines& pasted
     return text;
 }
 
+BilingualText homelessText(const std::vector<std::string>& names)
+{
+    constexpr std::size_t mostShown = 20;
+    if (names.empty()) {
+        return {};
+    }
+    BilingualText text("No sound, or more than one, has the name: ",
+                       "Aucun son, ou plus d'un, ne porte le nom : ");
+    for (std::size_t i = 0; i < std::min(names.size(), mostShown); ++i) {
+        text += (i == 0 ? "[" : " [") + shownText(names[i]) + "]";
+    }
+    return text;
+}
+
 } // namespace
 
 std::optional<SoundsChanged> pasteLines(SoundCatalogue& catalogue, std::string_view text,
@@ -106,14 +120,7 @@ std::optional<SoundsChanged> pasteLines(SoundCatalogue& catalogue, std::string_v
     std::erase_if(pasted.lines, [&](const SoundCatalogue::LineChange& line) {
         return catalogue.currentLine(line.number) == line.text;
     });
-    BilingualText homeless;
-    if (!pasted.homeless.empty()) {
-        homeless = BilingualText("No sound, or more than one, has the name: ",
-                                 "Aucun son, ou plus d'un, ne porte le nom : ");
-        for (std::size_t i = 0; i < std::min<std::size_t>(pasted.homeless.size(), 20); ++i) {
-            homeless += (i == 0 ? "[" : " [") + shownText(pasted.homeless[i]) + "]";
-        }
-    }
+    const BilingualText homeless = homelessText(pasted.homeless);
     if (pasted.lines.empty()) {
         const BilingualText nothing("The clipboard holds no line that would change a sound.",
                                     "Le presse-papiers ne contient aucune ligne qui changerait un son.");

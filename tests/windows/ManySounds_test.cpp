@@ -147,6 +147,11 @@ TEST_P(ManySoundsTest, ALetterForTwentyFiveSoundsIsThreeActions)
     }
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(selectedRows().size(), 25U) << "what came back is still selected";
+    clickRow(73);
+    letters.setFocus();
+    press(Qt::Key_Delete); // the chosen one of none
+    press(Qt::Key_Insert);
+    EXPECT_NE(line(73).find("#oa"), std::string::npos);
 }
 
 TEST_P(ManySoundsTest, ALetterForThreeObjectsIsSixActions)
