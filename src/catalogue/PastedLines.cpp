@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/TextFile.h"
 #include "base/Titles.h"
+#include "catalogue/LineWords.h"
 
 #include <algorithm>
 #include <map>
@@ -83,16 +84,29 @@ PastedLines findPastedLines(const SoundCatalogue& catalogue, std::string_view te
 
 namespace {
 
+// The words of a line, without the columns that would push the last ones out of sight.
+std::string wordsOf(std::string_view line)
+{
+    std::string words(nameOf(line));
+    words += ":";
+    for (const std::string_view word : wordsBehindName(line)) {
+        words += " " + std::string(word);
+    }
+    return shownText(words);
+}
+
 BilingualText preview(const SoundCatalogue& catalogue, const PastedLines& pasted)
 {
     constexpr std::size_t mostShown = 100;
     BilingualText text;
     for (std::size_t i = 0; i < std::min(pasted.lines.size(), mostShown); ++i) {
         const auto& [number, line] = pasted.lines[i];
-        text += (i == 0 ? "" : "\n") + std::to_string(number) + ": " +
-                shownText(nameOf(catalogue.currentLine(number)));
-        text += BilingualText("\n- ", "\n- ") + shownLine(catalogue.currentLine(number)) + "\n+ " +
-                shownLine(line);
+        const std::string before = wordsOf(catalogue.currentLine(number));
+        const std::string after = wordsOf(line);
+        text += (i == 0 ? "" : "\n") + std::to_string(number) + "\n- " + before + "\n";
+        text += before == after ? BilingualText("  only blanks and TABs differ",
+                                                "  seuls des blancs et des TAB diffèrent")
+                                : BilingualText::same("+ " + after);
     }
     return text;
 }

@@ -66,7 +66,7 @@ TEST_F(PastedLinesTest, AreShownBeforeTheyChangeAnything)
     ASSERT_TRUE(changed);
     EXPECT_EQ(changed->changed, 1U) << "a line that is there already is none";
     EXPECT_EQ(catalogue.currentLine(1), withTabs("FOOT:>new>"));
-    EXPECT_EQ(dialogs.said()[0].details.english.substr(0, 7), "1: FOOT");
+    EXPECT_EQ(dialogs.said()[0].details.english, "1\n- FOOT: b\n+ FOOT: new");
     EXPECT_NE(dialogs.said()[0].text.french.find("[DOOR]"), std::string::npos);
     EXPECT_FALSE(pasteLines(catalogue, "no line", {}, dialogs));
     EXPECT_EQ(dialogs.said().back().kind, "exclamation");

@@ -413,7 +413,7 @@ TEST_P(ManySoundsTest, ValuesAndLinesGoOverTheClipboard)
     press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(line(8), pasted);
     ASSERT_EQ(dialogs.said().size(), 1U);
-    EXPECT_TRUE(dialogs.said().back().details.english.starts_with("8: "));
+    EXPECT_TRUE(dialogs.said().back().details.english.starts_with("8\n- LARA_FIRE: "));
 }
 
 TEST_P(ManySoundsTest, KeysGoFromSoundToSound)
