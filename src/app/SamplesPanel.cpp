@@ -31,6 +31,7 @@ SamplesPanel::SamplesPanel(const PanelContext& context, Chooser choose)
 
 void SamplesPanel::layOut()
 {
+    selectAllOnClick(*m_name);
     auto* const head = rowOf({makeHeading("LbNames"), m_play, m_stop});
     head->insertStretch(1, 1);
     content().addLayout(head);

@@ -88,7 +88,7 @@ SoundListPanel::SoundListPanel(const PanelContext& context)
     : MainPanel(context), m_sounds(new SoundListModel(session().catalogue(), this)),
       m_wanted(named(new QLineEdit, "TxSearch")), m_search(makeIconButton("CdSearch", Glyph::Search)),
       m_down(named(new QRadioButton, "OpDown")), m_up(named(new QRadioButton, "OpUp")),
-      m_matchCase(named(new QCheckBox, "CkCase")), m_count(named(new QLabel, "LbCount")),
+      m_matchCase(named(new QCheckBox, "CkCase")), m_count(makeElidedLabel("LbCount")),
       m_number(named(new QLineEdit, "TxNumber")), m_words(named(new QLineEdit, "TxFilter")),
       m_ready(makeComboBox("CbFilter")), m_columnMenu(new QMenu(this)),
       m_columnButton(named(new QToolButton, "CdColumns")), m_header(new SoundListHeader(fixedPitchFont())),
@@ -103,7 +103,9 @@ SoundListPanel::SoundListPanel(const PanelContext& context)
 void SoundListPanel::layOut()
 {
     m_wanted->setClearButtonEnabled(true);
+    selectAllOnClick(*m_wanted);
     m_words->setClearButtonEnabled(true);
+    selectAllOnClick(*m_words);
     auto* const options = new QButtonGroup(this);
     options->addButton(m_down);
     options->addButton(m_up);
@@ -176,7 +178,7 @@ void SoundListPanel::connectControls()
         filterChanged();
     });
     connect(m_number, &QLineEdit::returnPressed, this, &SoundListPanel::numberTyped);
-    connect(m_number, &QLineEdit::editingFinished, m_number, &QWidget::hide);
+    connect(m_number, &QLineEdit::editingFinished, this, [this] { showNumberBox(false); });
     m_words->installEventFilter(this);
     m_number->installEventFilter(this);
 }
@@ -289,8 +291,7 @@ bool SoundListPanel::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     if (watched == m_number && isPressOf(*event, Qt::Key_Escape)) {
-        m_number->hide();
-        focusList();
+        focusList(); // leaving the box closes it
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -467,8 +468,15 @@ void SoundListPanel::goToModified(bool down)
 void SoundListPanel::askForNumber()
 {
     m_number->clear();
-    m_number->show();
+    showNumberBox(true);
     m_number->setFocus(Qt::ShortcutFocusReason);
+}
+
+// In the place of the count.
+void SoundListPanel::showNumberBox(bool shown)
+{
+    m_number->setVisible(shown);
+    m_count->setVisible(!shown);
 }
 
 void SoundListPanel::numberTyped()

@@ -95,6 +95,7 @@ private:
     void showSelection();
     void showRow(const QModelIndex& index);
     void goTo(std::size_t number);
+    void showNumberBox(bool shown);
     void numberTyped();
 
     // The filter

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ValueEdit.h"
 
+#include "ui/Controls.h"
 #include "ui/Theme.h"
 
 #include <QClipboard>
-#include <QFocusEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QRegularExpressionValidator>
@@ -42,6 +42,7 @@ ValueEdit::ValueEdit(ValueBox box)
     setMaxLength(static_cast<int>(maximumLength(box)));
     const QRegularExpression digits(box == ValueBox::Pit ? "-?[0-9]*" : "[0-9]*");
     setValidator(new QRegularExpressionValidator(digits, this));
+    selectAllOnClick(*this);
 }
 
 bool ValueEdit::takes(const QString& typed) const
@@ -68,20 +69,6 @@ void ValueEdit::keyPressEvent(QKeyEvent* event)
         Q_EMIT refused();
     } else {
         QLineEdit::keyPressEvent(event);
-    }
-}
-
-void ValueEdit::focusInEvent(QFocusEvent* event)
-{
-    m_selectsOnRelease = event->reason() == Qt::MouseFocusReason;
-    QLineEdit::focusInEvent(event);
-}
-
-void ValueEdit::mouseReleaseEvent(QMouseEvent* event)
-{
-    QLineEdit::mouseReleaseEvent(event);
-    if (std::exchange(m_selectsOnRelease, false) && !hasSelectedText()) {
-        selectAll();
     }
 }
 

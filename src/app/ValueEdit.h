@@ -24,15 +24,12 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     // Whether the box can hold its text with this in the place of what is selected.
     bool takes(const QString& typed) const;
 
-    bool m_selectsOnRelease = false;
     int m_turned = 0; // of the wheel, less than a step
 };
 

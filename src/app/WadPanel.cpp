@@ -56,6 +56,7 @@ void WadPanel::layOut()
     constexpr int letterWidth = 44;
     m_letter->setFixedWidth(letterWidth);
     m_replacement->setFixedWidth(letterWidth);
+    selectAllOnClick(*m_replacement);
     auto* const modeGroup = new QButtonGroup(this);
     for (QRadioButton* const mode : m_modes) {
         modeGroup->addButton(mode);

@@ -5,6 +5,7 @@
 #include "ui/Theme.h"
 
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QLabel>
@@ -17,6 +18,8 @@
 #include <QStyle>
 #include <QToolTip>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace tavrel {
 
@@ -76,6 +79,27 @@ private:
         return property("paper").toBool() ? contentsRect().adjusted(paperMargin, 0, -paperMargin, 0)
                                           : contentsRect();
     }
+};
+
+class SelectingClick : public QObject
+{
+public:
+    explicit SelectingClick(QLineEdit& box) : QObject(&box) { box.installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto& box = static_cast<QLineEdit&>(*watched);
+        if (event->type() == QEvent::FocusIn) {
+            m_waits = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+        } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(m_waits, false) &&
+                   !box.hasSelectedText()) {
+            box.selectAll(); // the release itself selects nothing and takes nothing back
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool m_waits = false; // for the end of the click that brought the focus
 };
 
 constexpr int iconSize = 16;
@@ -143,6 +167,11 @@ QLineEdit* makeReadOnly(const char* name)
     auto* const box = named(new QLineEdit, name);
     box->setReadOnly(true);
     return box;
+}
+
+void selectAllOnClick(QLineEdit& box)
+{
+    new SelectingClick(box); // owned by the box
 }
 
 QComboBox* makeComboBox(const char* name)

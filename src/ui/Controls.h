@@ -41,6 +41,8 @@ void setPaperText(QLabel& label, const QString& text, bool alarming = false);
 QLineEdit* makeReadOnly(const char* name);
 // The wheel turns it only while it has the focus.
 QComboBox* makeComboBox(const char* name);
+// A click into the box selects its text, so that typing replaces it; the next click sets the cursor.
+void selectAllOnClick(QLineEdit& box);
 // Cuts a text that is too long, and shows all of it as tool tip.
 QLabel* makeElidedLabel(const char* name);
 QListWidget* makeFixedPitchList(const char* name);

@@ -123,6 +123,8 @@ QToolButton:hover { background: #474C55; }
 QToolButton:focus { border-color: #E8A33D; }
 QToolButton::menu-button { border: none; width: 14px; }
 QToolButton[popupMode="2"] { padding: 3px 14px 3px 8px; }
+QToolButton#CdColumns { padding: 3px 4px; }
+QToolButton#CdColumns::menu-indicator { image: none; width: 0; }
 QToolButton:disabled { color: #7C7B73; }
 QMenu { background: #2B2E33; color: #EEECDA; border: 1px solid #17181B; }
 QMenu::item { padding: 3px 12px; }
