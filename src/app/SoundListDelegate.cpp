@@ -5,6 +5,7 @@
 #include "ui/Colours.h"
 #include "ui/Theme.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
 
 #include <array>
@@ -55,6 +56,13 @@ void paintCell(QPainter& painter, const QRect& rect, const SoundListModel::Cell&
     }
     painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft,
                      metrics.elidedText(cell.text, Qt::ElideRight, rect.width()));
+}
+
+bool severalAreSelected(const QStyleOptionViewItem& option)
+{
+    const auto* const view = qobject_cast<const QAbstractItemView*>(option.widget);
+    const QItemSelection selected = view == nullptr ? QItemSelection() : view->selectionModel()->selection();
+    return selected.size() > 1 || (!selected.empty() && selected.front().height() > 1);
 }
 
 } // namespace
@@ -110,8 +118,9 @@ void SoundListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
         painter->setRenderHint(QPainter::Antialiasing, false);
     }
     painter->setBrush(Qt::NoBrush);
-    if (option.state.testFlag(QStyle::State_HasFocus) && !selected) {
-        painter->setPen(theme::accent);
+    // Of several, the one that the other panels show.
+    if (option.state.testFlag(QStyle::State_HasFocus) && (!selected || severalAreSelected(option))) {
+        painter->setPen(selected ? theme::accentText : theme::accent);
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
 }

@@ -134,6 +134,9 @@ TEST(CatalogueCommands, SetChangesRangesAndWhatAFilterLists)
     EXPECT_EQ(cli.lineOf(1), withTabs("B:>>>b>>>>VOL95>>CH19>>>"));
     ASSERT_EQ(cli.agreeing({"letters", "add", "oa", "--where", "b"}).status, 0);
     EXPECT_EQ(cli.lineOf(1), before[1]);
+    writeBytes(cli.sounds, textOf({withTabs("A:>a>VOL100>"), before[0]}));
+    const CliRun lossy = cli.agreeing({"set", "0-1", "--ch", "5"});
+    EXPECT_NE(lossy.messages.find("0: A\nLost: [VOL100]"), std::string::npos) << lossy.messages;
     const std::string written = readBytes(cli.sounds);
     for (const auto& [arguments, status] : std::initializer_list<std::pair<std::vector<std::string>, int>>{
              {{"set", "--vol", "5"}, 2},
