@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SoundListPanel.h"
 
+#include "app/ColumnButton.h"
+#include "app/FilterBox.h"
 #include "app/SoundListDelegate.h"
 #include "app/SoundListHeader.h"
-#include "base/CodePage.h"
 #include "base/Titles.h"
 #include "catalogue/LineSearch.h"
 #include "samples/SampleUsers.h"
@@ -13,10 +14,8 @@
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
-#include <QAction>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -29,8 +28,6 @@
 #include <QRegularExpressionValidator>
 #include <QScrollBar>
 #include <QShortcut>
-#include <QSignalBlocker>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -42,46 +39,6 @@ namespace {
 
 constexpr int usualWidth = 250;
 
-constexpr SoundColumn optionalColumns[] = {SoundColumn::Samples, SoundColumn::Values, SoundColumn::Flags,
-                                           SoundColumn::Letters};
-// In the order of the drop-down.
-constexpr ReadyFilter readyFilters[] = {
-    ReadyFilter::All,        ReadyFilter::Modified, ReadyFilter::Pending,      ReadyFilter::OfWad,
-    ReadyFilter::EveryLevel, ReadyFilter::NoLevel,  ReadyFilter::WithFindings, ReadyFilter::MissingSamples};
-
-BilingualText nameOf(ReadyFilter filter)
-{
-    switch (filter) {
-    case ReadyFilter::Modified:
-        return {"Modified", "Modifiés"};
-    case ReadyFilter::Pending:
-        return {"Not yet applied", "Non encore appliqués"};
-    case ReadyFilter::OfWad:
-        return {"Of the current WAD", "Du WAD actuel"};
-    case ReadyFilter::EveryLevel:
-        return {"In every level (#g)", "De tous les niveaux (#g)"};
-    case ReadyFilter::NoLevel:
-        return {"Without a level", "Sans niveau"};
-    case ReadyFilter::WithFindings:
-        return {"With findings", "Avec des constats"};
-    case ReadyFilter::MissingSamples:
-        return {"Missing samples", "Samples manquants"};
-    case ReadyFilter::All:
-        break;
-    }
-    return {"All sounds", "Tous les sons"};
-}
-
-std::string optionName(SoundColumn column)
-{
-    return lowerCase(columnTitle(column).english);
-}
-
-bool isPressOf(const QEvent& event, Qt::Key key)
-{
-    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == key;
-}
-
 } // namespace
 
 SoundListPanel::SoundListPanel(const PanelContext& context)
@@ -89,9 +46,8 @@ SoundListPanel::SoundListPanel(const PanelContext& context)
       m_wanted(named(new QLineEdit, "TxSearch")), m_search(makeIconButton("CdSearch", Glyph::Search)),
       m_down(named(new QRadioButton, "OpDown")), m_up(named(new QRadioButton, "OpUp")),
       m_matchCase(named(new QCheckBox, "CkCase")), m_count(makeElidedLabel("LbCount")),
-      m_number(named(new QLineEdit, "TxNumber")), m_words(named(new QLineEdit, "TxFilter")),
-      m_ready(makeComboBox("CbFilter")), m_columnMenu(new QMenu(this)),
-      m_columnButton(named(new QToolButton, "CdColumns")), m_header(new SoundListHeader(fixedPitchFont())),
+      m_number(named(new QLineEdit, "TxNumber")), m_filter(new FilterBox),
+      m_columns(new ColumnButton(session().options())), m_header(new SoundListHeader(fixedPitchFont())),
       m_list(named(new QListView, "LiSFX")), m_play(makeIconButton("CdPlay2", Glyph::Play)),
       m_stop(makeIconButton("CdStopS2", Glyph::Stop))
 {
@@ -104,8 +60,6 @@ void SoundListPanel::layOut()
 {
     m_wanted->setClearButtonEnabled(true);
     selectAllOnClick(*m_wanted);
-    m_words->setClearButtonEnabled(true);
-    selectAllOnClick(*m_words);
     auto* const options = new QButtonGroup(this);
     options->addButton(m_down);
     options->addButton(m_up);
@@ -114,19 +68,10 @@ void SoundListPanel::layOut()
     m_number->setFixedWidth(64);
     m_number->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,9}"), m_number));
     m_number->hide();
-    for (const SoundColumn column : optionalColumns) {
-        QAction* const action = m_columnMenu->addAction(QString());
-        action->setCheckable(true);
-        connect(action, &QAction::toggled, this, [this, column](bool shown) { toggleColumn(column, shown); });
-        m_columnActions[static_cast<std::size_t>(column)] = action;
-    }
-    m_columnButton->setIcon(glyphIcon(Glyph::ViewWad, theme::text));
-    m_columnButton->setMenu(m_columnMenu);
-    m_columnButton->setPopupMode(QToolButton::InstantPopup);
 
     auto* const directions = rowOf({makeHeading("FrSearch"), m_down, m_up});
     directions->insertStretch(1, 1);
-    auto* const head = rowOf({makeHeading("LbID"), m_count, m_number, m_columnButton, m_play, m_stop});
+    auto* const head = rowOf({makeHeading("LbID"), m_count, m_number, m_columns, m_play, m_stop});
     head->insertStretch(3, 1);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -136,8 +81,7 @@ void SoundListPanel::layOut()
     column->addWidget(m_matchCase);
     column->addSpacing(controlGap);
     column->addLayout(head);
-    column->addWidget(m_words);
-    column->addWidget(m_ready);
+    column->addWidget(m_filter);
     column->addWidget(makeList(), 1);
     setFixedWidth(usualWidth);
 }
@@ -171,15 +115,11 @@ void SoundListPanel::connectControls()
     connect(m_wanted, &QLineEdit::returnPressed, this, &SoundListPanel::search);
     connect(m_play, &QPushButton::clicked, this, &SoundListPanel::play);
     connect(m_stop, &QPushButton::clicked, this, &SoundListPanel::stop);
-    connect(m_words, &QLineEdit::textChanged, this, &SoundListPanel::filterChanged);
-    connect(m_words, &QLineEdit::returnPressed, this, &SoundListPanel::focusList);
-    connect(m_ready, &QComboBox::currentIndexChanged, this, [this] {
-        findMissingSamples();
-        filterChanged();
-    });
+    connect(m_filter, &FilterBox::changed, this, &SoundListPanel::filterChanged);
+    connect(m_filter, &FilterBox::done, this, &SoundListPanel::focusList);
+    connect(m_columns, &ColumnButton::changed, this, &SoundListPanel::showColumns);
     connect(m_number, &QLineEdit::returnPressed, this, &SoundListPanel::numberTyped);
     connect(m_number, &QLineEdit::editingFinished, this, [this] { showNumberBox(false); });
-    m_words->installEventFilter(this);
     m_number->installEventFilter(this);
 }
 
@@ -195,7 +135,7 @@ void SoundListPanel::connectList()
     }
     connect(m_list->horizontalScrollBar(), &QScrollBar::valueChanged, m_header, &SoundListHeader::scrollTo);
     connect(m_header, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) { m_columnMenu->popup(m_header->mapToGlobal(place)); });
+            [this](const QPoint& place) { m_columns->menu()->popup(m_header->mapToGlobal(place)); });
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &SoundListPanel::selectionMoved);
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
@@ -212,10 +152,6 @@ void SoundListPanel::connectList()
 void SoundListPanel::showLanguage(Language language)
 {
     const BilingualText stop("Stop sample", "Stopper le sample");
-    const BilingualText filter("Filter: words of name, samples and letters, a number, vol>80, pit<0, flag:L",
-                               "Filtre : mots du nom, des samples et des lettres, un numéro, vol>80, pit<0, "
-                               "flag:L");
-    const BilingualText ready("Which sounds are listed", "Quels sons sont listés");
     const Caption captions[] = {
         {"FrSearch", {"Search", "Rechercher"}, {}},
         {"TxSearch",
@@ -229,9 +165,6 @@ void SoundListPanel::showLanguage(Language language)
          {"Upper/Lower Case sensitive", "Respecter la casse"}},
         {"LbID", {"Sound ID", "ID sons"}, {}},
         {"TxNumber", {}, {"Number of the sound to go to", "Numéro du son où aller"}},
-        {"TxFilter", {}, filter},
-        {"CbFilter", {}, ready},
-        {"CdColumns", {}, {"Columns", "Colonnes"}},
         {"LiSFX",
          {},
          {"Sounds of sounds.txt; modified ones are marked",
@@ -240,26 +173,12 @@ void SoundListPanel::showLanguage(Language language)
         {"CdStopS2", {}, stop},
     };
     showCaptions(*this, captions, language);
-    m_words->setPlaceholderText(inLanguage({"Filter", "Filtre"}, language));
     m_number->setPlaceholderText(inLanguage({"Number", "Numéro"}, language));
+    m_filter->showLanguage(language);
+    m_columns->showLanguage(language);
     m_sounds->setLanguage(language);
-    fillReadyFilters();
-    for (const SoundColumn column : optionalColumns) {
-        m_columnActions[static_cast<std::size_t>(column)]->setText(inLanguage(columnTitle(column), language));
-    }
     showColumns();
     showCounts();
-}
-
-void SoundListPanel::fillReadyFilters()
-{
-    const QSignalBlocker blocker(m_ready);
-    const int chosen = std::max(m_ready->currentIndex(), 0);
-    m_ready->clear();
-    for (const ReadyFilter filter : readyFilters) {
-        m_ready->addItem(inLanguage(nameOf(filter), language()));
-    }
-    m_ready->setCurrentIndex(chosen);
 }
 
 void SoundListPanel::paintWith(const ColourPair& pair)
@@ -280,17 +199,13 @@ void SoundListPanel::focusSearch()
 
 void SoundListPanel::focusFilter()
 {
-    m_words->setFocus(Qt::ShortcutFocusReason);
-    m_words->selectAll();
+    m_filter->focusWords();
 }
 
 bool SoundListPanel::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_words && isPressOf(*event, Qt::Key_Down)) {
-        focusList();
-        return true;
-    }
-    if (watched == m_number && isPressOf(*event, Qt::Key_Escape)) {
+    if (watched == m_number && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         focusList(); // leaving the box closes it
         return true;
     }
@@ -499,8 +414,8 @@ void SoundListPanel::numberTyped()
 
 ListCriteria SoundListPanel::criteria() const
 {
-    const ReadyFilter ready = readyFilters[std::max(m_ready->currentIndex(), 0)];
-    return {SoundFilter(toCodePage(m_words->text())),
+    const ReadyFilter ready = m_filter->ready();
+    return {m_filter->words(),
             ready,
             session().wad().letter,
             m_showGlobals,
@@ -514,24 +429,15 @@ void SoundListPanel::filterChanged()
     m_kept = selection().edited()
                  ? std::set<std::size_t>(selection().numbers().begin(), selection().numbers().end())
                  : std::set<std::size_t>();
-    drawAttention(*m_words, !m_words->text().isEmpty());
-    drawAttention(*m_ready, m_ready->currentIndex() > 0);
+    if (std::exchange(m_lastReady, m_filter->ready()) != m_filter->ready()) {
+        findMissingSamples();
+    }
     rebuild();
 }
 
 bool SoundListPanel::clearFilter()
 {
-    if (m_words->text().isEmpty() && m_ready->currentIndex() <= 0) {
-        return false;
-    }
-    {
-        const QSignalBlocker words(m_words);
-        const QSignalBlocker ready(m_ready);
-        m_words->clear();
-        m_ready->setCurrentIndex(0);
-    }
-    filterChanged();
-    return true;
+    return m_filter->clear();
 }
 
 void SoundListPanel::showOrHideGlobals()
@@ -546,7 +452,7 @@ void SoundListPanel::showOrHideGlobals()
 void SoundListPanel::findMissingSamples()
 {
     m_missing.clear();
-    if (readyFilters[std::max(m_ready->currentIndex(), 0)] != ReadyFilter::MissingSamples) {
+    if (m_filter->ready() != ReadyFilter::MissingSamples) {
         return;
     }
     Result<std::set<std::size_t>> missing =
@@ -598,41 +504,16 @@ void SoundListPanel::setMarks(SoundMarks marks)
         m_marked.insert(number);
     }
     m_sounds->setMarks(std::move(marks));
-    if (readyFilters[std::max(m_ready->currentIndex(), 0)] == ReadyFilter::WithFindings) {
+    if (m_filter->ready() == ReadyFilter::WithFindings) {
         filterChanged();
     }
 }
 
 // Columns
 
-void SoundListPanel::toggleColumn(SoundColumn column, bool shown)
-{
-    std::set<SoundColumn> columns = m_sounds->columns();
-    if (shown) {
-        columns.insert(column);
-    } else {
-        columns.erase(column);
-    }
-    std::string names;
-    for (const SoundColumn each : columns) {
-        names += (names.empty() ? "" : ",") + optionName(each);
-    }
-    session().options().set(options::listColumns, names);
-    showColumns();
-}
-
 void SoundListPanel::showColumns()
 {
-    const std::string names = "," + session().options().text(options::listColumns).value_or("") + ",";
-    std::set<SoundColumn> columns;
-    for (const SoundColumn column : optionalColumns) {
-        const bool shown = names.find("," + optionName(column) + ",") != std::string::npos;
-        const QSignalBlocker blocker(m_columnActions[static_cast<std::size_t>(column)]);
-        m_columnActions[static_cast<std::size_t>(column)]->setChecked(shown);
-        if (shown) {
-            columns.insert(column);
-        }
-    }
+    const std::set<SoundColumn> columns = m_columns->columns();
     m_header->show(columns, language());
     m_list->setHorizontalScrollBarPolicy(columns.empty() ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     if (columns != m_sounds->columns()) {
@@ -684,7 +565,7 @@ void SoundListPanel::linesMoved()
 
 void SoundListPanel::wadChanged()
 {
-    if (readyFilters[std::max(m_ready->currentIndex(), 0)] == ReadyFilter::OfWad) {
+    if (m_filter->ready() == ReadyFilter::OfWad) {
         filterChanged();
     }
 }
@@ -756,7 +637,7 @@ void SoundListPanel::revealed()
         if (!std::exchange(m_showGlobals, true)) {
             Q_EMIT globalsShown(true);
         }
-        if (!clearFilter()) {
+        if (!m_filter->clear()) {
             filterChanged();
         }
     }

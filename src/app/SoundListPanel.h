@@ -7,23 +7,20 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <array>
 #include <set>
 #include <vector>
 
-class QAction;
 class QCheckBox;
-class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListView;
-class QMenu;
 class QPushButton;
 class QRadioButton;
-class QToolButton;
 
 namespace tavrel {
 
+class ColumnButton;
+class FilterBox;
 class SoundListHeader;
 
 // The sounds with their search and their filter. Whoever goes to other sounds here is asked about values that
@@ -104,10 +101,7 @@ private:
     void rebuild();
     void showCounts();
     void findMissingSamples();
-    void fillReadyFilters();
 
-    // Columns
-    void toggleColumn(SoundColumn column, bool shown);
     void showColumns();
 
     void searchElsewhere(const QString& text);
@@ -123,11 +117,8 @@ private:
     QCheckBox* m_matchCase;
     QLabel* m_count;
     QLineEdit* m_number; // to go to
-    QLineEdit* m_words;
-    QComboBox* m_ready;
-    QMenu* m_columnMenu;
-    QToolButton* m_columnButton;
-    std::array<QAction*, soundColumnCount> m_columnActions{};
+    FilterBox* m_filter;
+    ColumnButton* m_columns;
     SoundListHeader* m_header;
     QListView* m_list;
     QPushButton* m_play;
@@ -137,6 +128,7 @@ private:
     bool m_asking = false;    // one of them is on the screen
     bool m_selecting = false; // the program moves the selection, not the user
     bool m_showGlobals = true;
+    ReadyFilter m_lastReady = ReadyFilter::All;
     std::set<std::size_t> m_warned;  // of the selected object, on these sounds
     std::set<std::size_t> m_marked;  // by a check
     std::set<std::size_t> m_missing; // samples

@@ -51,10 +51,10 @@ BilingualText toolTipOf(LineFlag flag)
 BilingualText varying(const BilingualText& toolTip)
 {
     const BilingualText varies("varies", "varie");
-    const auto joined = [](const std::string& text, const std::string& word) {
-        return text.empty() ? word : text + ": " + word;
+    const auto joined = [](const std::string& text, const char* colon, const std::string& word) {
+        return text.empty() ? word : text + colon + word;
     };
-    return {joined(toolTip.english, varies.english), joined(toolTip.french, varies.french)};
+    return {joined(toolTip.english, ": ", varies.english), joined(toolTip.french, " : ", varies.french)};
 }
 
 } // namespace

@@ -102,7 +102,7 @@ TEST_P(ManySoundsTest, AVolumeForTenSoundsAndApplyIsFiveActions)
     clickRow(13, Qt::ShiftModifier);
     EXPECT_EQ(said(), in("10 sounds selected", "10 sons sélectionnés"));
     EXPECT_EQ(text("TxVOL"), "") << "they differ";
-    EXPECT_EQ(control("TxVOL").toolTip(), in("Volume: varies", "Volume: varie"));
+    EXPECT_EQ(control("TxVOL").toolTip(), in("Volume: varies", "Volume : varie"));
     dialogs.prepareAnswer(Answer::Yes);
     act([&] { click("TxVOL"); });
     act([&] { keys("50"); });
@@ -379,6 +379,24 @@ TEST_P(ManySoundsTest, FlagsShowAThirdStateAndStepsGoForEach)
     click("CdRestore");
     EXPECT_EQ(line(4), stockLines()[4]);
     EXPECT_EQ(line(5), stockLines()[5]);
+}
+
+TEST_P(ManySoundsTest, ValuesOfSeveralAreAStepOnTheWayBack)
+{
+    openInLanguage();
+    clickRow(4);
+    clickRow(6, Qt::ShiftModifier);
+    type("TxVOL", "50");
+    click("CdUndo");
+    EXPECT_EQ(text("TxVOL"), "");
+    clickRow(60);
+    click("CdRedo");
+    EXPECT_EQ(selectedRows(), (std::vector{4, 5, 6}));
+    EXPECT_EQ(text("TxVOL"), "50");
+    EXPECT_FALSE(window->session().pending());
+    press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(row(), 7) << "behind the last of them";
+    EXPECT_EQ(record(6).Vol.trimmed(), "VOL50");
 }
 
 TEST_P(ManySoundsTest, ValuesAndLinesGoOverTheClipboard)
