@@ -16,7 +16,6 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -136,14 +135,20 @@ void SoundListPanel::connectList()
     connect(m_list->horizontalScrollBar(), &QScrollBar::valueChanged, m_header, &SoundListHeader::scrollTo);
     connect(m_header, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& place) { m_columns->menu()->popup(m_header->mapToGlobal(place)); });
-    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &SoundListPanel::selectionMoved);
-    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-        // Ctrl and a click would take the mark off the only line that is shown.
-        QItemSelectionModel& rows = *m_list->selectionModel();
-        if (!rows.hasSelection() && rows.currentIndex().isValid()) {
-            rows.select(rows.currentIndex(), QItemSelectionModel::Select);
-        } else {
+    // The current row is told before its mark or after it, depending on the key; the second of the two
+    // counts.
+    const QItemSelectionModel* const rows = m_list->selectionModel();
+    connect(rows, &QItemSelectionModel::currentChanged, this, [this, rows](const QModelIndex& current) {
+        if (!current.isValid() || rows->isSelected(current)) {
+            selectionMoved();
+        }
+    });
+    connect(rows, &QItemSelectionModel::selectionChanged, this, [this, rows](const QItemSelection& added) {
+        const QModelIndex current = rows->currentIndex();
+        if (!rows->hasSelection() && current.isValid()) {
+            // Ctrl and a click would take the mark off the only line that is shown.
+            m_list->selectionModel()->select(current, QItemSelectionModel::Select);
+        } else if (added.empty() || !current.isValid() || rows->isSelected(current)) {
             selectionMoved();
         }
     });
@@ -232,11 +237,7 @@ SoundListPanel::Picked SoundListPanel::marked() const
 
 void SoundListPanel::selectionMoved()
 {
-    // The current row is told before its mark or after it; the second of the two counts.
-    const QItemSelectionModel& rows = *m_list->selectionModel();
-    const bool halfDone = rows.currentIndex().isValid() && !rows.isSelected(rows.currentIndex()) &&
-                          !QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
-    if (m_selecting || halfDone) {
+    if (m_selecting) {
         return;
     }
     Picked picked = marked();

@@ -296,6 +296,8 @@ TEST_P(ManySoundsTest, SelectingMoreAsksAboutValuesFirst)
     dialogs.prepareAnswer(Answer::No);
     clickRow(5, Qt::ControlModifier);
     EXPECT_EQ(selectedRows(), (std::vector{2, 5}));
+    EXPECT_EQ(control<QPlainTextEdit>("TxModif").toPlainText(), fromCodePage(line(5)))
+        << "the one that was clicked";
     clickRow(5, Qt::ControlModifier);
     EXPECT_EQ(selectedRows(), (std::vector{2}));
     clickRow(2, Qt::ControlModifier);
