@@ -22,15 +22,15 @@ void write(const fs::path& file, const std::string& bytes)
 class ImportFiles
 {
 public:
-    explicit ImportFiles(const std::string& list) { write(folders.wads / "level.sam", list); }
+    explicit ImportFiles(const std::string& list) { write(places.wads / "level.sam", list); }
     ImportFiles(const ImportFiles&) = delete;
     ImportFiles& operator=(const ImportFiles&) = delete;
     ~ImportFiles() { fs::remove_all(root); }
 
     ImportPlan plan(const SoundCatalogue& catalogue) const
     {
-        const Result<WadList> list = readWadList(folders.wads, "level", WadListKind::Samples);
-        const Result<SavedLines> saved = readSavedLines(folders.program, "level", catalogue);
+        const Result<WadList> list = readWadList(places.wads, "level", WadListKind::Samples);
+        const Result<SavedLines> saved = readSavedLines(places.program, "level", catalogue);
         return planSamplesImport(catalogue, *saved, *list, "zz");
     }
 
@@ -57,7 +57,7 @@ void importSamples(benchmark::State& state)
         list += "sample" + std::to_string(i) + ".wav\r\n";
     }
     const ImportFiles files(list);
-    write(files.folders.program / "sounds" / "level.tor", saved);
+    write(files.places.program / "sounds" / "level.tor", saved);
     for (auto _ : state) {
         if (files.plan(catalogue).linesWithNewLetter == 0) {
             state.SkipWithError("no line got the letter");

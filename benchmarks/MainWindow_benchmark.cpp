@@ -5,6 +5,7 @@
 #include "base/SafeFile.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QListView>
 #include <benchmark/benchmark.h>
 
@@ -88,21 +89,38 @@ void startWindow(benchmark::State& state)
     }
 }
 BENCHMARK(startWindow)->Unit(benchmark::kMillisecond);
+// The main window on so many lines.
+class OpenWindow
+{
+public:
+    explicit OpenWindow(std::size_t lines)
+    {
+        m_folders.growTo(lines);
+        const FmSFXContext context{m_folders.program, m_dialogs, m_programs,     m_player,
+                                   *m_batches,        false,     [](Language) {}};
+        m_window =
+            std::make_unique<FmSFX>(context, StartedSession{LoadSettings(m_folders.program).settings, false});
+        m_window->load();
+        m_window->show();
+        QApplication::processEvents();
+    }
+
+    FmSFX& window() { return *m_window; }
+
+private:
+    BenchmarkFolders m_folders;
+    NoDialogs m_dialogs;
+    NoPrograms m_programs;
+    NoPlayer m_player;
+    std::unique_ptr<BatchRunner> m_batches = makeSystemBatchRunner();
+    std::unique_ptr<FmSFX> m_window;
+};
 
 // From the changed row to the repainted window.
 void selectLine(benchmark::State& state)
 {
-    const BenchmarkFolders folders;
-    folders.growTo(static_cast<std::size_t>(state.range(0)));
-    NoDialogs dialogs;
-    NoPrograms programs;
-    NoPlayer player;
-    const std::unique_ptr<BatchRunner> batches = makeSystemBatchRunner();
-    const FmSFXContext context{folders.program, dialogs, programs, player, *batches, false, [](Language) {}};
-    FmSFX window(context, {LoadSettings(folders.program).settings, false});
-    window.load();
-    window.show();
-    QApplication::processEvents();
+    OpenWindow open(static_cast<std::size_t>(state.range(0)));
+    FmSFX& window = open.window();
     auto* const list = window.findChild<QListView*>("LiSFX");
     PaintCounter counter;
     list->viewport()->installEventFilter(&counter);
@@ -117,6 +135,27 @@ void selectLine(benchmark::State& state)
     }
 }
 BENCHMARK(selectLine)->Arg(370)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// From a key in the filter to the repainted list: words that few lines match, that all do, and a comparison.
+void filterKey(benchmark::State& state)
+{
+    OpenWindow open(static_cast<std::size_t>(state.range(0)));
+    auto* const list = open.window().findChild<QListView*>("LiSFX");
+    auto* const filter = open.window().findChild<QLineEdit*>("TxFilter");
+    PaintCounter counter;
+    list->viewport()->installEventFilter(&counter);
+    const QString keys[] = {"l", "lara", "lara_feet foot04", "lara vol>80", "_"};
+    std::size_t key = 0;
+    for (auto _ : state) {
+        filter->setText(keys[key]);
+        key = (key + 1) % std::size(keys);
+        QApplication::sendPostedEvents();
+    }
+    if (counter.paints < state.iterations()) {
+        state.SkipWithError("not painted");
+    }
+}
+BENCHMARK(filterKey)->Arg(370)->Arg(100000)->Unit(benchmark::kMillisecond);
 
 // From the click to a window that shows sounds.txt, of as many megabytes.
 void viewSounds(benchmark::State& state)

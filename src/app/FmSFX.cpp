@@ -5,6 +5,7 @@
 #include "app/HelpWindow.h"
 #include "app/LineLettersPanel.h"
 #include "app/LineTextPanel.h"
+#include "app/Mnemonics.h"
 #include "app/SamplesPanel.h"
 #include "app/SoundListPanel.h"
 #include "app/StatusProgress.h"
@@ -23,16 +24,21 @@
 #include "ui/Text.h"
 #include "ui/WindowButtons.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QShortcut>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tavrel {
 
@@ -40,7 +46,6 @@ namespace {
 
 constexpr QSize usualSize(1272, 712);
 constexpr int functionColumnWidth = 316;
-constexpr int listColumnWidth = 250;
 
 std::vector<std::filesystem::path> droppedFiles(const QDropEvent& event)
 {
@@ -61,6 +66,28 @@ QVBoxLayout* makeColumn()
     return column;
 }
 
+bool takesTab(const QWidget& control)
+{
+    return (control.focusPolicy() & Qt::TabFocus) != 0;
+}
+
+// Where F6 arrives: in the list, at the first control that can be used, at the title of a folded panel.
+QWidget* homeOf(QWidget& panel)
+{
+    if (auto* const list = panel.findChild<QListView*>("LiSFX")) {
+        return list;
+    }
+    if (const auto* const folding = qobject_cast<FoldingPanel*>(&panel); folding && !folding->isOpen()) {
+        return &folding->title();
+    }
+    for (QWidget* const control : panel.findChildren<QWidget*>()) {
+        if (control->isVisible() && control->isEnabled() && takesTab(*control)) {
+            return control;
+        }
+    }
+    return panel.findChild<QPlainTextEdit*>("TxModif");
+}
+
 } // namespace
 
 FmSFX::FmSFX(FmSFXContext context, const StartedSession& started)
@@ -77,6 +104,8 @@ FmSFX::FmSFX(FmSFXContext context, const StartedSession& started)
     m_session.keepRecoverable();
     makePanels();
     layOut();
+    connectPanels();
+    orderTabs();
     addShortcuts();
     showPanels();
     paintColours(settings().colours.slots[ColourScheme::mainWindowSlot]);
@@ -108,7 +137,7 @@ void FmSFX::makePanels()
     m_titleButtons = new TitleButtons(
         context,
         {[this](Language language) { switchLanguage(language); },
-         [this] { showHelp(); },
+         [this] { openHelp({}); },
          [this] { openPreferences(); },
          [this] { close(); },
          {{"AcReview", titles::reviewChanges, QKeySequence(Qt::CTRL | Qt::Key_D),
@@ -153,7 +182,6 @@ void FmSFX::layOut()
     titleRow().addWidget(m_titleButtons);
     titleRow().addWidget(m_windowButtons);
     m_functions->setFixedWidth(functionColumnWidth);
-    m_sounds->setFixedWidth(listColumnWidth);
 
     auto* const samplesColumn = makeColumn();
     samplesColumn->addWidget(m_values);
@@ -165,7 +193,7 @@ void FmSFX::layOut()
     wadsColumn->addStretch(0);
     auto* const sound = new QHBoxLayout;
     sound->setSpacing(2 * controlGap);
-    sound->addWidget(m_sounds);
+    sound->addWidget(m_sounds, 3); // only as far as its columns need
     sound->addLayout(samplesColumn, 1);
     sound->addLayout(wadsColumn, 1);
     // The line runs below list and values, for it is long.
@@ -188,13 +216,90 @@ void FmSFX::addShortcuts()
     addShortcut(QKeySequence(Qt::Key_F3), [this] { m_sounds->search(); });
     addShortcut(QKeySequence::Find, [this] { m_sounds->focusSearch(); });
     addShortcut(QKeySequence::Save, [this] { m_functions->apply(); });
-    addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { m_functions->accept(); });
+    addShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), [this] { m_sounds->focusFilter(); });
+    addShortcut(QKeySequence(Qt::CTRL | Qt::Key_G), [this] { m_sounds->askForNumber(); });
+    addShortcut(QKeySequence(Qt::ALT | Qt::Key_Down), [this] { m_sounds->goToModified(true); });
+    addShortcut(QKeySequence(Qt::ALT | Qt::Key_Up), [this] { m_sounds->goToModified(false); });
+    addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { acceptAndGoOn(); });
+    addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Enter), [this] { acceptAndGoOn(); });
+    addShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), [this] { m_functions->copyValues(); });
+    addShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V), [this] { m_functions->pasteValues(); });
+    addShortcut(QKeySequence(Qt::Key_F6), [this] { goToPanel(1); });
+    addShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), [this] { goToPanel(-1); });
     addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { m_titleButtons->quit(); });
     addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { m_titleButtons->undo(); });
     addShortcut(QKeySequence(Qt::CTRL | Qt::Key_Y), [this] { m_titleButtons->redo(); });
     addShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), [this] { m_titleButtons->redo(); });
     for (QLineEdit* const box : findChildren<QLineEdit*>()) {
         box->installEventFilter(this);
+    }
+}
+
+// What one panel offers and another does.
+void FmSFX::connectPanels()
+{
+    connect(m_letters, &LineLettersPanel::addWanted, m_wads, &WadPanel::addLetter);
+    connect(m_letters, &LineLettersPanel::removeWanted, m_wads, &WadPanel::removeLetter);
+    connect(m_sounds, &SoundListPanel::globalsShown, m_functions,
+            [this](bool shown) { m_functions->showGlobalsHidden(!shown); });
+    connect(m_sounds, &SoundListPanel::copyWanted, m_functions, &FunctionPanels::copyLines);
+    connect(m_sounds, &SoundListPanel::pasteWanted, m_functions, &FunctionPanels::pasteLines);
+}
+
+std::vector<QWidget*> FmSFX::panelsInOrder() const
+{
+    return {m_sounds, m_values, m_samples, m_letters, m_wads, m_texts, m_functions, m_titleButtons};
+}
+
+// From panel to panel, and only where there is something to do.
+void FmSFX::orderTabs()
+{
+    for (QLineEdit* const box : findChildren<QLineEdit*>()) {
+        if (box->isReadOnly()) {
+            box->setFocusPolicy(Qt::ClickFocus);
+        }
+    }
+    for (const FoldingPanel* const panel : m_folding) {
+        panel->title().setFocusPolicy(Qt::NoFocus);
+    }
+    for (QPlainTextEdit* const view : m_texts->findChildren<QPlainTextEdit*>()) {
+        view->setFocusPolicy(Qt::ClickFocus);
+    }
+    QWidget* before = nullptr;
+    for (QWidget* const panel : panelsInOrder()) {
+        for (QWidget* const control : panel->findChildren<QWidget*>()) {
+            if (!takesTab(*control) || control->window() != this) {
+                continue;
+            }
+            if (before != nullptr) {
+                setTabOrder(before, control);
+            }
+            before = control;
+        }
+    }
+}
+
+void FmSFX::goToPanel(int step)
+{
+    const std::vector<QWidget*> panels = panelsInOrder();
+    const auto count = static_cast<int>(panels.size());
+    const auto here = std::ranges::find_if(
+        panels, [this](const QWidget* panel) { return panel->isAncestorOf(focusWidget()); });
+    int place = here == panels.end() ? (step > 0 ? -1 : count) : static_cast<int>(here - panels.begin());
+    for (int i = 0; i < count; ++i) {
+        place = (place + step + count) % count;
+        if (QWidget* const control = homeOf(*panels[static_cast<std::size_t>(place)])) {
+            control->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+}
+
+// Lines that nobody edited stay as they are on the way.
+void FmSFX::acceptAndGoOn()
+{
+    if (!m_selection.edited() || m_functions->accept()) {
+        m_sounds->goToNext();
     }
 }
 
@@ -250,6 +355,7 @@ void FmSFX::showLanguage()
     if (m_levels) {
         m_levels->setLanguage(language);
     }
+    showMnemonics(*this, language);
     showTitle();
 }
 
@@ -296,9 +402,10 @@ void FmSFX::say(const BilingualText& text)
     m_status->say(text);
 }
 
+// Esc closes the secondary windows, never the program.
 void FmSFX::reject()
 {
-    // Esc closes the secondary windows, never the program.
+    m_sounds->clearFilter();
 }
 
 void FmSFX::changeEvent(QEvent* event)
@@ -311,8 +418,13 @@ void FmSFX::changeEvent(QEvent* event)
 
 void FmSFX::showHelp()
 {
+    openHelp(QApplication::activeWindow() == this ? helpOnKeys() : BilingualText());
+}
+
+void FmSFX::openHelp(const BilingualText& heading)
+{
     showHelpWindow(QApplication::activeWindow(), m_context.programFolder, settings().colours,
-                   settings().language);
+                   settings().language, heading);
 }
 
 // Following

@@ -121,6 +121,13 @@ private:
     void makePanels();
     void layOut();
     void addShortcuts();
+    void connectPanels();
+    void orderTabs();
+    void acceptAndGoOn();
+    // F6, from one panel to the next.
+    void goToPanel(int step);
+    std::vector<QWidget*> panelsInOrder() const;
+    void openHelp(const BilingualText& heading);
     void addShortcut(const QKeySequence& keys, std::function<void()> command);
     void showLanguage();
     void showTitle();

@@ -189,8 +189,8 @@ void FmSFX::closeEvent(QCloseEvent* event)
 
 void FmSFX::keepValues()
 {
-    if (const std::optional<Selection::Values> values = m_selection.unaccepted()) {
-        m_session.keepValues({values->number, ComposeSoundLine(values->record)});
+    if (m_selection.edited() && m_selection.editor().canEdit()) {
+        m_session.keepValues({m_selection.number().value(), ComposeSoundLine(m_selection.editor().record())});
     }
 }
 

@@ -54,8 +54,9 @@ void FmSFX::bringBack(const FoundRecovery& found)
     }
     const std::optional<UnacceptedValues>& values = found.content.values;
     if (values && values->number < catalogue().size() && SoundCatalogue::accepts(values->line)) {
-        m_selection.reveal(values->number);
-        m_selection.putBack({values->number, ParseSoundLine(values->line)});
+        const SoundLine line = ParseSoundLine(catalogue().currentLine(values->number));
+        m_selection.putBack(
+            {{values->number}, values->number, editBetween(line, ParseSoundLine(values->line))});
     } else if (!netChanges(found.content.track).empty()) {
         m_selection.reveal(netChanges(found.content.track).front().number);
     }

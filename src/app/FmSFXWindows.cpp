@@ -80,7 +80,7 @@ void FmSFX::chooseObject()
 {
     FmObject window(this, catalogue(), settings().colours, settings().language);
     if (window.exec() == QDialog::Accepted && m_selection.mayLeave(m_context.dialogs)) {
-        m_selection.chooseObject(window.chosenName());
+        m_selection.chooseObjects(window.chosenNames());
     }
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FunctionPanels.h"
 
+#include "app/FmPaste.h"
+#include "base/Titles.h"
 #include "catalogue/LineEditor.h"
+#include "catalogue/PastedLines.h"
 #include "references/WadImport.h"
 #include "ui/Captions.h"
 #include "ui/Controls.h"
@@ -12,6 +15,8 @@
 #include <QClipboard>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tavrel {
 
@@ -104,7 +109,7 @@ void FunctionPanels::connectControls(const FunctionDoors& doors)
     connect(m_restore, &QPushButton::clicked, this, &FunctionPanels::restore);
     connect(m_backToFile, &QPushButton::clicked, this, &FunctionPanels::backToFile);
     connect(m_apply, &QPushButton::clicked, this, &FunctionPanels::apply);
-    connect(m_copyLine, &QPushButton::clicked, this, &FunctionPanels::copyLine);
+    connect(m_copyLine, &QPushButton::clicked, this, &FunctionPanels::copyLines);
 }
 
 void FunctionPanels::showLanguage(Language language)
@@ -164,14 +169,16 @@ void FunctionPanels::valuesChanged()
 
 void FunctionPanels::enableLine()
 {
-    const bool editable = selection().canEditLine();
+    const bool editable = selection().canEditLines();
     m_accept->setEnabled(editable);
     m_restore->setEnabled(editable);
-    m_copyLine->setEnabled(selection().editor().canEdit());
+    m_copyLine->setEnabled(selection().editor().canEditAny());
     const SoundCatalogue& catalogue = session().catalogue();
-    m_backToFile->setEnabled(editable && catalogue.lineInFile(*selection().number()) > 0 &&
-                             catalogue.fileLine(*selection().number()) !=
-                                 catalogue.currentLine(*selection().number()));
+    const auto differs = [&catalogue](std::size_t number) {
+        return catalogue.lineInFile(number) > 0 && !catalogue.isProtected(number) &&
+               catalogue.fileLine(number) != catalogue.currentLine(number);
+    };
+    m_backToFile->setEnabled(editable && std::ranges::any_of(selection().numbers(), differs));
     valuesChanged();
 }
 
@@ -199,27 +206,35 @@ void FunctionPanels::enableImports()
 
 // Commands
 
-void FunctionPanels::accept()
+bool FunctionPanels::accept()
 {
-    if (m_accept->isEnabled() && selection().accept(dialogs())) {
-        say({});
-    }
+    return m_accept->isEnabled() && acceptValues();
 }
 
 void FunctionPanels::restore()
 {
-    if (selection().canEditLine() && restoreLine(session().catalogue(), *selection().number(), dialogs())) {
+    if (!selection().canEditLines()) {
+        return;
+    }
+    const std::vector<std::size_t> numbers = selection().numbers();
+    if (const auto changed = restoreLines(session().catalogue(), numbers, dialogs())) {
         selection().dropValues();
-        say({});
+        say(numbers.size() > 1 ? changed->report() : BilingualText());
     }
 }
 
 void FunctionPanels::backToFile()
 {
-    if (selection().canEditLine() && selection().mayLeave(dialogs())) {
-        backToFileLine(session().catalogue(), *selection().number(), dialogs());
-        say({});
+    if (selection().canEditLines() && selection().mayLeave(dialogs())) {
+        const std::vector<std::size_t> numbers = selection().numbers();
+        const SoundsChanged changed = backToFileLines(session().catalogue(), numbers, dialogs());
+        say(numbers.size() > 1 ? changed.report() : BilingualText());
     }
+}
+
+void FunctionPanels::showGlobalsHidden(bool hidden)
+{
+    drawAttention(*m_globals, hidden);
 }
 
 // The changes can be looked at before the answer.
@@ -248,13 +263,71 @@ bool FunctionPanels::apply()
     return applied;
 }
 
-void FunctionPanels::copyLine()
+// The clipboard
+
+// Without the protected lines, as of a single one.
+void FunctionPanels::copyLines()
 {
-    if (selection().editor().canEdit()) {
-        QApplication::clipboard()->setText(
-            fromCodePage(session().catalogue().currentLine(*selection().number())));
-        say({"Line copied", "Ligne copiée"});
+    const SoundCatalogue& catalogue = session().catalogue();
+    std::string lines;
+    std::size_t count = 0;
+    for (const std::size_t number : selection().numbers()) {
+        if (!catalogue.isProtected(number)) {
+            lines += (count == 0 ? "" : "\n") + catalogue.currentLine(number);
+            ++count;
+        }
     }
+    if (count == 0) {
+        return;
+    }
+    QApplication::clipboard()->setText(fromCodePage(lines));
+    const std::string number = std::to_string(count);
+    say(count == 1 ? BilingualText("Line copied", "Ligne copiée")
+                   : BilingualText(number + " lines copied", number + " lignes copiées"));
+}
+
+void FunctionPanels::pasteLines()
+{
+    if (!session().isLoaded() || !selection().mayLeave(dialogs())) {
+        return;
+    }
+    const std::vector<std::size_t> numbers = selection().numbers();
+    const std::string text = toCodePage(QApplication::clipboard()->text());
+    if (const auto changed = tavrel::pasteLines(session().catalogue(), text, numbers, dialogs())) {
+        say(changed->report());
+    }
+}
+
+void FunctionPanels::copyValues()
+{
+    if (!selection().editor().canEdit()) {
+        return;
+    }
+    const std::size_t number = selection().number().value();
+    m_copied = {stepLabel({}, session().catalogue(), number).english.substr(2),
+                selection().editor().record()};
+    say(BilingualText("Values copied from ", "Valeurs copiées de ") + m_copied->name);
+}
+
+void FunctionPanels::pasteValues()
+{
+    if (!m_copied) {
+        say({"No values were copied yet (Ctrl+Shift+C)", "Aucune valeur n'a encore été copiée (Ctrl+Maj+C)"});
+        return;
+    }
+    if (!selection().canEditLines() || !selection().mayLeave(dialogs())) {
+        return;
+    }
+    const std::vector<std::size_t> numbers = selection().numbers();
+    FmPaste window(this, m_copied->name, m_copied->line, numbers.size(), m_parts, language());
+    if (window.exec() != QDialog::Accepted) {
+        return;
+    }
+    m_parts = window.chosenParts();
+    const SoundsChanged changed = editSounds(session().catalogue(), numbers, editTo(m_copied->line, m_parts),
+                                             titles::pasteValues, dialogs());
+    tellRefused(changed, titles::pasteValues, dialogs());
+    say(changed.agreed ? changed.report() : BilingualText());
 }
 
 } // namespace tavrel

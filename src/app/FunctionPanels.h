@@ -9,6 +9,8 @@
 
 #include <array>
 #include <functional>
+#include <optional>
+#include <string>
 
 class QPushButton;
 
@@ -35,7 +37,7 @@ struct FunctionDoors
     std::function<bool(const std::filesystem::path&)> compare;
 };
 
-// The column of buttons: four panels with the commands on the WAD, the program, the selected line and the
+// The column of buttons: four panels with the commands on the WAD, the program, the selected lines and the
 // file.
 class FunctionPanels final : public QWidget, public MainPanel
 {
@@ -51,7 +53,18 @@ public:
     void followOptions() { enableImports(); }
 
     bool apply();
-    void accept();
+    // False when there was nothing to accept, or it was refused.
+    bool accept();
+    // A sign that sounds are hidden.
+    void showGlobalsHidden(bool hidden);
+
+    // The clipboard
+    void copyLines();
+    // Whole sound lines, after a preview.
+    void pasteLines();
+    // Values, flags and samples of one sound, for others.
+    void copyValues();
+    void pasteValues();
 
 private:
     void reloaded() override;
@@ -67,12 +80,19 @@ private:
     void enableImports();
     void restore();
     void backToFile();
-    void copyLine();
 
     bool confirmApply(const Question& asked);
 
+    struct CopiedSound
+    {
+        std::string name; // UTF-8: "12: METAL_SCRAPE_LOOP"
+        SoundLine line;
+    };
+
     std::function<void()> m_showChanges;
     std::function<bool(const std::filesystem::path&)> m_compare;
+    std::optional<CopiedSound> m_copied;
+    CarriedParts m_parts; // that were pasted last
     std::array<FoldingPanel*, 4> m_panels{};
     QPushButton* m_generate;
     QPushButton* m_importSamples;

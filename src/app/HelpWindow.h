@@ -12,6 +12,9 @@ namespace tavrel {
 
 // Until the user closes it. A missing help file is logged and leaves the user without a window.
 void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
-                    Language language);
+                    Language language, const BilingualText& heading = {});
+
+// The chapter with all keys.
+BilingualText helpOnKeys();
 
 } // namespace tavrel

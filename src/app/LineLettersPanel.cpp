@@ -12,6 +12,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tavrel {
 
 LineLettersPanel::LineLettersPanel(const PanelContext& context)
@@ -23,6 +25,8 @@ LineLettersPanel::LineLettersPanel(const PanelContext& context)
         const int row = m_list->selectedItems().empty() ? -1 : m_list->currentRow();
         selection().chooseLetter(row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row)));
     });
+    addListKey(*m_list, Qt::Key_Insert, [this] { Q_EMIT addWanted(); });
+    addListKey(*m_list, Qt::Key_Delete, [this] { Q_EMIT removeWanted(); });
 }
 
 void LineLettersPanel::showLanguage(Language language)
@@ -43,14 +47,31 @@ void LineLettersPanel::paintWith(const ColourPair& pair)
 void LineLettersPanel::lineShown()
 {
     const QSignalBlocker blocker(m_list);
+    const int row = m_list->currentRow();
     m_list->clear();
-    for (const std::string& entry : letterEntries(selection().editor().record(), session().references(),
-                                                  session().wad(), selection().justAdded())) {
-        m_list->addItem(fromCodePage(entry));
+    for (std::size_t i = 0; i < selection().carriedLetters().size(); ++i) {
+        m_list->addItem(fromCodePage(entryOf(i)));
     }
     if (const std::optional<std::size_t> letter = selection().letter()) {
         m_list->setCurrentRow(static_cast<int>(*letter));
+    } else if (m_list->hasFocus() && m_list->count() > 0) { // the keys go on from where they were
+        m_list->setCurrentRow(std::clamp(row, 0, m_list->count() - 1), QItemSelectionModel::NoUpdate);
     }
+}
+
+// Of several sounds it tells how many carry the letter, unless all do.
+std::string LineLettersPanel::entryOf(std::size_t letter) const
+{
+    const auto& [name, sounds] = selection().carriedLetters()[letter];
+    SoundLine line;
+    line.Letters = "#" + name;
+    std::string entry =
+        letterEntries(line, session().references(), session().wad(), selection().justAdded()).front();
+    const std::size_t all = selection().editor().lines().size();
+    if (selection().isSeveral() && sounds < all) {
+        entry += " (" + std::to_string(sounds) + "/" + std::to_string(all) + ")";
+    }
+    return entry;
 }
 
 } // namespace tavrel

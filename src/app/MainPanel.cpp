@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/MainPanel.h"
 
-#include <QPushButton>
 #include <QStyle>
 #include <QVariant>
+#include <QWidget>
 
 namespace tavrel {
 
@@ -19,12 +19,21 @@ MainPanel::~MainPanel()
     m_context.session.removeObserver(*this);
 }
 
-void drawAttention(QPushButton& button, bool wanted)
+bool MainPanel::acceptValues() const
 {
-    if (button.property("attention").toBool() != wanted) {
-        button.setProperty("attention", wanted);
-        button.style()->unpolish(&button);
-        button.style()->polish(&button);
+    if (!selection().accept(dialogs())) {
+        return false;
+    }
+    say(selection().editor().report());
+    return true;
+}
+
+void drawAttention(QWidget& control, bool wanted)
+{
+    if (control.property("attention").toBool() != wanted) {
+        control.setProperty("attention", wanted);
+        control.style()->unpolish(&control);
+        control.style()->polish(&control);
     }
 }
 

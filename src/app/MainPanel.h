@@ -6,7 +6,7 @@
 #include "session/Selection.h"
 #include "session/Session.h"
 
-class QPushButton;
+class QWidget;
 
 namespace tavrel {
 
@@ -57,13 +57,15 @@ protected:
     Dialogs& dialogs() const { return m_context.dialogs; }
     Language language() const { return session().settings().language; }
     void say(const BilingualText& text) const { m_context.status.say(text); }
+    // "Accept values", with what it did to several lines. False when it was refused.
+    bool acceptValues() const;
 
 private:
     PanelContext m_context;
 };
 
 // A look that the style sheet knows by this name.
-void drawAttention(QPushButton& button, bool wanted);
+void drawAttention(QWidget& control, bool wanted);
 
 // While it lives, a flag is up.
 class Flagged

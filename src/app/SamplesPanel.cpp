@@ -47,6 +47,7 @@ SamplesPanel::SamplesPanel(const PanelContext& context, std::shared_ptr<Waveform
 void SamplesPanel::layOut()
 {
     m_waveform->setFixedHeight(waveformHeight);
+    selectAllOnClick(*m_name);
     auto* const head = rowOf({makeHeading("LbNames"), m_addFiles, m_play, m_stop});
     head->insertStretch(1, 1);
     content().addLayout(head);
@@ -72,6 +73,8 @@ void SamplesPanel::connectControls()
     connect(m_stop, &QPushButton::clicked, this, &SamplesPanel::stop);
     connect(m_addFiles, &QPushButton::clicked, this, &SamplesPanel::chooseFiles);
     connect(m_waveform, &WaveformView::told, this, [this](const BilingualText& text) { say(text); });
+    addListKey(*m_list, Qt::Key_Insert, [this] { chooseAndAdd(); });
+    addListKey(*m_list, Qt::Key_Delete, [this] { m_remove->click(); });
 }
 
 void SamplesPanel::showLanguage(Language language)
@@ -238,6 +241,16 @@ void SamplesPanel::choose()
     if (const std::optional<std::string> name = m_choose()) {
         m_name->setText(fromCodePage(*name));
         m_name->setFocus();
+    }
+}
+
+void SamplesPanel::chooseAndAdd()
+{
+    const std::optional<std::string> name = m_chooser->isEnabled() ? m_choose() : std::nullopt;
+    if (name) {
+        m_name->setText(fromCodePage(*name));
+        change(addSample);
+        m_list->setFocus();
     }
 }
 

@@ -58,6 +58,7 @@ private:
     void choose();
     void chooseFiles();
     void take(const SampleResult& result);
+    void chooseAndAdd();
     void play();
     void stop();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ValuesPanel.h"
 
+#include "app/ValueEdit.h"
 #include "ui/Captions.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
@@ -9,18 +10,52 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 namespace tavrel {
 
 namespace {
 
-constexpr std::array<ValueBox, valueBoxCount> allValueBoxes = {ValueBox::Vol, ValueBox::Pit, ValueBox::Rad,
-                                                               ValueBox::Ch};
-constexpr std::array<LineFlag, lineFlagCount> allLineFlags = {LineFlag::P, LineFlag::V, LineFlag::R,
-                                                              LineFlag::N, LineFlag::L};
+BilingualText toolTipOf(ValueBox box)
+{
+    switch (box) {
+    case ValueBox::Vol:
+        return {"Volume", "Volume"};
+    case ValueBox::Pit:
+        return {"", "Hauteur grave/aigu"};
+    case ValueBox::Rad:
+        return {"", "Rayon d'écoute"};
+    case ValueBox::Ch:
+        break;
+    }
+    return {"Probability", "Probabilité en % que le son soit entendu"};
+}
+
+BilingualText toolTipOf(LineFlag flag)
+{
+    switch (flag) {
+    case LineFlag::P:
+        return {"Random Pitch", "Hauteur aléatoire"};
+    case LineFlag::V:
+        return {"Random Volume", "Volume aléatoire"};
+    case LineFlag::R:
+        return {"Random Radius", "Rayon d'écoute aléatoire"};
+    case LineFlag::L:
+        return {"Loop", "Son en boucle"};
+    case LineFlag::N:
+        break;
+    }
+    return {};
+}
+
+BilingualText varying(const BilingualText& toolTip)
+{
+    const BilingualText varies("varies", "varie");
+    const auto joined = [](const std::string& text, const char* colon, const std::string& word) {
+        return text.empty() ? word : text + colon + word;
+    };
+    return {joined(toolTip.english, ": ", varies.english), joined(toolTip.french, " : ", varies.french)};
+}
 
 } // namespace
 
@@ -42,13 +77,7 @@ void ValuesPanel::layOut()
     layout->addWidget(makeHeading("LbValues"));
     auto* const boxes = rowOf({});
     for (std::size_t i = 0; i < valueBoxCount; ++i) {
-        const ValueBox which = allValueBoxes[i];
-        auto* const box = named(new QLineEdit, boxNames[i]);
-        box->setFixedWidth(44);
-        box->setFont(fixedPitchFont());
-        box->setMaxLength(static_cast<int>(maximumLength(which)));
-        const QRegularExpression typed(which == ValueBox::Pit ? "-?[0-9]*" : "[0-9]*");
-        box->setValidator(new QRegularExpressionValidator(typed, box));
+        auto* const box = named(new ValueEdit(allValueBoxes[i]), boxNames[i]);
         m_values[i] = box;
         auto* const label = named(new QLabel, labelNames[i]);
         label->setBuddy(box);
@@ -70,65 +99,81 @@ void ValuesPanel::connectControls()
 {
     for (const ValueBox box : allValueBoxes) {
         connect(value(box), &QLineEdit::textChanged, this, [this, box] { valueTyped(box); });
-        connect(value(box), &QLineEdit::returnPressed, this, [this] { selection().accept(dialogs()); });
+        connect(value(box), &QLineEdit::returnPressed, this, [this] { acceptValues(); });
+        connect(value(box), &ValueEdit::stepped, this, [this, box](int by) { valueStepped(box, by); });
+        connect(value(box), &ValueEdit::refused, this, [this, box] { valueRefused(box); });
+        connect(value(box), &ValueEdit::emptied, this, [this, box] {
+            selection().setValue(box, "", true);
+            fillValue(box);
+        });
     }
     connect(value(ValueBox::Pit), &QLineEdit::editingFinished, this, &ValuesPanel::pitchLeft);
     for (std::size_t i = 0; i < lineFlagCount; ++i) {
-        connect(m_flags[i], &QCheckBox::toggled, this, [this, i](bool on) {
-            if (!m_filling) {
-                selection().setFlag(allLineFlags[i], on);
-            }
-        });
+        connect(m_flags[i], &QCheckBox::clicked, this,
+                [this, i](bool on) { selection().setFlag(allLineFlags[i], on); });
     }
 }
 
 void ValuesPanel::showLanguage(Language language)
 {
-    const BilingualText probability("Probability", "Probabilité en % que le son soit entendu");
-    const BilingualText pitch("", "Hauteur grave/aigu");
-    const BilingualText radius("", "Rayon d'écoute");
     const Caption captions[] = {
         {"LbValues", {"Sample Values", "Valeurs Sample"}, {}},
-        {"LbVOL", BilingualText::same("VOL"), {"Volume", "Volume"}},
-        {"TxVOL", {}, {"Volume", "Volume"}},
-        {"LbPIT", BilingualText::same("PIT"), pitch},
-        {"TxPIT", {}, pitch},
-        {"LbRAD", BilingualText::same("RAD"), radius},
-        {"TxRAD", {}, radius},
-        {"LbCH", BilingualText::same("CH"), probability},
-        {"TxCH", {}, probability},
-        {"CkP", {}, {"Random Pitch", "Hauteur aléatoire"}},
-        {"CkV", {}, {"Random Volume", "Volume aléatoire"}},
-        {"CkR", {}, {"Random Radius", "Rayon d'écoute aléatoire"}},
-        {"CkL", {}, {"Loop", "Son en boucle"}},
+        {"LbVOL", BilingualText::same("VOL"), toolTipOf(ValueBox::Vol)},
+        {"LbPIT", BilingualText::same("PIT"), toolTipOf(ValueBox::Pit)},
+        {"LbRAD", BilingualText::same("RAD"), toolTipOf(ValueBox::Rad)},
+        {"LbCH", BilingualText::same("CH"), toolTipOf(ValueBox::Ch)},
     };
     showCaptions(*this, captions, language);
+    showToolTips();
+}
+
+// Values that the lines do not have in common leave their boxes empty.
+void ValuesPanel::showToolTips()
+{
+    const LineEditor& editor = selection().editor();
+    for (const ValueBox box : allValueBoxes) {
+        const bool varies = !editor.commonText(box);
+        const QString name = inLanguage(toolTipOf(box), language());
+        value(box)->setToolTip(varies ? inLanguage(varying(toolTipOf(box)), language()) : name);
+        value(box)->setAccessibleName(name);
+        value(box)->setPlaceholderText(varies ? QStringLiteral("\u2026") : QString());
+    }
+    for (std::size_t i = 0; i < lineFlagCount; ++i) {
+        const BilingualText name = toolTipOf(allLineFlags[i]);
+        m_flags[i]->setToolTip(
+            inLanguage(editor.commonFlag(allLineFlags[i]) ? name : varying(name), language()));
+    }
 }
 
 void ValuesPanel::lineShown()
 {
-    {
-        const Flagged filling(m_filling);
-        for (const ValueBox box : allValueBoxes) {
-            value(box)->setText(fromCodePage(selection().editor().boxText(box)));
-        }
+    for (const ValueBox box : allValueBoxes) {
+        fillValue(box);
     }
     fillFlags();
     enable(); // last: a box that loses the focus must hold this line's value
 }
 
-void ValuesPanel::fillFlags()
+void ValuesPanel::fillValue(ValueBox box)
 {
     const Flagged filling(m_filling);
+    value(box)->setText(fromCodePage(selection().editor().commonText(box).value_or(std::string())));
+}
+
+void ValuesPanel::fillFlags()
+{
     for (std::size_t i = 0; i < lineFlagCount; ++i) {
-        m_flags[i]->setChecked(selection().editor().hasFlag(allLineFlags[i]));
+        const std::optional<bool> common = selection().editor().commonFlag(allLineFlags[i]);
+        m_flags[i]->setTristate(!common);
+        m_flags[i]->setCheckState(!common ? Qt::PartiallyChecked : *common ? Qt::Checked : Qt::Unchecked);
     }
+    showToolTips();
 }
 
 void ValuesPanel::enable()
 {
-    const bool editable = selection().canEditLine();
-    for (QLineEdit* const box : m_values) {
+    const bool editable = selection().canEditLines();
+    for (ValueEdit* const box : m_values) {
         box->setEnabled(editable);
     }
     for (QCheckBox* const box : m_flags) {
@@ -141,7 +186,7 @@ void ValuesPanel::valueTyped(ValueBox box)
     if (m_filling) {
         return;
     }
-    QLineEdit* const edit = value(box);
+    ValueEdit* const edit = value(box);
     const QString typed = edit->text();
     const QString corrected = fromCodePage(selection().setValue(box, toCodePage(typed), edit->hasFocus()));
     if (corrected != typed) {
@@ -151,11 +196,44 @@ void ValuesPanel::valueTyped(ValueBox box)
     }
 }
 
+void ValuesPanel::valueStepped(ValueBox box, int by)
+{
+    if (!selection().canEditLines() || !selection().stepValue(box, by)) {
+        return;
+    }
+    fillValue(box);
+    value(box)->selectAll();
+    if (selection().isSeveral() && !selection().editor().commonText(box)) {
+        // The box stays empty; what it does has to be seen somewhere.
+        const int steps = selection().editor().edit().value(box).value_or(LineEdit::Value()).by;
+        say(BilingualText::same(std::string(keyword(box)) + " " + (steps > 0 ? "+" : "") +
+                                std::to_string(steps)));
+    }
+}
+
+void ValuesPanel::valueRefused(ValueBox box)
+{
+    const std::string name(keyword(box));
+    switch (box) {
+    case ValueBox::Vol:
+    case ValueBox::Ch:
+        say({name + " takes two digits, 1 to 99; an empty box means 100",
+             name + " prend deux chiffres, de 1 à 99 ; une case vide vaut 100"});
+        break;
+    case ValueBox::Pit:
+        say({name + " goes from -99 to 99", name + " va de -99 à 99"});
+        break;
+    case ValueBox::Rad:
+        say({name + " takes two digits, 1 to 99", name + " prend deux chiffres, de 1 à 99"});
+        break;
+    }
+}
+
 // A sign alone may stand in the pitch only while the user is typing.
 void ValuesPanel::pitchLeft()
 {
-    QLineEdit* const edit = value(ValueBox::Pit);
-    if (selection().editor().canEdit() && edit->text().startsWith('-')) {
+    ValueEdit* const edit = value(ValueBox::Pit);
+    if (selection().editor().canEditAny() && edit->text().startsWith('-')) {
         const Flagged filling(m_filling);
         edit->setText(fromCodePage(selection().setValue(ValueBox::Pit, toCodePage(edit->text()), false)));
     }

@@ -8,14 +8,13 @@
 #include <array>
 
 class QCheckBox;
-class QLineEdit;
 
 namespace tavrel {
 
-constexpr std::size_t valueBoxCount = 4;
-constexpr std::size_t lineFlagCount = 5;
+class ValueEdit;
 
-// The values and flags of the selected line. Not a folding panel: they are what the window is for.
+// The values and flags of the selected lines: what they have in common. Not a folding panel: they are what
+// the window is for.
 class ValuesPanel final : public QWidget, public MainPanel
 {
     Q_OBJECT
@@ -32,13 +31,17 @@ private:
 
     void layOut();
     void connectControls();
+    void fillValue(ValueBox box);
     void fillFlags();
+    void showToolTips();
     void enable();
     void valueTyped(ValueBox box);
+    void valueStepped(ValueBox box, int by);
+    void valueRefused(ValueBox box);
     void pitchLeft();
-    QLineEdit* value(ValueBox box) const { return m_values[static_cast<std::size_t>(box)]; }
+    ValueEdit* value(ValueBox box) const { return m_values[static_cast<std::size_t>(box)]; }
 
-    std::array<QLineEdit*, valueBoxCount> m_values{}; // TxVOL, TxPIT, TxRAD, TxCH
+    std::array<ValueEdit*, valueBoxCount> m_values{}; // TxVOL, TxPIT, TxRAD, TxCH
     std::array<QCheckBox*, lineFlagCount> m_flags{};  // CkP, CkV, CkR, CkN, CkL
     bool m_filling = false;                           // from a line, not by the user
 };

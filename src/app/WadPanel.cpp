@@ -58,6 +58,7 @@ void WadPanel::layOut()
     constexpr int letterWidth = 44;
     m_letter->setFixedWidth(letterWidth);
     m_replacement->setFixedWidth(letterWidth);
+    selectAllOnClick(*m_replacement);
     auto* const modeGroup = new QButtonGroup(this);
     for (QRadioButton* const mode : m_modes) {
         modeGroup->addButton(mode);
@@ -107,7 +108,7 @@ void WadPanel::connectControls()
     m_replacement->setValidator(new CodePageValidator(m_replacement));
     connect(m_replacement, &QLineEdit::returnPressed, this, &WadPanel::replaceLetter);
     connect(m_replacement, &QLineEdit::textChanged, this, &WadPanel::replacementTyped);
-    connect(m_eraseObject, &QPushButton::clicked, this, [this] { selection().chooseObject({}); });
+    connect(m_eraseObject, &QPushButton::clicked, this, [this] { selection().chooseObjects({}); });
     connect(m_chooser, &QComboBox::activated, this,
             [this] { session().chooseWad(toCodePage(m_chooser->currentText())); });
     m_reminder.setObjectName("TmWAD");
@@ -243,7 +244,7 @@ void WadPanel::paint(ColourValue text, ColourValue chooser)
 
 void WadPanel::enable()
 {
-    const bool editable = selection().editor().canEdit();
+    const bool editable = selection().editor().canEditAny();
     for (QPushButton* const button : {m_add, m_remove, m_chooseObject}) {
         button->setEnabled(editable);
     }
@@ -265,11 +266,19 @@ void WadPanel::replacementTyped(const QString& typed)
 
 void WadPanel::addLetter()
 {
-    if (!selection().editor().canEdit()) {
+    SoundCatalogue& catalogue = session().catalogue();
+    if (!selection().editor().canEditAny()) {
         return;
     }
-    if (!selection().object().empty()) {
-        addLetterToObject(session().catalogue(), selection().object(), session().wad(), dialogs());
+    if (!selection().objects().empty()) {
+        tell(addLetterToObjects(catalogue, selection().objects(), session().wad(), dialogs()));
+        return;
+    }
+    if (selection().isSeveral()) {
+        if (selection().mayLeave(dialogs())) {
+            const std::vector<std::size_t> numbers = selection().numbers();
+            tell(addLetterToSounds(catalogue, numbers, session().wad(), dialogs()));
+        }
         return;
     }
     switch (addLetterToLine(selection().editor(), session().wad(), dialogs())) {
@@ -287,11 +296,23 @@ void WadPanel::addLetter()
 
 void WadPanel::removeLetter()
 {
-    if (!selection().object().empty()) {
-        removeLetterFromObject(session().catalogue(), selection().object(), session().wad(), dialogs());
+    SoundCatalogue& catalogue = session().catalogue();
+    if (!selection().objects().empty()) {
+        tell(removeLetterFromObjects(catalogue, selection().objects(), session().wad(), dialogs()));
+    } else if (selection().isSeveral() && selection().letter()) {
+        if (selection().mayLeave(dialogs())) {
+            const std::string letter = selection().carriedLetters().at(*selection().letter()).letter;
+            const std::vector<std::size_t> numbers = selection().numbers();
+            tell(removeLetterFromSounds(catalogue, numbers, letter, dialogs()));
+        }
     } else if (removeLetterFromLine(selection().editor(), selection().letter(), dialogs())) {
         say({});
     }
+}
+
+void WadPanel::tell(const SoundsChanged& changed)
+{
+    say(changed.agreed ? changed.report() : BilingualText());
 }
 
 void WadPanel::eraseLetter()
@@ -326,8 +347,13 @@ void WadPanel::replaceLetter()
 
 void WadPanel::objectChosen()
 {
-    m_object->setText(fromCodePage(selection().object()));
-    m_eraseObject->setEnabled(!selection().object().empty());
+    std::string names;
+    for (const std::string& object : selection().objects()) {
+        names += (names.empty() ? "" : ", ") + object;
+    }
+    m_object->setText(fromCodePage(names));
+    m_object->setCursorPosition(0);
+    m_eraseObject->setEnabled(!names.empty());
     enable();
 }
 

@@ -17,8 +17,7 @@ class QRadioButton;
 
 namespace tavrel {
 
-// The WAD that the user works on, and what gives or takes its letter: the selected line, all lines, an
-// object.
+// The WAD that the user works on, and what gives or takes its letter: the selected lines, all lines, objects.
 class WadPanel final : public FoldingPanel, public MainPanel
 {
     Q_OBJECT
@@ -33,6 +32,10 @@ public:
     void setGreyed(bool greyed);
     // Which list was imported last.
     void showImported(WadListKind kind);
+
+    // Of the selected sounds or objects
+    void addLetter();
+    void removeLetter();
 
 protected:
     // Of the modes, which nobody can choose.
@@ -54,8 +57,7 @@ private:
     void remind();
     void paint(ColourValue text, ColourValue chooser);
     void replacementTyped(const QString& typed);
-    void addLetter();
-    void removeLetter();
+    void tell(const SoundsChanged& changed);
     void eraseLetter();
     void replaceLetter();
 

@@ -13,6 +13,8 @@ struct Message
     MessageIcon icon = MessageIcon::Information;
     BilingualText title;
     BilingualText text;
+    // What not everybody wants to read, line by line: a window folds it out, a console writes it below.
+    BilingualText details = {};
 };
 
 enum class Answer { Ok, Cancel, Yes, No, Other };
@@ -33,6 +35,9 @@ struct Question
     MessageIcon icon = MessageIcon::Question;
     // What the button of the agreement says in a window, where that is not OK or Yes.
     BilingualText agreement = {};
+    // As in a message; a preview is open from the start.
+    BilingualText details = {};
+    bool showsDetails = false;
 };
 
 } // namespace tavrel

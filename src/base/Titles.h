@@ -32,6 +32,7 @@ inline const BilingualText modification = BilingualText::same("Modification");
 inline const BilingualText acceptValues("Accept values", "Accepter les valeurs");
 inline const BilingualText line("Line", "Ligne");
 inline const BilingualText lines("Lines", "Lignes");
+inline const BilingualText pasteValues("Paste values", "Coller les valeurs");
 inline const BilingualText protectedLine("Select", "Sélection");
 
 inline const BilingualText chooseSample("Choose a Sample", "Choisir un Sample");
@@ -120,6 +121,7 @@ inline std::span<const BilingualText* const> all()
         &acceptValues,
         &line,
         &lines,
+        &pasteValues,
         &protectedLine,
         &chooseSample,
         &renameSample,

@@ -4,57 +4,32 @@
 #include "base/Titles.h"
 #include "catalogue/LineWords.h"
 
+#include <algorithm>
+
 namespace tavrel {
-
-namespace {
-
-char letterOf(LineFlag flag)
-{
-    constexpr std::string_view letters = "PVRNL";
-    return letters[static_cast<std::size_t>(flag)];
-}
-
-// For a record that may be changed and for one that may not.
-template <typename Record>
-auto& valueField(Record& record, ValueBox box)
-{
-    switch (box) {
-    case ValueBox::Vol:
-        return record.Vol;
-    case ValueBox::Pit:
-        return record.Pit;
-    case ValueBox::Rad:
-        return record.Rad;
-    case ValueBox::Ch:
-        break;
-    }
-    return record.Ch;
-}
-
-template <typename Record>
-auto& flagField(Record& record, LineFlag flag)
-{
-    switch (flag) {
-    case LineFlag::P:
-        return record.FlagP;
-    case LineFlag::V:
-        return record.FlagV;
-    case LineFlag::R:
-    case LineFlag::N:
-        return record.FlagRN;
-    case LineFlag::L:
-        break;
-    }
-    return record.FlagL;
-}
-
-} // namespace
 
 void LineEditor::select(std::optional<std::size_t> number)
 {
+    select(number ? std::vector{*number} : std::vector<std::size_t>(), number);
+}
+
+void LineEditor::select(std::vector<std::size_t> numbers, std::optional<std::size_t> current)
+{
+    m_selected = current;
+    m_numbers = std::move(numbers);
+    m_lines.clear();
+    for (const std::size_t number : m_numbers) {
+        if (number < m_catalogue->size() && !m_catalogue->isProtected(number)) {
+            m_lines.push_back(ParseSoundLine(m_catalogue->currentLine(number)));
+        }
+    }
+    putBack({});
+}
+
+void LineEditor::makeCurrent(std::optional<std::size_t> number)
+{
     m_selected = number;
-    m_record = canEdit() ? ParseSoundLine(m_catalogue->currentLine(*number)) : SoundLine();
-    m_unedited = m_record;
+    editChanged();
 }
 
 bool LineEditor::canEdit() const
@@ -62,36 +37,107 @@ bool LineEditor::canEdit() const
     return m_selected && *m_selected < m_catalogue->size() && !m_catalogue->isProtected(*m_selected);
 }
 
+void LineEditor::putBack(const LineEdit& edit)
+{
+    m_edit = edit;
+    editChanged();
+}
+
+void LineEditor::editChanged()
+{
+    m_record =
+        canEdit() ? m_edit.applied(ParseSoundLine(m_catalogue->currentLine(*m_selected))) : SoundLine();
+    m_edited = m_edit != LineEdit() && std::ranges::any_of(m_lines, [this](const SoundLine& line) {
+                   return m_edit.applied(line) != line;
+               });
+}
+
 std::string LineEditor::setValue(ValueBox box, std::string_view typed, bool userIsTyping)
 {
     std::string text = correctedBoxText(box, typed, userIsTyping);
-    valueField(m_record, box) = fieldFromBox(box, text);
+    m_edit.value(box) = LineEdit::Value{text};
+    editChanged();
     return text;
 }
 
-std::string LineEditor::boxText(ValueBox box) const
+bool LineEditor::stepValue(ValueBox box, int by)
 {
-    return boxFromField(box, valueField(m_record, box).trimmed());
+    LineEdit::Value value = m_edit.value(box).value_or(LineEdit::Value());
+    if (value.text) {
+        value.text = steppedBoxText(box, *value.text, by);
+    } else {
+        // No further than one of the lines can go, or the way back would begin with steps that do nothing.
+        const int wanted = value.by + by;
+        value.by = 0;
+        for (const SoundLine& line : m_lines) {
+            const std::string text = tavrel::boxText(line, box);
+            const int steps = stepsBetween(box, text, steppedBoxText(box, text, wanted));
+            value.by = wanted < 0 ? std::min(value.by, steps) : std::max(value.by, steps);
+        }
+    }
+    if (m_edit.value(box).value_or(LineEdit::Value()) == value) {
+        return false;
+    }
+    m_edit.value(box) = value;
+    editChanged();
+    return true;
+}
+
+std::optional<std::string> LineEditor::commonText(ValueBox box) const
+{
+    std::optional<std::string> common;
+    for (const SoundLine& line : m_lines) {
+        std::string text = tavrel::boxText(line, box);
+        if (m_edit.value(box)) {
+            text = boxFromField(box, fieldFromBox(box, m_edit.valueText(box, text)));
+        }
+        if (common.value_or(text) != text) {
+            return std::nullopt;
+        }
+        common = text;
+    }
+    return common.value_or(std::string());
 }
 
 void LineEditor::setFlag(LineFlag flag, bool on)
 {
-    const char letter = letterOf(flag);
-    if (on) {
-        flagField(m_record, flag) = std::string_view(&letter, 1);
-    } else if (hasFlag(flag)) { // clearing R leaves an N in the shared field alone
-        flagField(m_record, flag) = "";
-    }
+    m_edit.setFlag(flag, on);
+    editChanged();
 }
 
-bool LineEditor::hasFlag(LineFlag flag) const
+std::optional<bool> LineEditor::commonFlag(LineFlag flag) const
 {
-    return flagField(m_record, flag).view().front() == letterOf(flag);
+    std::optional<bool> common;
+    for (const SoundLine& line : m_lines) {
+        const bool has = m_edit.flag(flag).value_or(tavrel::hasFlag(line, flag));
+        if (common.value_or(has) != has) {
+            return std::nullopt;
+        }
+        common = has;
+    }
+    return common.value_or(false);
 }
 
 bool LineEditor::accept(Dialogs& dialogs)
 {
-    return canEdit() && confirmComposing(dialogs) && store(m_record, titles::acceptValues, dialogs);
+    m_report = {};
+    if (!canEditAny()) {
+        return false;
+    }
+    // Whoever follows the lines selects them anew meanwhile.
+    const bool several = isSeveral();
+    const std::vector<std::size_t> numbers = m_numbers;
+    const LineEdit edit = m_edit;
+    const SoundsChanged changed = editSounds(*m_catalogue, numbers, edit, titles::acceptValues, dialogs);
+    tellRefused(changed, titles::acceptValues, dialogs);
+    if (!changed.agreed || (changed.changed == 0 && !changed.refused.empty())) {
+        return false;
+    }
+    if (several) {
+        m_report = changed.report();
+    }
+    select(m_numbers, m_selected);
+    return true;
 }
 
 bool LineEditor::confirmComposing(Dialogs& dialogs) const
@@ -116,25 +162,15 @@ bool LineEditor::storeLetters(std::string letters, Dialogs& dialogs)
 
 bool LineEditor::store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs)
 {
-    const std::string line = ComposeSoundLine(record);
-    if (ParseSoundLine(line).sampleCount() > record.sampleCount()) {
-        dialogs.show(
-            {MessageIcon::Exclamation,
-             title,
-             {"This line has no sample: its values or letters would be read as one. Add a sample first.",
-              "Cette ligne n'a pas de sample : ses valeurs ou ses lettres seraient lues comme un sample. "
-              "Ajoutez d'abord un sample."}});
+    const std::size_t number = m_selected.value();
+    const SoundsChange change{stepLabel(title, *m_catalogue, number), title,
+                              [&](std::size_t) { return composeEdited(record); }};
+    const SoundsChanged changed = changeSounds(*m_catalogue, {&number, 1}, change, dialogs);
+    tellRefused(changed, title, dialogs);
+    if (!changed.refused.empty()) {
         return false;
     }
-    const Problem problem = [&] {
-        const Step step(*m_catalogue, stepLabel(title, *m_catalogue, m_selected.value()));
-        return m_catalogue->setCurrentLine(m_selected.value(), line);
-    }();
-    if (problem) {
-        dialogs.show({MessageIcon::Exclamation, title, problem->text});
-        return false;
-    }
-    select(m_selected);
+    select(m_numbers, m_selected);
     return true;
 }
 
@@ -150,7 +186,7 @@ bool LineEditor::mayLeave(Dialogs& dialogs)
     case Answer::Yes:
         return accept(dialogs);
     case Answer::No:
-        select(m_selected);
+        select(m_numbers, m_selected);
         return true;
     default:
         return false;
@@ -166,34 +202,52 @@ Message protectedLineRefusal()
 
 namespace {
 
-void setLine(SoundCatalogue& catalogue, std::size_t number, const std::string& text,
-             const BilingualText& command, const BilingualText& title, Dialogs& dialogs)
+// The lines as they stood elsewhere.
+SoundsChanged putLinesBack(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                           const BilingualText& command,
+                           const std::function<const std::string&(std::size_t)>& line, Dialogs& dialogs)
 {
-    const Problem problem = [&] {
-        const Step step(catalogue, stepLabel(command, catalogue, number));
-        return catalogue.setCurrentLine(number, text);
-    }();
-    if (problem) {
-        dialogs.show({MessageIcon::Exclamation, title, problem->text});
-    }
+    const SoundsChange change{stepLabel(command, catalogue, numbers), titles::line,
+                              [&](std::size_t number) -> Result<std::string> { return line(number); }};
+    SoundsChanged changed = changeSounds(catalogue, numbers, change, dialogs);
+    tellRefused(changed, titles::line, dialogs);
+    return changed;
 }
 
 } // namespace
 
-bool restoreLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs)
+std::optional<SoundsChanged> restoreLines(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                                          Dialogs& dialogs)
 {
-    const Question question{
+    Question question{
         titles::line, {"Restore Original line", "Restaurer la ligne d'origine"}, Buttons::YesNo};
-    if (dialogs.ask(question) != Answer::Yes) {
-        return false;
+    const BilingualText command = question.text;
+    if (numbers.size() > 1) {
+        const std::string count = std::to_string(numbers.size());
+        question.text = {"Restore the original lines of " + count + " sounds",
+                         "Restaurer les lignes d'origine de " + count + " sons"};
     }
-    setLine(catalogue, number, catalogue.originalLine(number), question.text, question.title, dialogs);
-    return true;
+    if (dialogs.ask(question) != Answer::Yes) {
+        return std::nullopt;
+    }
+    return putLinesBack(
+        catalogue, numbers, command,
+        [&](std::size_t number) -> const std::string& { return catalogue.originalLine(number); }, dialogs);
+}
+
+SoundsChanged backToFileLines(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                              Dialogs& dialogs)
+{
+    // A line that was put in since has none there.
+    const auto line = [&](std::size_t number) -> const std::string& {
+        return catalogue.lineInFile(number) == 0 ? catalogue.currentLine(number) : catalogue.fileLine(number);
+    };
+    return putLinesBack(catalogue, numbers, backToFileLabel(), line, dialogs);
 }
 
 void backToFileLine(SoundCatalogue& catalogue, std::size_t number, Dialogs& dialogs)
 {
-    setLine(catalogue, number, catalogue.fileLine(number), backToFileLabel(), titles::line, dialogs);
+    backToFileLines(catalogue, {&number, 1}, dialogs);
 }
 
 BilingualText backToFileLabel()

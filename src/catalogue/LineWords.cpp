@@ -93,13 +93,36 @@ std::string listedWords(const std::vector<std::string>& words)
     return words.size() > mostWords ? list + " ..." : list;
 }
 
+namespace {
+
+BilingualText describe(const WordChanges& changes)
+{
+    BilingualText text;
+    if (!changes.vanishing.empty()) {
+        text += BilingualText("\nLost: ", "\nPerdus : ") + listedWords(changes.vanishing);
+    }
+    if (!changes.appearing.empty()) {
+        text += BilingualText("\nNew: ", "\nNouveaux : ") + listedWords(changes.appearing);
+    }
+    return text;
+}
+
+} // namespace
+
 bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs)
 {
     std::string numbers;
+    BilingualText details;
     for (const ComposedLine& line : lines) {
-        if (!wordsChangedByComposing(line.text).none()) {
-            numbers += (numbers.empty() ? "" : ", ") + std::to_string(line.number);
+        const WordChanges changes = wordsChangedByComposing(line.text);
+        if (changes.none()) {
+            continue;
         }
+        const std::string number = std::to_string(line.number);
+        details += (numbers.empty() ? "" : "\n") + number + ": " +
+                   shownText(line.text.substr(0, line.text.find(':')));
+        details += describe(changes);
+        numbers += (numbers.empty() ? "" : ", ") + number;
     }
     if (numbers.empty()) {
         return true;
@@ -109,7 +132,9 @@ bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs)
             numbers + "\nWrite the lines anew?",
         "Les lignes de ces sons contiennent des mots que Tavrel lit autrement. Les réécrire les modifie : " +
             numbers + "\nRéécrire les lignes ?");
-    return dialogs.ask({titles::lines, text, Buttons::YesNo, true}) == Answer::Yes;
+    Question question{titles::lines, text, Buttons::YesNo, true};
+    question.details = details;
+    return dialogs.ask(question) == Answer::Yes;
 }
 
 bool confirmComposing(std::string_view line, Dialogs& dialogs)
@@ -121,12 +146,7 @@ bool confirmComposing(std::string_view line, Dialogs& dialogs)
     BilingualText text(
         "This line holds words that Tavrel reads in another way. Writing it anew changes them.",
         "Cette ligne contient des mots que Tavrel lit autrement. La réécrire les modifie.");
-    if (!changes.vanishing.empty()) {
-        text += BilingualText("\nLost: ", "\nPerdus : ") + listedWords(changes.vanishing);
-    }
-    if (!changes.appearing.empty()) {
-        text += BilingualText("\nNew: ", "\nNouveaux : ") + listedWords(changes.appearing);
-    }
+    text += describe(changes);
     text += BilingualText("\nWrite the line anew?", "\nRéécrire la ligne ?");
     return dialogs.ask({titles::line, text, Buttons::YesNo, true}) == Answer::Yes;
 }

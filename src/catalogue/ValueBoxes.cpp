@@ -10,21 +10,7 @@ namespace tavrel {
 namespace {
 
 constexpr int largestValue = 99;
-
-std::string_view keyword(ValueBox box)
-{
-    switch (box) {
-    case ValueBox::Vol:
-        return "VOL";
-    case ValueBox::Pit:
-        return "PIT";
-    case ValueBox::Rad:
-        return "RAD";
-    case ValueBox::Ch:
-        return "CH";
-    }
-    return {};
-}
+constexpr int fullValue = 100; // what an empty volume or probability means
 
 int valueOf(std::string_view text)
 {
@@ -50,7 +36,33 @@ std::string correctedVolume(std::string_view text)
     return text.starts_with(' ') ? std::string() : std::string(text);
 }
 
+bool isPercentage(ValueBox box)
+{
+    return box == ValueBox::Vol || box == ValueBox::Ch;
+}
+
+// No value is the same as 0 for a pitch and the smallest step for a radius.
+int steppingValue(ValueBox box, std::string_view text)
+{
+    return text.empty() && isPercentage(box) ? fullValue : valueOf(text);
+}
+
 } // namespace
+
+std::string_view keyword(ValueBox box)
+{
+    switch (box) {
+    case ValueBox::Vol:
+        return "VOL";
+    case ValueBox::Pit:
+        return "PIT";
+    case ValueBox::Rad:
+        return "RAD";
+    case ValueBox::Ch:
+        return "CH";
+    }
+    return {};
+}
 
 std::size_t maximumLength(ValueBox box)
 {
@@ -70,6 +82,33 @@ std::string correctedBoxText(ValueBox box, std::string_view typed, bool userIsTy
         return valueOf(text) <= 0 ? std::string() : std::string(text);
     }
     return {};
+}
+
+std::optional<int> heardValue(ValueBox box, std::string_view text)
+{
+    if (text.empty() && box == ValueBox::Rad) {
+        return std::nullopt;
+    }
+    return steppingValue(box, text);
+}
+
+std::string steppedBoxText(ValueBox box, std::string_view text, int by)
+{
+    const int least = box == ValueBox::Pit ? -largestValue : isPercentage(box) ? 1 : 0;
+    const int most = isPercentage(box) ? fullValue : largestValue;
+    const int before = steppingValue(box, text);
+    const int after = std::clamp(before + by, least, most);
+    // A value below the limit, which only a file can have, is not raised by a step down.
+    if (after == before || (after < before) != (by < 0)) {
+        return std::string(text);
+    }
+    const bool isNone = after == (isPercentage(box) ? fullValue : 0);
+    return isNone ? std::string() : std::to_string(after);
+}
+
+int stepsBetween(ValueBox box, std::string_view from, std::string_view to)
+{
+    return steppingValue(box, to) - steppingValue(box, from);
 }
 
 std::string fieldFromBox(ValueBox box, std::string_view text)

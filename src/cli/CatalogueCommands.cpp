@@ -133,18 +133,17 @@ ExitStatus showSound(std::size_t number, Console& console)
 
 // set
 
-constexpr std::array<std::pair<char, LineFlag>, 5> flagLetters = {
-    {{'P', LineFlag::P}, {'V', LineFlag::V}, {'R', LineFlag::R}, {'N', LineFlag::N}, {'L', LineFlag::L}}};
-
 struct SetArguments
 {
-    std::size_t number = 0;
-    std::array<std::optional<std::string>, 4> values; // in the order of ValueBox
+    SoundsArgument sounds;
+    std::array<std::optional<std::string>, valueBoxCount> values; // in the order of ValueBox
+    std::array<std::optional<std::string>, valueBoxCount> steps;
     std::optional<std::string> flags;
     std::optional<std::string> samples;
     std::optional<std::string> wadName;
 
     std::optional<std::string>& value(ValueBox box) { return values[static_cast<std::size_t>(box)]; }
+    std::optional<std::string>& step(ValueBox box) { return steps[static_cast<std::size_t>(box)]; }
 };
 
 // What the keyboard can put into the box, without zeros that would push digits out of it. The pitch is cut to
@@ -180,31 +179,45 @@ std::optional<BilingualText> checkFlags(std::string& argument)
                          "[" + argument + "] ne sont pas des flags ; il y a P, V, R, N et L");
 }
 
-void setValues(LineEditor& editor, const SetArguments& arguments, Console& console)
+std::optional<BilingualText> checkSteps(std::string& argument)
 {
-    for (const ValueBox box : {ValueBox::Vol, ValueBox::Pit, ValueBox::Rad, ValueBox::Ch}) {
-        const std::optional<std::string>& typed = arguments.values[static_cast<std::size_t>(box)];
-        if (!typed) {
-            continue;
-        }
-        const std::string corrected = editor.setValue(box, *typed, false);
-        if (corrected != *typed) {
-            console.dialogs.say({"[" + *typed + "] becomes [" + corrected + "]",
-                                 "[" + *typed + "] devient [" + corrected + "]"});
-        }
+    constexpr std::size_t mostDigits = 3;
+    const bool isSigned = argument.starts_with('-') || argument.starts_with('+');
+    if (isNumber(std::string_view(argument).substr(isSigned ? 1 : 0), mostDigits)) {
+        argument.erase(0, argument.starts_with('+') ? 1 : 0);
+        return std::nullopt;
     }
+    return BilingualText("[" + argument + "] is no number of steps",
+                         "[" + argument + "] n'est pas un nombre de pas");
 }
 
-// Like ticking boxes one after another: of R and N the later one stays.
-void setFlags(LineEditor& editor, const std::string& flags)
+// What the options say, for any line.
+LineEdit editOf(const SetArguments& arguments, Console& console)
 {
-    for (const auto& [letter, flag] : flagLetters) {
-        editor.setFlag(flag, false);
+    LineEdit edit;
+    for (const ValueBox box : allValueBoxes) {
+        if (const auto& steps = arguments.steps[static_cast<std::size_t>(box)]) {
+            edit.value(box) = LineEdit::Value{std::nullopt, leadingNumber(*steps)};
+        }
+        if (const auto& typed = arguments.values[static_cast<std::size_t>(box)]) {
+            const std::string corrected = correctedBoxText(box, *typed, false);
+            edit.value(box) = LineEdit::Value{corrected};
+            if (corrected != *typed) {
+                console.dialogs.say({"[" + *typed + "] becomes [" + corrected + "]",
+                                     "[" + *typed + "] devient [" + corrected + "]"});
+            }
+        }
     }
-    for (const char wanted : flags) {
-        editor.setFlag(std::ranges::find(flagLetters, wanted, &std::pair<char, LineFlag>::first)->second,
-                       true);
+    if (arguments.flags) {
+        // Like ticking boxes one after another: of R and N the later one stays.
+        for (const LineFlag flag : allLineFlags) {
+            edit.setFlag(flag, false);
+        }
+        for (const char wanted : *arguments.flags) {
+            edit.setFlag(*std::ranges::find(allLineFlags, wanted, letterOf), true);
+        }
     }
+    return edit;
 }
 
 std::vector<std::string> wordsOf(std::string_view text)
@@ -218,29 +231,60 @@ std::vector<std::string> wordsOf(std::string_view text)
     return words;
 }
 
-ExitStatus setSound(const SetArguments& arguments, Console& console)
+bool setSound(Session& session, std::size_t number, const SetArguments& arguments, Console& console)
+{
+    LineEditor editor(session.catalogue());
+    editor.select(number);
+    if (!editor.canEdit()) {
+        console.dialogs.show(protectedLineRefusal());
+        return false;
+    }
+    editor.putBack(editOf(arguments, console));
+    return arguments.samples
+               ? setSamples(editor, wordsOf(*arguments.samples), session.places().samples, console.dialogs)
+               : !editor.edited() || editor.accept(console.dialogs);
+}
+
+// Those that cannot be changed are left out.
+bool setManySounds(Session& session, std::vector<std::size_t> numbers, const SetArguments& arguments,
+                   Console& console)
+{
+    if (arguments.samples) {
+        console.dialogs.refuse({"Samples are set for one sound at a time.",
+                                "Les samples se règlent pour un seul son à la fois."});
+        return false;
+    }
+    LineEditor editor(session.catalogue());
+    const std::size_t first = numbers.front();
+    std::ranges::sort(numbers);
+    editor.select(std::move(numbers), first);
+    editor.putBack(editOf(arguments, console));
+    if (editor.edited() && !editor.accept(console.dialogs)) {
+        return false;
+    }
+    if (!editor.report().empty()) {
+        console.dialogs.say(editor.report());
+    }
+    return true;
+}
+
+ExitStatus setSounds(const SetArguments& arguments, Console& console)
 {
     const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();
     }
-    if (!hasSound(*session, arguments.number, console)) {
+    const std::optional<std::vector<std::size_t>> numbers = soundsOf(arguments.sounds, *session, console);
+    if (!numbers) {
         return ExitStatus::Refused;
     }
-    LineEditor editor(session->catalogue());
-    editor.select(arguments.number);
-    if (!editor.canEdit()) {
-        console.dialogs.show(protectedLineRefusal());
+    const bool accepted = numbers->size() == 1 ? setSound(*session, numbers->front(), arguments, console)
+                                               : setManySounds(*session, *numbers, arguments, console);
+    if (!accepted) {
         return ExitStatus::Refused;
     }
-    setValues(editor, arguments, console);
-    if (arguments.flags) {
-        setFlags(editor, *arguments.flags);
-    }
-    const bool accepted = arguments.samples ? setSamples(editor, wordsOf(*arguments.samples),
-                                                         session->places().samples, console.dialogs)
-                                            : !editor.edited() || editor.accept(console.dialogs);
-    return accepted ? apply(*session, arguments.wadName, console) : ExitStatus::Refused;
+    const ExitStatus status = apply(*session, arguments.wadName, console);
+    return std::max(status, console.dialogs.status());
 }
 
 void addSet(const Menu& menu)
@@ -250,14 +294,20 @@ void addSet(const Menu& menu)
                               "Deux chiffres au plus ; un texte vide vide le champ");
     const BilingualText pitch("From -99 to 99; an empty text empties the field",
                               "De -99 à 99 ; un texte vide vide le champ");
+    const BilingualText steps("So much up or down, as far as the value can go",
+                              "D'autant vers le haut ou le bas, dans les limites de la valeur");
     CommandEntry set =
-        menu.command("set", {"Change one sound and write sounds.txt", "Modifier un son et écrire sounds.txt"},
-                     [arguments](Console& console) { return setSound(*arguments, console); });
-    set.number("N", {"The sound's number", "Le numéro du son"}, arguments->number)
+        menu.command("set", {"Change sounds and write sounds.txt", "Modifier des sons et écrire sounds.txt"},
+                     [arguments](Console& console) { return setSounds(*arguments, console); });
+    set.sounds(arguments->sounds)
         .optionalText("--vol", value, arguments->value(ValueBox::Vol), checkOf(ValueBox::Vol))
         .optionalText("--pit", pitch, arguments->value(ValueBox::Pit), checkOf(ValueBox::Pit))
         .optionalText("--rad", value, arguments->value(ValueBox::Rad), checkOf(ValueBox::Rad))
         .optionalText("--ch", value, arguments->value(ValueBox::Ch), checkOf(ValueBox::Ch))
+        .optionalText("--vol-by", steps, arguments->step(ValueBox::Vol), checkSteps)
+        .optionalText("--pit-by", steps, arguments->step(ValueBox::Pit), checkSteps)
+        .optionalText("--rad-by", steps, arguments->step(ValueBox::Rad), checkSteps)
+        .optionalText("--ch-by", steps, arguments->step(ValueBox::Ch), checkSteps)
         .optionalText("--flags",
                       {"All flags of the line, of PVRNL; an empty text takes all off",
                        "Tous les flags de la ligne, parmi PVRNL ; un texte vide les enlève tous"},

@@ -54,7 +54,7 @@ std::optional<Answer> answerFor(std::string_view typed, Buttons buttons)
 
 void ConsoleDialogs::show(const Message& message)
 {
-    write(inLanguage(message.title) + ": " + inLanguage(message.text) + "\n");
+    write(inLanguage(message.title) + ": " + inLanguage(message.text) + "\n" + detailsOf(message.details));
     if (message.icon == MessageIcon::Critical) {
         note(ExitStatus::FileFailure);
     } else if (message.icon == MessageIcon::Exclamation) {
@@ -65,10 +65,11 @@ void ConsoleDialogs::show(const Message& message)
 Answer ConsoleDialogs::ask(const Question& question)
 {
     if (question.buttons == Buttons::Ok) {
-        show({question.icon, question.title, question.text});
+        show({question.icon, question.title, question.text, question.details});
         return Answer::Ok;
     }
-    write(inLanguage(question.title) + ": " + inLanguage(question.text) +
+    // What is answered comes last.
+    write(detailsOf(question.details) + inLanguage(question.title) + ": " + inLanguage(question.text) +
           inLanguage(choices(question.buttons)));
     if (m_agreesToAll && !question.needsAPerson) {
         write(inLanguage({"yes\n", "oui\n"}));
@@ -85,6 +86,11 @@ Answer ConsoleDialogs::ask(const Question& question)
                                 "L'option --yes ne répond pas oui à cette question.")
                 : BilingualText("The option --yes agrees to it.", "L'option --yes y répond oui.")));
     return silence(question.buttons);
+}
+
+std::string ConsoleDialogs::detailsOf(const BilingualText& details) const
+{
+    return details.empty() ? std::string() : inLanguage(details) + "\n";
 }
 
 Answer ConsoleDialogs::answerAtTerminal(const Question& question)

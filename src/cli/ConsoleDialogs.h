@@ -33,6 +33,7 @@ public:
     const std::string& inLanguage(const BilingualText& text) const { return text.in(m_language); }
 
 private:
+    std::string detailsOf(const BilingualText& details) const;
     Answer answerAtTerminal(const Question& question);
     void write(const std::string& text);
     void note(ExitStatus status);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <span>
 
 namespace tavrel {
 
@@ -18,7 +19,7 @@ struct LetterArguments
 {
     std::string letter;
     std::string newLetter;
-    std::vector<std::size_t> numbers;
+    SoundsArgument sounds;
     std::optional<std::string> wadName;
 };
 
@@ -29,9 +30,6 @@ std::string shown(std::string_view letter)
 
 bool mayEdit(Session& session, std::size_t number, Console& console)
 {
-    if (!hasSound(session, number, console)) {
-        return false;
-    }
     if (session.catalogue().isProtected(number)) {
         console.dialogs.show(protectedLineRefusal());
         return false;
@@ -53,14 +51,15 @@ bool removeLetter(LineEditor& editor, const std::string& letter, Console& consol
 
 // Sounds that refuse the change stay as they are; the others are written.
 template <typename Change>
-ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Change change, Console& console)
+ExitStatus changeEach(Session& session, std::span<const std::size_t> numbers,
+                      const LetterArguments& arguments, Change change, Console& console)
 {
-    if (!std::ranges::all_of(arguments.numbers,
+    if (!std::ranges::all_of(numbers,
                              [&](std::size_t number) { return mayEdit(session, number, console); })) {
         return ExitStatus::Refused;
     }
     LineEditor editor(session.catalogue());
-    for (const std::size_t number : arguments.numbers) {
+    for (const std::size_t number : numbers) {
         editor.select(number);
         if (!change(editor)) {
             const std::string sound = std::to_string(number);
@@ -71,6 +70,17 @@ ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Chan
     return apply(session, arguments.wadName, console);
 }
 
+ExitStatus applyAll(Session& session, const SoundsChanged& changed, const LetterArguments& arguments,
+                    Console& console)
+{
+    if (!changed.agreed) {
+        return ExitStatus::Refused;
+    }
+    console.dialogs.say(changed.report());
+    const ExitStatus status = apply(session, arguments.wadName, console);
+    return std::max(status, console.dialogs.status());
+}
+
 ExitStatus addLetters(const LetterArguments& arguments, Console& console)
 {
     const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
@@ -78,13 +88,18 @@ ExitStatus addLetters(const LetterArguments& arguments, Console& console)
         return console.dialogs.status();
     }
     const std::optional<CurrentWad> wad = wadWithLetter(*session, arguments.letter, console);
-    if (!wad) {
+    const auto numbers = wad ? soundsOf(arguments.sounds, *session, console) : std::nullopt;
+    if (!numbers) {
         return ExitStatus::Refused;
+    }
+    if (!arguments.sounds.namesEach) {
+        return applyAll(*session, addLetterToSounds(session->catalogue(), *numbers, *wad, console.dialogs),
+                        arguments, console);
     }
     const auto add = [&](LineEditor& editor) {
         return addLetterToLine(editor, *wad, console.dialogs) == AddedLetter::Added;
     };
-    return changeSounds(*session, arguments, add, console);
+    return changeEach(*session, *numbers, arguments, add, console);
 }
 
 ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
@@ -93,8 +108,18 @@ ExitStatus removeLetters(const LetterArguments& arguments, Console& console)
     if (!session) {
         return console.dialogs.status();
     }
+    const auto numbers = soundsOf(arguments.sounds, *session, console);
+    if (!numbers) {
+        return ExitStatus::Refused;
+    }
+    if (!arguments.sounds.namesEach) {
+        return applyAll(
+            *session,
+            removeLetterFromSounds(session->catalogue(), *numbers, arguments.letter, console.dialogs),
+            arguments, console);
+    }
     const auto remove = [&](LineEditor& editor) { return removeLetter(editor, arguments.letter, console); };
-    return changeSounds(*session, arguments, remove, console);
+    return changeEach(*session, *numbers, arguments, remove, console);
 }
 
 ExitStatus eraseLetters(const LetterArguments& arguments, Console& console)
@@ -172,13 +197,12 @@ void addLetterCommands(const Menu& menu)
         menu.group("letters", {"Give letters to sounds and take them off, and write sounds.txt",
                                "Donner des lettres aux sons et les enlever, et écrire sounds.txt"});
     const BilingualText letter("The letter of a WAD", "La lettre d'un WAD");
-    const BilingualText numbers("The sounds' numbers", "Les numéros des sons");
     AddedCommand add =
         addCommand(letters, "add", {"Give the letter to sounds", "Donner la lettre à des sons"}, addLetters);
-    add.entry.letter("X", letter, add.arguments.letter).numbers("N", numbers, add.arguments.numbers);
+    add.entry.letter("X", letter, add.arguments.letter).sounds(add.arguments.sounds);
     AddedCommand remove = addCommand(
         letters, "remove", {"Take the letter off sounds", "Enlever la lettre à des sons"}, removeLetters);
-    remove.entry.letter("X", letter, remove.arguments.letter).numbers("N", numbers, remove.arguments.numbers);
+    remove.entry.letter("X", letter, remove.arguments.letter).sounds(remove.arguments.sounds);
     AddedCommand erase = addCommand(
         letters, "erase", {"Take the letter off every line", "Enlever la lettre de toutes les lignes"},
         eraseLetters);

@@ -39,6 +39,15 @@ std::optional<BilingualText> checkSoundNumber(std::string& argument)
                          "[" + argument + "] n'est pas un numéro de son");
 }
 
+std::optional<BilingualText> checkSoundNumbers(std::string& argument)
+{
+    if (parseRanges(argument)) {
+        return std::nullopt;
+    }
+    return BilingualText("[" + argument + "] is no number of a sound, and no range like 5-9",
+                         "[" + argument + "] n'est ni un numéro de son, ni une plage comme 5-9");
+}
+
 std::optional<BilingualText> toLetter(std::string& argument)
 {
     if (argument.starts_with('#')) {
@@ -124,18 +133,37 @@ CommandEntry& CommandEntry::number(const std::string& name, const BilingualText&
     return *this;
 }
 
-CommandEntry& CommandEntry::numbers(const std::string& name, const BilingualText& what,
-                                    std::vector<std::size_t>& targets)
+CommandEntry& CommandEntry::sounds(SoundsArgument& target)
 {
-    const auto store = [&targets](const std::vector<std::string>& values) {
+    const auto storeNumbers = [&target](const std::vector<std::string>& values) {
         for (const std::string& value : values) {
-            targets.push_back(std::stoul(value));
+            const std::vector<SoundsArgument::Range> ranges = parseRanges(value).value();
+            target.ranges.insert(target.ranges.end(), ranges.begin(), ranges.end());
+            target.namesEach = target.namesEach && value.find('-') == std::string::npos;
         }
     };
-    m_app.add_option_function<std::vector<std::string>>(name, store, what.in(m_language))
+    const BilingualText what("Numbers of sounds, and ranges of them: 1,5-9",
+                             "Les numéros des sons, et des plages : 1,5-9");
+    m_app.add_option_function<std::vector<std::string>>("N", storeNumbers, what.in(m_language))
         ->type_name("")
-        ->required()
-        ->transform(validator(checkSoundNumber, m_language));
+        ->transform(validator(checkSoundNumbers, m_language));
+    const auto storeFilter = [&target](const std::string& value) {
+        target.where = value;
+        target.namesEach = false;
+    };
+    add("--where",
+        {"Only sounds that these words list, as the filter of the window does: \"#oa ch<20\"",
+         "Seulement les sons que ces mots retiennent, comme le filtre de la fenêtre : « #oa ch<20 »"},
+        toCodePage, storeFilter)
+        .required(false);
+    const std::string missing = BilingualText("Name the sounds, or say which with --where",
+                                              "Nommez les sons, ou dites lesquels avec --where")
+                                    .in(m_language);
+    m_app.parse_complete_callback([&target, missing] {
+        if (!target.isGiven()) {
+            throw CLI::ValidationError("N", missing);
+        }
+    });
     return *this;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/Console.h"
+#include "cli/SoundsArgument.h"
 
 #include <CLI/CLI.hpp>
 #include <cstddef>
@@ -35,8 +36,8 @@ public:
     // A "#" before the letter may be left out.
     CommandEntry& letter(const std::string& name, const BilingualText& what, std::string& target);
     CommandEntry& number(const std::string& name, const BilingualText& what, std::size_t& target);
-    CommandEntry& numbers(const std::string& name, const BilingualText& what,
-                          std::vector<std::size_t>& targets);
+    // Numbers and ranges "N", and "--where"; one of them is needed.
+    CommandEntry& sounds(SoundsArgument& target);
     CommandEntry& path(const std::string& name, const BilingualText& what, std::filesystem::path& target);
     // At least one.
     CommandEntry& paths(const std::string& name, const BilingualText& what,

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <set>
 
 namespace tavrel {
 
@@ -29,7 +30,7 @@ FmObject::FmObject(QWidget* parent, const SoundCatalogue& catalogue, const Colou
     layOut(colours);
     showCaptions(language);
     connect(m_types, &QListWidget::currentRowChanged, this, &FmObject::fillObjects);
-    connect(m_objects, &QListWidget::currentRowChanged, this, &FmObject::fillSounds);
+    connect(m_objects, &QListWidget::itemSelectionChanged, this, &FmObject::fillSounds);
     connect(m_objects, &QListWidget::itemDoubleClicked, this, &FmObject::choose);
     connect(m_ok, &QPushButton::clicked, this, &FmObject::choose);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -55,6 +56,7 @@ void FmObject::layOut(const ColourScheme& colours)
         paintWith(*list, colours.slots[ColourScheme::mainWindowSlot]);
         ++column;
     }
+    m_objects->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_sounds->setSelectionMode(QAbstractItemView::NoSelection);
     m_sounds->setFocusPolicy(Qt::NoFocus);
     auto* const buttons = rowOf({m_ok, m_cancel});
@@ -73,11 +75,11 @@ void FmObject::showCaptions(Language language)
         {"LbOBJ", {"Object name", "Nom d'objet"}, {}},
         {"LbSID", {"Sound ID", "ID sons"}, {}},
         {"LiType", {}, {"Object type", "Type d'objet"}},
-        {"LiOBJ", {}, {"Object name", "Nom d'objet"}},
-        {"LiSID", {}, {"Sounds of the object", "Sons de l'objet"}},
+        {"LiOBJ", {}, {"Object name (Ctrl: several)", "Nom d'objet (Ctrl : plusieurs)"}},
+        {"LiSID", {}, {"Sounds of the objects", "Sons des objets"}},
         {"CdOK",
          {"Select", "Sélectionner"},
-         {"Work on the sounds of this object", "Travailler sur les sons de cet objet"}},
+         {"Work on the sounds of these objects", "Travailler sur les sons de ces objets"}},
         {"CdCancel", {"Cancel", "Annuler"}, {"Close without a choice", "Fermer sans choisir"}},
     };
     tavrel::showCaptions(*this, captions, language);
@@ -110,38 +112,44 @@ void FmObject::fillObjects()
     fillSounds();
 }
 
-const SoundObject* FmObject::selectedObject() const
+std::vector<const SoundObject*> FmObject::selectedObjects() const
 {
-    if (m_objects->currentItem() == nullptr) {
-        return nullptr;
+    std::vector<const SoundObject*> objects;
+    for (const QListWidgetItem* const item : m_objects->selectedItems()) {
+        const std::string name = toCodePage(item->text());
+        const std::string type = toCodePage(m_types->currentItem()->text());
+        const auto found = std::ranges::find_if(m_catalogue.objects(), [&](const SoundObject& object) {
+            return object.name == name && object.type == type;
+        });
+        if (found != m_catalogue.objects().end()) {
+            objects.push_back(&*found);
+        }
     }
-    const std::string name = toCodePage(m_objects->currentItem()->text());
-    const std::string type = toCodePage(m_types->currentItem()->text());
-    const auto found = std::ranges::find_if(m_catalogue.objects(), [&](const SoundObject& object) {
-        return object.name == name && object.type == type;
-    });
-    return found == m_catalogue.objects().end() ? nullptr : &*found;
+    return objects;
 }
 
 void FmObject::fillSounds()
 {
     m_sounds->clear();
-    const SoundObject* const object = selectedObject();
-    m_ok->setEnabled(object != nullptr);
-    if (object == nullptr) {
-        return;
-    }
-    for (const std::size_t number : object->sounds) {
-        if (number < m_catalogue.size()) {
-            m_sounds->addItem(fromCodePage(m_catalogue.listEntry(number)));
+    const std::vector<const SoundObject*> objects = selectedObjects();
+    m_ok->setEnabled(!objects.empty());
+    std::set<std::size_t> sounds; // objects share some
+    for (const SoundObject* const object : objects) {
+        for (const std::size_t number : object->sounds) {
+            if (number < m_catalogue.size() && sounds.insert(number).second) {
+                m_sounds->addItem(fromCodePage(m_catalogue.listEntry(number)));
+            }
         }
     }
 }
 
 void FmObject::choose()
 {
-    if (const SoundObject* const object = selectedObject()) {
-        m_chosenName = object->name;
+    m_chosenNames.clear();
+    for (const SoundObject* const object : selectedObjects()) {
+        m_chosenNames.push_back(object->name);
+    }
+    if (!m_chosenNames.empty()) {
         accept();
     }
 }

@@ -7,13 +7,15 @@
 #include "ui/TitledWindow.h"
 
 #include <string>
+#include <vector>
 
 class QListWidget;
 class QPushButton;
 
 namespace tavrel {
 
-// Chooses an object of the level editor by its type. Accepted with a name, or rejected.
+// Chooses objects of the level editor by their type, several with Ctrl, Shift or Space. Accepted with their
+// names, or rejected.
 class FmObject : public TitledWindow
 {
     Q_OBJECT
@@ -23,7 +25,7 @@ public:
              Language language);
 
     // Code page bytes.
-    const std::string& chosenName() const { return m_chosenName; }
+    const std::vector<std::string>& chosenNames() const { return m_chosenNames; }
 
 private:
     void layOut(const ColourScheme& colours);
@@ -31,7 +33,7 @@ private:
     void fillTypes();
     void fillObjects();
     void fillSounds();
-    const SoundObject* selectedObject() const;
+    std::vector<const SoundObject*> selectedObjects() const;
     void choose();
 
     const SoundCatalogue& m_catalogue;
@@ -40,7 +42,7 @@ private:
     QListWidget* m_sounds;
     QPushButton* m_ok;
     QPushButton* m_cancel;
-    std::string m_chosenName;
+    std::vector<std::string> m_chosenNames;
 };
 
 } // namespace tavrel

@@ -81,18 +81,18 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
     return true;
 }
 
-// The sounds of an object that a command may change.
-std::vector<std::size_t> soundsOfObject(const SoundCatalogue& catalogue, std::string_view object)
+// The sounds of objects that a command may change.
+std::vector<std::size_t> soundsOf(const SoundCatalogue& catalogue, std::span<const std::string> objects)
 {
     std::vector<std::size_t> sounds;
-    for (const SoundObject& candidate : catalogue.objects()) {
-        if (candidate.name == object) {
-            std::ranges::copy_if(candidate.sounds, std::back_inserter(sounds),
+    for (const std::string& name : objects) {
+        const auto object = std::ranges::find(catalogue.objects(), name, &SoundObject::name);
+        if (object != catalogue.objects().end()) {
+            std::ranges::copy_if(object->sounds, std::back_inserter(sounds),
                                  [&catalogue](std::size_t number) {
                                      return number < catalogue.size() && !catalogue.isGlobal(number) &&
                                             !catalogue.isProtected(number);
                                  });
-            break;
         }
     }
     std::ranges::sort(sounds);
@@ -100,48 +100,94 @@ std::vector<std::size_t> soundsOfObject(const SoundCatalogue& catalogue, std::st
     return sounds;
 }
 
-// The lines of the sounds that the rewrite would change.
-template <typename Rewrite>
-LineChanges changesOf(const SoundCatalogue& catalogue, const std::vector<std::size_t>& sounds,
-                      Rewrite rewrite)
+BilingualText objectsLabel(const BilingualText& title, std::span<const std::string> objects)
 {
-    LineChanges changes;
-    for (const std::size_t number : sounds) {
-        const std::string& line = catalogue.currentLine(number);
-        std::string text = rewrite(line);
-        if (text != line && haveSameSampleCount(line, text)) {
-            changes.push_back({number, std::move(text)});
+    std::string names;
+    for (const std::string& object : objects) {
+        names += ", " + shown(object);
+    }
+    return title + BilingualText::same(names);
+}
+
+BilingualText addLetterLabel(std::string_view letter)
+{
+    return BilingualText("Add letter", "Ajouter la lettre") + " #" + shown(letter);
+}
+
+BilingualText removeLetterLabel(std::string_view letter)
+{
+    return BilingualText("Remove letter", "Enlever la lettre") + " #" + shown(letter);
+}
+
+std::string joinedLetters(const std::vector<std::string>& letters)
+{
+    std::string text;
+    for (const std::string& letter : letters) {
+        text += (text.empty() ? "#" : " #") + letter;
+    }
+    return text;
+}
+
+// Behind the line, and apart from its last word.
+std::string withLetterBehind(const std::string& line, const std::string& letter)
+{
+    const bool endsApart = line.ends_with(' ') || line.ends_with('\t');
+    const std::string_view separator = endsApart ? "" : line.find('#') == std::string::npos ? "\t" : " ";
+    return line + std::string(separator) + "#" + letter;
+}
+
+// Nothing but the letters may be read in another way.
+bool differInLettersAlone(const std::string& before, const std::string& after)
+{
+    SoundLine left = ParseSoundLine(before);
+    SoundLine right = ParseSoundLine(after);
+    left.Letters.clear();
+    right.Letters.clear();
+    return left == right;
+}
+
+Result<std::string> lineWithLetter(const std::string& line, const std::string& letter)
+{
+    const std::string marked = "#" + letter;
+    if (line.find("#g") != std::string::npos ||
+        ParseSoundLine(line).Letters.find(marked) != std::string::npos) {
+        return line;
+    }
+    if (wordsChangedByComposing(line).none()) {
+        std::string composed = AddLetterByRecord(line, letter);
+        if (differInLettersAlone(line, composed)) {
+            return composed;
         }
     }
-    return changes;
+    std::string appended = withLetterBehind(line, letter);
+    const std::vector<std::string> letters = lettersOf(ParseSoundLine(appended));
+    if (differInLettersAlone(line, appended) && std::ranges::find(letters, letter) != letters.end()) {
+        return appended;
+    }
+    return Failure{{"A letter behind this line would be read as something else, or change how it is read.",
+                    "Une lettre derrière cette ligne serait lue autrement, ou changerait sa lecture."}};
 }
 
-// All of them as one step, or none.
-Problem change(SoundCatalogue& catalogue, LineChanges changes, const BilingualText& label)
+SoundsChanged notAgreed()
 {
-    const Step step(catalogue, label);
-    return catalogue.setCurrentLines(std::move(changes));
+    SoundsChanged nothing;
+    nothing.agreed = false;
+    return nothing;
 }
 
-bool applyToObject(SoundCatalogue& catalogue, std::string_view object, LineChanges changes,
-                   const BilingualText& title, Dialogs& dialogs)
+SoundsChanged addLetter(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                        const CurrentWad& wad, const BilingualText& label, Dialogs& dialogs)
 {
-    std::vector<ComposedLine> composed;
-    composed.reserve(changes.size());
-    for (const SoundCatalogue::LineChange& change : changes) {
-        composed.push_back({change.number, catalogue.currentLine(change.number)});
+    if (!RequireCurrentReference(wad, addTitle, dialogs)) {
+        return notAgreed();
     }
-    if (!confirmComposing(composed, dialogs)) {
-        return false;
-    }
-    const std::string count = std::to_string(changes.size());
-    const BilingualText label = title + BilingualText::same(", " + shown(object));
-    if (reported(change(catalogue, std::move(changes), label), title, dialogs)) {
-        return false;
-    }
-    dialogs.show({MessageIcon::Information, title,
-                  BilingualText(count + " line(s) changed", count + " ligne(s) modifiée(s)")});
-    return true;
+    const std::string letter = wad.letter;
+    const auto rewrite = [&](std::size_t number) {
+        return lineWithLetter(catalogue.currentLine(number), letter);
+    };
+    SoundsChanged changed = changeSounds(catalogue, numbers, {label, addTitle, rewrite}, dialogs);
+    tellRefused(changed, addTitle, dialogs);
+    return changed;
 }
 
 } // namespace
@@ -185,8 +231,8 @@ AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& 
     if (!editor.confirmComposing(dialogs)) {
         return AddedLetter::Refused;
     }
-    const BilingualText label = BilingualText("Add letter", "Ajouter la lettre") + " " + shown(marked);
-    const Step step(editor.catalogue(), stepLabel(label, editor.catalogue(), editor.selected().value()));
+    const Step step(editor.catalogue(),
+                    stepLabel(addLetterLabel(wad.letter), editor.catalogue(), editor.selected().value()));
     if (!editor.storeLetters(letters + marked, dialogs)) {
         return AddedLetter::Refused;
     }
@@ -206,22 +252,15 @@ bool removeLetterFromLine(LineEditor& editor, std::optional<std::size_t> entry, 
             dialogs);
     }
     if (letters[*entry].starts_with('g')) {
-        return refuse(removeTitle,
-                      {"Letter [#g] shoudn't be removed", "La Lettre [#g] ne peut pas être retirée"},
-                      dialogs);
+        return refuse(removeTitle, letterTexts::ofAllLevelsStays, dialogs);
     }
-    const BilingualText label =
-        BilingualText("Remove letter", "Enlever la lettre") + " #" + shown(letters[*entry]);
+    const BilingualText label = removeLetterLabel(letters[*entry]);
     letters.erase(letters.begin() + static_cast<std::ptrdiff_t>(*entry));
-    std::string remaining;
-    for (const std::string& letter : letters) {
-        remaining += (remaining.empty() ? "#" : " #") + letter;
-    }
     if (!editor.confirmComposing(dialogs)) {
         return false;
     }
     const Step step(editor.catalogue(), stepLabel(label, editor.catalogue(), editor.selected().value()));
-    return editor.storeLetters(remaining, dialogs);
+    return editor.storeLetters(joinedLetters(letters), dialogs);
 }
 
 bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Dialogs& dialogs)
@@ -323,33 +362,61 @@ std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view le
     return count;
 }
 
-bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
-                       Dialogs& dialogs)
+SoundsChanged addLetterToSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                                const CurrentWad& wad, Dialogs& dialogs)
 {
-    if (!RequireCurrentReference(wad, addTitle, dialogs)) {
-        return false;
-    }
-    const auto add = [&wad](const std::string& line) {
-        const bool isThere = ParseSoundLine(line).Letters.find("#" + wad.letter) != std::string::npos;
-        return isThere ? line : AddLetterByRecord(line, wad.letter);
-    };
-    return applyToObject(catalogue, object, changesOf(catalogue, soundsOfObject(catalogue, object), add),
-                         addTitle, dialogs);
+    return addLetter(catalogue, numbers, wad, stepLabel(addLetterLabel(wad.letter), catalogue, numbers),
+                     dialogs);
 }
 
-bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
-                            Dialogs& dialogs)
+SoundsChanged removeLetterFromSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                                     const std::string& letter, Dialogs& dialogs)
+{
+    if (letter.starts_with('g')) {
+        refuse(removeTitle, letterTexts::ofAllLevelsStays, dialogs);
+        return notAgreed();
+    }
+    const auto rewrite = [&](std::size_t number) -> Result<std::string> {
+        const std::string& line = catalogue.currentLine(number);
+        SoundLine record = ParseSoundLine(line);
+        std::vector<std::string> letters = lettersOf(record);
+        if (std::erase(letters, letter) == 0) {
+            return line;
+        }
+        record.Letters = joinedLetters(letters);
+        return composeEdited(record);
+    };
+    const SoundsChange change{stepLabel(removeLetterLabel(letter), catalogue, numbers), removeTitle, rewrite,
+                              true};
+    SoundsChanged changed = changeSounds(catalogue, numbers, change, dialogs);
+    tellRefused(changed, removeTitle, dialogs);
+    return changed;
+}
+
+SoundsChanged addLetterToObjects(SoundCatalogue& catalogue, std::span<const std::string> objects,
+                                 const CurrentWad& wad, Dialogs& dialogs)
+{
+    return addLetter(catalogue, soundsOf(catalogue, objects), wad, objectsLabel(addTitle, objects), dialogs);
+}
+
+SoundsChanged removeLetterFromObjects(SoundCatalogue& catalogue, std::span<const std::string> objects,
+                                      const CurrentWad& wad, Dialogs& dialogs)
 {
     if (!RequireCurrentReference(wad, removeTitle, dialogs)) {
-        return false;
+        return notAgreed();
     }
-    // Taking a letter out from between two others can glue them; reading and composing parts them again.
-    const auto remove = [&wad](const std::string& line) {
+    const auto rewrite = [&](std::size_t number) -> Result<std::string> {
+        const std::string& line = catalogue.currentLine(number);
         const std::string removed = RemoveLetter(line, wad.letter);
-        return removed == line ? line : ComposeSoundLine(ParseSoundLine(removed));
+        // Taking a letter out from between two others can glue them; reading and composing parts them again.
+        std::string composed = removed == line ? line : ComposeSoundLine(ParseSoundLine(removed));
+        return haveSameSampleCount(line, composed) ? composed : line;
     };
-    return applyToObject(catalogue, object, changesOf(catalogue, soundsOfObject(catalogue, object), remove),
-                         removeTitle, dialogs);
+    const std::vector<std::size_t> sounds = soundsOf(catalogue, objects);
+    const SoundsChange change{objectsLabel(removeTitle, objects), removeTitle, rewrite, true};
+    SoundsChanged changed = changeSounds(catalogue, sounds, change, dialogs);
+    tellRefused(changed, removeTitle, dialogs);
+    return changed;
 }
 
 std::string correctedLetter(std::string_view typed)

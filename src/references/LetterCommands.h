@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Dialogs.h"
+#include "catalogue/ChangeSounds.h"
 #include "catalogue/LineEditor.h"
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
@@ -9,6 +10,8 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
+#include <string>
 #include <string_view>
 
 // Giving the current level's letter to sounds and taking it back. Only the lines in memory change.
@@ -53,12 +56,20 @@ BilingualText removedLetterLabel(std::string_view letter);
 // How many lines carry the letter.
 std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter);
 
-// All sounds of an object of the object table. Lines of all levels and protected ones are left alone. One
-// message tells how many lines changed.
-bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
-                       Dialogs& dialogs);
-bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
-                            Dialogs& dialogs);
+// The same for many sounds at once. The letter goes in front of each line's others, which composes the line;
+// where that would lose or change words, it goes behind the line instead. Lines that have it stay as they
+// are, and so do those of all levels.
+SoundsChanged addLetterToSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                                const CurrentWad& wad, Dialogs& dialogs);
+// Takes exactly this letter off the sounds that carry it.
+SoundsChanged removeLetterFromSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
+                                     const std::string& letter, Dialogs& dialogs);
+
+// All sounds of objects of the object table. Lines of all levels and protected ones are left alone.
+SoundsChanged addLetterToObjects(SoundCatalogue& catalogue, std::span<const std::string> objects,
+                                 const CurrentWad& wad, Dialogs& dialogs);
+SoundsChanged removeLetterFromObjects(SoundCatalogue& catalogue, std::span<const std::string> objects,
+                                      const CurrentWad& wad, Dialogs& dialogs);
 
 // What a box for a letter makes of its text after each change: a leading "#" is dropped, two characters stay.
 std::string correctedLetter(std::string_view typed);

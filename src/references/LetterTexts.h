@@ -11,5 +11,8 @@ inline const BilingualText twoCharacters("The letter must be 2 characters long",
                                          "La lettre doit faire 2 caractères");
 inline const BilingualText startsWithG("Letter starting by [#g] not authorized",
                                        "Lettre commençant par [#g] non autorisée");
+// The misspelling is what users know.
+inline const BilingualText ofAllLevelsStays("Letter [#g] shoudn't be removed",
+                                            "La Lettre [#g] ne peut pas être retirée");
 
 } // namespace tavrel::letterTexts

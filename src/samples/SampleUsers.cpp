@@ -3,8 +3,11 @@
 
 #include "base/CodePage.h"
 #include "references/LetterList.h"
+#include "samples/SamplesFolder.h"
 
 #include <algorithm>
+#include <string>
+#include <unordered_set>
 
 namespace tavrel {
 
@@ -43,6 +46,30 @@ BilingualText usersText(const SoundCatalogue& catalogue, const ReferenceRegister
         }
     }
     return BilingualText("Used by", "Utilisé par") + list;
+}
+
+Result<std::set<std::size_t>> soundsWithMissingSamples(const SoundCatalogue& catalogue,
+                                                       const std::filesystem::path& folder)
+{
+    const Result<std::vector<SampleFile>> files = listSamples(folder);
+    if (!files) {
+        return files.failure();
+    }
+    std::unordered_set<std::string> present;
+    for (const SampleFile& file : *files) {
+        present.insert(lowerCase(file.name));
+    }
+    std::set<std::size_t> sounds;
+    for (std::size_t k = 0; k < catalogue.size(); ++k) {
+        const SoundLine record = ParseSoundLine(catalogue.currentLine(k));
+        const auto end = record.Samples.begin() + static_cast<std::ptrdiff_t>(record.sampleCount());
+        if (std::any_of(record.Samples.begin(), end, [&present](const std::string& sample) {
+                return !present.contains(lowerCase(sample + ".wav"));
+            })) {
+            sounds.insert(k);
+        }
+    }
+    return sounds;
 }
 
 } // namespace tavrel

@@ -2,10 +2,13 @@
 #pragma once
 
 #include "base/BilingualText.h"
+#include "base/Result.h"
 #include "catalogue/SoundCatalogue.h"
 #include "references/ReferenceRegister.h"
 
 #include <cstddef>
+#include <filesystem>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -17,5 +20,9 @@ std::vector<std::size_t> soundsUsing(const SoundCatalogue& catalogue, std::strin
 // "Used by 10 LARA_RICOCHET (#g), 79 WATERFALL (#oa - Oasis)", or that no sound uses it.
 BilingualText usersText(const SoundCatalogue& catalogue, const ReferenceRegister& references,
                         std::string_view sample);
+
+// The sounds that name a sample without a file in the folder.
+Result<std::set<std::size_t>> soundsWithMissingSamples(const SoundCatalogue& catalogue,
+                                                       const std::filesystem::path& folder);
 
 } // namespace tavrel

@@ -37,13 +37,26 @@ void Selection::tell(void (SelectionObserver::*event)())
 
 void Selection::select(std::optional<std::size_t> number)
 {
-    if (number != m_editor.selected()) {
+    select(number ? std::vector{*number} : std::vector<std::size_t>(), number);
+}
+
+void Selection::select(std::vector<std::size_t> numbers, std::optional<std::size_t> current)
+{
+    if (numbers != this->numbers() || current != number()) {
         m_justAdded.clear();
         m_letter.reset();
         m_samples.clear();
     }
-    m_editor.select(number);
+    m_editor.select(std::move(numbers), current);
     readLine();
+}
+
+void Selection::makeCurrent(std::optional<std::size_t> number)
+{
+    if (number != this->number()) {
+        m_editor.makeCurrent(number);
+        readLine();
+    }
 }
 
 void Selection::reveal(std::optional<std::size_t> number)
@@ -60,10 +73,32 @@ void Selection::readLine()
         m_sample = samples.empty() ? std::nullopt : std::optional<std::size_t>(0);
     }
     m_samples = std::move(samples);
-    if (m_editor.record().Letters != m_letters) {
-        m_letter.reset();
-    }
+    readLetters();
     tell(&SelectionObserver::lineShown);
+}
+
+void Selection::readLetters()
+{
+    std::vector<CarriedLetter> carried;
+    const auto add = [&](const SoundLine& line) {
+        for (const std::string& letter : lettersOf(line)) {
+            const auto known = std::ranges::find(carried, letter, &CarriedLetter::letter);
+            if (isSeveral() && known != carried.end()) {
+                ++known->sounds;
+            } else {
+                carried.push_back({letter, 1});
+            }
+        }
+    };
+    if (isSeveral()) {
+        std::ranges::for_each(m_editor.lines(), add);
+    } else {
+        add(m_editor.record());
+    }
+    if (carried != m_letters) {
+        m_letter.reset();
+        m_letters = std::move(carried);
+    }
 }
 
 std::string Selection::setValue(ValueBox box, std::string_view typed, bool userIsTyping)
@@ -73,10 +108,25 @@ std::string Selection::setValue(ValueBox box, std::string_view typed, bool userI
     return corrected;
 }
 
+bool Selection::stepValue(ValueBox box, int by)
+{
+    const bool stepped = m_editor.stepValue(box, by);
+    if (stepped) {
+        tell(&SelectionObserver::valuesChanged);
+    }
+    return stepped;
+}
+
 void Selection::setFlag(LineFlag flag, bool on)
 {
     m_editor.setFlag(flag, on);
     tell(&SelectionObserver::valuesChanged);
+}
+
+void Selection::setEdit(const LineEdit& edit)
+{
+    m_editor.putBack(edit);
+    readLine();
 }
 
 bool Selection::mayLeave(Dialogs& dialogs)
@@ -91,20 +141,20 @@ bool Selection::mayLeave(Dialogs& dialogs)
 
 std::optional<Selection::Values> Selection::unaccepted() const
 {
-    return edited() ? std::optional(Values{number().value(), m_editor.record()}) : std::nullopt;
+    return edited() ? std::optional(Values{numbers(), number().value(), m_editor.edit()}) : std::nullopt;
 }
 
 void Selection::dropValues()
 {
-    m_editor.select(m_editor.selected());
+    m_editor.putBack({});
     readLine();
 }
 
 void Selection::putBack(const Values& values)
 {
-    select(values.number);
-    m_editor.putBack(values.record);
-    readLine();
+    select(values.numbers, values.current);
+    tell(&SelectionObserver::revealed);
+    setEdit(values.edit);
 }
 
 std::string Selection::sampleName() const
@@ -118,29 +168,25 @@ void Selection::chooseSample(std::optional<std::size_t> sample)
     tell(&SelectionObserver::sampleChosen);
 }
 
-void Selection::chooseLetter(std::optional<std::size_t> letter)
-{
-    m_letter = letter;
-    m_letters = m_editor.record().Letters;
-}
-
 void Selection::letterAdded(const std::string& letter)
 {
     m_justAdded = letter;
-    const std::size_t count = lettersOf(m_editor.record()).size();
-    chooseLetter(count == 0 ? std::nullopt : std::optional(count - 1));
+    const auto added = std::ranges::find(m_letters, letter, &CarriedLetter::letter);
+    if (added != m_letters.end()) {
+        m_letter = static_cast<std::size_t>(added - m_letters.begin());
+    }
     tell(&SelectionObserver::lineShown);
 }
 
-void Selection::chooseObject(const std::string& object)
+void Selection::chooseObjects(std::vector<std::string> objects)
 {
-    m_object = object;
+    m_objects = std::move(objects);
     tell(&SelectionObserver::objectChosen);
 }
 
 void Selection::reloaded()
 {
-    m_object.clear();
+    m_objects.clear();
     m_samples.clear();
     m_letter.reset();
     m_justAdded.clear();
@@ -151,8 +197,11 @@ void Selection::reloaded()
 
 void Selection::linesChanged(const std::vector<std::size_t>& numbers)
 {
-    if (number() && std::ranges::binary_search(numbers, *number())) {
-        m_editor.select(number());
+    const auto isAmong = [&numbers](std::size_t number) {
+        return std::ranges::binary_search(numbers, number);
+    };
+    if (std::ranges::any_of(this->numbers(), isAmong)) {
+        m_editor.select(this->numbers(), number());
         readLine();
     }
 }

@@ -32,8 +32,8 @@ public:
     virtual void firstWanted() {}
 };
 
-// What the user has in hand: a sound with the values in its boxes, one of its samples, one of its letters, or
-// an object. The panels share it.
+// What the user has in hand: sounds with the values in their boxes, a sample and a letter of theirs, or
+// objects. The panels share it.
 class Selection : private SessionObserver
 {
 public:
@@ -45,25 +45,38 @@ public:
     void addObserver(SelectionObserver& observer) { m_observers.push_back(&observer); }
     void removeObserver(SelectionObserver& observer) { std::erase(m_observers, &observer); }
 
-    // The sound
+    // The sounds
 
+    // The current one.
     std::optional<std::size_t> number() const { return m_editor.selected(); }
+    // All of them, ascending.
+    const std::vector<std::size_t>& numbers() const { return m_editor.numbers(); }
+    bool isSeveral() const { return m_editor.isSeveral(); }
     // Values that were not accepted are gone; mayLeave() asks about them.
     void select(std::optional<std::size_t> number);
-    // The same, and the sound comes into sight.
+    void select(std::vector<std::size_t> numbers, std::optional<std::size_t> current);
+    // Another one of the selected sounds; the boxes keep their values.
+    void makeCurrent(std::optional<std::size_t> number);
+    // A sound is selected and comes into sight.
     void reveal(std::optional<std::size_t> number);
     void selectFirst() { tell(&SelectionObserver::firstWanted); }
     const LineEditor& editor() const { return m_editor; }
     // For commands on the selected line.
     LineEditor& editor() { return m_editor; }
-    // The line may be edited, and no object is selected.
-    bool canEditLine() const { return m_editor.canEdit() && m_object.empty(); }
+    // It is the only one, it may be edited, and no object is selected.
+    bool canEditLine() const { return m_editor.canEdit() && !isSeveral() && m_objects.empty(); }
+    // One of the sounds may be edited, and no object is selected.
+    bool canEditLines() const { return m_editor.canEditAny() && m_objects.empty(); }
 
     // Values
 
     // The corrected text of the box.
     std::string setValue(ValueBox box, std::string_view typed, bool userIsTyping);
+    // False when no line can go so far.
+    bool stepValue(ValueBox box, int by);
     void setFlag(LineFlag flag, bool on);
+    // An edit from elsewhere takes the place of what the boxes hold.
+    void setEdit(const LineEdit& edit);
     bool edited() const { return m_editor.edited(); }
     // "Accept values".
     bool accept(Dialogs& dialogs) { return m_editor.accept(dialogs); }
@@ -72,8 +85,9 @@ public:
     // Values that were not accepted are a step of their own on the way back.
     struct Values
     {
-        std::size_t number = 0;
-        SoundLine record;
+        std::vector<std::size_t> numbers;
+        std::size_t current = 0;
+        LineEdit edit;
     };
     std::optional<Values> unaccepted() const;
     void dropValues();
@@ -85,18 +99,27 @@ public:
     std::string sampleName() const;
     void chooseSample(std::optional<std::size_t> sample);
 
-    // One of its letters, by its place among them.
+    // The letters that the sounds carry.
 
+    struct CarriedLetter
+    {
+        std::string letter; // without "#"
+        std::size_t sounds = 0;
+
+        friend bool operator==(const CarriedLetter&, const CarriedLetter&) = default;
+    };
+    const std::vector<CarriedLetter>& carriedLetters() const { return m_letters; }
+    // The chosen one, by its place among them.
     std::optional<std::size_t> letter() const { return m_letter; }
-    void chooseLetter(std::optional<std::size_t> letter);
-    // The letter that was given last; it is shown with the name of its WAD as long as the line is selected.
+    void chooseLetter(std::optional<std::size_t> letter) { m_letter = letter; }
+    // The letter that was added last; its entry shows the WAD's name.
     const std::string& justAdded() const { return m_justAdded; }
     void letterAdded(const std::string& letter);
 
-    // An object: letters go to all of its sounds. Empty when single lines are edited.
+    // Objects: letters go to all of their sounds. None when lines are edited.
 
-    const std::string& object() const { return m_object; }
-    void chooseObject(const std::string& object);
+    const std::vector<std::string>& objects() const { return m_objects; }
+    void chooseObjects(std::vector<std::string> objects);
 
 private:
     // SessionObserver
@@ -107,6 +130,7 @@ private:
     void registerChanged() override;
 
     void readLine();
+    void readLetters();
     void tell(void (SelectionObserver::*event)());
 
     Session& m_session;
@@ -115,9 +139,9 @@ private:
     std::optional<std::size_t> m_sample;
     std::vector<std::string> m_samples; // of the line, when one of them was chosen
     std::optional<std::size_t> m_letter;
-    std::string m_letters; // of the line, when one of them was chosen
+    std::vector<CarriedLetter> m_letters;
     std::string m_justAdded;
-    std::string m_object;
+    std::vector<std::string> m_objects;
 };
 
 } // namespace tavrel

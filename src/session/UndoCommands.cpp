@@ -3,6 +3,8 @@
 
 #include "base/Titles.h"
 
+#include <algorithm>
+
 namespace tavrel {
 
 namespace {
@@ -15,8 +17,17 @@ const BilingualText doneAgain("Done again: ", "Rétabli : ");
 bool UndoCommands::canBringValuesBack() const
 {
     return m_dropped && !m_selection.edited() && m_session.history().position == m_dropped->position &&
-           m_dropped->values.number < m_session.catalogue().size() &&
-           m_session.catalogue().currentLine(m_dropped->values.number) == m_dropped->line;
+           m_dropped->values.numbers.back() < m_session.catalogue().size() &&
+           linesOf(m_dropped->values) == m_dropped->lines;
+}
+
+std::vector<std::string> UndoCommands::linesOf(const Selection::Values& values) const
+{
+    std::vector<std::string> lines;
+    for (const std::size_t number : values.numbers) {
+        lines.push_back(m_session.catalogue().currentLine(number));
+    }
+    return lines;
 }
 
 bool UndoCommands::canRedo() const
@@ -24,15 +35,15 @@ bool UndoCommands::canRedo() const
     return canBringValuesBack() || m_session.canRedo();
 }
 
-BilingualText UndoCommands::valuesLabel(std::size_t number) const
+BilingualText UndoCommands::valuesLabel(const Selection::Values& values) const
 {
-    return stepLabel({"Values not accepted", "Valeurs non acceptées"}, m_session.catalogue(), number);
+    return stepLabel({"Values not accepted", "Valeurs non acceptées"}, m_session.catalogue(), values.numbers);
 }
 
 BilingualText UndoCommands::nextUndo() const
 {
-    if (m_selection.edited()) {
-        return valuesLabel(m_selection.number().value());
+    if (const std::optional<Selection::Values> values = m_selection.unaccepted()) {
+        return valuesLabel(*values);
     }
     const HistoryTrack& history = m_session.history();
     return m_session.canUndo() ? history.steps[history.position - 1].label : BilingualText();
@@ -41,7 +52,7 @@ BilingualText UndoCommands::nextUndo() const
 BilingualText UndoCommands::nextRedo() const
 {
     if (canBringValuesBack()) {
-        return valuesLabel(m_dropped->values.number);
+        return valuesLabel(m_dropped->values);
     }
     const HistoryTrack& history = m_session.history();
     return m_session.canRedo() ? history.steps[history.position].label : BilingualText();
@@ -53,9 +64,9 @@ BilingualText UndoCommands::undo(Dialogs& dialogs)
     if (!values) {
         return m_session.canUndo() ? goTo(m_session.history().position - 1, dialogs) : BilingualText();
     }
-    m_dropped = {*values, m_session.catalogue().currentLine(values->number), m_session.history().position};
+    m_dropped = {*values, linesOf(*values), m_session.history().position};
     m_selection.dropValues();
-    return undone + valuesLabel(values->number);
+    return undone + valuesLabel(*values);
 }
 
 BilingualText UndoCommands::redo(Dialogs& dialogs)
@@ -63,9 +74,8 @@ BilingualText UndoCommands::redo(Dialogs& dialogs)
     if (!canBringValuesBack()) {
         return m_session.canRedo() ? goTo(m_session.history().position + 1, dialogs) : BilingualText();
     }
-    m_selection.reveal(m_dropped->values.number);
     m_selection.putBack(m_dropped->values);
-    return doneAgain + valuesLabel(m_dropped->values.number);
+    return doneAgain + valuesLabel(m_dropped->values);
 }
 
 BilingualText UndoCommands::goTo(std::size_t position, Dialogs& dialogs)
@@ -79,7 +89,7 @@ BilingualText UndoCommands::goTo(std::size_t position, Dialogs& dialogs)
         return {};
     }
     const Session::Moved moved = m_session.goTo(position);
-    if (moved.sound) {
+    if (moved.sound && !std::ranges::binary_search(m_selection.numbers(), *moved.sound)) {
         m_selection.reveal(moved.sound);
     }
     if (moved.problem) {

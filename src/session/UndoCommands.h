@@ -33,11 +33,12 @@ private:
     struct Dropped
     {
         Selection::Values values;
-        std::string line; // on which they were typed
+        std::vector<std::string> lines; // on which they were typed
         std::size_t position;
     };
     bool canBringValuesBack() const;
-    BilingualText valuesLabel(std::size_t number) const;
+    std::vector<std::string> linesOf(const Selection::Values& values) const;
+    BilingualText valuesLabel(const Selection::Values& values) const;
 
     Session& m_session;
     Selection& m_selection;

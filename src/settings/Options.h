@@ -56,6 +56,8 @@ constexpr std::string_view mainWindowMaximised = "main-window-maximised";
 constexpr std::string_view windowSizePrefix = "window-size-";
 // Which errors of which sounds.txt were told last.
 constexpr std::string_view toldFileErrors = "told-file-errors";
+// Of the main list, beside number and name: "samples,letters".
+constexpr std::string_view listColumns = "list-columns";
 } // namespace options
 
 } // namespace tavrel

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QLabel>
@@ -15,9 +16,12 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStyle>
 #include <QToolTip>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace tavrel {
 
@@ -94,6 +98,27 @@ private:
     }
 };
 
+class SelectingClick : public QObject
+{
+public:
+    explicit SelectingClick(QLineEdit& box) : QObject(&box) { box.installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        auto& box = static_cast<QLineEdit&>(*watched);
+        if (event->type() == QEvent::FocusIn) {
+            m_waits = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+        } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(m_waits, false) &&
+                   !box.hasSelectedText()) {
+            box.selectAll(); // the release itself selects nothing and takes nothing back
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool m_waits = false; // for the end of the click that brought the focus
+};
+
 constexpr int iconSize = 16;
 
 } // namespace
@@ -160,6 +185,11 @@ QLineEdit* makeReadOnly(const char* name)
     return box;
 }
 
+void selectAllOnClick(QLineEdit& box)
+{
+    new SelectingClick(box); // owned by the box
+}
+
 QComboBox* makeComboBox(const char* name)
 {
     return named(new CalmComboBox, name);
@@ -176,6 +206,13 @@ QListWidget* makeFixedPitchList(const char* name)
     list->setFont(fixedPitchFont());
     list->setUniformItemSizes(true);
     return list;
+}
+
+void addListKey(QListWidget& list, int key, const std::function<void()>& command)
+{
+    auto* const shortcut = new QShortcut(QKeySequence(key), &list);
+    shortcut->setContext(Qt::WidgetShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, &list, command);
 }
 
 QPlainTextEdit* makeTextView(const char* name)

@@ -3,6 +3,7 @@
 
 #include "ui/Icons.h"
 
+#include <functional>
 #include <initializer_list>
 
 class QComboBox;
@@ -42,9 +43,13 @@ void setPaperText(QLabel& label, const QString& text, bool alarming = false);
 QLineEdit* makeReadOnly(const char* name);
 // The wheel turns it only while it has the focus.
 QComboBox* makeComboBox(const char* name);
+// A click into the box selects its text, so that typing replaces it; the next click sets the cursor.
+void selectAllOnClick(QLineEdit& box);
 // Cuts a text that is too long, and shows all of it as tool tip.
 QLabel* makeElidedLabel(const char* name);
 QListWidget* makeFixedPitchList(const char* name);
+// A key that does something while the list has the focus.
+void addListKey(QListWidget& list, int key, const std::function<void()>& command);
 // A long text to read; TAB leaves it.
 QPlainTextEdit* makeTextView(const char* name);
 

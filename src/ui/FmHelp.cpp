@@ -12,6 +12,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tavrel {
@@ -24,14 +26,13 @@ constexpr int usualHeight = 640;
 } // namespace
 
 FmHelp::FmHelp(QWidget* parent, const std::string& text, const ColourScheme& colours, Language language)
-    : TitledWindow(parent)
+    : TitledWindow(parent), m_view(makeTextView("TxHlp"))
 {
     setObjectName("FmHelp");
     setWindowModality(Qt::ApplicationModal);
     setSizeGripEnabled(true);
-    auto* const view = makeTextView("TxHlp");
-    view->setPlainText(fromCodePage(text));
-    paintWith(*view, colours.slots[ColourScheme::textSlot]);
+    m_view->setPlainText(fromCodePage(text));
+    paintWith(*m_view, colours.slots[ColourScheme::textSlot]);
     auto* const close = makeButton("CdClose", Glyph::Close);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -40,7 +41,7 @@ FmHelp::FmHelp(QWidget* parent, const std::string& text, const ColourScheme& col
     buttons->insertStretch(0, 1);
     content().setContentsMargins(margin, margin, margin, margin);
     content().setSpacing(margin);
-    content().addWidget(view, 1);
+    content().addWidget(m_view, 1);
     content().addLayout(buttons);
     const Caption captions[] = {
         {"TxHlp", {}, {"Help text", "Texte de l'aide"}},
@@ -48,10 +49,26 @@ FmHelp::FmHelp(QWidget* parent, const std::string& text, const ColourScheme& col
     };
     showCaptions(*this, captions, language);
     setWindowTitle(inLanguage(titles::help, language));
-    const int textWidth = view->fontMetrics().horizontalAdvance(QString(columns, 'x'));
-    const int beside = 4 * margin + view->verticalScrollBar()->sizeHint().width();
+    const int textWidth = m_view->fontMetrics().horizontalAdvance(QString(columns, 'x'));
+    const int beside = 4 * margin + m_view->verticalScrollBar()->sizeHint().width();
     resize(textWidth + beside, usualHeight);
-    view->setFocus();
+    m_view->setFocus();
+}
+
+void FmHelp::showHeading(const QString& heading)
+{
+    const QTextCursor found = m_view->document()->find(heading, 0, QTextDocument::FindCaseSensitively);
+    if (!found.isNull()) {
+        m_line = found.blockNumber();
+        m_view->setTextCursor(QTextCursor(found.block()));
+    }
+}
+
+// Before, the view does not know how far it can scroll.
+void FmHelp::showEvent(QShowEvent* event)
+{
+    TitledWindow::showEvent(event);
+    QTimer::singleShot(0, m_view, [this] { m_view->verticalScrollBar()->setValue(m_line); });
 }
 
 void FmHelp::mousePressEvent(QMouseEvent* /*event*/)

@@ -17,6 +17,8 @@ public:
     // `name` becomes the object name of the title image.
     FoldingPanel(const QString& name, QWidget* parent);
 
+    // Folds and unfolds.
+    QAbstractButton& title() const { return *m_title; }
     QVBoxLayout& content() { return *m_content; }
     bool isOpen() const;
     void setOpen(bool open);

@@ -2,6 +2,7 @@
 #include "ui/MessageWindow.h"
 
 #include "ui/BusyPointer.h"
+#include "ui/Controls.h"
 #include "ui/Icons.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
@@ -9,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -107,6 +109,24 @@ MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& t
     content().addLayout(m_buttons);
     m_buttons->addStretch(1);
     setMinimumWidth(smallestWidth);
+}
+
+void MessageWindow::addDetails(const QString& details, bool open, Language language)
+{
+    constexpr int width = 560;
+    constexpr int height = 200;
+    auto* const view = makeTextView("TxDetails");
+    view->setPlainText(details);
+    view->setMinimumSize(width, height);
+    view->setVisible(open);
+    content().insertWidget(content().indexOf(m_buttons), view, 1);
+    auto* const button = named(new QPushButton(inLanguage({"&Details", "&Détails"}, language)), "CdDetails");
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, view] {
+        view->setVisible(view->isHidden());
+        adjustSize();
+    });
+    m_buttons->insertWidget(0, button);
 }
 
 void MessageWindow::offer(std::span<const Answer> answers, Answer byDefault, Language language,

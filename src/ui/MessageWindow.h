@@ -20,6 +20,8 @@ class MessageWindow : public TitledWindow
 public:
     MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
 
+    // Folds out below; a button shows and hides it.
+    void addDetails(const QString& details, bool open, Language language);
     // From left to right; the default answer is the one that Enter gives. An answer may have words of its
     // own; Answer::Other has no others.
     void offer(std::span<const Answer> answers, Answer byDefault, Language language,

@@ -72,6 +72,9 @@ void QtDialogs::show(const Message& message)
 {
     MessageWindow window(ownerOfDialogs(), message.icon, inLanguage(message.title, m_language),
                          inLanguage(message.text, m_language));
+    if (!message.details.empty()) {
+        window.addDetails(inLanguage(message.details, m_language), false, m_language);
+    }
     const Answer ok[] = {Answer::Ok};
     window.offer(ok, Answer::Ok, m_language);
     window.run(Answer::Ok);
@@ -81,6 +84,9 @@ Answer QtDialogs::ask(const Question& question)
 {
     MessageWindow window(ownerOfDialogs(), question.icon, inLanguage(question.title, m_language),
                          inLanguage(question.text, m_language));
+    if (!question.details.empty()) {
+        window.addDetails(inLanguage(question.details, m_language), question.showsDetails, m_language);
+    }
     std::vector<Answer> answers = offeredAnswers(question.buttons);
     const Answer cautious = question.buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
     const Answer byDefault = question.refusalIsDefault ? cautious : answers.front();

@@ -105,7 +105,10 @@ private:
         painter.setBrush(QColor(0x1F, 0x21, 0x24));
         const qreal corner = isRound ? box.width() / 2 : 2.5;
         painter.drawRoundedRect(box, corner, corner);
-        if (option.state.testFlag(State_On)) {
+        if (option.state.testFlag(State_NoChange)) { // neither on nor off for all
+            const qreal bar = box.height() / 4;
+            painter.fillRect(box.adjusted(bar, 1.5 * bar, -bar, -1.5 * bar), mark);
+        } else if (option.state.testFlag(State_On)) {
             if (isRound) {
                 painter.setPen(Qt::NoPen);
                 painter.setBrush(mark);
@@ -144,6 +147,8 @@ QToolButton:hover { background: #474C55; }
 QToolButton:focus { border-color: #E8A33D; }
 QToolButton::menu-button { border: none; width: 14px; }
 QToolButton[popupMode="2"] { padding: 3px 14px 3px 8px; }
+QToolButton#CdColumns { padding: 3px 4px; }
+QToolButton#CdColumns::menu-indicator { image: none; width: 0; }
 QToolButton:disabled { color: #7C7B73; }
 QMenu { background: #2B2E33; color: #EEECDA; border: 1px solid #17181B; }
 QMenu::item { padding: 3px 12px; }
@@ -156,6 +161,7 @@ QLineEdit {
     selection-background-color: #E8A33D; selection-color: #1B1C1F;
 }
 QLineEdit:focus { border-color: #E8A33D; }
+QLineEdit[attention="true"], QComboBox[attention="true"] { background: #5A4522; }
 QLineEdit:read-only { background: #2A2D31; }
 QLineEdit:disabled { background: #2A2D31; color: #7C7B73; border-color: #232529; }
 

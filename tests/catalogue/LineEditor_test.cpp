@@ -162,17 +162,123 @@ TEST_F(LineEditorTest, EditsNoProtectedLineAndNoLineAtAll)
     EXPECT_TRUE(editor.canEdit());
 }
 
+// Several lines at once
+
+class SeveralLinesTest : public testing::Test
+{
+protected:
+    SeveralLinesTest()
+    {
+        while (catalogue.size() < 28) { // 27 is protected
+            const std::string number = std::to_string(catalogue.size());
+            const std::string line = withTabs("S" + number + ":>>>a>>>>VOL50>>>>>#ab");
+            catalogue.append(line, line, 0);
+        }
+        set(1, "S1:>>>a>>>>VOL98>P>>>>#ab");
+        set(2, "S2:>a>VOL100>#ab"); // composing it loses a 0
+        set(3, "S3:>>>>>>>>>>>>");  // has no sample
+        catalogue.setRecorder(&history);
+    }
+
+    void set(std::size_t number, const std::string& text)
+    {
+        EXPECT_FALSE(catalogue.setCurrentLine(number, withTabs(text)));
+    }
+    std::string line(std::size_t number) const { return catalogue.currentLine(number); }
+
+    struct Steps : StepRecorder
+    {
+        void beginStep(const BilingualText& label) override { labels.push_back(label.english); }
+        void endStep() override {}
+        void record(LineDelta /*delta*/) override {}
+
+        std::vector<std::string> labels;
+    };
+
+    SoundCatalogue catalogue;
+    Steps history;
+    LineEditor editor{catalogue};
+};
+
+TEST_F(SeveralLinesTest, TakeOneEditInOneStep)
+{
+    editor.select({0, 1, 4, 27}, 0);
+    EXPECT_EQ(editor.commonText(ValueBox::Vol), std::nullopt) << "they differ";
+    EXPECT_EQ(editor.commonText(ValueBox::Ch), "");
+    EXPECT_EQ(editor.commonFlag(LineFlag::P), std::nullopt);
+    EXPECT_EQ(editor.commonFlag(LineFlag::L), false);
+    editor.setFlag(LineFlag::L, true);
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_TRUE(editor.stepValue(ValueBox::Vol, 1)) << i;
+    }
+    ScriptedDialogs dialogs;
+    EXPECT_TRUE(editor.accept(dialogs));
+    EXPECT_EQ(line(0), withTabs("S0:>>>a>>>>VOL60>      L>>>>#ab"));
+    EXPECT_EQ(line(1), withTabs("S1:>>>a>>>>>P     L>>>>#ab")) << "as far as it can go";
+    EXPECT_EQ(line(27), withTabs("S27:>>>a>>>>VOL50>>>>>#ab"));
+    EXPECT_EQ(history.labels, std::vector<std::string>{"Accept values, 4 sounds"});
+    EXPECT_EQ(editor.report().english, "3 lines changed; left out: 27 (protected)");
+    EXPECT_EQ(editor.report().french, "3 lignes modifiées ; laissées : 27 (protégées)");
+    EXPECT_FALSE(editor.edited());
+}
+
+// A step that no line can take is none, or the way back would begin with steps that change nothing.
+TEST_F(SeveralLinesTest, StepsEndWithTheLastLineThatCanTakeThem)
+{
+    editor.select(1);
+    EXPECT_TRUE(editor.stepValue(ValueBox::Vol, 10));
+    EXPECT_EQ(editor.commonText(ValueBox::Vol), "");
+    EXPECT_FALSE(editor.stepValue(ValueBox::Vol, 1));
+    EXPECT_TRUE(editor.stepValue(ValueBox::Vol, -1));
+    EXPECT_EQ(editor.commonText(ValueBox::Vol), "99");
+    editor.setValue(ValueBox::Vol, "", true);
+    EXPECT_FALSE(editor.stepValue(ValueBox::Vol, 1));
+    EXPECT_TRUE(editor.stepValue(ValueBox::Vol, -1));
+    EXPECT_EQ(editor.commonText(ValueBox::Vol), "99");
+}
+
+TEST_F(SeveralLinesTest, AreAskedAboutOnceAndLeaveOutWhatRefuses)
+{
+    editor.select({0, 2, 3}, 0);
+    editor.setFlag(LineFlag::L, true);
+    ScriptedDialogs dialogs{Answer::No, Answer::Yes};
+    EXPECT_FALSE(editor.accept(dialogs));
+    EXPECT_TRUE(history.labels.empty());
+    EXPECT_TRUE(editor.edited()) << "nothing typed is lost";
+    EXPECT_TRUE(editor.accept(dialogs));
+    EXPECT_EQ(line(2), withTabs("S2:>>>a>>>>VOL10>      L>>>>#ab"));
+    EXPECT_EQ(line(3), withTabs("S3:>>>>>>>>>>>>"));
+    ASSERT_EQ(dialogs.said().size(), 3U);
+    EXPECT_EQ(dialogs.said()[0].details.english, "2: S2\nLost: [VOL100]\nNew: [VOL10]");
+    EXPECT_EQ(dialogs.said()[2].kind, "exclamation");
+    EXPECT_EQ(dialogs.said()[2].details.english.substr(0, 27), "3: This line has no sample:");
+    EXPECT_EQ(editor.report().english, "2 lines changed; left out: 3");
+}
+
+TEST_F(SeveralLinesTest, KeepALineThatTheEditDoesNotChange)
+{
+    editor.select({0, 2}, 0);
+    editor.setValue(ValueBox::Vol, "10", true); // what 2 is read with
+    ScriptedDialogs dialogs;
+    EXPECT_TRUE(editor.accept(dialogs));
+    EXPECT_EQ(line(0), withTabs("S0:>>>a>>>>VOL10>>>>>#ab"));
+    EXPECT_EQ(line(2), withTabs("S2:>a>VOL100>#ab"));
+}
+
 TEST(RestoreLine, PutsTheOriginalBack)
 {
     SoundCatalogue catalogue;
     catalogue.append("NEW:\ta\t", "OLD:\ta\t", 0);
     catalogue.append("SAME:\ta\t", "SAME:\ta\t", 0);
     ScriptedDialogs dialogs{Answer::No, Answer::Yes, Answer::Yes};
-    EXPECT_FALSE(restoreLine(catalogue, 0, dialogs));
+    const auto restore = [&](std::size_t number) {
+        return restoreLines(catalogue, {&number, 1}, dialogs).has_value();
+    };
+    EXPECT_FALSE(restore(0));
     EXPECT_EQ(catalogue.currentLine(0), "NEW:\ta\t");
-    EXPECT_TRUE(restoreLine(catalogue, 1, dialogs));
+    EXPECT_TRUE(restore(1));
     EXPECT_FALSE(catalogue.differsFromFile());
-    EXPECT_TRUE(restoreLine(catalogue, 0, dialogs));
+    EXPECT_TRUE(restore(0));
     EXPECT_EQ(catalogue.currentLine(0), "OLD:\ta\t");
     EXPECT_EQ(catalogue.listEntry(0).substr(0, 8), "  0: OLD");
     EXPECT_TRUE(catalogue.differsFromFile());

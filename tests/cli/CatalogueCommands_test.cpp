@@ -98,6 +98,59 @@ TEST(CatalogueCommands, SetChangesOneLineByTheRulesOfTheBoxes)
     }
 }
 
+TEST(CatalogueCommands, SetChangesRangesAndWhatAFilterLists)
+{
+    const std::vector<std::string> before = {
+        withTabs("A:>>>a>>>>VOL20>>CH10>>>#oa"), withTabs("B:>>>b>>>>VOL95>>CH19>>>#oa"),
+        withTabs("C:>>>c>>>>>>CH20>>>#oa"), withTabs("D:>>>d>>>>VOL50>>>>>#g"), withTabs("E:>>>>>>>>>>>>")};
+    // clang-format off
+    const struct
+    {
+        std::vector<std::string> arguments;
+        std::vector<std::pair<std::size_t, const char*>> after;
+        int status;
+    } cases[] = {
+        {{"0,2-3", "--vol-by", "10"}, {{0, "A:>>>a>>>>VOL30>>CH10>>>#oa"}, {3, "D:>>>d>>>>VOL60>>>>>#g"}}, 0},
+        {{"0", "1", "--vol-by", "-10"}, {{0, "A:>>>a>>>>VOL10>>CH10>>>#oa"}, {1, "B:>>>b>>>>VOL85>>CH19>>>#oa"}}, 0},
+        {{"--where", "#oa ch<20", "--rad", "10"}, {{0, "A:>>>a>>>>VOL20>>CH10>>RAD10>#oa"}, {1, "B:>>>b>>>>VOL95>>CH19>>RAD10>#oa"}}, 0},
+        {{"1-4", "--where", "vol=100", "--flags", "L"}, {{2, "C:>>>c>>>>>      L>CH20>>>#oa"}}, 1}, // E refuses
+    };
+    // clang-format on
+    const DemoCli cli;
+    for (const auto& c : cases) {
+        writeBytes(cli.sounds, textOf(before));
+        std::vector<std::string> arguments = {"set"};
+        arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+        std::vector<std::string> after = before;
+        for (const auto& [number, line] : c.after) {
+            after[number] = withTabs(line);
+        }
+        const CliRun run = cli.agreeing(arguments);
+        EXPECT_EQ(run.status, c.status) << run.messages;
+        EXPECT_EQ(readBytes(cli.sounds), textOf(after)) << c.arguments.front();
+    }
+    writeBytes(cli.sounds, textOf(before));
+    ASSERT_EQ(cli.agreeing({"letters", "remove", "oa", "1-3"}).status, 0);
+    EXPECT_EQ(cli.lineOf(1), withTabs("B:>>>b>>>>VOL95>>CH19>>>"));
+    ASSERT_EQ(cli.agreeing({"letters", "add", "oa", "--where", "b"}).status, 0);
+    EXPECT_EQ(cli.lineOf(1), before[1]);
+    writeBytes(cli.sounds, textOf({withTabs("A:>a>VOL100>"), before[0]}));
+    const CliRun lossy = cli.agreeing({"set", "0-1", "--ch", "5"});
+    EXPECT_NE(lossy.messages.find("0: A\nLost: [VOL100]"), std::string::npos) << lossy.messages;
+    const std::string written = readBytes(cli.sounds);
+    for (const auto& [arguments, status] : std::initializer_list<std::pair<std::vector<std::string>, int>>{
+             {{"set", "--vol", "5"}, 2},
+             {{"set", "3-1", "--vol", "5"}, 2},
+             {{"set", "1,", "--vol", "5"}, 2},
+             {{"set", "0-9", "--vol", "5"}, 1},
+             {{"set", "--where", "vol<", "--vol", "5"}, 1},
+             {{"set", "--where", "nothing", "--vol", "5"}, 1},
+             {{"set", "0-2", "--samples", "a"}, 1}}) {
+        EXPECT_EQ(cli.agreeing(arguments).status, status) << arguments[1];
+    }
+    EXPECT_EQ(readBytes(cli.sounds), written);
+}
+
 TEST(CatalogueCommands, SetKeepsThePromisesOfApplying)
 {
     const DemoCli cli;

@@ -29,7 +29,7 @@ TEST(CommandLine, WrongUsageEndsWithTwo)
         {{"show", "1x"}, "[1x] is no number of a sound", "[1x] n'est pas un numéro de son"},
         {{"show", ""}, "[] is no number of a sound", "[] n'est pas un numéro de son"},
         {{"show", "9999999999"}, "is no number of a sound", "n'est pas un numéro de son"},
-        {{"letters", "add", "ab", "5", "6.0"}, "[6.0] is no number", "[6.0] n'est pas un numéro"},
+        {{"letters", "add", "ab", "5", "6.0"}, "[6.0] is no number", "[6.0] n'est ni un numéro"},
         {{"line", "add-letter", "\u4E00"}, "cannot hold", "ne peuvent pas contenir"},
         {{"line", "replace-letter", "ab"}, "Missing argument: NEW", "Argument manquant : NEW"},
         {{"set", "5", "--vol", "100"}, "at most two digits", "deux chiffres au plus"},

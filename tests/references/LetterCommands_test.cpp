@@ -62,7 +62,7 @@ namespace {
 class LetterCommands : public testing::Test
 {
 protected:
-    void start(std::initializer_list<std::string> lines)
+    void start(const std::vector<std::string>& lines)
     {
         catalogue = SoundCatalogue();
         for (const std::string& line : lines) {
@@ -224,25 +224,56 @@ TEST_F(LetterCommands, ObjectsGetTheLetterOnAllTheirSounds)
 {
     start({plain + "#cd", plain + "#g", plain, plain + "#ab #ef", plain + "#abc"});
     catalogue.setObjects({{"Animals", "BAT", {1, 2, 3, 4, 99}}, {"Animals", "DOG", {1}}});
+    const std::vector<std::string> bat = {"BAT", "DOG"};
     ScriptedDialogs dialogs;
-    EXPECT_TRUE(addLetterToObject(catalogue, "BAT", wad, dialogs));
-    EXPECT_EQ(dialogs.said().back().text, BilingualText("1 line(s) changed", "1 ligne(s) modifiée(s)"));
+    EXPECT_EQ(addLetterToObjects(catalogue, bat, wad, dialogs).changed, 1U);
     EXPECT_EQ(line(0), plain + "#cd");
     EXPECT_EQ(line(1), plain + "#g");
     EXPECT_EQ(line(2), plain + "#ab");
     EXPECT_EQ(line(3), plain + "#ab #ef");
     EXPECT_EQ(line(4), plain + "#abc") << "the rule takes a longer letter for this one";
-    EXPECT_TRUE(removeLetterFromObject(catalogue, "BAT", wad, dialogs));
+    EXPECT_EQ(removeLetterFromObjects(catalogue, bat, wad, dialogs).changed, 3U);
     EXPECT_EQ(line(2), plain);
     EXPECT_EQ(line(3), plain + "#ef");
-    EXPECT_FALSE(addLetterToObject(catalogue, "BAT", {}, dialogs));
+    EXPECT_FALSE(addLetterToObjects(catalogue, bat, {}, dialogs).agreed);
+}
 
-    start({plain, "N:>>>a>>>>VOL100>>>>RAD05>", plain});
-    catalogue.setObjects({{"Animals", "BAT", {1, 2}}});
-    ScriptedDialogs asked{Answer::No, Answer::Yes};
-    EXPECT_FALSE(addLetterToObject(catalogue, "BAT", wad, asked));
-    EXPECT_FALSE(catalogue.differsFromFile()) << "all lines or none";
-    EXPECT_TRUE(addLetterToObject(catalogue, "BAT", wad, asked));
-    EXPECT_NE(asked.said()[0].text.english.find(": 1\n"), std::string::npos) << asked.said()[0].text.english;
-    EXPECT_EQ(line(2), plain + "#ab");
+TEST_F(LetterCommands, SeveralSoundsGetTheLetterInTheWayThatKeepsTheirWords)
+{
+    const struct
+    {
+        std::string before;
+        std::string added;
+        std::string removed;
+    } cases[] = {
+        {plain, plain + "#ab", plain},
+        {plain + "#cd", plain + "#ab #cd", plain + "#cd"},
+        {plain + "#g", plain + "#g", plain + "#g"},
+        {plain + "#abc", plain + "#abc", plain + "#abc"},
+        // Composing would lose words: the letter goes behind the line.
+        {"N:>a>VOL100>", "N:>a>VOL100>#ab", "N:>>>a>>>>VOL10>>>>>"},
+        {"N:>a>VOL100 #cd", "N:>a>VOL100 #cd #ab", "N:>>>a>>>>VOL10>>>>>#cd"},
+        {"N:>a>VOL100", "N:>a>VOL100>#ab", "N:>>>a>>>>VOL10>>>>>"},
+        // There it would be read as something else.
+        {"N:>a", "N:>a", "N:>a"},
+    };
+    std::vector<std::string> lines;
+    std::vector<std::size_t> numbers;
+    for (const auto& c : cases) {
+        numbers.push_back(lines.size());
+        lines.push_back(c.before);
+    }
+    start(lines);
+    ScriptedDialogs dialogs{Answer::Yes};
+    const SoundsChanged added = addLetterToSounds(catalogue, numbers, wad, dialogs);
+    EXPECT_EQ(added.report().english, "5 lines changed; left out: 7");
+    EXPECT_EQ(dialogs.said().size(), 1U) << "no question, but what refuses is named";
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        EXPECT_EQ(line(i), cases[i].added);
+    }
+    removeLetterFromSounds(catalogue, numbers, "ab", dialogs);
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        EXPECT_EQ(line(i), cases[i].removed);
+    }
+    EXPECT_FALSE(removeLetterFromSounds(catalogue, numbers, "g", dialogs).agreed);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/WavFile.h"
 #include "samples/SamplePlayer.h"
+#include "samples/SampleUsers.h"
 #include "samples/SamplesFolder.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
@@ -45,6 +46,20 @@ TEST(SamplesFolder, NamesNeverLeaveTheFolder)
         EXPECT_FALSE(findSample(samples, name)) << name;
     }
     EXPECT_FALSE(findSample(samples, (root / "outside").string()));
+}
+
+TEST(SamplesFolder, SoundsWithoutOneOfTheirSamplesAreFound)
+{
+    const TemporaryFolder root;
+    writeBytes(root / "a.WAV", "");
+    SoundCatalogue catalogue;
+    for (const char* line : {"ONE:\tA\t", "TWO:\ta b\t", "NONE:\t\t"}) {
+        catalogue.append(line, line, 0);
+    }
+    const auto missing = soundsWithMissingSamples(catalogue, root.path());
+    ASSERT_TRUE(missing);
+    EXPECT_EQ(*missing, std::set<std::size_t>{1});
+    EXPECT_FALSE(soundsWithMissingSamples(catalogue, root / "missing"));
 }
 
 TEST(SamplesFolder, NamesOfFiles)

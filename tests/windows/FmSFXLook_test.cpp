@@ -44,7 +44,7 @@ QString captionOf(const QWidget& control)
     if (const auto* const label = qobject_cast<const QLabel*>(&control)) {
         return label->text();
     }
-    return dynamic_cast<const QAbstractButton&>(control).text();
+    return dynamic_cast<const QAbstractButton&>(control).text().remove('&'); // of a mnemonic
 }
 
 } // namespace

@@ -167,7 +167,7 @@ TEST_F(MainWindowTest, protectedLinesCanBeEditedWhenTheSettingsAllowIt)
     window->close();
 }
 
-TEST_F(MainWindowTest, searchLooksInWholeLinesInItsDirectionAndNeverWraps)
+TEST_F(MainWindowTest, searchLooksInWholeLinesInItsDirection)
 {
     open();
     type("TxSearch", "CROC_F1"); // a sample of sound 73

@@ -2,6 +2,7 @@
 #include "ui/MessageWindow.h"
 
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -43,4 +44,26 @@ TEST(MessageWindow, LineBreaksOfTwoCharactersAreOne)
 {
     const MessageWindow window(nullptr, MessageIcon::Question, "T", "a\n\rb\r\n\r\nc");
     EXPECT_EQ(window.findChild<QLabel*>("LbText")->text(), "a\nb\n\nc");
+}
+
+TEST(MessageWindow, DetailsFoldOutByTheirLetter)
+{
+    for (const bool open : {false, true}) {
+        MessageWindow window(nullptr, MessageIcon::Question, "T", "text");
+        const Answer answers[] = {Answer::Yes, Answer::No};
+        window.addDetails("12: NAME\nLost: [VOL100]", open, Language::French);
+        window.offer(answers, Answer::No, Language::French);
+        const auto* const details = window.findChild<QPlainTextEdit*>("TxDetails");
+        bool atFirst = false;
+        bool afterKey = false;
+        QTimer::singleShot(0, &window, [&] {
+            atFirst = details->isVisible();
+            QTest::keyClick(&window, Qt::Key_D);
+            afterKey = details->isVisible();
+            QTest::keyClick(&window, Qt::Key_Return);
+        });
+        EXPECT_EQ(window.run(Answer::Yes), Answer::No) << "they take no answer's place";
+        EXPECT_EQ(atFirst, open);
+        EXPECT_EQ(afterKey, !open);
+    }
 }
