@@ -84,7 +84,7 @@ private:
 class SelectingClick : public QObject
 {
 public:
-    explicit SelectingClick(QLineEdit& box) : QObject(&box) { box.installEventFilter(this); }
+    using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -171,7 +171,7 @@ QLineEdit* makeReadOnly(const char* name)
 
 void selectAllOnClick(QLineEdit& box)
 {
-    new SelectingClick(box); // owned by the box
+    box.installEventFilter(new SelectingClick(&box));
 }
 
 QComboBox* makeComboBox(const char* name)
