@@ -270,6 +270,13 @@ bool setManySounds(Session& session, std::vector<std::size_t> numbers, const Set
 
 ExitStatus setSounds(const SetArguments& arguments, Console& console)
 {
+    for (std::size_t box = 0; box < valueBoxCount; ++box) {
+        if (arguments.values[box] && arguments.steps[box]) {
+            console.dialogs.refuse({"A value is either set or changed by steps.",
+                                    "Une valeur est soit fixée, soit changée par pas."});
+            return ExitStatus::WrongUsage;
+        }
+    }
     const std::unique_ptr<Session> session = openSessionToChange(console, arguments.wadName);
     if (!session) {
         return console.dialogs.status();

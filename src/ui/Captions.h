@@ -17,7 +17,11 @@ struct Caption
     BilingualText toolTip;
 };
 
-// Switches a window to a language by walking its table.
+// Switches a window to a language by walking its table. Its buttons get underlined letters, too.
 void showCaptions(QWidget& window, std::span<const Caption> captions, Language language);
+
+// Underlines a letter on each captioned button, another one on each as far as their words allow it. Letters
+// that were chosen by hand stay.
+void underlineLetters(QWidget& window);
 
 } // namespace tavrel

@@ -101,7 +101,7 @@ private:
 class SelectingClick : public QObject
 {
 public:
-    explicit SelectingClick(QLineEdit& box) : QObject(&box) { box.installEventFilter(this); }
+    using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
@@ -187,7 +187,7 @@ QLineEdit* makeReadOnly(const char* name)
 
 void selectAllOnClick(QLineEdit& box)
 {
-    new SelectingClick(box); // owned by the box
+    box.installEventFilter(new SelectingClick(&box));
 }
 
 QComboBox* makeComboBox(const char* name)

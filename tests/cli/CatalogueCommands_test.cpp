@@ -141,6 +141,7 @@ TEST(CatalogueCommands, SetChangesRangesAndWhatAFilterLists)
     for (const auto& [arguments, status] : std::initializer_list<std::pair<std::vector<std::string>, int>>{
              {{"set", "--vol", "5"}, 2},
              {{"set", "3-1", "--vol", "5"}, 2},
+             {{"set", "1", "--vol", "5", "--vol-by", "1"}, 2},
              {{"set", "1,", "--vol", "5"}, 2},
              {{"set", "0-9", "--vol", "5"}, 1},
              {{"set", "--where", "vol<", "--vol", "5"}, 1},
