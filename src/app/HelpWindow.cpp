@@ -7,6 +7,8 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
+
 namespace tavrel {
 
 void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
@@ -17,9 +19,17 @@ void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder,
         qWarning("%s", text.failure().text.english.c_str());
         return;
     }
-    FmHelp window(parent, *text, colours, language);
-    if (!heading.empty()) {
-        window.showHeading(inLanguage(heading, language));
+    const std::vector<HelpSection> sections = helpSections(*text);
+    std::vector<FmHelp::Heading> headings;
+    for (const HelpSection& section : sections) {
+        headings.push_back(
+            {fromCodePage(section.title), static_cast<int>(section.line), section.isChapter ? 0 : 1});
+    }
+    FmHelp window(parent, *text, headings, colours, language);
+    const auto chapter =
+        std::ranges::find(sections, toCodePage(inLanguage(heading, language)), &HelpSection::title);
+    if (chapter != sections.end()) {
+        window.showLine(static_cast<int>(chapter->line));
     }
     window.exec();
 }

@@ -4,6 +4,8 @@
 #include "base/Folder.h"
 #include "base/TextFile.h"
 
+#include <algorithm>
+
 namespace tavrel {
 
 namespace {
@@ -18,7 +20,59 @@ void removeFormerHelp(const std::filesystem::path& programFolder)
     }
 }
 
+bool isRule(std::string_view line)
+{
+    return line.starts_with("====");
+}
+
+// Whether a heading names the title.
+bool names(std::string_view heading, std::string_view title)
+{
+    heading = heading.substr(0, heading.find(" ("));
+    while (!heading.empty()) {
+        const std::size_t end = std::min(heading.find(", "), heading.size());
+        const std::string_view name = heading.substr(0, end);
+        if (name == title || (name.ends_with('-') && title.starts_with(name))) {
+            return true;
+        }
+        heading.remove_prefix(std::min(end + 2, heading.size()));
+    }
+    return false;
+}
+
 } // namespace
+
+std::vector<HelpSection> helpSections(std::string_view text)
+{
+    const TextFile file{{}, std::string(text), false, {}};
+    const std::vector<std::string_view> lines = file.lines();
+    std::vector<HelpSection> sections;
+    for (std::size_t i = 1; i + 1 < lines.size(); ++i) {
+        const std::string_view line = lines[i];
+        const bool isChapter = isRule(lines[i - 1]) && isRule(lines[i + 1]);
+        const bool isAtMargin = !line.empty() && line.front() != ' ' && !isRule(line);
+        const bool isSection = isAtMargin && lines[i - 1].empty() && lines[i + 1].starts_with("   ");
+        const bool isNumbered = !line.empty() && line.front() >= '0' && line.front() <= '9';
+        if ((isChapter && isNumbered) || (isSection && !sections.empty())) {
+            sections.push_back({std::string(line), i, isChapter});
+        }
+    }
+    return sections;
+}
+
+const HelpSection* findHelpSection(const std::vector<HelpSection>& sections, std::string_view title,
+                                   HelpAbout about)
+{
+    const HelpSection* found = nullptr;
+    for (const HelpSection& section : sections) {
+        // The windows are described before their messages.
+        if (!section.isChapter && names(section.title, title) &&
+            (found == nullptr || about == HelpAbout::Message)) {
+            found = &section;
+        }
+    }
+    return found;
+}
 
 Result<std::string> loadHelp(const std::filesystem::path& programFolder, Language language)
 {
