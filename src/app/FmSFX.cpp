@@ -71,14 +71,17 @@ bool takesTab(const QWidget& control)
     return (control.focusPolicy() & Qt::TabFocus) != 0;
 }
 
-// Where F6 arrives: in the list, at the first control that can be used, at the title of a folded panel.
+// Where F6 arrives: in the panel's list, else at its first control that can be used, and at the title of a
+// folded panel.
 QWidget* homeOf(QWidget& panel)
 {
-    if (auto* const list = panel.findChild<QListView*>("LiSFX")) {
-        return list;
-    }
     if (const auto* const folding = qobject_cast<FoldingPanel*>(&panel); folding && !folding->isOpen()) {
         return &folding->title();
+    }
+    for (QListView* const list : panel.findChildren<QListView*>()) {
+        if (list->isVisible() && list->window() == panel.window()) { // a combo box has one, too
+            return list;
+        }
     }
     for (QWidget* const control : panel.findChildren<QWidget*>()) {
         if (control->isVisible() && control->isEnabled() && takesTab(*control)) {

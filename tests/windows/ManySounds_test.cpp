@@ -492,6 +492,7 @@ TEST_P(ManySoundsTest, EverythingIsReachedByKeys)
         homes.insert(QApplication::focusWidget()->objectName());
     } while (QApplication::focusWidget() != &sounds() && homes.size() < 20);
     EXPECT_EQ(homes.size(), 8U) << "one place in each panel";
+    EXPECT_TRUE(homes.contains("LiSamp") && homes.contains("LiWAD")) << "where Insert and Delete work";
 
     std::map<QChar, QString> mnemonics;
     for (const QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
