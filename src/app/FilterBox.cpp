@@ -94,6 +94,18 @@ SoundFilter FilterBox::words() const
     return SoundFilter(toCodePage(m_words->text()));
 }
 
+void FilterBox::choose(ReadyFilter filter)
+{
+    {
+        const QSignalBlocker words(m_words);
+        const QSignalBlocker ready(m_ready);
+        m_words->clear();
+        const auto place = std::ranges::find(readyFilters, filter);
+        m_ready->setCurrentIndex(static_cast<int>(place - std::begin(readyFilters)));
+    }
+    tellChange();
+}
+
 ReadyFilter FilterBox::ready() const
 {
     return readyFilters[std::max(m_ready->currentIndex(), 0)];

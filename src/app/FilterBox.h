@@ -25,6 +25,8 @@ public:
 
     SoundFilter words() const;
     ReadyFilter ready() const;
+    // That filter, and no words.
+    void choose(ReadyFilter filter);
     // False when there was nothing to take off.
     bool clear();
 

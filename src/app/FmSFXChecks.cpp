@@ -2,6 +2,7 @@
 // What the main window tells of the findings, and the windows that list them, which stay open beside it.
 #include "app/FmSFX.h"
 #include "app/MainPanel.h"
+#include "app/SoundListPanel.h"
 #include "base/Titles.h"
 #include "checks/CheckWatch.h"
 #include "checks/FindingQuestions.h"
@@ -124,7 +125,11 @@ void FmSFX::openLevels()
         m_levels = new FmLevels(this, {settings().language, settings().colours, m_context.dialogs,
                                        [this] { return surveySession(m_session); },
                                        [this] { return m_session.wad(); },
-                                       [this](const CurrentWad& wad) { m_session.chooseWad(wad.wadName); }});
+                                       [this](const CurrentWad& wad) {
+                                           m_session.chooseWad(wad.wadName);
+                                           m_sounds->showLevel();
+                                           activateWindow();
+                                       }});
         m_levels->setAttribute(Qt::WA_DeleteOnClose);
     }
     m_levels->show();

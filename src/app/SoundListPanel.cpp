@@ -498,6 +498,12 @@ void SoundListPanel::rebuild()
     showSelection();
 }
 
+void SoundListPanel::showLevel()
+{
+    m_filter->choose(ReadyFilter::OfWad);
+    focusList();
+}
+
 void SoundListPanel::showMarks(const FindingMarks& marks)
 {
     m_marked.clear();

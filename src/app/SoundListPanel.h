@@ -49,6 +49,9 @@ public:
     void goToModified(bool down);
     void askForNumber();
 
+    // The sounds of the current WAD alone, by its ready filter.
+    void showLevel();
+
     // Also for the filter "with findings".
     void showMarks(const FindingMarks& marks) override;
 

@@ -2,6 +2,7 @@
 #include "app/ValuesPanel.h"
 
 #include "app/ValueEdit.h"
+#include "checks/LineReading.h"
 #include "ui/Captions.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
@@ -10,6 +11,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace tavrel {
@@ -55,6 +57,15 @@ BilingualText varying(const BilingualText& toolTip)
         return text.empty() ? word : text + colon + word;
     };
     return {joined(toolTip.english, ": ", varies.english), joined(toolTip.french, " : ", varies.french)};
+}
+
+void markWrong(QLineEdit& box, bool wrong)
+{
+    if (box.property("wrong").toBool() != wrong) {
+        box.setProperty("wrong", wrong);
+        box.style()->unpolish(&box);
+        box.style()->polish(&box);
+    }
 }
 
 } // namespace
@@ -134,7 +145,11 @@ void ValuesPanel::showToolTips()
     for (const ValueBox box : allValueBoxes) {
         const bool varies = !editor.commonText(box);
         const QString name = inLanguage(toolTipOf(box), language());
-        value(box)->setToolTip(varies ? inLanguage(varying(toolTipOf(box)), language()) : name);
+        const QString raw = rawWord(box);
+        value(box)->setToolTip(varies          ? inLanguage(varying(toolTipOf(box)), language())
+                               : raw.isEmpty() ? name
+                                               : plainToolTip(name.isEmpty() ? raw : name + ": " + raw));
+        markWrong(*value(box), !raw.isEmpty());
         value(box)->setAccessibleName(name);
         value(box)->setPlaceholderText(varies ? QStringLiteral("\u2026") : QString());
     }
@@ -143,6 +158,19 @@ void ValuesPanel::showToolTips()
         m_flags[i]->setToolTip(
             inLanguage(editor.commonFlag(allLineFlags[i]) ? name : varying(name), language()));
     }
+}
+
+// What stands in the line where the box cannot show it as it stands ("VOL150").
+QString ValuesPanel::rawWord(ValueBox box) const
+{
+    if (!selection().number() || selection().isSeveral() || selection().edited()) {
+        return {};
+    }
+    const std::string_view raw =
+        rawValueWord(session().catalogue().currentLine(*selection().number()), keyword(box));
+    const std::string shown =
+        std::string(keyword(box)) + selection().editor().commonText(box).value_or(std::string());
+    return raw.empty() || raw == shown ? QString() : fromCodePage(raw);
 }
 
 void ValuesPanel::lineShown()
@@ -194,6 +222,7 @@ void ValuesPanel::valueTyped(ValueBox box)
         edit->setText(corrected);
         edit->selectAll(); // the next digit replaces what the correction put there
     }
+    showToolTips();
 }
 
 void ValuesPanel::valueStepped(ValueBox box, int by)

@@ -34,6 +34,7 @@ private:
     void fillValue(ValueBox box);
     void fillFlags();
     void showToolTips();
+    QString rawWord(ValueBox box) const;
     void enable();
     void valueTyped(ValueBox box);
     void valueStepped(ValueBox box, int by);

@@ -114,6 +114,18 @@ std::string withWord(std::string_view line, std::string_view word, std::string_v
     return std::string(line);
 }
 
+std::string_view rawValueWord(std::string_view line, std::string_view keyword)
+{
+    for (const LineWord& word : wordsWithKinds(line)) {
+        const std::optional<ValueWord> value =
+            word.kind == WordKind::Value ? readValueWord(word.text) : std::nullopt;
+        if (value && value->keyword == keyword) {
+            return word.text;
+        }
+    }
+    return {};
+}
+
 std::string withoutWord(std::string_view line, std::string_view word)
 {
     const auto start = static_cast<std::size_t>(word.data() - line.data());

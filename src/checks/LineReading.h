@@ -61,6 +61,9 @@ struct ValueWord
 };
 std::optional<ValueWord> readValueWord(std::string_view word);
 
+// The first word of the line that looks like a value of that keyword, as it stands; empty for none.
+std::string_view rawValueWord(std::string_view line, std::string_view keyword);
+
 // The line without a word, which is a piece of it, and without one of two blanks around it, which would end a
 // list of samples.
 std::string withoutWord(std::string_view line, std::string_view word);

@@ -161,6 +161,7 @@ QLineEdit {
     selection-background-color: #E8A33D; selection-color: #1B1C1F;
 }
 QLineEdit:focus { border-color: #E8A33D; }
+QLineEdit[wrong="true"] { border: 2px solid #E86A52; padding: 1px 3px; }
 QLineEdit[attention="true"], QComboBox[attention="true"] { background: #5A4522; }
 QLineEdit:read-only { background: #2A2D31; }
 QLineEdit:disabled { background: #2A2D31; color: #7C7B73; border-color: #232529; }

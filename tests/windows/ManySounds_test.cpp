@@ -8,6 +8,7 @@
 #include "ui/FmHelp.h"
 #include "ui/Text.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -19,6 +20,7 @@
 #include <QPushButton>
 #include <QTextBlock>
 #include <QToolButton>
+#include <QTreeWidget>
 #include <QWheelEvent>
 
 #include <map>
@@ -552,3 +554,39 @@ TEST_P(ManySoundsTest, ColumnsAreRememberedAndMarksAreShown)
 }
 
 } // namespace
+
+TEST_F(MainWindowTest, ABoxThatCannotShowItsWordSaysSo)
+{
+    std::vector<std::string> lines = stockLines();
+    lines[2] = "LARA_NO:\t\tlara_no\t\tVOL150\t\t\t\t\t#g";
+    writeBytes(folders.sounds, textOf(lines));
+    open();
+    clickRow(1);
+    auto& box = control<QLineEdit>("TxVOL");
+    EXPECT_FALSE(box.property("wrong").toBool());
+    EXPECT_EQ(box.toolTip(), "Volume");
+    clickRow(2);
+    EXPECT_EQ(box.text(), "15");
+    EXPECT_TRUE(box.property("wrong").toBool());
+    EXPECT_TRUE(box.toolTip().contains("VOL150")) << box.toolTip().toStdString();
+    type("TxVOL", "50");
+    EXPECT_FALSE(box.property("wrong").toBool()) << "what will be written is what stands there";
+}
+
+TEST_F(MainWindowTest, TheLevelsWindowLeavesTheSoundsOfALevelInTheList)
+{
+    std::vector<std::string> lines = stockLines();
+    lines[40] += " #tw";
+    lines[41] += " #tw";
+    writeBytes(folders.sounds, textOf(lines));
+    open();
+    window->findChild<QAction*>("AcLevels")->trigger();
+    auto* const levels = window->findChild<QDialog*>("FmLevels");
+    ASSERT_NE(levels, nullptr);
+    auto& list = *levels->findChild<QTreeWidget*>("LiLevels");
+    ASSERT_TRUE(QTest::qWaitFor([&list] { return list.topLevelItemCount() == 2; }));
+    list.setCurrentItem(list.findItems("tomb_of_wind", Qt::MatchExactly).value(0));
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(control<QComboBox>("CbTWad").currentText(), "tomb_of_wind");
+    EXPECT_EQ(sounds().model()->rowCount(), 2);
+}
