@@ -432,8 +432,9 @@ SampleResult addSoundFiles(LineEditor& editor, const std::vector<std::filesystem
     }
     const std::size_t last = names.size() - 1;
     const SampleInput input{samplesFolder, names.back(), {}};
-    return store(editor, {"Add sound files (the files stay)", "Ajouter des fichiers son (les fichiers restent)"}, std::move(names), last, input,
-                 dialogs);
+    return store(editor,
+                 {"Add sound files (the files stay)", "Ajouter des fichiers son (les fichiers restent)"},
+                 std::move(names), last, input, dialogs);
 }
 
 } // namespace tavrel
