@@ -147,7 +147,7 @@ folder=$(windows_path "$place/démo/trle/" | iconv -f UTF-8 -t CP1252)
 printf '"Z:\\"\r\n"%s"\r\n' "$folder" | cmp - "$program/Tavrel.par" || fail "the settings of the first start"
 
 step "Playing a sample"
-keys ctrl+f Tab Tab Tab space
+keys ctrl+f Tab Tab Tab Tab space
 tail -c +45 "$place/démo/trle/sound/Samples/foot01.wav" >"$work/sample.raw"
 size=$(stat -c %s "$work/sample.raw")
 heard() { head -c "$size" "$work/heard.raw" 2>/dev/null | cmp -s - "$work/sample.raw"; }
@@ -156,7 +156,7 @@ within "the sample was not played" heard
 step "Editing: the volume of LARA_NO"
 keys ctrl+f
 text LARA_NO
-keys Return Tab Tab Tab Tab Tab Tab
+keys Return Tab Tab Tab Tab Tab Tab Tab Tab Tab
 text 77
 keys ctrl+Return
 picture edited
@@ -174,7 +174,7 @@ same "$work/expected.txt" "$creator/Sounds.txt" "Sounds.txt after the apply"
 same "$work/before.txt" "$creator/Orig_Sounds.txt" "the copy of Sounds.txt"
 
 step "Notepad"
-keys ctrl+f shift+Tab shift+Tab shift+Tab space
+keys alt+o
 await 'Sounds\.txt - Notepad$'
 picture notepad
 keys alt+F4
@@ -235,4 +235,29 @@ picture main-window-en
 keys ctrl+q
 ended
 sed -n 2p "$program/Tavrel.par" | cmp - <(printf '"%s"\r\n' "$folder") || fail "the folder of ngle.exe"
+step "The system ends the session, and what was not applied comes back"
+start_tavrel
+await '^Tavrel - '
+keys ctrl+f
+text LARA_NO
+keys Return Tab Tab Tab Tab Tab Tab Tab Tab Tab
+text 55
+keys Return
+wine wineboot --end-session >/dev/null 2>&1 &
+ended
+[ -n "$(ls "$program"/Recovery/running-*.rec)" ] || fail "nothing was kept of the session"
+start_tavrel
+await '^Recovery$'
+picture recovery
+keys Return
+gone '^Recovery$'
+await '^Tavrel - '
+keys ctrl+s
+await '^Modification$'
+keys y
+gone '^Modification$'
+sed -i '3s/VOL[0-9]*/VOL55/' "$work/expected.txt"
+within "the recovered change was not applied" cmp -s "$work/expected.txt" "$creator/Sounds.txt"
+keys ctrl+q
+ended
 step "Done"
