@@ -167,6 +167,7 @@ void setPaper(QLabel& label, Paper paper)
         label.style()->polish(&label);
         QEvent changed(QEvent::StyleChange); // else the margins of the frame stay as they were
         QCoreApplication::sendEvent(&label, &changed);
+        label.updateGeometry();
     }
 }
 

@@ -182,7 +182,7 @@ TEST_F(MainWindowLookTest, TheWindowIsMaximisedByItsTitleAndComesBackWhereItWas)
 {
     open();
     window->resize(1100, 700);
-    window->move(40, 30);
+    window->move(4, 30);
     auto& image = control("Image1");
     QTest::mouseDClick(&image, Qt::LeftButton, {}, QPoint(60, 10));
     EXPECT_TRUE(window->isMaximized());

@@ -216,7 +216,7 @@ TEST_F(MainWindowGenerationTest, TheStatisticsShowWhatTheScriptHolds)
             return texts.join(' ').toStdString();
         };
         auto& count = *stats.findChild<QPushButton*>("CdStats");
-        EXPECT_EQ(count.text(), "Voir les statistiques");
+        EXPECT_EQ(count.text().remove('&'), "Voir les statistiques");
         QTest::mouseClick(&count, Qt::LeftButton);
         EXPECT_EQ(column("0"), "1 1 0 1");
         EXPECT_EQ(column("1"), "0 0 1 0");
