@@ -424,7 +424,7 @@ void FmSFX::showHelp()
     openHelp(QApplication::activeWindow() == this ? helpOnKeys() : BilingualText());
 }
 
-void FmSFX::openHelp(const BilingualText& heading)
+void FmSFX::openHelp(const BilingualText& heading) const
 {
     showHelpWindow(QApplication::activeWindow(), m_context.programFolder, settings().colours,
                    settings().language, heading);

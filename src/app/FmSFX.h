@@ -127,7 +127,7 @@ private:
     // F6, from one panel to the next.
     void goToPanel(int step);
     std::vector<QWidget*> panelsInOrder() const;
-    void openHelp(const BilingualText& heading);
+    void openHelp(const BilingualText& heading) const;
     void addShortcut(const QKeySequence& keys, std::function<void()> command);
     void showLanguage();
     void showTitle();
