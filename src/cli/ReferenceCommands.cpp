@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
-#include "base/Folder.h"
-#include "catalogue/CatalogueLoading.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
+#include "references/LetterCommands.h"
 #include "references/RegisterEditor.h"
 #include "references/WadImport.h"
 #include "references/WadLists.h"
@@ -51,8 +50,14 @@ ExitStatus addReference(const ReferenceArguments& arguments, Console& console)
         return console.dialogs.status();
     }
     CurrentWad none;
-    return editorOf(*session, none, console).add(arguments.reference) ? writeRegister(*session, console)
-                                                                      : ExitStatus::Refused;
+    if (!editorOf(*session, none, console).add(arguments.reference)) {
+        return ExitStatus::Refused;
+    }
+    const std::string& letter = arguments.reference.letter;
+    if (const std::size_t carriers = linesWithLetter(session->catalogue(), letter); carriers > 0) {
+        console.dialogs.say(alreadyCarried(carriers, letter));
+    }
+    return writeRegister(*session, console);
 }
 
 std::optional<std::size_t> rowOf(const ReferenceRegister& references, const std::string& wadName)
@@ -116,12 +121,6 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     const std::optional<CurrentWad> wad = wadNamed(*session, arguments.name, console);
     if (!wad) {
         return ExitStatus::Refused;
-    }
-    if (kind == WadListKind::Objects && session->catalogue().objects().empty()) {
-        return console.dialogs.fail(
-            wrongContent(fileIn(console.programFolder, objectsFileName),
-                         {"The sounds of the listed objects are not known. Nothing was imported.",
-                          "Les sons des objets de la liste ne sont pas connus. Rien n'a été importé."}));
     }
     if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
         return console.dialogs.refuse(importForbidden());

@@ -2,8 +2,8 @@
 #include "references/LetterCommands.h"
 
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/Titles.h"
-#include "catalogue/LineWords.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterTexts.h"
 #include "references/LineLetters.h"
@@ -32,6 +32,15 @@ bool reported(const Problem& problem, const BilingualText& title, Dialogs& dialo
     return problem && !refuse(title, problem->text, dialogs);
 }
 
+const BilingualText& whyNoLetterOfOneLevel(std::string_view letter)
+{
+    constexpr std::size_t length = 2;
+    if (letter.size() != length) {
+        return letterTexts::twoCharacters;
+    }
+    return letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::forbiddenCharacter;
+}
+
 std::string shown(std::string_view bytes)
 {
     return shownText(bytes);
@@ -58,8 +67,11 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
         return refuse(replaceTitle, {"Type a 'Replace by' letter", "Entrer une lettre de remplacement"},
                       dialogs);
     }
-    if (newLetter.size() != length || hasForbiddenLetterCharacter(newLetter)) {
+    if (newLetter.size() != length) {
         return refuse(letterTexts::letterTitle, letterTexts::twoCharacters, dialogs);
+    }
+    if (hasForbiddenLetterCharacter(newLetter)) {
+        return refuse(letterTexts::letterTitle, letterTexts::forbiddenCharacter, dialogs);
     }
     if (newLetter.starts_with('g')) {
         return refuse(letterTexts::letterTitle, letterTexts::startsWithG, dialogs);
@@ -81,6 +93,22 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
     return true;
 }
 
+// Two levels that become one cannot be parted again.
+bool confirmMerging(const SoundCatalogue& catalogue, std::string_view oldLetter, std::string_view newLetter,
+                    Dialogs& dialogs)
+{
+    const std::size_t carriers = linesWithLetter(catalogue, newLetter);
+    if (carriers == 0 || linesWithLetter(catalogue, oldLetter) == 0) {
+        return true;
+    }
+    const BilingualText text =
+        alreadyCarried(carriers, newLetter) +
+        BilingualText("\nOnce it is replaced, nothing tells the two levels apart.\nReplace it anyway?",
+                      "\nAprès le remplacement, rien ne distinguera plus les deux niveaux.\nRemplacer quand "
+                      "même ?");
+    return dialogs.ask({replaceTitle, text, Buttons::YesNo, true, true}) == Answer::Yes;
+}
+
 // The sounds of an object that a command may change.
 std::vector<std::size_t> soundsOfObject(const SoundCatalogue& catalogue, std::string_view object)
 {
@@ -89,8 +117,7 @@ std::vector<std::size_t> soundsOfObject(const SoundCatalogue& catalogue, std::st
         if (candidate.name == object) {
             std::ranges::copy_if(candidate.sounds, std::back_inserter(sounds),
                                  [&catalogue](std::size_t number) {
-                                     return number < catalogue.size() && !catalogue.isGlobal(number) &&
-                                            !catalogue.isProtected(number);
+                                     return number < catalogue.size() && !catalogue.isProtected(number);
                                  });
             break;
         }
@@ -100,47 +127,48 @@ std::vector<std::size_t> soundsOfObject(const SoundCatalogue& catalogue, std::st
     return sounds;
 }
 
-// The lines of the sounds that the rewrite would change.
-template <typename Rewrite>
-LineChanges changesOf(const SoundCatalogue& catalogue, const std::vector<std::size_t>& sounds,
-                      Rewrite rewrite)
+struct ObjectChanges
 {
-    LineChanges changes;
+    LineChanges lines;
+    std::vector<std::size_t> refused; // sounds whose line cannot be rewritten
+};
+
+// The rewrite gives a line, or nothing.
+template <typename Rewrite>
+ObjectChanges changesOf(const SoundCatalogue& catalogue, const std::vector<std::size_t>& sounds,
+                        Rewrite rewrite)
+{
+    ObjectChanges changes;
     for (const std::size_t number : sounds) {
         const std::string& line = catalogue.currentLine(number);
-        std::string text = rewrite(line);
-        if (text != line && haveSameSampleCount(line, text)) {
-            changes.push_back({number, std::move(text)});
+        std::optional<std::string> text = rewrite(line);
+        if (!text) {
+            changes.refused.push_back(number);
+        } else if (*text != line) {
+            changes.lines.push_back({number, std::move(*text)});
         }
     }
     return changes;
 }
 
-// All of them as one step, or none.
-Problem change(SoundCatalogue& catalogue, LineChanges changes, const BilingualText& label)
+// All of them as one step, or none; then a message.
+bool applyToObject(SoundCatalogue& catalogue, std::string_view object, ObjectChanges changes,
+                   const BilingualText& title, const BilingualText& refused, Dialogs& dialogs)
 {
-    const Step step(catalogue, label);
-    return catalogue.setCurrentLines(std::move(changes));
-}
-
-bool applyToObject(SoundCatalogue& catalogue, std::string_view object, LineChanges changes,
-                   const BilingualText& title, Dialogs& dialogs)
-{
-    std::vector<ComposedLine> composed;
-    composed.reserve(changes.size());
-    for (const SoundCatalogue::LineChange& change : changes) {
-        composed.push_back({change.number, catalogue.currentLine(change.number)});
-    }
-    if (!confirmComposing(composed, dialogs)) {
+    const std::string count = std::to_string(changes.lines.size());
+    const Problem problem = [&] {
+        const Step step(catalogue, title + BilingualText::same(", " + shown(object)));
+        return catalogue.setCurrentLines(std::move(changes.lines));
+    }();
+    if (reported(problem, title, dialogs)) {
         return false;
     }
-    const std::string count = std::to_string(changes.size());
-    const BilingualText label = title + BilingualText::same(", " + shown(object));
-    if (reported(change(catalogue, std::move(changes), label), title, dialogs)) {
-        return false;
+    BilingualText text(count + " line(s) changed", count + " ligne(s) modifiée(s)");
+    if (!changes.refused.empty()) {
+        text += BilingualText::same("\n") + refused;
     }
-    dialogs.show({MessageIcon::Information, title,
-                  BilingualText(count + " line(s) changed", count + " ligne(s) modifiée(s)")});
+    dialogs.show(
+        {changes.refused.empty() ? MessageIcon::Information : MessageIcon::Exclamation, title, text});
     return true;
 }
 
@@ -159,8 +187,9 @@ bool requireLetterOfOneLevel(std::string_view letter, Dialogs& dialogs)
     if (isLetterOfOneLevel(letter)) {
         return true;
     }
+    const std::string marked = "[#" + shown(letter) + "]";
     return refuse(letterTexts::letterTitle,
-                  letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::twoCharacters, dialogs);
+                  BilingualText(marked + ": ", marked + " : ") + whyNoLetterOfOneLevel(letter), dialogs);
 }
 
 AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& dialogs)
@@ -267,6 +296,9 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
         !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return ReplacedLetter::Refused;
     }
+    if (!confirmMerging(catalogue, wad.letter, newLetter, dialogs)) {
+        return ReplacedLetter::Declined;
+    }
     const std::string oldShown = "#" + shown(wad.letter);
     const std::string newShown = "#" + shown(newLetter);
     const std::string name = "[" + shown(wad.wadName) + "]";
@@ -323,33 +355,55 @@ std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view le
     return count;
 }
 
+BilingualText alreadyCarried(std::size_t lines, std::string_view letter)
+{
+    const std::string count = std::to_string(lines);
+    const std::string marked = "#" + shown(letter);
+    return lines == 1
+               ? BilingualText("1 line already carries " + marked + ".", "1 ligne porte déjà " + marked + ".")
+               : BilingualText(count + " lines already carry " + marked + ".",
+                               count + " lignes portent déjà " + marked + ".");
+}
+
+BilingualText hintOnNewLetter(const SoundCatalogue& catalogue, std::string_view letter)
+{
+    if (!isLetterOfOneLevel(letter)) {
+        return {};
+    }
+    if (const std::size_t lines = linesWithLetter(catalogue, letter); lines > 0) {
+        return alreadyCarried(lines, letter);
+    }
+    return looksLikeFlagOrValue(letter) ? flagLetterHint() : BilingualText();
+}
+
 bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
                        Dialogs& dialogs)
 {
     if (!RequireCurrentReference(wad, addTitle, dialogs)) {
         return false;
     }
-    const auto add = [&wad](const std::string& line) {
-        const bool isThere = ParseSoundLine(line).Letters.find("#" + wad.letter) != std::string::npos;
-        return isThere ? line : AddLetterByRecord(line, wad.letter);
-    };
-    return applyToObject(catalogue, object, changesOf(catalogue, soundsOfObject(catalogue, object), add),
-                         addTitle, dialogs);
+    std::vector<std::size_t> sounds = soundsOfObject(catalogue, object);
+    std::erase_if(sounds, [&catalogue](std::size_t number) { return catalogue.isGlobal(number); });
+    ObjectChanges changes = changesOf(
+        catalogue, sounds, [&wad](const std::string& line) { return withLetterInFront(line, wad.letter); });
+    const BilingualText refused = takeNoOtherLetter(changes.refused);
+    return applyToObject(catalogue, object, std::move(changes), addTitle, refused, dialogs);
 }
 
 bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
                             Dialogs& dialogs)
 {
-    if (!RequireCurrentReference(wad, removeTitle, dialogs)) {
+    if (!RequireCurrentReference(wad, removeTitle, dialogs) ||
+        !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return false;
     }
-    // Taking a letter out from between two others can glue them; reading and composing parts them again.
-    const auto remove = [&wad](const std::string& line) {
-        const std::string removed = RemoveLetter(line, wad.letter);
-        return removed == line ? line : ComposeSoundLine(ParseSoundLine(removed));
-    };
-    return applyToObject(catalogue, object, changesOf(catalogue, soundsOfObject(catalogue, object), remove),
-                         removeTitle, dialogs);
+    ObjectChanges changes =
+        changesOf(catalogue, soundsOfObject(catalogue, object),
+                  [&wad](const std::string& line) { return withoutLetter(line, wad.letter); });
+    const BilingualText refused = BilingualText("Without the letter they would be read with other samples: ",
+                                                "Sans la lettre, ils seraient lus avec d'autres samples : ") +
+                                  listOfNumbers(changes.refused);
+    return applyToObject(catalogue, object, std::move(changes), removeTitle, refused, dialogs);
 }
 
 std::string correctedLetter(std::string_view typed)

@@ -52,9 +52,14 @@ BilingualText removedLetterLabel(std::string_view letter);
 [[nodiscard]] Problem eraseLetterFromAllLines(SoundCatalogue& catalogue, std::string_view letter);
 // How many lines carry the letter.
 std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter);
+// What to know before a reference takes a letter that lines carry.
+BilingualText alreadyCarried(std::size_t lines, std::string_view letter);
+// The same while the letter is typed, or that the line grammar can mistake it. Empty when there is nothing to
+// know.
+BilingualText hintOnNewLetter(const SoundCatalogue& catalogue, std::string_view letter);
 
-// All sounds of an object of the object table. Lines of all levels and protected ones are left alone. One
-// message tells how many lines changed.
+// All sounds of an object of the object table. Protected lines are left alone, and lines of all levels get no
+// letter. One message tells how many lines changed.
 bool addLetterToObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,
                        Dialogs& dialogs);
 bool removeLetterFromObject(SoundCatalogue& catalogue, std::string_view object, const CurrentWad& wad,

@@ -11,5 +11,7 @@ inline const BilingualText twoCharacters("The letter must be 2 characters long",
                                          "La lettre doit faire 2 caractères");
 inline const BilingualText startsWithG("Letter starting by [#g] not authorized",
                                        "Lettre commençant par [#g] non autorisée");
+inline const BilingualText forbiddenCharacter("The letter holds a blank, a # or a quote",
+                                              "La lettre contient un blanc, un # ou un guillemet");
 
 } // namespace tavrel::letterTexts

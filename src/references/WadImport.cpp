@@ -8,6 +8,7 @@
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
+#include "references/LineLetters.h"
 
 #include <algorithm>
 
@@ -25,19 +26,17 @@ bool holds(const std::vector<std::string>& letters, const std::string& letter)
     return std::ranges::find(letters, letter) != letters.end();
 }
 
-// A letter must not stick to the last word of its line.
-std::string separated(const std::string& line)
+// The saved lines of the WAD take the place of the current ones.
+std::vector<std::string> startOfImport(const SoundCatalogue& catalogue, const SavedLines& saved)
 {
-    const bool sticks =
-        line.find('#') == std::string::npos && !line.empty() && line.back() != ' ' && line.back() != '\t';
-    return sticks ? line + '\t' : line;
-}
-
-Failure takesNoSecondLetter(std::size_t sound)
-{
-    const std::string number = std::to_string(sound);
-    return {{"Sound " + number + " has no sample and cannot take a second letter.",
-             "Le son " + number + " n'a pas de sample et ne peut recevoir une deuxième lettre."}};
+    std::vector<std::string> lines;
+    for (std::size_t k = 0; k < catalogue.size(); ++k) {
+        lines.push_back(catalogue.currentLine(k));
+    }
+    for (const SavedLine& line : saved.lines) {
+        lines[line.number] = line.text;
+    }
+    return lines;
 }
 
 // The lines as they would be, and what happened to them.
@@ -48,19 +47,13 @@ public:
                  std::string letter)
         : m_catalogue(catalogue), m_letter(std::move(letter)), m_askedFor(catalogue.size(), false)
     {
-        for (std::size_t k = 0; k < catalogue.size(); ++k) {
-            m_start.push_back(catalogue.currentLine(k));
-        }
-        for (const SavedLine& line : saved.lines) {
-            m_start[line.number] = line.text;
-        }
+        m_start = startOfImport(catalogue, saved);
         m_lines = m_start;
         m_plan.notices = saved.notices;
         m_plan.notices.insert(m_plan.notices.end(), list.notices.begin(), list.notices.end());
     }
 
-    // As they are before the first letter: what a line uses does not depend on the order of the list.
-    const std::vector<std::string>& start() const { return m_start; }
+    const std::string& line(std::size_t number) const { return m_lines[number]; }
     ImportPlan& plan() { return m_plan; }
 
     void addLetter(std::size_t number)
@@ -72,7 +65,7 @@ public:
         if (std::optional<std::string> line = withLetter(m_lines[number], m_letter)) {
             m_lines[number] = std::move(*line);
         } else {
-            m_plan.notices.push_back(takesNoSecondLetter(number));
+            m_plan.refusedLetter.push_back(number);
         }
     }
 
@@ -212,6 +205,9 @@ BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogu
                         {"sample is used by no sound.", "sample n'est utilisé par aucun son."},
                         {"samples are used by no sound.", "samples ne sont utilisés par aucun son."});
     }
+    if (!plan.refusedLetter.empty()) {
+        text += BilingualText::same("\n") + takeNoOtherLetter(plan.refusedLetter);
+    }
     if (plan.linesPutBack > 0) {
         text += BilingualText::same("\n\n") + whatCameBack(plan, catalogue);
     }
@@ -227,21 +223,11 @@ BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogu
 
 } // namespace
 
-std::optional<std::string> withLetter(const std::string& line, std::string_view letter)
-{
-    const std::string before = separated(line);
-    std::string after = AddLetter(before, letter);
-    if (after == before) {
-        return line;
-    }
-    return haveSameSampleCount(before, after) ? std::optional(std::move(after)) : std::nullopt;
-}
-
 ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
                              const std::string& letter)
 {
     PlannedLines lines(catalogue, saved, list, letter);
-    const SampleUses uses(lines.start());
+    SampleUses uses(startOfImport(catalogue, saved));
     for (const std::string& sample : list.names) {
         const std::vector<std::size_t> numbers = uses.of(sample);
         if (numbers.empty()) {
@@ -250,6 +236,7 @@ ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& 
         for (const std::size_t number : numbers) {
             if (catalogue.doubles().of(number) == DoublesStatus::takesPart) {
                 lines.addLetter(number);
+                uses.setLine(number, lines.line(number)); // the letter ends the word before it
             }
         }
     }
@@ -292,8 +279,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
         dialogs.show({MessageIcon::Exclamation, texts.button, failure.text});
         return ImportResult{false, unreadable, {}};
     };
-    if (!RequireCurrentReference(wad, texts.button, dialogs) ||
-        !requireLetterOfOneLevel(wad.letter, dialogs)) {
+    if (!RequireCurrentReference(wad, texts.button, dialogs)) {
         return {};
     }
     const Result<WadList> list = readWadList(places.wads, wad.wadName, kind);
@@ -318,7 +304,9 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     if (problem) {
         return refuse(*problem, false);
     }
-    dialogs.show({MessageIcon::Information, texts.title, whatWasDone(plan, catalogue)});
+    const bool isWhole = plan.refusedLetter.empty() && plan.notices.empty();
+    dialogs.show({isWhole ? MessageIcon::Information : MessageIcon::Exclamation, texts.title,
+                  whatWasDone(plan, catalogue)});
     return {true, false, std::move(plan.unknownSamples)};
 }
 

@@ -17,10 +17,6 @@ namespace tavrel {
 // Every import of objects gives it the letter, whatever the list holds.
 constexpr std::size_t underwaterSound = 60;
 
-// The line with the letter behind its others; nothing for one that cannot take it, for it has no samples and
-// would read the letter as one.
-std::optional<std::string> withLetter(const std::string& line, std::string_view letter);
-
 // Letters that the saved lines take off a sound, without "#".
 struct TakenLetters
 {
@@ -37,6 +33,7 @@ struct ImportPlan
     std::size_t linesPutBack = 0;            // saved lines that differ from the current ones
     std::vector<std::string> unknownSamples; // in the order of the list
     std::vector<TakenLetters> takenLetters;  // of other levels
+    std::vector<std::size_t> refusedLetter;  // sounds that cannot take it
     std::vector<Failure> notices;            // values and records that were passed over
 };
 

@@ -50,6 +50,7 @@ TEST_F(LetterCommandsTest, ChangeWhatIsNamed)
          "None of your references has the letter [#zz]"},
         {{"add", "9F", "1"}, 1, "#g|#oa #tw|#oa|#tw #oa|#xx #oa|", "None of your references"},
         {{"add", "oa", "2", "99"}, 1, "#g|#oa #tw|#oa|#tw #oa|#xx #oa|", "There is no sound 99"},
+        {{"replace", "oa", "xx"}, 1, "#g|#oa #tw|#oa|#tw #oa|#xx #oa|", "1 line already carries #xx"},
         {{"remove", "#xx", "4"}, 0, "#g|#oa #tw|#oa|#tw #oa|#oa|", ""},
         {{"remove", "tw", "1", "2"}, 1, "#g|#oa|#oa|#tw #oa|#oa|", "Sound 2 stays as it is"},
         {{"remove", "g", "0"}, 1, "#g|#oa|#oa|#tw #oa|#oa|", "Letter [#g] shoudn't be removed"},

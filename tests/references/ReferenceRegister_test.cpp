@@ -127,24 +127,24 @@ TEST_F(ReferenceRegisterTest, KeepsWhatAnotherWindowHasWritten)
 TEST_F(ReferenceRegisterTest, WritesTheUsersRowsAndWhatItCouldNotReadInPlace)
 {
     writeBytes(root / "Tavrel.paw",
-               "; mine\n\"A\",\"aa\",\"a\"\n\"broken\",\"x\n,\",\",\n\"B \"x\"\",\"bb\",\"b\"\n; end\n");
+               "; mine\n\"A\",\"aa\",\"a\"\n\"broken\",\"x\nonly,two\n\"B \"x\"\",\"bb\",\"b\"\n; end\n");
     ReferenceRegister references = load().references;
     const auto saved = [&] {
         EXPECT_FALSE(saveRegister(root.path(), references));
         return readBytes(root / "Tavrel.paw");
     };
-    EXPECT_EQ(saved(), textOf({"; mine", "\"A\",\"aa\",\"a\"", "\"broken\",\"x", ",\",\",",
+    EXPECT_EQ(saved(), textOf({"; mine", "\"A\",\"aa\",\"a\"", "\"broken\",\"x", "only,two",
                                "\"B \"x\"\",\"bb\",\"b\"", "; end"}));
     references.appendUser({"c", "cc", "C"});
     references.remove(42);
     references.replaceLetter("bb", "zz");
     references.replaceLetter("9F", "qq"); // installed ones never change
-    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", ",\",\",", "\"B \"x\"\",\"zz\",\"b\"", "; end",
+    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", "only,two", "\"B \"x\"\",\"zz\",\"b\"", "; end",
                                "\"C\",\"cc\",\"c\""}));
     EXPECT_EQ(references.at(0).letter, "9F");
     references.remove(42);
     references.remove(42);
-    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", ",\",\",", "; end"}));
+    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", "only,two", "; end"}));
     EXPECT_EQ(readBytes(root / "TAVREL.TOW"), builtIn(42));
 
     writeBytes(root / "Tavrel.paw", std::string_view("\0", 1));

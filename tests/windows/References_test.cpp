@@ -117,6 +117,11 @@ TEST_F(ReferencesTest, ALetterLivesFromItsReferenceToItsDeletion)
     EXPECT_EQ(row(), 0);
     EXPECT_EQ(userFile(), demoReferences + "\"My karnak\",\"zz\",\"temple\"\r\n");
 
+    inRegister([](FmRefW& registerWindow) {
+        press(registerWindow, "CdEfface");
+        QTest::keyClicks(&box(registerWindow, "TxLett"), "zz");
+        EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 lines already carry #zz.");
+    });
     inRegister([this](FmRefW& registerWindow) {
         EXPECT_EQ(box(registerWindow, "TxWAD").text(), "temple") << "opens on the current WAD";
         EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 line(s) carry #zz");
