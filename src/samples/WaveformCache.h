@@ -41,6 +41,7 @@ private:
         std::uintmax_t size = 0;
         std::filesystem::file_time_type modified;
 
+        friend bool operator==(const Key&, const Key&) = default;
         bool operator<(const Key& other) const
         {
             return std::tie(file, size, modified) < std::tie(other.file, other.size, other.modified);
