@@ -3,7 +3,6 @@
 
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
-#include "references/LineLetters.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -261,7 +260,7 @@ void WadPanel::replacementTyped(const QString& typed)
     if (corrected != typed) {
         m_replacement->setText(corrected);
     }
-    say(looksLikeFlagOrValue(toCodePage(corrected)) ? flagLetterHint() : BilingualText());
+    say(hintOnNewLetter(session().catalogue(), toCodePage(corrected)));
 }
 
 void WadPanel::addLetter()

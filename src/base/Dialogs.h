@@ -14,7 +14,7 @@ namespace tavrel {
 struct OpenFileQuestion
 {
     BilingualText title;
-    BilingualText filterName;
+    BilingualText filterName;           // as it is shown
     std::vector<std::string> fileNames; // the names or patterns the filter lets through
     std::filesystem::path folder;       // where the dialog starts
     std::string proposedName = {};
@@ -43,6 +43,8 @@ public:
         const std::optional<std::filesystem::path> file = chooseFile(question);
         return file ? std::vector{*file} : std::vector<std::filesystem::path>();
     }
+    // Whether lines that a command has changed wait for the user to apply them. Else that comes at once.
+    virtual bool appliesLater() const { return true; }
     // Starts from a colour. Nothing when the user cancels.
     virtual std::optional<ColourValue> chooseColour(ColourValue current) = 0;
 };

@@ -10,6 +10,8 @@ namespace tavrel {
 
 namespace {
 
+constexpr std::size_t mostShown = 8;
+
 std::string reason(const std::error_code& error)
 {
     return error ? "\n" + system::errorText(error) : std::string();
@@ -51,9 +53,22 @@ Failure wrongLine(const std::filesystem::path& file, std::size_t line, const Bil
     return {BilingualText::same(bracketed(file)) + where + what};
 }
 
+BilingualText listOfNumbers(std::span<const std::size_t> numbers)
+{
+    std::string first;
+    for (const std::size_t number : numbers.first(std::min(numbers.size(), mostShown))) {
+        first += (first.empty() ? "" : ", ") + std::to_string(number);
+    }
+    const BilingualText text = BilingualText::same(first);
+    if (numbers.size() <= mostShown) {
+        return text;
+    }
+    const std::string rest = std::to_string(numbers.size() - mostShown);
+    return text + BilingualText(" and " + rest + " more", " et " + rest + " autres");
+}
+
 BilingualText listOf(const std::vector<Failure>& notices)
 {
-    constexpr std::size_t mostShown = 8;
     BilingualText text;
     for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
         text += (i == 0 ? BilingualText() : BilingualText::same("\n\n")) + notices[i].text;

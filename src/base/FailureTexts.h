@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -21,5 +22,8 @@ Failure wrongLine(const std::filesystem::path& file, std::size_t line, const Bil
 
 // The first of them, an empty line between each two, and how many more there are.
 BilingualText listOf(const std::vector<Failure>& notices);
+
+// "3, 17, 20", the first of them.
+BilingualText listOfNumbers(std::span<const std::size_t> numbers);
 
 } // namespace tavrel

@@ -92,12 +92,12 @@ std::optional<std::vector<ListedValue>> splitList(std::string_view line)
 
 std::optional<RegisterRecord> splitRegisterRecord(std::string_view line)
 {
-    if (!isBetweenQuotes(line)) {
-        const std::optional<std::vector<RecordField>> fields = splitRecord(line);
-        if (!fields || fields->size() != 3) {
-            return std::nullopt;
-        }
+    const std::optional<std::vector<RecordField>> fields = splitRecord(line);
+    if (fields && fields->size() == 3) {
         return RegisterRecord{(*fields)[0].text, (*fields)[1].text, (*fields)[2].text};
+    }
+    if (!isBetweenQuotes(line)) {
+        return std::nullopt;
     }
     constexpr std::string_view separator = "\",\"";
     const std::string_view inside = line.substr(1, line.size() - 2);

@@ -29,8 +29,8 @@ struct ListedValue
 };
 std::optional<std::vector<ListedValue>> splitList(std::string_view line);
 
-// A line of the register files: three quoted fields. A title may itself hold `","` or a quote, so a line that
-// starts and ends with a quote is split at its last two `","`.
+// A line of the register files: three fields by the usual rules. A title may itself hold `","` or a quote, so
+// any other line that starts and ends with a quote is split at its last two `","`.
 struct RegisterRecord
 {
     std::string title;

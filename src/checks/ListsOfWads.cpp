@@ -3,7 +3,7 @@
 #include "base/Folder.h"
 #include "checks/CheckRun.h"
 #include "checks/CheckTable.h"
-#include "references/WadImport.h"
+#include "references/LineLetters.h"
 #include "references/WadLists.h"
 
 #include <set>

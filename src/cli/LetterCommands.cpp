@@ -49,7 +49,7 @@ bool removeLetter(LineEditor& editor, const std::string& letter, Console& consol
     return removeLetterFromLine(editor, static_cast<std::size_t>(entry - letters.begin()), console.dialogs);
 }
 
-// Sounds that refuse the change stay as they are; the others are written.
+// Sounds that refuse the change stay as they are; the others, if any, are written.
 template <typename Change>
 ExitStatus changeEach(Session& session, std::span<const std::size_t> numbers,
                       const LetterArguments& arguments, Change change, Console& console)
@@ -59,15 +59,18 @@ ExitStatus changeEach(Session& session, std::span<const std::size_t> numbers,
         return ExitStatus::Refused;
     }
     LineEditor editor(session.catalogue());
+    bool anyChanged = false;
     for (const std::size_t number : numbers) {
         editor.select(number);
-        if (!change(editor)) {
+        if (change(editor)) {
+            anyChanged = true;
+        } else {
             const std::string sound = std::to_string(number);
             console.dialogs.refuse(
                 {"Sound " + sound + " stays as it is.", "Le son " + sound + " reste tel quel."});
         }
     }
-    return apply(session, arguments.wadName, console);
+    return anyChanged ? apply(session, arguments.wadName, console) : ExitStatus::Refused;
 }
 
 ExitStatus applyAll(Session& session, const SoundsChanged& changed, const LetterArguments& arguments,

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
-#include "base/Folder.h"
-#include "catalogue/CatalogueLoading.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
+#include "references/LetterCommands.h"
 #include "references/RegisterEditor.h"
 #include "references/WadImport.h"
 #include "references/WadLists.h"
@@ -51,18 +50,23 @@ ExitStatus addReference(const ReferenceArguments& arguments, Console& console)
         return console.dialogs.status();
     }
     CurrentWad none;
-    return editorOf(*session, none, console).add(arguments.reference) ? writeRegister(*session, console)
-                                                                      : ExitStatus::Refused;
+    if (!editorOf(*session, none, console).add(arguments.reference)) {
+        return ExitStatus::Refused;
+    }
+    const std::string& letter = arguments.reference.letter;
+    if (const std::size_t carriers = linesWithLetter(session->catalogue(), letter); carriers > 0) {
+        console.dialogs.say(alreadyCarried(carriers, letter));
+    }
+    return writeRegister(*session, console);
 }
 
+// The user's own before a built-in one.
 std::optional<std::size_t> rowOf(const ReferenceRegister& references, const std::string& wadName)
 {
-    for (std::size_t i = 0; i < references.size(); ++i) {
-        if (references.at(i).wadName == wadName) {
-            return i;
-        }
-    }
-    return std::nullopt;
+    const WadReference* const own = userReferenceNamed(references, wadName);
+    const WadReference* const found = own != nullptr ? own : referenceNamed(references, wadName);
+    return found == nullptr ? std::nullopt
+                            : std::optional(static_cast<std::size_t>(found - &references.at(0)));
 }
 
 // The lines first: when they cannot be written, the register still knows the letter that they carry.
@@ -117,13 +121,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     if (!wad) {
         return ExitStatus::Refused;
     }
-    if (kind == WadListKind::Objects && session->catalogue().objects().empty()) {
-        return console.dialogs.fail(
-            wrongContent(fileIn(console.programFolder, objectsFileName),
-                         {"The sounds of the listed objects are not known. Nothing was imported.",
-                          "Les sons des objets de la liste ne sont pas connus. Rien n'a été importé."}));
-    }
-    if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
+    if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, wad->wadName)) {
         return console.dialogs.refuse(importForbidden());
     }
     tellCutRestores(session->places(), console);
@@ -135,7 +133,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     for (const std::string& sample : result.unknownSamples) {
         console.output.writeLine(utf8FromCodePage(sample));
     }
-    return apply(*session, arguments.wadName.value_or(arguments.name), console);
+    return apply(*session, arguments.wadName.value_or(wad->wadName), console);
 }
 
 void addImport(const Menu& menu, const std::string& name, const BilingualText& what, WadListKind kind)

@@ -3,7 +3,6 @@
 
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
-#include "references/LineLetters.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -243,9 +242,10 @@ void FmRefW::showInfo()
 {
     const std::string letter = toCodePage(m_letter->text());
     BilingualText text;
-    if (looksLikeFlagOrValue(letter) && letter != m_editor.selectedLetter()) {
-        text = flagLetterHint();
-    } else if (m_editor.selected()) {
+    if (letter != m_editor.selectedLetter()) {
+        text = hintOnNewLetter(m_context.editing.catalogue, letter);
+    }
+    if (text.empty() && m_editor.selected()) {
         const std::size_t count = linesWithLetter(m_context.editing.catalogue, m_editor.selectedLetter());
         const std::string shown = std::to_string(count);
         const std::string marked = "#" + fromCodePage(m_editor.selectedLetter()).toStdString();
@@ -265,8 +265,10 @@ void FmRefW::correctLetter()
 
 void FmRefW::chooseWad()
 {
-    const OpenFileQuestion question{
-        titles::selectWad, {"WAD file", "fichier WAD"}, {"*.WAD"}, m_context.editing.wadFolder};
+    const OpenFileQuestion question{titles::selectWad,
+                                    {"WAD file (*.WAD)", "fichier WAD (*.WAD)"},
+                                    {"*.WAD"},
+                                    m_context.editing.wadFolder};
     const std::optional<std::filesystem::path> file = m_context.editing.dialogs.chooseFile(question);
     const std::optional<std::string> name =
         file ? wadNameFromPath(toCodePage(QString::fromStdU16String(file->u16string()))) : std::nullopt;

@@ -2,8 +2,8 @@
 #include "references/LetterCommands.h"
 
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/Titles.h"
-#include "catalogue/LineWords.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterTexts.h"
 #include "references/LineLetters.h"
@@ -32,6 +32,15 @@ bool reported(const Problem& problem, const BilingualText& title, Dialogs& dialo
     return problem && !refuse(title, problem->text, dialogs);
 }
 
+const BilingualText& whyNoLetterOfOneLevel(std::string_view letter)
+{
+    constexpr std::size_t length = 2;
+    if (letter.size() != length) {
+        return letterTexts::twoCharacters;
+    }
+    return letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::forbiddenCharacter;
+}
+
 std::string shown(std::string_view bytes)
 {
     return shownText(bytes);
@@ -58,8 +67,11 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
         return refuse(replaceTitle, {"Type a 'Replace by' letter", "Entrer une lettre de remplacement"},
                       dialogs);
     }
-    if (newLetter.size() != length || hasForbiddenLetterCharacter(newLetter)) {
+    if (newLetter.size() != length) {
         return refuse(letterTexts::letterTitle, letterTexts::twoCharacters, dialogs);
+    }
+    if (hasForbiddenLetterCharacter(newLetter)) {
+        return refuse(letterTexts::letterTitle, letterTexts::forbiddenCharacter, dialogs);
     }
     if (newLetter.starts_with('g')) {
         return refuse(letterTexts::letterTitle, letterTexts::startsWithG, dialogs);
@@ -81,6 +93,22 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
     return true;
 }
 
+// Two levels that become one cannot be parted again.
+bool confirmMerging(const SoundCatalogue& catalogue, std::string_view oldLetter, std::string_view newLetter,
+                    Dialogs& dialogs)
+{
+    const std::size_t carriers = linesWithLetter(catalogue, newLetter);
+    if (carriers == 0 || linesWithLetter(catalogue, oldLetter) == 0) {
+        return true;
+    }
+    const BilingualText text =
+        alreadyCarried(carriers, newLetter) +
+        BilingualText("\nOnce it is replaced, nothing tells the two levels apart.\nReplace it anyway?",
+                      "\nAprès le remplacement, rien ne distinguera plus les deux niveaux.\nRemplacer quand "
+                      "même ?");
+    return dialogs.ask({replaceTitle, text, Buttons::YesNo, true, true}) == Answer::Yes;
+}
+
 // The sounds of objects that a command may change.
 std::vector<std::size_t> soundsOf(const SoundCatalogue& catalogue, std::span<const std::string> objects)
 {
@@ -90,8 +118,7 @@ std::vector<std::size_t> soundsOf(const SoundCatalogue& catalogue, std::span<con
         if (object != catalogue.objects().end()) {
             std::ranges::copy_if(object->sounds, std::back_inserter(sounds),
                                  [&catalogue](std::size_t number) {
-                                     return number < catalogue.size() && !catalogue.isGlobal(number) &&
-                                            !catalogue.isProtected(number);
+                                     return number < catalogue.size() && !catalogue.isProtected(number);
                                  });
         }
     }
@@ -128,14 +155,6 @@ std::string joinedLetters(const std::vector<std::string>& letters)
     return text;
 }
 
-// Behind the line, and apart from its last word.
-std::string withLetterBehind(const std::string& line, const std::string& letter)
-{
-    const bool endsApart = line.ends_with(' ') || line.ends_with('\t');
-    const std::string_view separator = endsApart ? "" : line.find('#') == std::string::npos ? "\t" : " ";
-    return line + std::string(separator) + "#" + letter;
-}
-
 // Nothing but the letters may be read in another way.
 bool differInLettersAlone(const std::string& before, const std::string& after)
 {
@@ -148,24 +167,16 @@ bool differInLettersAlone(const std::string& before, const std::string& after)
 
 Result<std::string> lineWithLetter(const std::string& line, const std::string& letter)
 {
-    const std::string marked = "#" + letter;
-    if (line.find("#g") != std::string::npos ||
-        ParseSoundLine(line).Letters.find(marked) != std::string::npos) {
+    if (line.find("#g") != std::string::npos) {
         return line;
     }
-    if (wordsChangedByComposing(line).none()) {
-        std::string composed = AddLetterByRecord(line, letter);
-        if (differInLettersAlone(line, composed)) {
-            return composed;
-        }
+    std::optional<std::string> text = withLetterInFront(line, letter);
+    if (!text || !differInLettersAlone(line, *text)) {
+        return Failure{
+            {"A letter behind this line would be read as something else, or change how it is read.",
+             "Une lettre derrière cette ligne serait lue autrement, ou changerait sa lecture."}};
     }
-    std::string appended = withLetterBehind(line, letter);
-    const std::vector<std::string> letters = lettersOf(ParseSoundLine(appended));
-    if (differInLettersAlone(line, appended) && std::ranges::find(letters, letter) != letters.end()) {
-        return appended;
-    }
-    return Failure{{"A letter behind this line would be read as something else, or change how it is read.",
-                    "Une lettre derrière cette ligne serait lue autrement, ou changerait sa lecture."}};
+    return *text;
 }
 
 SoundsChanged notAgreed()
@@ -205,8 +216,9 @@ bool requireLetterOfOneLevel(std::string_view letter, Dialogs& dialogs)
     if (isLetterOfOneLevel(letter)) {
         return true;
     }
+    const std::string marked = "[#" + shown(letter) + "]";
     return refuse(letterTexts::letterTitle,
-                  letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::twoCharacters, dialogs);
+                  BilingualText(marked + ": ", marked + " : ") + whyNoLetterOfOneLevel(letter), dialogs);
 }
 
 AddedLetter addLetterToLine(LineEditor& editor, const CurrentWad& wad, Dialogs& dialogs)
@@ -306,17 +318,21 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
         !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return ReplacedLetter::Refused;
     }
+    if (!confirmMerging(catalogue, wad.letter, newLetter, dialogs)) {
+        return ReplacedLetter::Declined;
+    }
     const std::string oldShown = "#" + shown(wad.letter);
     const std::string newShown = "#" + shown(newLetter);
     const std::string name = "[" + shown(wad.wadName) + "]";
-    const Question question{
-        replaceTitle,
-        {"Replace " + oldShown + " letter by " + newShown + " for all the sounds of the wad " + name +
-             "\nDon't forget to apply modifications to sounds.txt to validate the new letter",
-         "Remplacer la lettre " + oldShown + " par " + newShown + " pour tous les sons du wad " + name +
-             "\nN'oubliez pas d'appliquer les modifications à sounds.txt pour valider la nouvelle lettre"},
-        Buttons::YesNo};
-    if (dialogs.ask(question) != Answer::Yes) {
+    BilingualText text(
+        "Replace " + oldShown + " letter by " + newShown + " for all the sounds of the wad " + name,
+        "Remplacer la lettre " + oldShown + " par " + newShown + " pour tous les sons du wad " + name);
+    if (dialogs.appliesLater()) {
+        text += BilingualText(
+            "\nDon't forget to apply modifications to sounds.txt to validate the new letter",
+            "\nN'oubliez pas d'appliquer les modifications à sounds.txt pour valider la nouvelle lettre");
+    }
+    if (dialogs.ask({replaceTitle, text, Buttons::YesNo}) != Answer::Yes) {
         return ReplacedLetter::Declined;
     }
     const Problem problem = [&] {
@@ -362,6 +378,27 @@ std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view le
     return count;
 }
 
+BilingualText alreadyCarried(std::size_t lines, std::string_view letter)
+{
+    const std::string count = std::to_string(lines);
+    const std::string marked = "#" + shown(letter);
+    return lines == 1
+               ? BilingualText("1 line already carries " + marked + ".", "1 ligne porte déjà " + marked + ".")
+               : BilingualText(count + " lines already carry " + marked + ".",
+                               count + " lignes portent déjà " + marked + ".");
+}
+
+BilingualText hintOnNewLetter(const SoundCatalogue& catalogue, std::string_view letter)
+{
+    if (!isLetterOfOneLevel(letter)) {
+        return {};
+    }
+    if (const std::size_t lines = linesWithLetter(catalogue, letter); lines > 0) {
+        return alreadyCarried(lines, letter);
+    }
+    return looksLikeFlagOrValue(letter) ? flagLetterHint() : BilingualText();
+}
+
 SoundsChanged addLetterToSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
                                 const CurrentWad& wad, Dialogs& dialogs)
 {
@@ -402,18 +439,20 @@ SoundsChanged addLetterToObjects(SoundCatalogue& catalogue, std::span<const std:
 SoundsChanged removeLetterFromObjects(SoundCatalogue& catalogue, std::span<const std::string> objects,
                                       const CurrentWad& wad, Dialogs& dialogs)
 {
-    if (!RequireCurrentReference(wad, removeTitle, dialogs)) {
+    if (!RequireCurrentReference(wad, removeTitle, dialogs) ||
+        !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return notAgreed();
     }
     const auto rewrite = [&](std::size_t number) -> Result<std::string> {
-        const std::string& line = catalogue.currentLine(number);
-        const std::string removed = RemoveLetter(line, wad.letter);
-        // Taking a letter out from between two others can glue them; reading and composing parts them again.
-        std::string composed = removed == line ? line : ComposeSoundLine(ParseSoundLine(removed));
-        return haveSameSampleCount(line, composed) ? composed : line;
+        std::optional<std::string> text = withoutLetter(catalogue.currentLine(number), wad.letter);
+        if (!text) {
+            return Failure{{"Without the letter it would be read with other samples.",
+                            "Sans la lettre, il serait lu avec d'autres samples."}};
+        }
+        return *text;
     };
     const std::vector<std::size_t> sounds = soundsOf(catalogue, objects);
-    const SoundsChange change{objectsLabel(removeTitle, objects), removeTitle, rewrite, true};
+    const SoundsChange change{objectsLabel(removeTitle, objects), removeTitle, rewrite};
     SoundsChanged changed = changeSounds(catalogue, sounds, change, dialogs);
     tellRefused(changed, removeTitle, dialogs);
     return changed;

@@ -55,6 +55,11 @@ BilingualText removedLetterLabel(std::string_view letter);
 [[nodiscard]] Problem eraseLetterFromAllLines(SoundCatalogue& catalogue, std::string_view letter);
 // How many lines carry the letter.
 std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter);
+// What to know before a reference takes a letter that lines carry.
+BilingualText alreadyCarried(std::size_t lines, std::string_view letter);
+// The same while the letter is typed, or that the line grammar can mistake it. Empty when there is nothing to
+// know.
+BilingualText hintOnNewLetter(const SoundCatalogue& catalogue, std::string_view letter);
 
 // The same for many sounds at once. The letter goes in front of each line's others, which composes the line;
 // where that would lose or change words, it goes behind the line instead. Lines that have it stay as they

@@ -14,5 +14,7 @@ inline const BilingualText startsWithG("Letter starting by [#g] not authorized",
 // The misspelling is what users know.
 inline const BilingualText ofAllLevelsStays("Letter [#g] shoudn't be removed",
                                             "La Lettre [#g] ne peut pas être retirée");
+inline const BilingualText forbiddenCharacter("The letter holds a blank, a # or a quote",
+                                              "La lettre contient un blanc, un # ou un guillemet");
 
 } // namespace tavrel::letterTexts

@@ -80,6 +80,19 @@ bool RegisterEditor::reported(const Problem& problem, const BilingualText& title
     return problem && !refuse(ReferenceField::None, title, problem->text);
 }
 
+void RegisterEditor::tellLinesLeft(const std::string& letter, const BilingualText& title)
+{
+    const std::size_t lines = linesWithLetter(m_context.catalogue, letter);
+    if (isLetterOfOneLevel(letter) || lines == 0) {
+        return;
+    }
+    const std::string marked = "[#" + shown(letter) + "]";
+    const std::string count = std::to_string(lines);
+    refuse(ReferenceField::None, title,
+           {marked + " is no letter of one level. It stays on " + count + " line(s).",
+            marked + " n'est pas une lettre de niveau. Elle reste sur " + count + " ligne(s)."});
+}
+
 WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announceBuiltIn)
 {
     m_focus = ReferenceField::None;
@@ -151,8 +164,11 @@ bool RegisterEditor::ValidateReference(const WadReference& fields, bool adding, 
         return false;
     }
     constexpr std::size_t letterLength = 2;
-    if (fields.letter.size() != letterLength || hasForbiddenLetterCharacter(fields.letter)) {
+    if (fields.letter.size() != letterLength || fields.letter.starts_with(' ')) {
         return refuse(ReferenceField::Letter, titles::letter, letterTexts::twoCharacters);
+    }
+    if (hasForbiddenLetterCharacter(fields.letter)) {
+        return refuse(ReferenceField::Letter, titles::letter, letterTexts::forbiddenCharacter);
     }
     if (fields.letter.starts_with('g')) {
         return refuse(ReferenceField::Letter, titles::letter, letterTexts::startsWithG);
@@ -202,10 +218,22 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
             return Modified::LetterTakenBack;
         }
     }
-    const Step step(m_context.catalogue, title + (", " + shown(m_selectedWadName)));
+    const std::string letterBefore = m_selectedLetter;
+    if (reported(store(fields), title)) {
+        return Modified::Refused;
+    }
+    if (fields.letter != letterBefore) {
+        tellLinesLeft(letterBefore, title);
+    }
+    return Modified::Done;
+}
+
+Problem RegisterEditor::store(const WadReference& fields)
+{
+    const Step step(m_context.catalogue, titles::modifySelectedReference + (", " + shown(m_selectedWadName)));
     if (fields.letter != m_selectedLetter) {
-        if (reported(replaceLetterOnAllLines(m_context.catalogue, m_selectedLetter, fields.letter), title)) {
-            return Modified::Refused;
+        if (Problem problem = replaceLetterOnAllLines(m_context.catalogue, m_selectedLetter, fields.letter)) {
+            return problem;
         }
         m_linesChanged = true;
     }
@@ -220,7 +248,7 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
     m_context.references.replace(*m_selected, wanted);
     m_selectedLetter = fields.letter;
     m_selectedWadName = fields.wadName;
-    return Modified::Done;
+    return std::nullopt;
 }
 
 bool RegisterEditor::remove()
@@ -241,15 +269,22 @@ bool RegisterEditor::remove()
     if (m_context.dialogs.ask(question) != Answer::Yes) {
         return false;
     }
-    const Step step(m_context.catalogue, titles::deleteReference + (", " + name));
-    if (reported(eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter), titles::deleteReference)) {
+    const Problem problem = [&] {
+        const Step step(m_context.catalogue, titles::deleteReference + (", " + name));
+        Problem refusal = eraseLetterFromAllLines(m_context.catalogue, m_selectedLetter);
+        if (!refusal) {
+            if (m_context.wad.wadName == m_context.references.at(*m_selected).wadName) {
+                m_context.wad = {};
+            }
+            m_context.references.remove(*m_selected);
+        }
+        return refusal;
+    }();
+    if (reported(problem, titles::deleteReference)) {
         return false;
     }
-    if (m_context.wad.wadName == m_context.references.at(*m_selected).wadName) {
-        m_context.wad = {};
-    }
-    m_context.references.remove(*m_selected);
     m_linesChanged = true;
+    tellLinesLeft(m_selectedLetter, titles::deleteReference);
     select(std::nullopt, false);
     return true;
 }

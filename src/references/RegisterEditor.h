@@ -62,12 +62,15 @@ public:
     bool remove();
 
 private:
+    Problem store(const WadReference& fields);
     bool ValidateReference(const WadReference& fields, bool adding, const BilingualText& caption);
     bool hasWadFile(std::string_view wadName, std::string_view ending, const BilingualText& caption);
     bool isFreeWadName(const std::string& wadName, const BilingualText& caption);
     bool isFreeLetter(const std::string& letter, const BilingualText& caption);
     bool refuse(ReferenceField field, const BilingualText& title, const BilingualText& text);
     bool reported(const Problem& problem, const BilingualText& title);
+    // The letter is one that no walk over the lines looks for.
+    void tellLinesLeft(const std::string& letter, const BilingualText& title);
 
     Context m_context;
     std::optional<std::size_t> m_selected;

@@ -317,14 +317,27 @@ SampleUses::SampleUses(std::vector<std::string> lines)
     : m_lines(std::move(lines)), m_allNumbers(m_lines.size())
 {
     std::iota(m_allNumbers.begin(), m_allNumbers.end(), std::size_t{0});
-    for (const std::size_t number : m_allNumbers) {
-        forEachWord(m_lines[number], [&](std::string_view word) {
-            std::vector<std::size_t>& numbers = m_linesWithWord[std::string(word)];
-            if (numbers.empty() || numbers.back() != number) {
-                numbers.push_back(number);
-            }
-        });
+    std::ranges::for_each(m_allNumbers, [this](std::size_t number) { addWords(number); });
+}
+
+// Words that were there before stay: a candidate more does no harm.
+void SampleUses::setLine(std::size_t number, const std::string& line)
+{
+    if (m_lines[number] != line) {
+        m_lines[number] = line;
+        addWords(number);
     }
+}
+
+void SampleUses::addWords(std::size_t number)
+{
+    forEachWord(m_lines[number], [&](std::string_view word) {
+        std::vector<std::size_t>& numbers = m_linesWithWord[std::string(word)];
+        const auto place = std::ranges::lower_bound(numbers, number);
+        if (place == numbers.end() || *place != number) {
+            numbers.insert(place, number);
+        }
+    });
 }
 
 std::vector<std::size_t> SampleUses::of(std::string_view sample) const

@@ -67,11 +67,14 @@ class SampleUses
 {
 public:
     explicit SampleUses(std::vector<std::string> lines);
+    void setLine(std::size_t number, const std::string& line);
 
     // In ascending order.
     std::vector<std::size_t> of(std::string_view sample) const;
 
 private:
+    void addWords(std::size_t number);
+
     std::vector<std::string> m_lines;
     std::vector<std::size_t> m_allNumbers;
     std::unordered_map<std::string, std::vector<std::size_t>> m_linesWithWord;

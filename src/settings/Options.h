@@ -58,6 +58,8 @@ constexpr std::string_view windowSizePrefix = "window-size-";
 constexpr std::string_view toldFileErrors = "told-file-errors";
 // Of the main list, beside number and name: "samples,letters".
 constexpr std::string_view listColumns = "list-columns";
+// Which state of the register's files was told last.
+constexpr std::string_view toldRegister = "told-register";
 } // namespace options
 
 } // namespace tavrel

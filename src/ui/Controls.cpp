@@ -153,6 +153,8 @@ QLabel* makePaperLabel(const char* name)
     label->setTextFormat(Qt::PlainText);
     // Its texts change quickly and must not move the rest of the window.
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    constexpr int padding = 4; // of the style sheet, above and below together
+    label->setMinimumHeight(label->fontMetrics().height() + padding);
     setPaperText(*label, {});
     return label;
 }

@@ -7,12 +7,14 @@
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
+#include <QAbstractButton>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -160,6 +162,15 @@ void MessageWindow::keyPressEvent(QKeyEvent* event)
         }
     }
     TitledWindow::keyPressEvent(event);
+}
+
+void MessageWindow::showHelp()
+{
+    if (parentWidget() == nullptr && m_openHelp) {
+        m_openHelp(*this);
+    } else {
+        TitledWindow::showHelp();
+    }
 }
 
 Answer MessageWindow::run(Answer refusal)

@@ -4,6 +4,7 @@
 #include "base/Message.h"
 #include "ui/TitledWindow.h"
 
+#include <functional>
 #include <map>
 #include <span>
 
@@ -20,6 +21,8 @@ class MessageWindow : public TitledWindow
 public:
     MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
 
+    // For a box without an opener that has help.
+    void setHelp(std::function<void(QWidget&)> openHelp) { m_openHelp = std::move(openHelp); }
     // Folds out below; a button shows and hides it.
     void addDetails(const QString& details, bool open, Language language);
     // From left to right; the default answer is the one that Enter gives. An answer may have words of its
@@ -32,9 +35,11 @@ public:
 protected:
     // The underlined letters work without Alt: there is nothing here to type.
     void keyPressEvent(QKeyEvent* event) override;
+    void showHelp() override;
 
 private:
     QHBoxLayout* m_buttons;
+    std::function<void(QWidget&)> m_openHelp;
     Answer m_answer = Answer::Cancel;
 };
 

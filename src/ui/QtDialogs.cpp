@@ -68,6 +68,15 @@ QWidget* ownerOfDialogs()
 
 } // namespace
 
+std::function<void(QWidget&)> QtDialogs::helpOfBoxes() const
+{
+    return [this](QWidget& box) {
+        if (m_openHelp) {
+            m_openHelp(box, m_language);
+        }
+    };
+}
+
 void QtDialogs::show(const Message& message)
 {
     MessageWindow window(ownerOfDialogs(), message.icon, inLanguage(message.title, m_language),
@@ -75,6 +84,7 @@ void QtDialogs::show(const Message& message)
     if (!message.details.empty()) {
         window.addDetails(inLanguage(message.details, m_language), false, m_language);
     }
+    window.setHelp(helpOfBoxes());
     const Answer ok[] = {Answer::Ok};
     window.offer(ok, Answer::Ok, m_language);
     window.run(Answer::Ok);
@@ -87,6 +97,7 @@ Answer QtDialogs::ask(const Question& question)
     if (!question.details.empty()) {
         window.addDetails(inLanguage(question.details, m_language), question.showsDetails, m_language);
     }
+    window.setHelp(helpOfBoxes());
     std::vector<Answer> answers = offeredAnswers(question.buttons);
     const Answer cautious = question.buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
     const Answer byDefault = question.refusalIsDefault ? cautious : answers.front();
@@ -127,6 +138,7 @@ std::vector<std::filesystem::path> QtDialogs::runFileDialog(const OpenFileQuesti
     QFileDialog dialog(ownerOfDialogs(), inLanguage(question.title, m_language),
                        existingFolder(question.folder), filter);
     dialog.setFileMode(mode);
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the name says what there is to say
     if (question.forSaving) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setOption(QFileDialog::DontConfirmOverwrite);

@@ -6,6 +6,10 @@
 
 #include <QFileDialog>
 
+#include <functional>
+
+class QWidget;
+
 namespace tavrel {
 
 // Boxes and file dialogs over the window in which the user is working.
@@ -13,6 +17,9 @@ class QtDialogs : public Dialogs
 {
 public:
     void setLanguage(Language language) { m_language = language; }
+    // What F1 does in a box that no window has opened.
+    using OpenHelp = std::function<void(QWidget& box, Language language)>;
+    void setHelp(OpenHelp openHelp) { m_openHelp = std::move(openHelp); }
 
     void show(const Message& message) override;
     Answer ask(const Question& question) override;
@@ -23,8 +30,10 @@ public:
 private:
     std::vector<std::filesystem::path> runFileDialog(const OpenFileQuestion& question,
                                                      QFileDialog::FileMode mode);
+    std::function<void(QWidget&)> helpOfBoxes() const;
 
     Language m_language = Language::English;
+    OpenHelp m_openHelp;
     KeptColours m_keptColours = noKeptColours();
 };
 

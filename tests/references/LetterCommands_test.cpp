@@ -172,7 +172,8 @@ TEST_F(LetterCommands, EraseAndReplaceWalkOverAllLines)
     for (const char* letter : {"g", "a", "g1"}) {
         ScriptedDialogs refused;
         EXPECT_FALSE(removeLetterEverywhere(catalogue, {"w", letter, "t"}, refused)) << letter;
-        EXPECT_EQ(refused.said().size(), 1U);
+        ASSERT_EQ(refused.said().size(), 1U);
+        EXPECT_TRUE(refused.said()[0].text.english.starts_with("[#" + std::string(letter) + "]: "));
     }
     EXPECT_EQ(line(3), plain + "#g");
 }
@@ -192,7 +193,7 @@ TEST_F(LetterCommands, ReplaceChecksTheNewLetterAndWritesTheRegister)
     const Refusal refusals[] = {
         {"", "Remplacer | Entrer une lettre de remplacement"},
         {"a", "Lettre | La lettre doit faire 2 caractères"},
-        {"a#", "Lettre | La lettre doit faire 2 caractères"},
+        {"a#", "Lettre | La lettre contient un blanc, un # ou un guillemet"},
         {"g1", "Lettre | Lettre commençant par [#g] non autorisée"},
         {"ab", "Remplacer | Lettre de remplacement identique à la lettre du Wad"},
         {"9F", "Remplacer | La lettre [#9F] est déjà assignée à [karnak]"},
@@ -218,6 +219,25 @@ TEST_F(LetterCommands, ReplaceChecksTheNewLetterAndWritesTheRegister)
     EXPECT_EQ(references.userFileText(),
               textOf({"\"The oasis\",\"cd\",\"oasis\"", "\"Other\",\"ot\",\"other\""}));
     EXPECT_EQ(references.findUserLetter("9F"), nullptr) << "built in";
+}
+
+TEST_F(LetterCommands, TwoLevelsBecomeOneOnlyOnPurpose)
+{
+    ReferenceRegister references;
+    references.appendUser({"oasis", "ab", "The oasis"});
+    start({plain + "#ab", plain + "#cd"});
+    ScriptedDialogs dialogs{Answer::No, Answer::Yes, Answer::Yes};
+    EXPECT_EQ(replaceLetterEverywhere(catalogue, references, wad, "cd", dialogs), ReplacedLetter::Declined);
+    EXPECT_EQ(dialogs.conversation(Language::English)[0],
+              "Yes/No | Replace | 1 line already carries #cd.\nOnce it is replaced, nothing tells the two "
+              "levels apart.\nReplace it anyway?");
+    EXPECT_EQ(replaceLetterEverywhere(catalogue, references, wad, "cd", dialogs), ReplacedLetter::Replaced);
+    EXPECT_EQ(line(0), plain + "#cd");
+
+    wad.letter = "ab"; // cut in two: the lines have the new letter already
+    references.replaceLetter("cd", "ab");
+    dialogs.prepareAnswer(Answer::Yes);
+    EXPECT_EQ(replaceLetterEverywhere(catalogue, references, wad, "cd", dialogs), ReplacedLetter::Replaced);
 }
 
 TEST_F(LetterCommands, ObjectsGetTheLetterOnAllTheirSounds)
@@ -276,4 +296,49 @@ TEST_F(LetterCommands, SeveralSoundsGetTheLetterInTheWayThatKeepsTheirWords)
         EXPECT_EQ(line(i), cases[i].removed);
     }
     EXPECT_FALSE(removeLetterFromSounds(catalogue, numbers, "g", dialogs).agreed);
+}
+
+TEST_F(LetterCommands, OnlyAddingToObjectsLeavesTheLinesOfAllLevelsAlone)
+{
+    const std::vector<std::string> bat{"BAT"};
+    start({plain + "#g #ab #cd"});
+    catalogue.setObjects({{"Animals", "BAT", {0}}});
+    ScriptedDialogs dialogs;
+    EXPECT_EQ(removeLetterFromObjects(catalogue, bat, wad, dialogs).changed, 1U);
+    EXPECT_EQ(line(0), plain + "#g #cd");
+    EXPECT_FALSE(removeLetterFromObjects(catalogue, bat, {"w", "g", "t"}, dialogs).agreed);
+    EXPECT_EQ(line(0), plain + "#g #cd");
+}
+
+// Nobody is asked: lines that composing would change are not composed.
+TEST_F(LetterCommands, ObjectsWithOddLinesKeepTheirWords)
+{
+    struct Case
+    {
+        std::string before;
+        std::string with;
+        std::string without;
+    };
+    const Case cases[] = {
+        {"N:>a>VOL150>P>>>RAD05>; mine", "N:>a>VOL150>P>>>RAD05>; mine>#ab", "N:>a>VOL150>P>>>RAD05>; mine>"},
+        {"N:>a>VOL150>>#cd #ef ; x", "N:>a>VOL150>>#cd #ef ; x #ab", "N:>a>VOL150>>#cd #ef ; x"},
+        {plain + "#cd", plain + "#ab #cd", plain + "#cd"},
+        {"N:>>>#cd", "N:>>>#cd", "N:>>>#cd"},
+    };
+    start({cases[0].before, cases[1].before, cases[2].before, cases[3].before});
+    catalogue.setObjects({{"Animals", "BAT", {0, 1, 2, 3}}});
+    ScriptedDialogs dialogs;
+    const std::vector<std::string> bat{"BAT"};
+    const SoundsChanged added = addLetterToObjects(catalogue, bat, wad, dialogs);
+    EXPECT_EQ(added.changed, 3U);
+    ASSERT_EQ(added.refused.size(), 1U);
+    EXPECT_EQ(added.refused[0].number, 3U) << "another letter would be read as a sample";
+    for (std::size_t k = 0; k < std::size(cases); ++k) {
+        EXPECT_EQ(line(k), cases[k].with);
+    }
+    EXPECT_TRUE(removeLetterFromObjects(catalogue, bat, wad, dialogs).agreed);
+    for (std::size_t k = 0; k < std::size(cases); ++k) {
+        EXPECT_EQ(line(k), cases[k].without);
+    }
+    EXPECT_EQ(withoutLetter(withTabs("N:>a>VOL150>>#abc #cd"), "ab"), withTabs("N:>a>VOL150>>#cd"));
 }

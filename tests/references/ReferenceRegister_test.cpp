@@ -90,7 +90,12 @@ TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
 {
     writeBytes(root / "Tavrel.paw",
                "\"A\",\"9F\",\"a\"\r\n\"B\",\"abc\",\"b\"\r\n\"C\",\"gx\",\"c\"\r\n\"D\",\"dd\",\"d\"\r\n");
-    EXPECT_EQ(load().notices.size(), 3U);
+    const LoadedRegister odd = load();
+    ASSERT_EQ(odd.notices.size(), 3U);
+    EXPECT_TRUE(odd.notices[2].text.english.ends_with(
+        "\n[#gx]: A letter has 2 characters and does not start with g. Change it in Manage WAD/Letter "
+        "References."))
+        << odd.notices[2].text.english;
     for (const int rows : {40, 44}) {
         writeBytes(root / "TAVREL.TOW", builtIn(rows));
         LoadedRegister loaded = load();
@@ -103,6 +108,15 @@ TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
         shortened.remove(static_cast<std::size_t>(rows) - 1); // an installed one
         EXPECT_EQ(shortened.userFileText(), loaded.references.userFileText());
     }
+}
+
+TEST_F(ReferenceRegisterTest, TellsAUnicodeMark)
+{
+    writeBytes(root / "Tavrel.paw", "\xEF\xBB\xBF\"A\",\"aa\",\"a\"\r\n");
+    const LoadedRegister loaded = load();
+    EXPECT_EQ(loaded.references.at(42).title, "A");
+    ASSERT_EQ(loaded.notices.size(), 1U);
+    EXPECT_NE(loaded.notices[0].text.french.find("BOM UTF-8"), std::string::npos);
 }
 
 TEST_F(ReferenceRegisterTest, KeepsWhatAnotherWindowHasWritten)
@@ -127,24 +141,24 @@ TEST_F(ReferenceRegisterTest, KeepsWhatAnotherWindowHasWritten)
 TEST_F(ReferenceRegisterTest, WritesTheUsersRowsAndWhatItCouldNotReadInPlace)
 {
     writeBytes(root / "Tavrel.paw",
-               "; mine\n\"A\",\"aa\",\"a\"\n\"broken\",\"x\n,\",\",\n\"B \"x\"\",\"bb\",\"b\"\n; end\n");
+               "; mine\n\"A\",\"aa\",\"a\"\n\"broken\",\"x\nonly,two\n\"B \"x\"\",\"bb\",\"b\"\n; end\n");
     ReferenceRegister references = load().references;
     const auto saved = [&] {
         EXPECT_FALSE(saveRegister(root.path(), references));
         return readBytes(root / "Tavrel.paw");
     };
-    EXPECT_EQ(saved(), textOf({"; mine", "\"A\",\"aa\",\"a\"", "\"broken\",\"x", ",\",\",",
+    EXPECT_EQ(saved(), textOf({"; mine", "\"A\",\"aa\",\"a\"", "\"broken\",\"x", "only,two",
                                "\"B \"x\"\",\"bb\",\"b\"", "; end"}));
     references.appendUser({"c", "cc", "C"});
     references.remove(42);
     references.replaceLetter("bb", "zz");
     references.replaceLetter("9F", "qq"); // installed ones never change
-    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", ",\",\",", "\"B \"x\"\",\"zz\",\"b\"", "; end",
+    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", "only,two", "\"B \"x\"\",\"zz\",\"b\"", "; end",
                                "\"C\",\"cc\",\"c\""}));
     EXPECT_EQ(references.at(0).letter, "9F");
     references.remove(42);
     references.remove(42);
-    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", ",\",\",", "; end"}));
+    EXPECT_EQ(saved(), textOf({"; mine", "\"broken\",\"x", "only,two", "; end"}));
     EXPECT_EQ(readBytes(root / "TAVREL.TOW"), builtIn(42));
 
     writeBytes(root / "Tavrel.paw", std::string_view("\0", 1));

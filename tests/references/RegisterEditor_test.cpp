@@ -107,8 +107,10 @@ TEST_F(RegisterEditorTest, ChecksInOrderAndPointsToTheField)
         {{"new", "", ""}, letter, twoEnglish, twoFrench},
         {{"new", "n", "T"}, letter, twoEnglish, twoFrench},
         {{"new", " n", "T"}, letter, twoEnglish, twoFrench},
-        {{"new", "n#", "T"}, letter, twoEnglish, twoFrench},
-        {{"new", "n\"", "T"}, letter, twoEnglish, twoFrench},
+        {{"new", "n#", "T"},
+         letter,
+         "Letter | The letter holds a blank, a # or a quote",
+         "Lettre | La lettre contient un blanc, un # ou un guillemet"},
         {{"new", "g1", ""},
          letter,
          "Letter | Letter starting by [#g] not authorized",
@@ -216,6 +218,10 @@ TEST_F(RegisterEditorTest, DeleteOfAnOddLetterLeavesTheLines)
         editor.select(oasis, true);
         EXPECT_TRUE(editor.remove());
         EXPECT_EQ(letters(), "#g #oa #ef");
+        const bool isTold = dialogs.conversation(Language::English).back() ==
+                            "exclamation | Delete reference | [#g] is no letter of one level. It stays on 1 "
+                            "line(s).";
+        EXPECT_EQ(isTold, *letter != '\0') << "no line carries an empty letter";
         references.appendUser({"oasis", "oa", "The oasis"});
     }
 }

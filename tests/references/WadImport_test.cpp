@@ -71,11 +71,13 @@ TEST(WadLists, ReadsNamesAndPassesOverWhatIsNone)
 
 TEST(WadLists, ASampleIsFoundByItsFirstWord)
 {
-    const SampleUses uses({withTabs("A:>two words>"), withTabs("B:>two>words>"), withTabs("C:>words  x>")});
+    SampleUses uses({withTabs("A:>two words>"), withTabs("B:>two>words>"), withTabs("C:>words  x>")});
     EXPECT_EQ(uses.of("two"), (std::vector<std::size_t>{0, 1}));
     EXPECT_EQ(uses.of("two words"), std::vector<std::size_t>{0});
     EXPECT_EQ(uses.of(" x"), std::vector<std::size_t>{2});
     EXPECT_EQ(uses.of("word"), std::vector<std::size_t>());
+    uses.setLine(0, withTabs("A:>two words>#x "));
+    EXPECT_EQ(uses.of("#x"), std::vector<std::size_t>{0});
 }
 
 namespace {
@@ -177,22 +179,25 @@ TEST_F(WadImportTest, ALetterMayFollowASampleWithNothingBehindIt)
 TEST_F(WadImportTest, ASoundWithoutSamplesTakesNoSecondLetter)
 {
     lines[1] = withTabs("S1:>#cd");
+    lines[3] = withTabs("S3:>#cd");
     load();
     import(WadListKind::Objects, "BAT:\r\nBATTLE:\r\n");
     EXPECT_EQ(catalogue.currentLine(1), lines[1]);
-    const std::size_t first = notice.find("Sound 1 has no sample and cannot take a second letter.");
-    ASSERT_NE(first, std::string::npos) << notice;
-    EXPECT_EQ(notice.find("second letter", first + 60), std::string::npos) << "once for a sound";
+    const std::string told = "\nSounds 1, 3: another letter would be read as a sample.\n";
+    EXPECT_NE(notice.find(told), std::string::npos) << notice;
+    EXPECT_EQ(notice.find("another letter"), notice.rfind("another letter")) << "once for all of them";
 }
 
-TEST_F(WadImportTest, TheOrderOfTheListDoesNotMatter)
+// The TAB before the letter ends the line's last word, which is a sample from then on.
+TEST_F(WadImportTest, EachSampleIsLookedForInTheLinesOfThatMoment)
 {
-    // The TAB before the letter makes a sample of the last word only for later readers.
     lines[0] = withTabs("DOOR:>door1 door2");
-    for (const char* list : {"door1.wav\r\ndoor2.wav\r\n", "door2.wav\r\ndoor1.wav\r\n"}) {
+    using Names = std::vector<std::string>;
+    for (const auto& [list, unknown] :
+         {std::pair<const char*, Names>{"door1.wav\r\ndoor2.wav\r\n", {}},
+          std::pair<const char*, Names>{"door2.wav\r\ndoor1.wav\r\n", {"door2"}}}) {
         load();
-        EXPECT_EQ(import(WadListKind::Samples, list).unknownSamples, std::vector<std::string>{"door2"})
-            << list;
+        EXPECT_EQ(import(WadListKind::Samples, list).unknownSamples, unknown) << list;
         EXPECT_EQ(catalogue.currentLine(0), withTabs("DOOR:>door1 door2>#oa"));
     }
 }
@@ -218,15 +223,14 @@ TEST_F(WadImportTest, TheNoticeCountsInWords)
     EXPECT_TRUE(firstLines(Language::English).starts_with("No sound got the letter: 2 already had it."));
 }
 
-TEST_F(WadImportTest, RefusesALetterThatWouldMakeSoundsGlobal)
+TEST_F(WadImportTest, TakesWhateverLetterTheWadHas)
 {
-    load();
-    wad.letter = "g1";
-    ScriptedDialogs dialogs;
-    EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", dialogs).imported);
-    EXPECT_EQ(dialogs.conversation(Language::English),
-              std::vector<std::string>{"exclamation | Letter | Letter starting by [#g] not authorized"});
-    EXPECT_FALSE(catalogue.differsFromFile());
+    for (const char* letter : {"g1", "abc"}) {
+        load();
+        wad.letter = letter;
+        import(WadListKind::Samples, "sample1.wav");
+        EXPECT_TRUE(catalogue.currentLine(1).ends_with("\t#" + wad.letter));
+    }
 }
 
 TEST_F(WadImportTest, ObjectsMarkTheirSoundsAndTheSoundUnderWater)
@@ -235,8 +239,11 @@ TEST_F(WadImportTest, ObjectsMarkTheirSoundsAndTheSoundUnderWater)
     import(WadListKind::Objects, "BAT:Z:\\BAT\r\n");
     EXPECT_EQ(marked(), (Numbers{1, 2, 3, 60})) << "BATTLE holds BAT";
     load();
-    import(WadListKind::Objects, "NOTHING:x\r\nno colon\r\n:x\r\n");
+    import(WadListKind::Objects, "NOTHING:x\r\nno colon\r\n:x\r\nNONE:x\r\nNOTHING:y\r\n");
     EXPECT_EQ(marked(), Numbers{60});
+    EXPECT_NE(notice.find("\n2 objects of the list have no sounds that Tavrel knows: [NOTHING], [NONE]\n"),
+              std::string::npos)
+        << notice;
     lines.resize(50);
     load();
     import(WadListKind::Objects, "NOTHING:x");
@@ -278,6 +285,11 @@ TEST_F(WadImportTest, NamesTheFirstLettersThatAreTakenOff)
     }
     save(records);
     load();
+    ScriptedDialogs declined{Answer::Cancel};
+    import(WadListKind::Samples, "sample20.wav", declined);
+    const std::string details = declined.said()[0].details.english;
+    EXPECT_TRUE(details.starts_with("10 sounds go back to their saved lines:\n0: S0\n1: S1\n")) << details;
+    EXPECT_TRUE(details.ends_with("\n9: S9")) << details;
     import(WadListKind::Samples, "sample20.wav");
     EXPECT_NE(notice.find("10 sounds are back as they were"), std::string::npos) << notice;
     EXPECT_NE(notice.find("\n  7: S7  #yy  #zz\n  ... and 2 more\n"), std::string::npos) << notice;
@@ -302,10 +314,10 @@ TEST_F(WadImportTest, SavedLinesThatCannotBeReadStopTheImport)
     const std::filesystem::path saved = folders / "program" / "sounds";
     const auto expectRefusal = [&](const std::string& file) {
         load();
-        ScriptedDialogs dialogs{Answer::Ok};
+        ScriptedDialogs dialogs;
         EXPECT_FALSE(import(WadListKind::Samples, "sample1.wav", dialogs).imported);
-        ASSERT_EQ(dialogs.said().size(), 2U);
-        EXPECT_NE(dialogs.said()[1].text.english.find(file), std::string::npos);
+        ASSERT_EQ(dialogs.said().size(), 1U) << "before the question";
+        EXPECT_NE(dialogs.said()[0].text.english.find(file), std::string::npos);
         EXPECT_FALSE(catalogue.differsFromFile());
         EXPECT_TRUE(hasSavedLines(folders / "program", wad.wadName));
     };

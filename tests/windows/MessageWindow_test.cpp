@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/MessageWindow.h"
+#include "ui/QtDialogs.h"
 
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTest>
@@ -66,4 +70,30 @@ TEST(MessageWindow, DetailsFoldOutByTheirLetter)
         EXPECT_EQ(atFirst, open);
         EXPECT_EQ(afterKey, !open);
     }
+}
+
+// Before the main window there is no opener to ask.
+TEST(MessageWindow, F1OpensTheHelpWithoutAnOpener)
+{
+    MessageWindow window(nullptr, MessageIcon::Information, "T", "text");
+    int opened = 0;
+    window.setHelp([&opened](QWidget& /*box*/) { ++opened; });
+    window.show();
+    QApplication::setActiveWindow(&window);
+    QTest::keyClick(&window, Qt::Key_F1);
+    EXPECT_EQ(opened, 1);
+}
+
+TEST(QtDialogs, AFilterIsShownAsItIsWritten)
+{
+    QtDialogs dialogs;
+    QString shown;
+    QTimer::singleShot(0, qApp, [&shown] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        shown = dialog->findChild<QComboBox*>("fileTypeCombo")->currentText();
+        dialog->reject();
+    });
+    EXPECT_FALSE(dialogs.chooseFile({{"T", "T"}, {"Files (*.tox,*.tob)", ""}, {"*.tox", "*.tob"}, {}}));
+    EXPECT_EQ(shown, "Files (*.tox,*.tob)");
 }

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 using namespace tavrel;
 
 namespace {
@@ -117,6 +119,11 @@ TEST_F(ReferencesTest, ALetterLivesFromItsReferenceToItsDeletion)
     EXPECT_EQ(row(), 0);
     EXPECT_EQ(userFile(), demoReferences + "\"My karnak\",\"zz\",\"temple\"\r\n");
 
+    inRegister([](FmRefW& registerWindow) {
+        press(registerWindow, "CdEfface");
+        QTest::keyClicks(&box(registerWindow, "TxLett"), "zz");
+        EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 lines already carry #zz.");
+    });
     inRegister([this](FmRefW& registerWindow) {
         EXPECT_EQ(box(registerWindow, "TxWAD").text(), "temple") << "opens on the current WAD";
         EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 line(s) carry #zz");
@@ -200,4 +207,24 @@ TEST_F(ReferencesTest, AnEmptyRegisterRemindsAndHelps)
     likesMotion = false;
     open();
     EXPECT_FALSE(QTest::qWaitFor([&] { return control("PnWad").styleSheet() != calm; }, 700));
+}
+
+TEST_F(ReferencesTest, WhatIsWrongInTheRegisterIsToldOnce)
+{
+    const auto timesTold = [this] {
+        const std::vector<std::string> said = dialogs.conversation(Language::English);
+        return std::ranges::count_if(said, [](const std::string& text) {
+            return text.starts_with("information | Manage Wad/Letter References | ");
+        });
+    };
+    writeBytes(folders.program / "Tavrel.paw", demoReferences + "\"Odd\",\"g1\",\"odd\"\r\n");
+    for (int start = 0; start < 2; ++start) {
+        open();
+        EXPECT_EQ(timesTold(), 1);
+        window->close();
+    }
+    writeBytes(folders.program / "Tavrel.paw", "\"Odd\",\"g2\",\"odd\"\r\n");
+    open();
+    EXPECT_EQ(timesTold(), 2) << "another state of the file";
+    window->close();
 }
