@@ -263,10 +263,15 @@ ExportOutcome putSamplesInPlace(const ExportRequest& request, SamplesFolderSwap&
     for (const BilingualText& part : texts) {
         text += (text.empty() ? BilingualText() : BilingualText::same("\n\n")) + part;
     }
-    if (text.empty()) {
-        return {true, std::nullopt};
+    Message told = report(request, problem ? MessageIcon::Exclamation : MessageIcon::Information, text);
+    if (!problem) {
+        addListedFiles({"sample(s) are not in the level editor's samples folder and were not saved:",
+                        "sample(s) absent(s) du répertoire des samples de l'éditeur de niveaux, non "
+                        "sauvegardé(s) :"},
+                       copies.missing, told);
     }
-    return {!problem, report(request, problem ? MessageIcon::Exclamation : MessageIcon::Information, text)};
+    const std::size_t copied = problem ? 0 : copies.copied.size();
+    return {!problem, told.text.empty() ? std::nullopt : std::optional(std::move(told)), copied};
 }
 
 } // namespace
@@ -353,8 +358,9 @@ std::optional<fs::path> chooseExportFile(ExportMode mode, std::string_view wadNa
     const bool isBackup = mode == ExportMode::All;
     const std::string name = wadName.empty() ? "sounds" : utf8FromCodePage(wadName);
     return dialogs.chooseFile({captionOf(mode),
-                               isBackup ? BilingualText("Backup files", "Fichiers backup")
-                                        : BilingualText("Exchange files", "Fichiers d'échange"),
+                               isBackup
+                                   ? BilingualText("Backup files (*.tob)", "Fichiers backup (*.tob)")
+                                   : BilingualText("Exchange files (*.tox)", "Fichiers d'échange (*.tox)"),
                                {isBackup ? "*.tob" : "*.tox"},
                                makeBackupsFolder(programFolder),
                                name + (isBackup ? "_backup.tob" : ".tox"),

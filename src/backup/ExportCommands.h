@@ -77,6 +77,7 @@ struct ExportOutcome
 {
     bool saved = false;
     std::optional<Message> report; // what the user has to know
+    std::size_t samplesCopied = 0;
 };
 
 // Writes the file, and its samples folder when asked to: both, or on a failure or a cancel neither of them.

@@ -136,6 +136,7 @@ void FmExport::connectControls()
     connect(m_objectNames, &QListWidget::itemClicked, this, &FmExport::tickObject);
     connect(m_objectNames, &QListWidget::itemActivated, this, &FmExport::tickObject);
     connect(m_buttons.play, &QPushButton::clicked, this, &FmExport::play);
+    connect(m_withSamples, &QCheckBox::toggled, this, &FmExport::showSamplesHint);
     connect(m_save, &QPushButton::clicked, this, &FmExport::save);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -190,6 +191,20 @@ void FmExport::chooseMode(ExportMode mode)
     showCounts();
     selectionChanged();
     fillObjects();
+    showSamplesHint();
+}
+
+// Before the user counts on it.
+void FmExport::showSamplesHint()
+{
+    BilingualText hint;
+    if (m_mode == ExportMode::All && m_withSamples->isChecked()) {
+        hint = {
+            "A restore does not copy the samples of a backup back: copy those that you need yourself.",
+            "Une restauration ne recopie pas les samples d'une sauvegarde : copiez vous-même ceux qu'il vous "
+            "faut."};
+    }
+    m_status->showText(hint, m_context.language);
 }
 
 void FmExport::showCounts()

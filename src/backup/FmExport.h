@@ -34,6 +34,7 @@ private:
 
     void chooseMode(ExportMode mode);
     void showCounts();
+    void showSamplesHint();
     void fillTypes();
     void fillObjects();
     void tickObject();

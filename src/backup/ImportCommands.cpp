@@ -4,13 +4,16 @@
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/Folder.h"
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
+#include "samples/SamplesFolder.h"
 
 #include <algorithm>
 #include <functional>
 #include <numeric>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace tavrel {
 
@@ -257,10 +260,11 @@ void markApplied(ImportFile& file, std::span<const std::size_t> rows, const Soun
 
 std::optional<fs::path> chooseImportFile(const fs::path& programFolder, Dialogs& dialogs)
 {
-    return dialogs.chooseFile({titles::chooseImportFile,
-                               {"Exchange/Backup files", "Fichiers d'Echange/Backup"},
-                               {"*.tox", "*.tob"},
-                               makeBackupsFolder(programFolder)});
+    return dialogs.chooseFile(
+        {titles::chooseImportFile,
+         {"Exchange/Backup files (*.tox,*.tob)", "Fichiers d'Echange/Backup (*.tox,*.tob)"},
+         {"*.tox", "*.tob"},
+         makeBackupsFolder(programFolder)});
 }
 
 std::optional<SoundLine> recordOf(const ImportRow& row)
@@ -278,6 +282,21 @@ std::vector<std::string> offeredSamples(const ImportRow& row)
 {
     const std::optional<SoundLine> record = row.applicable() ? recordOf(row) : std::nullopt;
     return record ? sampleNamesOf(*record) : std::vector<std::string>();
+}
+
+BilingualText samplesOfBackup(const fs::path& backup)
+{
+    std::error_code ignored;
+    const std::optional<fs::path> folder =
+        samplesFolderToRead(samplesFolderOf(fs::absolute(backup, ignored)));
+    const BilingualText text("The samples of a backup are not copied back.",
+                             "Les samples d'une sauvegarde ne sont pas recopiés.");
+    return folder ? text +
+                        BilingualText("\nCopy those that you need yourself; they are in ",
+                                      "\nCopiez vous-même ceux qu'il vous faut ; ils sont dans ") +
+                        displayPath(*folder)
+                  : text + BilingualText("\nThere are none beside this one.",
+                                         "\nIl n'y en a pas à côté de celle-ci.");
 }
 
 bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
@@ -333,10 +352,47 @@ ImportOutcome importLines(SoundCatalogue& catalogue, const ImportRequest& reques
     return {true, true, std::nullopt};
 }
 
+namespace {
+
+// Files that the applied lines name, each once.
+std::vector<std::string> missingSamples(const ImportRequest& request)
+{
+    std::vector<std::string> missing;
+    const Result<FolderIndex> folder = FolderIndex::of(request.samplesFolder);
+    if (!folder) {
+        return missing; // whoever needs the folder says so
+    }
+    std::unordered_set<std::string> looked;
+    for (const std::size_t row : request.rows) {
+        for (const std::string& name : offeredSamples(request.file.rows.at(row))) {
+            const std::string file = name + ".wav";
+            if (!isSafeSampleName(name) || !looked.insert(upperCase(file)).second) {
+                continue;
+            }
+            const FolderEntry* const entry = folder->find(file);
+            if (entry == nullptr || !isSample(*entry)) {
+                missing.push_back(file);
+            }
+        }
+    }
+    return missing;
+}
+
+ImportOutcome withMissingSamples(const ImportRequest& request, const BilingualText& text)
+{
+    Message told = report(request, MessageIcon::Information, text);
+    addListedFiles({"sample(s) of the lines are not in the level editor's samples folder:",
+                    "sample(s) des lignes absent(s) du répertoire des samples de l'éditeur de niveaux :"},
+                   missingSamples(request), told);
+    return {true, true, told.text.empty() ? std::nullopt : std::optional(std::move(told))};
+}
+
+} // namespace
+
 ImportOutcome copyImportedSamples(const ImportRequest& request, Progress& progress)
 {
     if (!request.withSamples) {
-        return {true, true, std::nullopt};
+        return withMissingSamples(request, {});
     }
     if (!request.file.samplesFolder) {
         return {true, false,
@@ -349,10 +405,8 @@ ImportOutcome copyImportedSamples(const ImportRequest& request, Progress& progre
     if (copies.end != CopyEnd::Complete) {
         return {true, false, incomplete(request, copies)};
     }
-    if (!copies.refused.empty()) {
-        return {true, true, report(request, MessageIcon::Information, unsafeSampleNames(copies.refused))};
-    }
-    return {true, true, std::nullopt};
+    return withMissingSamples(request,
+                              copies.refused.empty() ? BilingualText() : unsafeSampleNames(copies.refused));
 }
 
 std::vector<FieldComparison> compareWithCatalogue(const ImportRow& row, const SoundCatalogue& catalogue)

@@ -86,6 +86,9 @@ std::string listedText(const ImportRow& row);
 // The names of the samples that a row offers to copy.
 std::vector<std::string> offeredSamples(const ImportRow& row);
 
+// The samples that stand beside a backup stay there: why, and where they are.
+BilingualText samplesOfBackup(const std::filesystem::path& backup);
+
 // An import needs a current WAD with a letter; then the user is asked. True when applyImport() may follow.
 bool confirmImport(const ImportRequest& request, Dialogs& dialogs);
 
@@ -99,6 +102,7 @@ struct ImportOutcome
 ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress);
 // The same in two steps, for a caller that writes the lines to sounds.txt in between.
 ImportOutcome importLines(SoundCatalogue& catalogue, const ImportRequest& request);
+// Tells the samples, too, that the lines name and the level editor lacks after that.
 ImportOutcome copyImportedSamples(const ImportRequest& request, Progress& progress);
 
 // A field of a line as the file has it, as the catalogue has it, and as it would become.

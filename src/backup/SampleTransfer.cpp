@@ -95,6 +95,8 @@ fs::path freeOldFolder(const fs::path& folder)
     return withEnding(folder, oldEnding(old.empty() ? 1 : old.back().number + 1));
 }
 
+constexpr std::size_t mostNamed = 8; // in a text
+
 using FileNames = std::unordered_set<std::string>; // in capitals
 
 std::string fileOf(const std::string& sample)
@@ -214,6 +216,9 @@ SampleCopies copyAll(std::span<const std::string> names, const FolderIndex& sour
         const std::string file = fileOf(spellings[upperCase(names[i])]);
         const FolderEntry* const sample = sampleIn(source, file);
         if (sample == nullptr) {
+            if (done.insert(file).second) {
+                copies.missing.push_back(file);
+            }
             continue;
         }
         const std::string shown = shownText(file);
@@ -272,10 +277,31 @@ BilingualText unsafeSampleNames(std::span<const std::string> names)
 BilingualText listOfFiles(std::span<const std::string> files)
 {
     std::string list;
-    for (const std::string& file : files) {
+    for (const std::string& file : files.first(std::min(files.size(), mostNamed))) {
         list += "\n" + shownText(file);
     }
-    return BilingualText::same(list);
+    if (files.size() <= mostNamed) {
+        return BilingualText::same(list);
+    }
+    const std::string rest = std::to_string(files.size() - mostNamed);
+    return {list + "\n... and " + rest + " more", list + "\n... et " + rest + " de plus"};
+}
+
+void addListedFiles(const BilingualText& sentence, std::span<const std::string> files, Message& message)
+{
+    if (files.empty()) {
+        return;
+    }
+    message.text += message.text.empty() ? "" : "\n\n";
+    message.text += std::to_string(files.size()) + " ";
+    message.text += sentence;
+    if (files.size() <= mostNamed) {
+        message.text += listOfFiles(files);
+        return;
+    }
+    for (const std::string& file : files) {
+        message.details += (message.details.empty() ? "" : "\n") + shownText(file);
+    }
 }
 
 BilingualText keptSamples(std::span<const std::string> files)
@@ -399,6 +425,10 @@ Problem SamplesFolderSwap::keepWhatIsLacking(std::span<const std::string> names,
         }
     }
     std::ranges::sort(copies.kept);
+    std::erase_if(copies.missing, [&copies](const std::string& file) {
+        return std::ranges::any_of(copies.kept,
+                                   [&file](const std::string& kept) { return sameName(kept, file); });
+    });
     return std::nullopt;
 }
 

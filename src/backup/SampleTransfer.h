@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Message.h"
 #include "base/Progress.h"
 #include "base/Result.h"
 #include "catalogue/SoundLine.h"
@@ -26,8 +27,10 @@ bool isSafeSampleName(std::string_view name);
 // Says which names were not copied for that reason.
 BilingualText unsafeSampleNames(std::span<const std::string> names);
 
-// Each on a line of its own, behind a line break.
+// The first of them, each on a line of its own, behind a line break.
 BilingualText listOfFiles(std::span<const std::string> files);
+// A sentence and the files it is about: in the text, or to fold out where they are many.
+void addListedFiles(const BilingualText& sentence, std::span<const std::string> files, Message& message);
 // Says which old samples stayed for want of new ones.
 BilingualText keptSamples(std::span<const std::string> files);
 
@@ -39,7 +42,8 @@ struct SampleCopies
     std::optional<Failure> failure;
     std::vector<std::string> copied;  // file names, each once
     std::vector<std::string> refused; // names that are not safe
-    std::vector<std::string> kept;    // of a swap: files of the old folder that the source does not hold
+    std::vector<std::string> missing; // files that the source does not hold, each once
+    std::vector<std::string> kept;    // of a swap: those of them that the old folder holds
 };
 
 // Puts samples of one folder into the place of those of another, one after the other, each complete before

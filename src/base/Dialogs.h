@@ -14,7 +14,7 @@ namespace tavrel {
 struct OpenFileQuestion
 {
     BilingualText title;
-    BilingualText filterName;
+    BilingualText filterName;           // as it is shown
     std::vector<std::string> fileNames; // the names or patterns the filter lets through
     std::filesystem::path folder;       // where the dialog starts
     std::string proposedName = {};
@@ -37,6 +37,8 @@ public:
     virtual Answer ask(const Question& question) = 0;
     // Nothing when the user cancels.
     virtual std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) = 0;
+    // Whether lines that a command has changed wait for the user to apply them. Else that comes at once.
+    virtual bool appliesLater() const { return true; }
     // Starts from a colour. Nothing when the user cancels.
     virtual std::optional<ColourValue> chooseColour(ColourValue current) = 0;
 };

@@ -13,6 +13,8 @@ struct Message
     MessageIcon icon = MessageIcon::Information;
     BilingualText title;
     BilingualText text;
+    // What not everybody wants to read, line by line: a window folds it out, a console writes it below.
+    BilingualText details = {};
 };
 
 enum class Answer { Ok, Cancel, Yes, No, Other };
@@ -31,6 +33,8 @@ struct Question
     // offers it, a console does without.
     BilingualText otherChoice = {};
     MessageIcon icon = MessageIcon::Question;
+    // As in a message.
+    BilingualText details = {};
 };
 
 } // namespace tavrel

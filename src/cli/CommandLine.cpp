@@ -20,6 +20,7 @@ struct GlobalArguments
     std::optional<fs::path> programFolder;
     std::optional<std::string> language;
     bool agreesToAll = false;
+    bool isQuiet = false;
 };
 
 std::optional<BilingualText> checkLanguage(std::string& argument)
@@ -98,11 +99,17 @@ void addGlobalArguments(CLI::App& app, Language language, GlobalArguments& argum
         .optionalText("--language",
                       {"E or F; usually the one of the settings", "E ou F ; d'habitude celle des paramètres"},
                       arguments.language, checkLanguage)
-        .flag("--yes",
-              {"Agree to all questions, except to overwriting what another program has changed meanwhile",
-               "Répondre oui à toutes les questions, sauf pour écraser ce qu'un autre programme a modifié "
-               "entre-temps"},
-              arguments.agreesToAll);
+        .flag(
+            "--yes",
+            {"Agree to all questions but those that need a person, like overwriting what another program has "
+             "changed meanwhile",
+             "Répondre oui à toutes les questions, sauf à celles qui demandent quelqu'un, comme écraser ce "
+             "qu'un autre programme a modifié entre-temps"},
+            arguments.agreesToAll)
+        .flag("--quiet",
+              {"Do not show the questions that --yes answers",
+               "Ne pas afficher les questions auxquelles --yes répond"},
+              arguments.isQuiet);
 }
 
 void describe(CLI::App& app, Language language)
@@ -114,13 +121,13 @@ void describe(CLI::App& app, Language language)
     app.set_help_flag("-h,--help", in({"Print this help", "Afficher cette aide"}));
     app.set_version_flag("--version", "tavrel-cli " TAVREL_VERSION,
                          in({"Print the version", "Afficher la version"}));
-    app.footer(
-        in({"The options of tavrel-cli itself, --yes for one, may stand behind any command.\n"
-            "Exit status: 0 done; 1 the command's own no; 2 wrong usage; 3 a file could not be read or "
-            "written.",
-            "Les options de tavrel-cli, --yes par exemple, peuvent suivre toute commande.\n"
-            "Code de retour : 0 fait ; 1 refus de la commande ; 2 mauvais usage ; 3 un fichier n'a pas pu "
-            "être lu ou écrit."}));
+    app.footer(in(
+        {"The options of tavrel-cli itself, --yes for one, may stand behind any command.\n"
+         "Exit status: 0 done; 1 not done, or the command's answer is no; 2 wrong usage; 3 a file could not "
+         "be read or written; 4 done, but look at the messages.",
+         "Les options de tavrel-cli, --yes par exemple, peuvent suivre toute commande.\n"
+         "Code de retour : 0 fait ; 1 rien n'a été fait, ou la réponse est non ; 2 mauvais usage ; 3 un "
+         "fichier n'a pas pu être lu ou écrit ; 4 fait, mais lisez les messages."}));
     app.allow_windows_style_options(false); // a folder may start with "/"
     app.fallthrough();                      // --yes may stand behind the command
     app.require_subcommand(1);
@@ -206,6 +213,14 @@ std::optional<ExitStatus> read(CLI::App& app, const std::vector<std::string>& ar
     return std::nullopt;
 }
 
+// A command that has done its work may still have refused a part of it.
+ExitStatus overall(ExitStatus ofCommand, ExitStatus ofMessages)
+{
+    const bool isDone = ofCommand == ExitStatus::Done || ofCommand == ExitStatus::DoneWithMessages;
+    return isDone && ofMessages == ExitStatus::Refused ? ExitStatus::DoneWithMessages
+                                                       : graver(ofCommand, ofMessages);
+}
+
 } // namespace
 
 ExitStatus runCommandLine(const std::vector<std::string>& given)
@@ -234,6 +249,7 @@ ExitStatus runCommandLine(const std::vector<std::string>& given)
     std::optional<ExitStatus> status = read(app, arguments, dialogs, output);
     if (!status) {
         dialogs.agreeToAll(global.agreesToAll);
+        dialogs.keepQuiet(global.isQuiet);
         Console console{programFolder, language, dialogs, output};
         status = chosen(console);
     }
@@ -241,7 +257,7 @@ ExitStatus runCommandLine(const std::vector<std::string>& given)
     if (const std::error_code error = output.failure()) {
         dialogs.fail(cannotWrite("stdout", error));
     }
-    return std::max(*status, dialogs.status());
+    return overall(*status, dialogs.status());
 }
 
 } // namespace tavrel

@@ -11,7 +11,7 @@ namespace tavrel {
 
 namespace {
 
-const BilingualText ownTitle = BilingualText::same("tavrel-cli");
+constexpr std::string_view speaker = "tavrel-cli: ";
 
 Answer agreement(Buttons buttons)
 {
@@ -50,11 +50,28 @@ std::optional<Answer> answerFor(std::string_view typed, Buttons buttons)
     return std::nullopt;
 }
 
+// The first rows, and how many more there are.
+std::string shortened(const std::string& rows, Language language)
+{
+    constexpr std::size_t mostRows = 8;
+    std::size_t end = 0;
+    for (std::size_t row = 0; row < mostRows && end != std::string::npos; ++row) {
+        end = rows.find('\n', row == 0 ? 0 : end + 1);
+    }
+    if (end == std::string::npos) {
+        return rows;
+    }
+    const auto rest =
+        std::to_string(std::count(rows.begin() + static_cast<std::ptrdiff_t>(end), rows.end(), '\n'));
+    const BilingualText more("\n... and " + rest + " more", "\n... et " + rest + " de plus");
+    return rows.substr(0, end) + more.in(language);
+}
+
 } // namespace
 
 void ConsoleDialogs::show(const Message& message)
 {
-    write(inLanguage(message.title) + ": " + inLanguage(message.text) + "\n");
+    write(std::string(speaker) + inLanguage(message.text) + "\n" + detailsOf(message.details));
     if (message.icon == MessageIcon::Critical) {
         note(ExitStatus::FileFailure);
     } else if (message.icon == MessageIcon::Exclamation) {
@@ -65,12 +82,17 @@ void ConsoleDialogs::show(const Message& message)
 Answer ConsoleDialogs::ask(const Question& question)
 {
     if (question.buttons == Buttons::Ok) {
-        show({question.icon, question.title, question.text});
+        show({question.icon, question.title, question.text, question.details});
         return Answer::Ok;
     }
-    write(inLanguage(question.title) + ": " + inLanguage(question.text) +
+    const bool isAgreed = m_agreesToAll && !question.needsAPerson;
+    if (isAgreed && m_isQuiet) {
+        return agreement(question.buttons);
+    }
+    // What is answered comes last.
+    write(detailsOf(question.details) + std::string(speaker) + inLanguage(question.text) +
           inLanguage(choices(question.buttons)));
-    if (m_agreesToAll && !question.needsAPerson) {
+    if (isAgreed) {
         write(inLanguage({"yes\n", "oui\n"}));
         return agreement(question.buttons);
     }
@@ -85,6 +107,11 @@ Answer ConsoleDialogs::ask(const Question& question)
                                 "L'option --yes ne répond pas oui à cette question.")
                 : BilingualText("The option --yes agrees to it.", "L'option --yes y répond oui.")));
     return silence(question.buttons);
+}
+
+std::string ConsoleDialogs::detailsOf(const BilingualText& details) const
+{
+    return details.empty() ? std::string() : shortened(inLanguage(details), m_language) + "\n";
 }
 
 Answer ConsoleDialogs::answerAtTerminal(const Question& question)
@@ -115,18 +142,18 @@ std::optional<ColourValue> ConsoleDialogs::chooseColour(ColourValue /*current*/)
 
 void ConsoleDialogs::say(const BilingualText& text)
 {
-    show({MessageIcon::Information, ownTitle, text});
+    show({MessageIcon::Information, {}, text});
 }
 
 ExitStatus ConsoleDialogs::refuse(const BilingualText& text)
 {
-    show({MessageIcon::Exclamation, ownTitle, text});
+    show({MessageIcon::Exclamation, {}, text});
     return ExitStatus::Refused;
 }
 
 ExitStatus ConsoleDialogs::fail(const Failure& failure)
 {
-    show({MessageIcon::Critical, ownTitle, failure.text});
+    show({MessageIcon::Critical, {}, failure.text});
     return ExitStatus::FileFailure;
 }
 
@@ -139,7 +166,7 @@ void ConsoleDialogs::write(const std::string& text)
 
 void ConsoleDialogs::note(ExitStatus status)
 {
-    m_status = std::max(m_status, status);
+    m_status = graver(m_status, status);
 }
 
 } // namespace tavrel

@@ -6,6 +6,7 @@
 #include "base/Progress.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
+#include "session/PendingChanges.h"
 
 #include <algorithm>
 #include <memory>
@@ -20,6 +21,7 @@ struct ExchangeArguments
     std::filesystem::path file;
     std::optional<std::string> letter;
     bool withSamples = false;
+    bool dryRun = false;
     std::optional<std::string> wadName;
 };
 
@@ -55,7 +57,7 @@ ExitStatus tell(const std::optional<Message>& report, Console& console)
         return ExitStatus::Done;
     }
     console.dialogs.show(*report);
-    return ExitStatus::Refused;
+    return ExitStatus::DoneWithMessages;
 }
 
 ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
@@ -89,7 +91,12 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
         return ExitStatus::FileFailure;
     }
     const std::string count = std::to_string(request.rows.size());
-    console.dialogs.say({count + " line(s) saved.", count + " ligne(s) sauvegardée(s)."});
+    BilingualText text(count + " line(s) saved.", count + " ligne(s) sauvegardée(s).");
+    if (request.withSamples) {
+        const std::string samples = std::to_string(outcome.samplesCopied);
+        text += BilingualText(" " + samples + " sample(s) copied.", " " + samples + " sample(s) copié(s).");
+    }
+    console.dialogs.say(text);
     return status;
 }
 
@@ -98,8 +105,8 @@ BilingualText inRow(const ImportRow& row, const BilingualText& text)
     return BilingualText::same(std::to_string(row.id) + " " + shownLine(row.line) + "\n") + text;
 }
 
-// The rows that can be applied, once the user agrees to leave the others out.
-std::optional<std::vector<std::size_t>> applicableRows(const ImportFile& file, Console& console)
+// The rows that can be applied; messages about the others.
+std::vector<std::size_t> applicableRows(const ImportFile& file, Console& console)
 {
     std::vector<std::size_t> rows;
     std::vector<Failure> refusals;
@@ -121,14 +128,18 @@ std::optional<std::vector<std::size_t>> applicableRows(const ImportFile& file, C
     if (!refusals.empty()) {
         console.dialogs.refuse(listOf(refusals));
     }
-    const std::string refused = std::to_string(file.rows.size() - rows.size());
+    return rows;
+}
+
+bool agreesToTheOthers(const ImportFile& file, std::size_t applicable, Console& console)
+{
+    const std::string refused = std::to_string(file.rows.size() - applicable);
     const Question question{actionOf(file.kind),
                             {refused + " line(s) cannot be applied. Apply the others?",
                              refused + " ligne(s) inapplicable(s). Appliquer les autres ?"},
                             Buttons::YesNo,
                             true};
-    const bool agreed = rows.size() == file.rows.size() || console.dialogs.ask(question) == Answer::Yes;
-    return agreed ? std::optional(std::move(rows)) : std::nullopt;
+    return applicable == file.rows.size() || (applicable > 0 && console.dialogs.ask(question) == Answer::Yes);
 }
 
 std::vector<std::string> samplesOf(const ImportFile& file, const std::vector<std::size_t>& rows)
@@ -142,58 +153,119 @@ std::vector<std::string> samplesOf(const ImportFile& file, const std::vector<std
 }
 
 // The samples come last: without sounds.txt, nobody would use them.
-ExitStatus importInto(Session& session, const ImportRequest& request, const ExchangeArguments& arguments,
-                      Console& console)
+ExitStatus importInto(Session& session, const ImportRequest& request,
+                      const std::optional<std::string>& wadName, Console& console)
 {
     const ImportOutcome lines = importLines(session.catalogue(), request);
     tell(lines.report, console);
     if (!lines.linesApplied) {
         return ExitStatus::Refused;
     }
-    const ExitStatus applied = apply(session, arguments.wadName, console);
+    const ExitStatus applied = apply(session, wadName, console);
     if (applied != ExitStatus::Done) {
         return applied;
     }
+    const std::string count = std::to_string(request.rows.size());
+    console.dialogs.say(request.file.kind == ExchangeKind::Backup
+                            ? BilingualText(count + " line(s) restored.", count + " ligne(s) restaurée(s).")
+                            : BilingualText(count + " line(s) imported.", count + " ligne(s) importée(s)."));
     SilentProgress progress;
     const ImportOutcome samples = copyImportedSamples(request, progress);
     const ExitStatus status = tell(samples.report, console);
     return samples.complete ? status : ExitStatus::FileFailure;
 }
 
-ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
+// What would change, in memory alone.
+ExitStatus tellImport(Session& session, const ImportRequest& request, Console& console)
 {
-    const std::unique_ptr<Session> session = openSessionToChange(
-        console, arguments.wadName, arguments.withSamples ? SamplesToo::Yes : SamplesToo::No);
-    if (!session) {
-        return console.dialogs.status();
-    }
-    const std::optional<CurrentWad> wad = wadFor(*session, arguments, console);
-    if (!wad) {
+    if (const ImportOutcome lines = importLines(session.catalogue(), request); !lines.linesApplied) {
+        tell(lines.report, console);
         return ExitStatus::Refused;
     }
-    const Result<ImportFile> file = readImportFile(arguments.file, session->catalogue(), wad->letter);
+    const std::vector<PendingChange> changes = pendingChanges(session.catalogue());
+    for (const PendingChange& change : changes) {
+        console.dialogs.say(describe(change));
+    }
+    const std::string count = std::to_string(request.rows.size());
+    const std::string changed = std::to_string(changes.size());
+    console.dialogs.say({count + " line(s) would come in, " + changed +
+                             " of the catalogue's would change. Nothing is written.",
+                         count + " ligne(s) seraient reprises, " + changed +
+                             " du catalogue changeraient. Rien n'a été écrit."});
+    return ExitStatus::Done;
+}
+
+// What makes all of it impossible, before a file is read.
+std::optional<BilingualText> refusalOf(const ExchangeArguments& arguments, const CurrentWad& wad)
+{
+    if (kindOfFile(arguments.file) == ExchangeKind::Backup) {
+        return arguments.withSamples ? std::optional(samplesOfBackup(arguments.file)) : std::nullopt;
+    }
+    if (wad.letter.empty() || wad.wadName.empty()) {
+        return BilingualText(
+            "Select a WAD/Letter reference first: --letter X names one by its letter.",
+            "Sélectionnez d'abord une référence WAD/Lettre : --letter X en indique une par sa "
+            "lettre.");
+    }
+    return std::nullopt;
+}
+
+// Nothing, and a message, when it cannot be used.
+std::optional<ImportFile> fileToImport(const ExchangeArguments& arguments, const Session& session,
+                                       const CurrentWad& wad, Console& console)
+{
+    Result<ImportFile> file = readImportFile(arguments.file, session.catalogue(), wad.letter);
     if (!file) {
-        return console.dialogs.fail(file.failure());
+        console.dialogs.fail(file.failure());
+        return std::nullopt;
     }
     if (!file->notices.empty()) {
         console.dialogs.say(listOf(file->notices));
     }
     if (arguments.withSamples && !file->samplesFolder) {
-        return console.dialogs.fail(wrongContent(
+        console.dialogs.fail(wrongContent(
             arguments.file, {"No samples come with the file.", "Aucun sample n'accompagne le fichier."}));
+        return std::nullopt;
+    }
+    return std::move(*file);
+}
+
+ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
+{
+    const std::unique_ptr<Session> session =
+        arguments.dryRun ? openSession(console)
+                         : openSessionToChange(console, arguments.wadName,
+                                               arguments.withSamples ? SamplesToo::Yes : SamplesToo::No);
+    if (!session) {
+        return graver(console.dialogs.status(), ExitStatus::Refused);
+    }
+    const std::optional<CurrentWad> wad = wadFor(*session, arguments, console);
+    if (!wad) {
+        return ExitStatus::Refused;
+    }
+    if (const std::optional<BilingualText> refusal = refusalOf(arguments, *wad)) {
+        return console.dialogs.refuse(*refusal);
+    }
+    const std::optional<ImportFile> file = fileToImport(arguments, *session, *wad, console);
+    if (!file) {
+        return ExitStatus::FileFailure;
     }
     if (arguments.withSamples) {
         tellCutRestores(session->places(), console);
     }
-    std::optional<std::vector<std::size_t>> rows = applicableRows(*file, console);
-    if (!rows) {
+    std::vector<std::size_t> rows = applicableRows(*file, console);
+    const std::vector<std::string> samples = samplesOf(*file, rows);
+    const ImportRequest request{*file,   std::move(rows),          *wad, arguments.withSamples,
+                                samples, session->places().samples};
+    if (arguments.dryRun) {
+        return tellImport(*session, request, console);
+    }
+    if (!agreesToTheOthers(*file, request.rows.size(), console) || !confirmImport(request, console.dialogs)) {
         return ExitStatus::Refused;
     }
-    const std::vector<std::string> samples = samplesOf(*file, *rows);
-    const ImportRequest request{*file,   std::move(*rows),         *wad, arguments.withSamples,
-                                samples, session->places().samples};
-    return confirmImport(request, console.dialogs) ? importInto(*session, request, arguments, console)
-                                                   : ExitStatus::Refused;
+    // The WAD of the letter is the one that is worked on, whatever the settings say.
+    const std::optional<std::string> usual = arguments.letter ? std::optional(wad->wadName) : std::nullopt;
+    return importInto(*session, request, arguments.wadName ? arguments.wadName : usual, console);
 }
 
 } // namespace
@@ -229,7 +301,10 @@ void addExchangeCommands(const Menu& menu)
         .flag("--samples",
               {"With the samples that come with the file", "Avec les samples qui accompagnent le fichier"},
               imported->withSamples)
-        .wad(imported->wadName);
+        .flag("--dry-run", {"Only tell what would change", "Dire seulement ce qui changerait"},
+              imported->dryRun)
+        .wad(imported->wadName, {"that of --letter, else that of the settings",
+                                 "celui de --letter, sinon celui des paramètres"});
 }
 
 } // namespace tavrel

@@ -2,7 +2,6 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Progress.h"
-#include "base/TextFile.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
 #include "generation/RestoreDefaults.h"
@@ -85,7 +84,9 @@ ExitStatus generate(const std::string& wadName, Console& console)
 
 ExitStatus restore(const RestoreChoice& choice, Console& console)
 {
-    if (!requireChoice(choice, console.dialogs)) {
+    if (!choice.any()) {
+        console.dialogs.say({"Choose what to restore: --catalogue, --samples, --sfx",
+                             "Choisissez ce que vous voulez restaurer : --catalogue, --samples, --sfx"});
         return ExitStatus::WrongUsage;
     }
     const std::optional<ProgramSettings> settings = openSettings(console);
@@ -122,16 +123,19 @@ ExitStatus count(const std::filesystem::path& file, ScriptStatistics& counts, Co
         console.dialogs.show({icon, statisticsTitle(), text});
         return console.dialogs.status();
     };
-    const Result<TextFile> script = readTextFile(file, largestLines);
+    const Result<std::string> script = readScript(file);
     if (!script) {
         return say(MessageIcon::Critical, script.failure().text);
     }
-    const Result<ScriptStatistics> counted = countScript(script->text);
+    const Result<ScriptStatistics> counted = countScript(*script);
     if (!counted) {
         return say(MessageIcon::Exclamation, counted.failure().text);
     }
     counts = *counted;
-    return counts.notices.empty() ? ExitStatus::Done : say(MessageIcon::Exclamation, listOf(counts.notices));
+    if (!counts.notices.empty()) {
+        say(MessageIcon::Exclamation, listOf(counts.notices));
+    }
+    return ExitStatus::Done;
 }
 
 ExitStatus countEntries(const std::optional<std::filesystem::path>& asked, Console& console)

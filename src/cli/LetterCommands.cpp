@@ -51,7 +51,7 @@ bool removeLetter(LineEditor& editor, const std::string& letter, Console& consol
     return removeLetterFromLine(editor, static_cast<std::size_t>(entry - letters.begin()), console.dialogs);
 }
 
-// Sounds that refuse the change stay as they are; the others are written.
+// Sounds that refuse the change stay as they are; the others, if any, are written.
 template <typename Change>
 ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Change change, Console& console)
 {
@@ -60,15 +60,18 @@ ExitStatus changeSounds(Session& session, const LetterArguments& arguments, Chan
         return ExitStatus::Refused;
     }
     LineEditor editor(session.catalogue());
+    bool anyChanged = false;
     for (const std::size_t number : arguments.numbers) {
         editor.select(number);
-        if (!change(editor)) {
+        if (change(editor)) {
+            anyChanged = true;
+        } else {
             const std::string sound = std::to_string(number);
             console.dialogs.refuse(
                 {"Sound " + sound + " stays as it is.", "Le son " + sound + " reste tel quel."});
         }
     }
-    return apply(session, arguments.wadName, console);
+    return anyChanged ? apply(session, arguments.wadName, console) : ExitStatus::Refused;
 }
 
 ExitStatus addLetters(const LetterArguments& arguments, Console& console)

@@ -8,6 +8,8 @@
 #include "generation/FolderReplacement.h"
 #include "session/PendingChanges.h"
 
+#include <algorithm>
+
 namespace tavrel {
 
 namespace {
@@ -84,7 +86,7 @@ std::unique_ptr<Session> openSessionToChange(Console& console, const std::option
                  : nullptr;
     std::unique_ptr<Session> session =
         locks ? load(std::move(*settings), std::move(locks), console) : nullptr;
-    if (session && wadName && session->references().findWad(*wadName) == nullptr) {
+    if (session && wadName && referenceNamed(session->references(), *wadName) == nullptr) {
         const std::string shown = "[" + shownText(*wadName) + "]";
         console.dialogs.refuse(
             {"No reference is named " + shown + ".", "Aucune référence ne s'appelle " + shown + "."});
@@ -125,6 +127,32 @@ bool hasSound(const Session& session, std::size_t number, Console& console)
     return false;
 }
 
+namespace {
+
+const WadReference* namedFrom(const ReferenceRegister& references, std::size_t first,
+                              std::string_view wadName)
+{
+    const auto begin = references.all().begin() + static_cast<std::ptrdiff_t>(first);
+    const auto found = std::find_if(begin, references.all().end(), [&](const WadReference& reference) {
+        return sameName(reference.wadName, wadName);
+    });
+    return found == references.all().end() ? nullptr : &*found;
+}
+
+} // namespace
+
+const WadReference* referenceNamed(const ReferenceRegister& references, std::string_view wadName)
+{
+    const WadReference* const exact = references.findWad(wadName);
+    return exact != nullptr ? exact : namedFrom(references, 0, wadName);
+}
+
+const WadReference* userReferenceNamed(const ReferenceRegister& references, std::string_view wadName)
+{
+    const WadReference* const exact = references.findUserWad(wadName);
+    return exact != nullptr ? exact : namedFrom(references, references.userBegin(), wadName);
+}
+
 std::optional<CurrentWad> wadWithLetter(const Session& session, const std::string& letter, Console& console)
 {
     if (const WadReference* const reference = session.references().findUserLetter(letter)) {
@@ -138,7 +166,7 @@ std::optional<CurrentWad> wadWithLetter(const Session& session, const std::strin
 
 std::optional<CurrentWad> wadNamed(const Session& session, const std::string& name, Console& console)
 {
-    if (const WadReference* const reference = session.references().findUserWad(name)) {
+    if (const WadReference* const reference = userReferenceNamed(session.references(), name)) {
         return currentWad(reference);
     }
     refuseWadName(name, console);
@@ -152,8 +180,10 @@ void refuseWadName(const std::string& name, Console& console)
                             "Aucune de vos références ne s'appelle " + shown + "."});
 }
 
-ExitStatus apply(Session& session, const std::optional<std::string>& wadName, Console& console)
+ExitStatus apply(Session& session, const std::optional<std::string>& asked, Console& console)
 {
+    const WadReference* const reference = asked ? referenceNamed(session.references(), *asked) : nullptr;
+    const std::optional<std::string> wadName = reference != nullptr ? reference->wadName : asked;
     if (!session.pending()) {
         const Result<bool> completed = session.completeChangedLines(wadName);
         if (!completed) {

@@ -38,6 +38,11 @@ bool loadAgain(Session& session, std::vector<LineReadOtherwise> readOtherwise, C
 // True when there is such a sound; else a message.
 bool hasSound(const Session& session, std::size_t number, Console& console);
 
+// The reference with the name as it is, else without regard to letter case; or null.
+const WadReference* referenceNamed(const ReferenceRegister& references, std::string_view wadName);
+// The same among the user's own.
+const WadReference* userReferenceNamed(const ReferenceRegister& references, std::string_view wadName);
+
 // One of the user's own WADs, by its letter (without "#") or its name; else a message.
 std::optional<CurrentWad> wadWithLetter(const Session& session, const std::string& letter, Console& console);
 std::optional<CurrentWad> wadNamed(const Session& session, const std::string& name, Console& console);

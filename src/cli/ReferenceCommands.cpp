@@ -60,14 +60,13 @@ ExitStatus addReference(const ReferenceArguments& arguments, Console& console)
     return writeRegister(*session, console);
 }
 
+// The user's own before a built-in one.
 std::optional<std::size_t> rowOf(const ReferenceRegister& references, const std::string& wadName)
 {
-    for (std::size_t i = 0; i < references.size(); ++i) {
-        if (references.at(i).wadName == wadName) {
-            return i;
-        }
-    }
-    return std::nullopt;
+    const WadReference* const own = userReferenceNamed(references, wadName);
+    const WadReference* const found = own != nullptr ? own : referenceNamed(references, wadName);
+    return found == nullptr ? std::nullopt
+                            : std::optional(static_cast<std::size_t>(found - &references.at(0)));
 }
 
 // The lines first: when they cannot be written, the register still knows the letter that they carry.
@@ -122,7 +121,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     if (!wad) {
         return ExitStatus::Refused;
     }
-    if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, arguments.name)) {
+    if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, wad->wadName)) {
         return console.dialogs.refuse(importForbidden());
     }
     tellCutRestores(session->places(), console);
@@ -134,7 +133,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     for (const std::string& sample : result.unknownSamples) {
         console.output.writeLine(utf8FromCodePage(sample));
     }
-    return apply(*session, arguments.wadName.value_or(arguments.name), console);
+    return apply(*session, arguments.wadName.value_or(wad->wadName), console);
 }
 
 void addImport(const Menu& menu, const std::string& name, const BilingualText& what, WadListKind kind)

@@ -156,7 +156,8 @@ ExitStatus repairSamples(const RepairArguments& arguments, Console& console)
     SilentProgress progress;
     const SampleReport report = runOnSamples(SampleTask::Repair, *chosen, progress);
     console.output.writeLine(console.dialogs.inLanguage(report.text()));
-    return statusNow();
+    const bool anyDone = report.failures() < report.outcomes.size();
+    return anyDone && !allAreRight(all) ? ExitStatus::DoneWithMessages : statusNow();
 }
 
 void addRepair(const Menu& samples)

@@ -201,7 +201,7 @@ ExitStatus merge(const MergeArguments& arguments, Console& console)
         }
     }
     writeMerged(merged, sides[1], sides[2], console);
-    return merged.conflicts() == 0 ? ExitStatus::Done : ExitStatus::Refused;
+    return merged.conflicts() == 0 ? ExitStatus::Done : ExitStatus::DoneWithMessages;
 }
 
 // versions

@@ -139,10 +139,23 @@ std::filesystem::path scriptFile(const std::filesystem::path& levelEditorFolder)
     return fileIn(folderIn(levelEditorFolder, {"script"}), "script.txt");
 }
 
+Result<std::string> readScript(const std::filesystem::path& file)
+{
+    Result<FileContent> content = readFile(file, largestLines);
+    if (!content) {
+        return content.failure();
+    }
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (content->bytes.starts_with(byteOrderMark)) {
+        content->bytes.erase(0, byteOrderMark.size());
+    }
+    return std::move(content->bytes);
+}
+
 Result<ScriptStatistics> countScriptFile(const std::filesystem::path& file)
 {
-    const Result<TextFile> script = readTextFile(file, largestLines);
-    return script ? countScript(script->text) : Result<ScriptStatistics>(script.failure());
+    const Result<std::string> script = readScript(file);
+    return script ? countScript(*script) : Result<ScriptStatistics>(script.failure());
 }
 
 } // namespace tavrel

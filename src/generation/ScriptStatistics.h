@@ -34,6 +34,8 @@ Result<ScriptStatistics> countScript(std::string_view text);
 
 // The level editor's script\script.txt.
 std::filesystem::path scriptFile(const std::filesystem::path& levelEditorFolder);
+// Its bytes, zeros among them, without a UTF-8 mark.
+Result<std::string> readScript(const std::filesystem::path& file);
 Result<ScriptStatistics> countScriptFile(const std::filesystem::path& file);
 
 } // namespace tavrel

@@ -59,7 +59,7 @@ BilingualText impossible(const fs::path& folder)
 {
     return BilingualText("Impossible to create SFX files from folder\n",
                          "Impossible de créer les SFX à partir du répertoire\n") +
-           displayPath(folder) +
+           displayPath(folder / "") +
            BilingualText("\nCheck your user authorizations for this folder",
                          "\nVérifiez vos autorisations utilisateur concernant ce répertoire");
 }

@@ -302,14 +302,15 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
     const std::string oldShown = "#" + shown(wad.letter);
     const std::string newShown = "#" + shown(newLetter);
     const std::string name = "[" + shown(wad.wadName) + "]";
-    const Question question{
-        replaceTitle,
-        {"Replace " + oldShown + " letter by " + newShown + " for all the sounds of the wad " + name +
-             "\nDon't forget to apply modifications to sounds.txt to validate the new letter",
-         "Remplacer la lettre " + oldShown + " par " + newShown + " pour tous les sons du wad " + name +
-             "\nN'oubliez pas d'appliquer les modifications à sounds.txt pour valider la nouvelle lettre"},
-        Buttons::YesNo};
-    if (dialogs.ask(question) != Answer::Yes) {
+    BilingualText text(
+        "Replace " + oldShown + " letter by " + newShown + " for all the sounds of the wad " + name,
+        "Remplacer la lettre " + oldShown + " par " + newShown + " pour tous les sons du wad " + name);
+    if (dialogs.appliesLater()) {
+        text += BilingualText(
+            "\nDon't forget to apply modifications to sounds.txt to validate the new letter",
+            "\nN'oubliez pas d'appliquer les modifications à sounds.txt pour valider la nouvelle lettre");
+    }
+    if (dialogs.ask({replaceTitle, text, Buttons::YesNo}) != Answer::Yes) {
         return ReplacedLetter::Declined;
     }
     const Problem problem = [&] {

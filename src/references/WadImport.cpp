@@ -73,7 +73,7 @@ public:
     {
         for (std::size_t k = 0; k < m_lines.size(); ++k) {
             if (m_start[k] != m_catalogue.currentLine(k)) {
-                ++m_plan.linesPutBack;
+                m_plan.putBack.push_back(k);
             }
             if (m_lines[k] != m_catalogue.currentLine(k)) {
                 countChange(k);
@@ -127,25 +127,40 @@ KindTexts textsOf(WadListKind kind)
     return {titles::importObjects, titles::loadObjects, {"included objects", "aux objets incorporés"}, "  "};
 }
 
-bool confirmImport(const CurrentWad& wad, WadListKind kind, Dialogs& dialogs)
-{
-    const KindTexts texts = textsOf(kind);
-    const std::string file = "[" + shownText(wad.wadName) + std::string(endingOf(kind)) + "]";
-    const std::string letter = "[#" + shownText(wad.letter) + "]";
-    const Question question{texts.title,
-                            {"Open " + file + " and assign " + letter + " to " + texts.objects.english +
-                                 ".\nAll modifications already applied" + std::string(texts.gap) +
-                                 "will be lost.",
-                             "Ouvrir " + file + " et assigner " + letter + " " + texts.objects.french +
-                                 ".\nLes modifications déjà apportées seront perdues"},
-                            Buttons::OkCancel};
-    return dialogs.ask(question) == Answer::Ok;
-}
-
 // "3 sounds", in each language with its own word for one and for several.
 BilingualText counted(std::size_t count, const BilingualText& one, const BilingualText& several)
 {
     return BilingualText::same(std::to_string(count) + " ") + (count == 1 ? one : several);
+}
+
+std::string soundRow(std::size_t sound, const SoundCatalogue& catalogue)
+{
+    const std::string& line = catalogue.currentLine(sound);
+    return std::to_string(sound) + ": " + shownText(line.substr(0, line.find(':')));
+}
+
+bool confirmImport(const CurrentWad& wad, WadListKind kind, const ImportPlan& plan,
+                   const SoundCatalogue& catalogue, Dialogs& dialogs)
+{
+    const KindTexts texts = textsOf(kind);
+    const std::string file = "[" + shownText(wad.wadName) + std::string(endingOf(kind)) + "]";
+    const std::string letter = "[#" + shownText(wad.letter) + "]";
+    Question question{texts.title,
+                      {"Open " + file + " and assign " + letter + " to " + texts.objects.english +
+                           ".\nAll modifications already applied" + std::string(texts.gap) + "will be lost.",
+                       "Ouvrir " + file + " et assigner " + letter + " " + texts.objects.french +
+                           ".\nLes modifications déjà apportées seront perdues"},
+                      Buttons::OkCancel};
+    if (!plan.putBack.empty()) {
+        question.details = counted(
+            plan.putBack.size(),
+            {"sound goes back to its saved line:", "son revient à sa ligne enregistrée :"},
+            {"sounds go back to their saved lines:", "sons reviennent à leurs lignes enregistrées :"});
+    }
+    for (const std::size_t sound : plan.putBack) {
+        question.details += "\n" + soundRow(sound, catalogue);
+    }
+    return dialogs.ask(question) == Answer::Ok;
 }
 
 BilingualText whoGotTheLetter(const ImportPlan& plan)
@@ -164,8 +179,7 @@ BilingualText whoGotTheLetter(const ImportPlan& plan)
 
 std::string rowOf(const TakenLetters& taken, const SoundCatalogue& catalogue)
 {
-    const std::string& line = catalogue.currentLine(taken.sound);
-    std::string row = "\n  " + std::to_string(taken.sound) + ": " + shownText(line.substr(0, line.find(':')));
+    std::string row = "\n  " + soundRow(taken.sound, catalogue);
     for (const std::string& letter : taken.letters) {
         row += "  #" + shownText(letter);
     }
@@ -176,7 +190,7 @@ BilingualText whatCameBack(const ImportPlan& plan, const SoundCatalogue& catalog
 {
     constexpr std::size_t mostNamed = 8;
     BilingualText text = counted(
-        plan.linesPutBack,
+        plan.putBack.size(),
         {"sound is back as it was saved for this WAD, with its samples and values.",
          "son est revenu tel qu'il était enregistré pour ce WAD, avec ses samples et ses valeurs."},
         {"sounds are back as they were saved for this WAD, with their samples and values.",
@@ -196,7 +210,27 @@ BilingualText whatCameBack(const ImportPlan& plan, const SoundCatalogue& catalog
     return text;
 }
 
-BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogue)
+BilingualText objectsWithoutSounds(const std::vector<std::string>& objects)
+{
+    constexpr std::size_t mostNamed = 8;
+    std::string names;
+    for (std::size_t i = 0; i < std::min(objects.size(), mostNamed); ++i) {
+        names += (i == 0 ? " [" : ", [") + shownText(objects[i]) + "]";
+    }
+    BilingualText text = counted(objects.size(),
+                                 {"object of the list has no sounds that Tavrel knows:",
+                                  "objet de la liste n'a pas de sons connus de Tavrel :"},
+                                 {"objects of the list have no sounds that Tavrel knows:",
+                                  "objets de la liste n'ont pas de sons connus de Tavrel :"}) +
+                         names;
+    if (objects.size() > mostNamed) {
+        const std::string rest = std::to_string(objects.size() - mostNamed);
+        text += BilingualText(" and " + rest + " more", " et " + rest + " de plus");
+    }
+    return text;
+}
+
+BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogue, bool appliesLater)
 {
     BilingualText text = whoGotTheLetter(plan);
     if (!plan.unknownSamples.empty()) {
@@ -205,13 +239,16 @@ BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogu
                         {"sample is used by no sound.", "sample n'est utilisé par aucun son."},
                         {"samples are used by no sound.", "samples ne sont utilisés par aucun son."});
     }
+    if (!plan.unknownObjects.empty()) {
+        text += BilingualText::same("\n") + objectsWithoutSounds(plan.unknownObjects);
+    }
     if (!plan.refusedLetter.empty()) {
         text += BilingualText::same("\n") + takeNoOtherLetter(plan.refusedLetter);
     }
-    if (plan.linesPutBack > 0) {
+    if (!plan.putBack.empty()) {
         text += BilingualText::same("\n\n") + whatCameBack(plan, catalogue);
     }
-    if (!plan.changes.empty()) {
+    if (appliesLater && !plan.changes.empty()) {
         text += BilingualText("\n\nNothing is written until the changes are applied.",
                               "\n\nRien n'est écrit tant que les changements ne sont pas appliqués.");
     }
@@ -248,11 +285,17 @@ ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const SavedLines& 
 {
     PlannedLines lines(catalogue, saved, list, letter);
     for (const std::string& listed : list.names) {
+        bool matches = false;
         for (const SoundObject& object : catalogue.objects()) {
             if (objectsMatch(listed, object.name)) {
+                matches = true;
                 std::ranges::for_each(object.sounds,
                                       [&lines](std::size_t number) { lines.addLetter(number); });
             }
+        }
+        std::vector<std::string>& unknown = lines.plan().unknownObjects;
+        if (!matches && std::ranges::find(unknown, listed) == unknown.end()) {
+            unknown.push_back(listed);
         }
     }
     lines.addLetter(underwaterSound);
@@ -286,17 +329,17 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     if (!list) {
         return refuse(list.failure(), true);
     }
-    if (!confirmImport(wad, kind, dialogs)) {
-        return {};
-    }
-    std::error_code ignored;
-    std::filesystem::create_directory(fileIn(places.program, changedLinesFolderName), ignored);
     const Result<SavedLines> saved = readSavedLines(places.program, wad.wadName, catalogue);
     if (!saved) {
         return refuse(saved.failure(), true);
     }
     ImportPlan plan = kind == WadListKind::Samples ? planSamplesImport(catalogue, *saved, *list, wad.letter)
                                                    : planObjectsImport(catalogue, *saved, *list, wad.letter);
+    if (!confirmImport(wad, kind, plan, catalogue, dialogs)) {
+        return {};
+    }
+    std::error_code ignored;
+    std::filesystem::create_directory(fileIn(places.program, changedLinesFolderName), ignored);
     const Problem problem = [&] {
         const Step step(catalogue, texts.button + BilingualText::same(", " + utf8FromCodePage(wad.wadName)));
         return catalogue.setCurrentLines(plan.changes);
@@ -306,7 +349,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     }
     const bool isWhole = plan.refusedLetter.empty() && plan.notices.empty();
     dialogs.show({isWhole ? MessageIcon::Information : MessageIcon::Exclamation, texts.title,
-                  whatWasDone(plan, catalogue)});
+                  whatWasDone(plan, catalogue, dialogs.appliesLater())});
     return {true, false, std::move(plan.unknownSamples)};
 }
 

@@ -30,8 +30,9 @@ struct ImportPlan
     std::vector<SoundCatalogue::LineChange> changes;
     std::size_t linesWithNewLetter = 0;
     std::size_t linesThatHadLetter = 0;      // among those that the list asks for
-    std::size_t linesPutBack = 0;            // saved lines that differ from the current ones
+    std::vector<std::size_t> putBack;        // sounds whose saved line differs from the current one
     std::vector<std::string> unknownSamples; // in the order of the list
+    std::vector<std::string> unknownObjects; // each once
     std::vector<TakenLetters> takenLetters;  // of other levels
     std::vector<std::size_t> refusedLetter;  // sounds that cannot take it
     std::vector<Failure> notices;            // values and records that were passed over
@@ -52,7 +53,8 @@ struct ImportResult
     std::vector<std::string> unknownSamples;
 };
 
-// Gives the current WAD's letter to all that its list names, after a question, and says what was done.
+// Gives the current WAD's letter to all that its list names, and says what was done. A question comes before,
+// with the sounds that go back to their saved lines.
 ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, WadListKind kind,
                            const Places& places, Dialogs& dialogs);
 

@@ -41,7 +41,13 @@ std::vector<std::string> namesOf(const LineEditor& editor)
 // Characters that would end the name in a line of sounds.txt, or lead out of the folder.
 bool hasForbiddenCharacter(std::string_view name)
 {
-    return name.find_first_of(" \t#:\"/\\?*") != std::string_view::npos;
+    return name.find_first_of(" \t#:\"/\\") != std::string_view::npos;
+}
+
+// They stand for other characters in a listing, or for one outside the code page, so no file has them.
+bool hasWildcard(std::string_view name)
+{
+    return name.find_first_of("?*") != std::string_view::npos;
 }
 
 std::size_t fieldLength(SampleChange change, const std::vector<std::string>& names, const SampleInput& input)
@@ -91,7 +97,7 @@ bool fitsLine(SampleChange change, const std::vector<std::string>& names, const 
     if (fieldLength(change, names, input) > sampleFieldWidth) {
         return refuse({"Sample name too long", "Nom de sample trop long"}, dialogs);
     }
-    return true;
+    return !hasWildcard(name) || refuse(noSuchSample(input.samplesFolder, name), dialogs);
 }
 
 // A sample in a wrong format may become a right one at once.
@@ -140,10 +146,14 @@ SampleResult addSample(LineEditor& editor, const SampleInput& input, Dialogs& di
 SampleResult renameSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs)
 {
     std::vector<std::string> names = namesOf(editor);
+    const bool isSelected = input.selected && *input.selected < names.size();
+    if (isSelected && input.typedName == names[*input.selected]) {
+        return {}; // its own name
+    }
     if (!mayChange(editor, dialogs)) {
         return {};
     }
-    if (!input.selected || *input.selected >= names.size()) {
+    if (!isSelected) {
         refuse(selectFirst, dialogs);
         return {};
     }
@@ -196,6 +206,9 @@ bool setSamples(LineEditor& editor, const std::vector<std::string>& names,
                 const std::filesystem::path& samplesFolder, Dialogs& dialogs)
 {
     std::vector<std::string> before = namesOf(editor);
+    if (names == before && !names.empty()) {
+        return !editor.edited() || editor.accept(dialogs);
+    }
     std::vector<std::string> judged;
     std::vector<std::string> added;
     for (const std::string& name : names) {
@@ -245,7 +258,8 @@ std::optional<std::string> nameInFolder(const std::filesystem::path& file,
     const CodePageText name = codePagePath(file.filename());
     const std::string stem = codePagePath(file.stem()).bytes;
     const bool isWav = sameName(codePagePath(file.extension()).bytes, ".wav");
-    return isWav && name.exact && !hasForbiddenCharacter(stem) && isInFolder(file, folder)
+    return isWav && name.exact && !hasForbiddenCharacter(stem) && !hasWildcard(stem) &&
+                   isInFolder(file, folder)
                ? std::optional(stem)
                : std::nullopt;
 }
@@ -263,8 +277,13 @@ std::size_t roomFor(const std::vector<std::string>& names)
 std::optional<std::string> askForName(const std::filesystem::path& file, const std::filesystem::path& folder,
                                       const std::string& proposed, Dialogs& dialogs)
 {
-    OpenFileQuestion question{
-        titles::addSoundFile, {"WAV file", "fichier WAV"}, {"*.wav"}, folder, proposed + ".wav", false, true};
+    OpenFileQuestion question{titles::addSoundFile,
+                              {"WAV file (*.wav)", "fichier WAV (*.wav)"},
+                              {"*.wav"},
+                              folder,
+                              proposed + ".wav",
+                              false,
+                              true};
     const std::optional<std::filesystem::path> chosen = dialogs.chooseFile(question);
     if (!chosen) {
         return std::nullopt;

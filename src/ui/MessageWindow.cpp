@@ -2,15 +2,20 @@
 #include "ui/MessageWindow.h"
 
 #include "ui/BusyPointer.h"
+#include "ui/Controls.h"
+#include "ui/FoldingPanel.h"
 #include "ui/Icons.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
+#include <QAbstractButton>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -109,6 +114,27 @@ MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& t
     setMinimumWidth(smallestWidth);
 }
 
+void MessageWindow::addDetails(const BilingualText& rows, Language language)
+{
+    if (rows.empty()) {
+        return;
+    }
+    constexpr int height = 150;
+    auto* const panel = new FoldingPanel("ImDetails", this);
+    panel->findChild<QAbstractButton*>("ImDetails")->setText(inLanguage({"Details", "Détails"}, language));
+    auto* const list = named(new QPlainTextEdit(inLanguage(rows, language)), "TxDetails");
+    list->setReadOnly(true);
+    list->setTabChangesFocus(true);
+    list->setLineWrapMode(QPlainTextEdit::NoWrap);
+    list->setFont(fixedPitchFont());
+    list->setFixedHeight(height);
+    panel->content().addWidget(list);
+    panel->setOpen(false);
+    content().insertWidget(1, panel);
+    connect(panel, &FoldingPanel::openChanged, this,
+            [this] { QTimer::singleShot(0, this, &QWidget::adjustSize); });
+}
+
 void MessageWindow::offer(std::span<const Answer> answers, Answer byDefault, Language language,
                           const BilingualText& otherChoice)
 {
@@ -139,6 +165,15 @@ void MessageWindow::keyPressEvent(QKeyEvent* event)
         }
     }
     TitledWindow::keyPressEvent(event);
+}
+
+void MessageWindow::showHelp()
+{
+    if (parentWidget() == nullptr && m_openHelp) {
+        m_openHelp(*this);
+    } else {
+        TitledWindow::showHelp();
+    }
 }
 
 Answer MessageWindow::run(Answer refusal)

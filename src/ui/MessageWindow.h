@@ -4,6 +4,7 @@
 #include "base/Message.h"
 #include "ui/TitledWindow.h"
 
+#include <functional>
 #include <span>
 
 class QHBoxLayout;
@@ -19,6 +20,10 @@ class MessageWindow : public TitledWindow
 public:
     MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
 
+    // For a box without an opener that has help.
+    void setHelp(std::function<void(QWidget&)> openHelp) { m_openHelp = std::move(openHelp); }
+    // Rows to fold out below the text; nothing for none.
+    void addDetails(const BilingualText& rows, Language language);
     // From left to right; the default answer is the one that Enter gives. The words of Answer::Other are
     // the question's.
     void offer(std::span<const Answer> answers, Answer byDefault, Language language,
@@ -29,9 +34,11 @@ public:
 protected:
     // The underlined letters work without Alt: there is nothing here to type.
     void keyPressEvent(QKeyEvent* event) override;
+    void showHelp() override;
 
 private:
     QHBoxLayout* m_buttons;
+    std::function<void(QWidget&)> m_openHelp;
     Answer m_answer = Answer::Cancel;
 };
 

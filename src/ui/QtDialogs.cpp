@@ -68,10 +68,21 @@ QWidget* ownerOfDialogs()
 
 } // namespace
 
+std::function<void(QWidget&)> QtDialogs::helpOfBoxes() const
+{
+    return [this](QWidget& box) {
+        if (m_openHelp) {
+            m_openHelp(box, m_language);
+        }
+    };
+}
+
 void QtDialogs::show(const Message& message)
 {
     MessageWindow window(ownerOfDialogs(), message.icon, inLanguage(message.title, m_language),
                          inLanguage(message.text, m_language));
+    window.setHelp(helpOfBoxes());
+    window.addDetails(message.details, m_language);
     const Answer ok[] = {Answer::Ok};
     window.offer(ok, Answer::Ok, m_language);
     window.run(Answer::Ok);
@@ -81,6 +92,8 @@ Answer QtDialogs::ask(const Question& question)
 {
     MessageWindow window(ownerOfDialogs(), question.icon, inLanguage(question.title, m_language),
                          inLanguage(question.text, m_language));
+    window.setHelp(helpOfBoxes());
+    window.addDetails(question.details, m_language);
     std::vector<Answer> answers = offeredAnswers(question.buttons);
     const Answer cautious = question.buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
     const Answer byDefault = question.refusalIsDefault ? cautious : answers.front();
@@ -100,6 +113,7 @@ std::optional<std::filesystem::path> QtDialogs::chooseFile(const OpenFileQuestio
     const QString filter = inLanguage(question.filterName, m_language) + " (" + patterns.join(' ') + ")";
     QFileDialog dialog(ownerOfDialogs(), inLanguage(question.title, m_language),
                        existingFolder(question.folder), filter);
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the name says what there is to say
     dialog.setFileMode(question.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     if (question.forSaving) {
         dialog.setAcceptMode(QFileDialog::AcceptSave);

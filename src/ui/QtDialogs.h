@@ -4,6 +4,8 @@
 #include "base/Dialogs.h"
 #include "ui/ColourDialog.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace tavrel {
@@ -13,6 +15,9 @@ class QtDialogs : public Dialogs
 {
 public:
     void setLanguage(Language language) { m_language = language; }
+    // What F1 does in a box that no window has opened.
+    using OpenHelp = std::function<void(QWidget& box, Language language)>;
+    void setHelp(OpenHelp openHelp) { m_openHelp = std::move(openHelp); }
 
     void show(const Message& message) override;
     Answer ask(const Question& question) override;
@@ -20,7 +25,10 @@ public:
     std::optional<ColourValue> chooseColour(ColourValue current) override;
 
 private:
+    std::function<void(QWidget&)> helpOfBoxes() const;
+
     Language m_language = Language::English;
+    OpenHelp m_openHelp;
     KeptColours m_keptColours = noKeptColours();
 };
 

@@ -184,11 +184,13 @@ agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version,
              missing + BilingualText("No line differs from now.", "Aucune ligne ne diffère de maintenant.")});
         return std::nullopt;
     }
-    const BilingualText text = missing + lineCount(changes.size()) +
-                               BilingualText(" will be as in\n", " seront comme dans\n") +
-                               displayPath(version.path) +
-                               BilingualText("\nNothing is written before you apply the changes.",
-                                             "\nRien n'est écrit avant d'appliquer les modifications.");
+    BilingualText text = missing + lineCount(changes.size()) +
+                         BilingualText(" will be as in\n", " seront comme dans\n") +
+                         displayPath(version.path);
+    if (dialogs.appliesLater()) {
+        text += BilingualText("\nNothing is written before you apply the changes.",
+                              "\nRien n'est écrit avant d'appliquer les modifications.");
+    }
     return dialogs.ask({titles::versions, text}) == Answer::Yes ? std::optional(std::move(changes))
                                                                 : std::nullopt;
 }

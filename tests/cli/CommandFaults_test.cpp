@@ -40,6 +40,7 @@ protected:
         for (const char* const ending : {".was", ".sam"}) {
             writeBytes(cli.levelEditor / "graphics" / "wads" / (std::string("new") + ending), "");
         }
+        writeBytes(cli.levelEditor / "sound" / "Samples" / "c.wav", ""); // of the import
         writeBytes(cli.program / "Backups" / "in.tox", "\"1\",\"S1:\tc\tVOL9\"\r\n");
         writeBytes(cli.program / "Backups" / "out.tob", "an earlier export");
         fs::copy(cli.root.path(), start, fs::copy_options::recursive);

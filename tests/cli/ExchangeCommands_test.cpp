@@ -57,7 +57,9 @@ TEST_F(ExchangeCommands, ExportWritesTheLinesOfItsMode)
         EXPECT_EQ(run.status, 0) << run.messages;
         EXPECT_EQ(readBytes(c.arguments[2]), c.bytes);
     }
-    EXPECT_EQ(cli.run({"export", "modified", at("s.tox"), "--samples"}).status, 0);
+    const CliRun withSamples = cli.run({"export", "modified", at("s.tox"), "--samples"});
+    EXPECT_EQ(withSamples.status, 0);
+    EXPECT_NE(withSamples.messages.find("1 line(s) saved. 1 sample(s) copied."), std::string::npos);
     EXPECT_EQ(namesIn(cli.root / "s_Samples"), std::vector<std::string>{"foot.wav"});
 
     writeBytes(at("m.tox"), "another's");
@@ -117,12 +119,47 @@ TEST_F(ExchangeCommands, SamplesThatAreLeftOutShowInTheStatus)
 {
     writeBytes(cli.sounds, textOf({line("S0", "a", "#g"), line("S1", "..\\foot", "#oa")}));
     const CliRun run = cli.run({"export", "letter", at("s.tox"), "--samples"});
-    EXPECT_EQ(run.status, 1) << run.messages;
+    EXPECT_EQ(run.status, 4) << run.messages;
     EXPECT_NE(run.messages.find("..\\foot"), std::string::npos) << run.messages;
     EXPECT_NE(run.messages.find("1 line(s) saved"), std::string::npos) << run.messages;
     writeBytes(cli.root / "s_Samples" / "b.wav", "");
     const CliRun imported = cli.agreeing({"import", at("s.tox"), "--letter", "tw", "--samples"});
-    EXPECT_EQ(imported.status, 1) << imported.messages;
+    EXPECT_EQ(imported.status, 4) << imported.messages;
+    const CliRun all = cli.run({"export", "all", at("a.tob"), "--samples"});
+    EXPECT_EQ(all.status, 4);
+    EXPECT_NE(all.messages.find("1 sample(s) are not in the level editor's samples folder and were not "
+                                "saved:\na.wav\n"),
+              std::string::npos)
+        << all.messages;
+}
+
+// They stay where the backup is.
+TEST_F(ExchangeCommands, TheSamplesOfABackupAreNotCopiedBack)
+{
+    ASSERT_EQ(cli.run({"export", "all", at("a.tob"), "--samples"}).status, 4) << "most of them are missing";
+    const std::string before = readBytes(cli.sounds);
+    ASSERT_EQ(cli.agreeing({"letters", "erase", "oa"}).status, 0);
+    const CliRun run = cli.agreeing({"import", at("a.tob"), "--samples"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.messages.find(at("a_Samples")), std::string::npos) << run.messages;
+    EXPECT_NE(readBytes(cli.sounds), before);
+}
+
+TEST_F(ExchangeCommands, ADryRunOnlyTells)
+{
+    const std::string before = readBytes(cli.sounds);
+    writeBytes(at("x.tox"), record(3, line("S3", "foot", "")) + record(1, line("S1", "foot", "")));
+    const CliRun run = cli.run({"import", at("x.tox"), "--dry-run"});
+    EXPECT_EQ(run.status, 0) << run.messages;
+    EXPECT_NE(run.messages.find("tavrel-cli: 3: S3: "), std::string::npos) << run.messages;
+    EXPECT_NE(run.messages.find("2 line(s) would come in, 1 of the catalogue's would change"),
+              std::string::npos)
+        << run.messages;
+    EXPECT_EQ(readBytes(cli.sounds), before);
+    const CliRun done = cli.agreeing({"--quiet", "import", at("x.tox")});
+    EXPECT_EQ(done.status, 0) << done.messages;
+    EXPECT_NE(done.messages.find("2 line(s) imported."), std::string::npos) << done.messages;
+    EXPECT_EQ(done.messages.find("[y/n]"), std::string::npos) << done.messages;
 }
 
 TEST_F(ExchangeCommands, ABackupBringsEverythingBack)
@@ -133,7 +170,12 @@ TEST_F(ExchangeCommands, ABackupBringsEverythingBack)
     EXPECT_NE(readBytes(cli.sounds), before);
     EXPECT_EQ(cli.run({"import", at("a.tob")}).status, 1) << "a question without answer";
     EXPECT_NE(readBytes(cli.sounds), before);
-    EXPECT_EQ(cli.agreeing({"import", at("a.tob")}).status, 0);
+    const CliRun run = cli.agreeing({"import", at("a.tob")});
+    EXPECT_EQ(run.status, 4) << "samples are missing";
+    EXPECT_NE(run.messages.find("3 sample(s) of the lines are not in the level editor's samples folder:\n"
+                                "a.wav\nb.wav\nc.wav\n"),
+              std::string::npos)
+        << run.messages;
     EXPECT_EQ(readBytes(cli.sounds), before);
 }
 
@@ -145,7 +187,22 @@ TEST_F(ExchangeCommands, AnImportBringsLinesAndSamplesWithTheLetter)
     EXPECT_EQ(run.status, 0) << run.messages;
     EXPECT_EQ(cli.lineOf(3), line("S3", "new", "#zz #tw"));
     EXPECT_EQ(readBytes(samples / "new.wav"), "its sample");
+    EXPECT_NE(readBytes(cli.program / "sounds" / "tomb_of_wind.tor").find("3,\"S3:"), std::string::npos)
+        << "the WAD of the letter";
+    EXPECT_EQ(cli.agreeing({"import", at("x.tox"), "--wad", "OASIS"}).status, 0) << "in any letter case";
     EXPECT_NE(readBytes(cli.program / "sounds" / "oasis.tor").find("3,\"S3:"), std::string::npos);
+}
+
+TEST_F(ExchangeCommands, AnImportNeedsAReference)
+{
+    std::string settings = readBytes(cli.program / "Tavrel.par");
+    const std::size_t wad = settings.find("\"oasis\"");
+    ASSERT_NE(wad, std::string::npos);
+    writeBytes(cli.program / "Tavrel.par", settings.replace(wad, 7, "\"\""));
+    const CliRun run = cli.agreeing({"import", at("missing.tox")});
+    EXPECT_EQ(run.status, 1) << "before the file is looked for";
+    EXPECT_NE(run.messages.find("Select a WAD/Letter reference first: --letter X"), std::string::npos)
+        << run.messages;
 }
 
 TEST_F(ExchangeCommands, WhatCannotBeImportedIsNamed)
@@ -174,6 +231,6 @@ TEST_F(ExchangeCommands, WhatCannotBeImportedIsNamed)
     EXPECT_EQ(shown.messages.find_first_of("\x1B\x07"), std::string::npos);
     EXPECT_LT(shown.messages.size(), 4000U);
     EXPECT_EQ(readBytes(cli.sounds), before);
-    EXPECT_EQ(cli.agreeing({"import", at("x.tox")}).status, 1) << "one line was refused";
+    EXPECT_EQ(cli.agreeing({"import", at("x.tox")}).status, 4) << "one line was refused";
     EXPECT_EQ(cli.lineOf(3), line("S3", "new", " #oa")) << "the other came in";
 }

@@ -26,7 +26,7 @@ TEST(GenerationCommands, StatsPrintsFourRowsWhateverHappens)
          ""},
         {"organizer=1\nend\n", 1, nothing, "[Level]"},
         {"", 1, nothing, "[Level]"},
-        {"organizer=1\n[Level]\n[Level]\n[Level]\n[Level]\nend\n", 1, "0\t0\t0\n0\t0\t0\n1\t0\t1\n0\t0\t0\n",
+        {"organizer=1\n[Level]\n[Level]\n[Level]\n[Level]\nend\n", 4, "0\t0\t0\n0\t0\t0\n1\t0\t1\n0\t0\t0\n",
          "4 [Level] sections"},
     };
     const TemporaryFolder folder;
@@ -48,7 +48,9 @@ TEST(GenerationCommands, RestorePutsTheCatalogueBack)
 {
     const DemoCli cli;
     ASSERT_EQ(cli.agreeing({"set", "63", "--vol", "1"}).status, 0);
-    EXPECT_EQ(cli.run({"restore"}).status, 2);
+    const CliRun nothing = cli.run({"restore"});
+    EXPECT_EQ(nothing.status, 2);
+    EXPECT_NE(nothing.messages.find("--catalogue, --samples, --sfx"), std::string::npos) << nothing.messages;
     EXPECT_EQ(cli.run({"restore", "--samples"}).status, 3) << "without reference copies";
     EXPECT_NE(readBytes(cli.sounds), textOf(stockLines()));
     const CliRun run = cli.run({"restore", "--catalogue"});

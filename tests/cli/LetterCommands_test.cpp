@@ -43,7 +43,7 @@ TEST_F(LetterCommandsTest, ChangeWhatIsNamed)
     };
     const Step steps[] = {
         {{"add", "oa", "1", "4"}, 0, "#g|#oa|#oa|#tw #oa|#xx #oa|", "Confirm modification"},
-        {{"add", "tw", "0", "1", "3"}, 1, "#g|#oa #tw|#oa|#tw #oa|#xx #oa|", "Sound 3 stays as it is"},
+        {{"add", "tw", "0", "1", "3"}, 4, "#g|#oa #tw|#oa|#tw #oa|#xx #oa|", "Sound 3 stays as it is"},
         {{"add", "zz", "1"},
          1,
          "#g|#oa #tw|#oa|#tw #oa|#xx #oa|",
@@ -52,7 +52,7 @@ TEST_F(LetterCommandsTest, ChangeWhatIsNamed)
         {{"add", "oa", "2", "99"}, 1, "#g|#oa #tw|#oa|#tw #oa|#xx #oa|", "There is no sound 99"},
         {{"replace", "oa", "xx"}, 1, "#g|#oa #tw|#oa|#tw #oa|#xx #oa|", "1 line already carries #xx"},
         {{"remove", "#xx", "4"}, 0, "#g|#oa #tw|#oa|#tw #oa|#oa|", ""},
-        {{"remove", "tw", "1", "2"}, 1, "#g|#oa|#oa|#tw #oa|#oa|", "Sound 2 stays as it is"},
+        {{"remove", "tw", "1", "2"}, 4, "#g|#oa|#oa|#tw #oa|#oa|", "Sound 2 stays as it is"},
         {{"remove", "g", "0"}, 1, "#g|#oa|#oa|#tw #oa|#oa|", "Letter [#g] shoudn't be removed"},
         {{"replace", "oa", "tw"}, 1, "#g|#oa|#oa|#tw #oa|#oa|", "The letter [#tw] is already used"},
         {{"replace", "oa", "abc"}, 1, "#g|#oa|#oa|#tw #oa|#oa|", "2 characters long"},

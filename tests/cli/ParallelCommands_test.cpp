@@ -54,6 +54,7 @@ TEST_F(TwoInstallations, KeepEveryChange)
     const std::vector<std::string> wads = {"one", "ten", "six", "red"};
     const std::string before = cli.lineOf(80);
     const std::string name = before.substr(0, before.find(':'));
+    writeBytes(cli.levelEditor / "sound" / "Samples" / "imported.wav", "");
     writeBytes(inBackups("in.tox"), "\"80\",\"" + name + ":\timported\tVOL9\"\r\n");
     for (const std::size_t sound : sounds) {
         runBeside("set " + std::to_string(sound) + " --vol 77");

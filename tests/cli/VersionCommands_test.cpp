@@ -68,7 +68,7 @@ TEST(VersionCommands, MergeKeepsMineInAConflictAndNamesIt)
         file("mine", "; first\r\nA:\ta\tVOL09\t\r\nB:\tb\tVOL08\t\r\n; of C\r\nC:\tc\t\r\n; last\r\n");
     const std::string theirs = file("theirs", "A:\ta\tVOL07\t\r\nB:\tb\tVOL44\t\r\nC:\tc\t\r\nD:\td\t\r\n");
     const CliRun run = runCli({"merge", base, mine, theirs});
-    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.status, 4);
     EXPECT_EQ(run.output,
               "; first\r\nA:\ta\tVOL09\t\r\nB:\tb\tVOL44\t\r\n; of C\r\nC:\tc\t\r\nD:\td\t\r\n; last\r\n");
     EXPECT_NE(

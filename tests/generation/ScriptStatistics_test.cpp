@@ -96,7 +96,7 @@ TEST(ScriptStatistics, NeedsALevelAndAFile)
     const auto missing = countScriptFile(scriptFile(root.path()));
     ASSERT_FALSE(missing);
     EXPECT_NE(missing.failure().text.english.find("script.txt"), std::string::npos);
-    writeBytes(root / "SCRIPT" / "Script.TXT", "[level]\norganizer=1\n.");
+    writeBytes(root / "SCRIPT" / "Script.TXT", std::string("\xEF\xBB\xBF[level]\n\0organizer=1\n.", 25));
     const auto counted = countScriptFile(scriptFile(root.path()));
     ASSERT_TRUE(counted);
     EXPECT_EQ(counted->first, (EntryCounts{0, 0, 1, 0}));

@@ -190,7 +190,8 @@ TEST_F(SfxGenerationTest, SaysWhenTheFolderCannotBeUsed)
 {
     const auto expectImpossible = [this](const fs::path& folder) {
         EXPECT_EQ(lastSaid(), "critical | Generate SFX | Impossible to create SFX files from folder\n" +
-                                  folder.string() + "\nCheck your user authorizations for this folder");
+                                  (folder / "").string() +
+                                  "\nCheck your user authorizations for this folder");
         EXPECT_EQ(generation.phase(), Phase::Idle);
         EXPECT_TRUE(runner.started.empty());
     };

@@ -82,11 +82,11 @@ TEST_F(SampleCommands, AddAndRenameRefuseWithTheirMessages)
         {add, "A BB", 0, "n\"ew", blank, blankFrench},
         {add, "A BB", 0, "../new", blank, blankFrench},
         {add, "A BB", 0, "sub\\new", blank, blankFrench},
-        {add, "A BB", 0, "n?w", blank, blankFrench},
         {add, "A BB", 0, name32 + "nowhere", tooLong, tooLongFrench},
         {add, "A BB", 0, "BB", "Sample name already in the list", "Nom de sample déjà dans la liste"},
         {add, "A FOOT", 0, "foot", "", ""},
         {rename, "A BB", 0, "BB", "", ""},
+        {rename, "A BB", {}, "A", "Select a sample first", "Selectionnez d'abord un sample"},
         {add, "A BB", 0, name26, "", ""},
         {add, "A BB", 0, name27, tooLong, tooLongFrench},
         {rename, "A", 0, name31, "", ""},
@@ -121,10 +121,28 @@ TEST_F(SampleCommands, AddAndRenameRefuseWithTheirMessages)
 TEST_F(SampleCommands, AMissingFileIsNamedWithItsFolder)
 {
     start("A");
+    for (const std::string name : {"nothing", "n?w", "ne*"}) {
+        ScriptedDialogs dialogs;
+        EXPECT_FALSE(addSample(editor, input(name), dialogs).changed);
+        EXPECT_EQ(dialogs.said()[0].text.english,
+                  "The sample [" + name + ".wav] doesn't exist\nin " + (folder.path() / "").string());
+    }
+}
+
+TEST_F(SampleCommands, ItsOwnNameChangesNothing)
+{
+    start("A BB");
+    editor.setValue(ValueBox::Vol, "44", true);
     ScriptedDialogs dialogs;
-    EXPECT_FALSE(addSample(editor, input("nothing"), dialogs).changed);
-    EXPECT_EQ(dialogs.said()[0].text.english,
-              "The sample [nothing.wav] doesn't exist\nin " + (folder.path() / "").string());
+    EXPECT_FALSE(renameSample(editor, input("BB", 1), dialogs).changed);
+    EXPECT_FALSE(catalogue.differsFromFile()) << "nor are the boxes taken over";
+    EXPECT_TRUE(editor.edited());
+    catalogue = SoundCatalogue();
+    const std::string loose = withTabs("N:>A BB>VOL8>");
+    catalogue.append(loose, loose, 1);
+    editor.select(0);
+    EXPECT_TRUE(setSamples(editor, {"A", "BB"}, folder.path(), dialogs));
+    EXPECT_EQ(catalogue.currentLine(0), loose) << "not composed anew";
 }
 
 TEST_F(SampleCommands, StoreTheLineWithTheValuesOfTheBoxes)

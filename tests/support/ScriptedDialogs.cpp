@@ -75,7 +75,7 @@ std::vector<std::string> ScriptedDialogs::conversation(Language language) const
 void ScriptedDialogs::show(const Message& message)
 {
     expectListedTitle(message.title);
-    m_said.push_back({kindOf(message.icon), message.title, message.text});
+    m_said.push_back({kindOf(message.icon), message.title, message.text, false, {}, message.details});
     if (m_whileShowing) {
         m_whileShowing();
     }
@@ -87,7 +87,7 @@ Answer ScriptedDialogs::ask(const Question& question)
     // A box with OK alone is a message that offers something.
     const bool isMessage = question.buttons == Buttons::Ok;
     m_said.push_back({isMessage ? kindOf(question.icon) : kindOf(question.buttons), question.title,
-                      question.text, question.refusalIsDefault, question.otherChoice});
+                      question.text, question.refusalIsDefault, question.otherChoice, question.details});
     if (m_whileAsking) {
         m_whileAsking();
     }

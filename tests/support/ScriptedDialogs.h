@@ -26,6 +26,7 @@ public:
         BilingualText text;
         bool refusalIsDefault = false;
         BilingualText otherChoice = {};
+        BilingualText details = {};
     };
 
     ScriptedDialogs() = default;

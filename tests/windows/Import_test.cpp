@@ -120,7 +120,10 @@ TEST_F(MainWindowTest, AnImportOfObjectsSaysWhatItDidInFrench)
     const std::vector<std::string> said = dialogs.conversation(Language::French);
     ASSERT_EQ(said.size(), 2U);
     EXPECT_TRUE(said[0].starts_with("OK/Cancel | Charger fichier WAS | Ouvrir [oasis.WAS]")) << said[0];
-    EXPECT_TRUE(said[1].find(" sons ont reçu la lettre.\n\nRien n'est écrit") != std::string::npos)
+    EXPECT_TRUE(
+        said[1].find(
+            " sons ont reçu la lettre.\n1 objet de la liste n'a pas de sons connus de Tavrel : [LARA]\n\n") !=
+        std::string::npos)
         << said[1];
 }
 

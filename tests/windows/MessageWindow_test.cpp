@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/MessageWindow.h"
+#include "ui/QtDialogs.h"
 
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -43,4 +48,42 @@ TEST(MessageWindow, LineBreaksOfTwoCharactersAreOne)
 {
     const MessageWindow window(nullptr, MessageIcon::Question, "T", "a\n\rb\r\n\r\nc");
     EXPECT_EQ(window.findChild<QLabel*>("LbText")->text(), "a\nb\n\nc");
+}
+
+TEST(MessageWindow, DetailsFoldOut)
+{
+    MessageWindow window(nullptr, MessageIcon::Question, "T", "text");
+    window.addDetails({"7: S7\n8: S8", ""}, Language::English);
+    window.show();
+    auto& rows = *window.findChild<QPlainTextEdit*>("TxDetails");
+    EXPECT_EQ(rows.toPlainText(), "7: S7\n8: S8");
+    EXPECT_FALSE(rows.isVisible());
+    QTest::mouseClick(window.findChild<QWidget*>("ImDetails"), Qt::LeftButton);
+    EXPECT_TRUE(rows.isVisible());
+}
+
+// Before the main window there is no opener to ask.
+TEST(MessageWindow, F1OpensTheHelpWithoutAnOpener)
+{
+    MessageWindow window(nullptr, MessageIcon::Information, "T", "text");
+    int opened = 0;
+    window.setHelp([&opened](QWidget& /*box*/) { ++opened; });
+    window.show();
+    QApplication::setActiveWindow(&window);
+    QTest::keyClick(&window, Qt::Key_F1);
+    EXPECT_EQ(opened, 1);
+}
+
+TEST(QtDialogs, AFilterIsShownAsItIsWritten)
+{
+    QtDialogs dialogs;
+    QString shown;
+    QTimer::singleShot(0, qApp, [&shown] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        shown = dialog->findChild<QComboBox*>("fileTypeCombo")->currentText();
+        dialog->reject();
+    });
+    EXPECT_FALSE(dialogs.chooseFile({{"T", "T"}, {"Files (*.tox,*.tob)", ""}, {"*.tox", "*.tob"}, {}}));
+    EXPECT_EQ(shown, "Files (*.tox,*.tob)");
 }
