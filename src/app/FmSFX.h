@@ -121,6 +121,7 @@ private:
 
     // Files (FmSFXFiles.cpp)
     bool loadSession(const std::optional<LevelEditorChoice>& editor);
+    void tellRegisterNotices();
     bool reload();
     std::string chooseOtherLevelEditor();
     bool mayLoadOther();

@@ -42,7 +42,21 @@ bool FmSFX::loadSession(const std::optional<LevelEditorChoice>& editor)
     if (!notices->empty()) { // last: while the box is up, the window paints what was loaded
         m_context.dialogs.show({MessageIcon::Information, titles::soundsFile, listOf(*notices)});
     }
+    tellRegisterNotices();
     return true;
+}
+
+// Once for a state of the register's files. One that cannot be read is told each time: nothing is kept then.
+void FmSFX::tellRegisterNotices()
+{
+    const std::vector<Failure>& notices = m_session.registerNotices();
+    const std::string state = m_session.registerState();
+    const bool isTold = m_session.options().text(options::toldRegister) == state;
+    if (notices.empty() || (isTold && !m_session.references().isUserFileProtected())) {
+        return;
+    }
+    m_session.options().set(options::toldRegister, state);
+    m_context.dialogs.show({MessageIcon::Information, titles::references, listOf(notices)});
 }
 
 // The same sound stays selected.

@@ -73,6 +73,9 @@ int main(int argc, char* argv[])
     const fs::path programFolder = programFolderFrom(parser, programFolderOption);
 
     tavrel::QtDialogs dialogs;
+    dialogs.setHelp([&programFolder](QWidget& box, tavrel::Language language) {
+        tavrel::showHelpWindow(&box, programFolder, {}, language);
+    });
     tavrel::QtPrograms programs;
     QTranslator translator;
     const auto speak = [&dialogs, &translator](tavrel::Language language) {

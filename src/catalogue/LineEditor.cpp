@@ -160,7 +160,7 @@ bool LineEditor::mayLeave(Dialogs& dialogs)
 Message protectedLineRefusal()
 {
     return {MessageIcon::Exclamation,
-            {"Select", "Sélection"},
+            titles::protectedLine,
             {"This line should not be modified", "Cette ligne ne doit pas être modifiée"}};
 }
 

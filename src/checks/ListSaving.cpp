@@ -52,15 +52,15 @@ bool mayReplace(const fs::path& file, Dialogs& dialogs)
 void saveList(const std::string& proposedName, bool onlyTable,
               const std::function<std::string(bool asTable)>& text, Dialogs& dialogs)
 {
-    const OpenFileQuestion question{titles::saveList,
-                                    onlyTable ? BilingualText("Tables", "Tableaux")
-                                              : BilingualText("Texts and tables", "Textes et tableaux"),
-                                    onlyTable ? std::vector<std::string>{"*.csv"}
-                                              : std::vector<std::string>{"*.txt", "*.csv"},
-                                    {},
-                                    proposedName,
-                                    false,
-                                    true};
+    const OpenFileQuestion question{
+        titles::saveList,
+        onlyTable ? BilingualText("Tables (*.csv)", "Tableaux (*.csv)")
+                  : BilingualText("Texts and tables (*.txt,*.csv)", "Textes et tableaux (*.txt,*.csv)"),
+        onlyTable ? std::vector<std::string>{"*.csv"} : std::vector<std::string>{"*.txt", "*.csv"},
+        {},
+        proposedName,
+        false,
+        true};
     std::optional<fs::path> file = dialogs.chooseFile(question);
     if (!file) {
         return;

@@ -23,8 +23,10 @@ std::unique_ptr<Session> load(ProgramSettings settings, std::unique_ptr<ChangeLo
         console.dialogs.fail(notices.failure());
         return nullptr;
     }
-    if (!notices->empty()) {
-        console.dialogs.say(listOf(*notices));
+    for (const std::vector<Failure>& told : {session->registerNotices(), *notices}) {
+        if (!told.empty()) {
+            console.dialogs.say(listOf(told));
+        }
     }
     return session;
 }

@@ -200,9 +200,12 @@ bool SfxGeneration::mayBegin(const GenerationRequest& request)
         return false;
     }
     if (m_phase != Phase::Idle) {
-        refuse({"The last generation has not ended yet: its console window is still open. Close it first.",
-                "La génération précédente n'est pas terminée : sa fenêtre de console est encore ouverte. "
-                "Fermez-la d'abord."});
+        refuse(
+            {"The last generation has not ended yet: its console window is still open. When it asks for a "
+             "key, press one in it. Closing it before would cut the generation short.",
+             "La génération précédente n'est pas terminée : sa fenêtre de console est encore ouverte. "
+             "Quand elle le demande, appuyez sur une touche dans cette fenêtre. La fermer avant interromprait "
+             "la génération."});
         return false;
     }
     if (!isOneWord(request.wad.wadName) || !isPlainFileName(request.wad.wadName) ||

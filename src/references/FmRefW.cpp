@@ -265,8 +265,10 @@ void FmRefW::correctLetter()
 
 void FmRefW::chooseWad()
 {
-    const OpenFileQuestion question{
-        titles::selectWad, {"WAD file", "fichier WAD"}, {"*.WAD"}, m_context.editing.wadFolder};
+    const OpenFileQuestion question{titles::selectWad,
+                                    {"WAD file (*.WAD)", "fichier WAD (*.WAD)"},
+                                    {"*.WAD"},
+                                    m_context.editing.wadFolder};
     const std::optional<std::filesystem::path> file = m_context.editing.dialogs.chooseFile(question);
     const std::optional<std::string> name =
         file ? wadNameFromPath(toCodePage(QString::fromStdU16String(file->u16string()))) : std::nullopt;

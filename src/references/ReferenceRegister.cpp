@@ -7,6 +7,7 @@
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
+#include "references/LetterTexts.h"
 #include "references/LineLetters.h"
 
 #include <algorithm>
@@ -44,9 +45,12 @@ void readReferences(const TextFile& file, std::vector<Failure>& notices, Append 
                 lineNumber);
         } else if (!line.empty()) {
             keep(std::string(line));
-            notices.push_back(wrongLine(file.path, lineNumber,
-                                        {"This is no reference of three fields. It is passed over.",
-                                         "Ce n'est pas une référence de trois champs. Elle est ignorée."}));
+            notices.push_back(
+                wrongLine(file.path, lineNumber,
+                          {"This is no reference of three fields. It is passed over, and stays "
+                           "in the file for you to mend.",
+                           "Ce n'est pas une référence de trois champs. Elle est ignorée et reste "
+                           "dans le fichier, à corriger."}));
         }
     }
 }
@@ -67,15 +71,24 @@ void noteOddities(const ReferenceRegister& references, const std::filesystem::pa
 void noteLetter(const ReferenceRegister& references, const WadReference& added,
                 const std::filesystem::path& file, std::size_t line, std::vector<Failure>& notices)
 {
-    const BilingualText shown = BilingualText::same("#" + shownText(added.letter) + " : ");
-    if (!isLetterOfOneLevel(added.letter)) {
-        notices.push_back(wrongLine(
-            file, line,
-            shown + BilingualText("This is no letter of one level.", "Ce n'est pas une lettre de niveau.")));
+    const std::string marked = "[#" + shownText(added.letter) + "]";
+    const BilingualText letter(marked + ": ", marked + " : ");
+    const BilingualText change(" Change it in Manage WAD/Letter References.",
+                               " Changez-la dans Gestion des Références WAD/Lettre.");
+    if (added.letter.size() == 2 && hasForbiddenLetterCharacter(added.letter)) {
+        notices.push_back(wrongLine(file, line, letter + letterTexts::forbiddenCharacter + "." + change));
+    } else if (!isLetterOfOneLevel(added.letter)) {
+        notices.push_back(wrongLine(file, line,
+                                    letter +
+                                        BilingualText("A letter has 2 characters and does not start with g.",
+                                                      "Une lettre a 2 caractères et ne commence pas par g.") +
+                                        change));
     } else if (references.findLetter(added.letter) != nullptr) {
         notices.push_back(wrongLine(file, line,
-                                    shown + BilingualText("The letter stands in the register twice.",
-                                                          "La lettre figure deux fois dans le registre.")));
+                                    letter +
+                                        BilingualText("Another reference has this letter, too.",
+                                                      "Une autre référence a aussi cette lettre.") +
+                                        change));
     }
 }
 
@@ -208,6 +221,13 @@ LoadedRegister parseRegister(const TextFile& builtIn, const std::optional<Result
         return loaded;
     }
     const TextFile& file = **user;
+    if (file.hadByteOrderMark) {
+        loaded.notices.push_back(wrongContent(
+            file.path, {"The file started with a Unicode mark (UTF-8 BOM). It is left out the next time the "
+                        "references are written.",
+                        "Le fichier commençait par une marque Unicode (BOM UTF-8). Elle sera omise à la "
+                        "prochaine écriture des références."}));
+    }
     readReferences(
         file, loaded.notices,
         [&](WadReference reference, std::size_t line) {

@@ -253,8 +253,12 @@ void FmCheck::showIndication(const BilingualText& text, bool alarming)
 // Only the folder counts: any file in it may be opened, and a new name as well.
 void FmCheck::chooseFolder()
 {
-    const OpenFileQuestion question{
-        titles::selectSamplesFolder, {"WAV file", "fichier WAV"}, {"*.WAV"}, m_folder, "temp", false};
+    const OpenFileQuestion question{titles::selectSamplesFolder,
+                                    {"WAV file (*.WAV)", "fichier WAV (*.WAV)"},
+                                    {"*.WAV"},
+                                    m_folder,
+                                    "temp",
+                                    false};
     if (const std::optional<std::filesystem::path> file = m_context.dialogs.chooseFile(question)) {
         m_folder = file->parent_path();
         showFolder();

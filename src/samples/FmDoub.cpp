@@ -6,7 +6,6 @@
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
-#include "ui/Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -66,9 +65,8 @@ FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder,
 void FmDoub::layOut()
 {
     constexpr int margin = 2 * controlGap;
-    auto* const columns = named(new QLabel, "LbColumns");
+    auto* const columns = named(new QLabel, "LbColumns"); // spaced for the font of the captions
     columns->setTextFormat(Qt::PlainText);
-    columns->setFont(fixedPitchFont());
     auto* const ticks = rowOf({m_tickAll, m_untickAll});
     ticks->addStretch(1);
     auto* const buttons = rowOf({m_ok, m_close});
@@ -89,7 +87,10 @@ void FmDoub::showCaptions(Language language)
         return Caption{control, text, text};
     };
     const Caption captions[] = {
-        {"LbColumns", {" ID  Sound name               Samples", " ID  Nom du son               Samples"}, {}},
+        {"LbColumns",
+         {"  ID          Sound name                        Samples",
+          "  ID          Nom du son                        Samples"},
+         {}},
         {"LiDoub",
          {},
          {"Ticked sounds take part when a SAM file is loaded",

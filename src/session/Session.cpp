@@ -2,6 +2,8 @@
 #include "session/Session.h"
 
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
+#include "base/TextFile.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
 #include "references/LetterReplacementNote.h"
@@ -117,7 +119,7 @@ Result<std::vector<Failure>> Session::loadFrom(Places places, ProgramSettings se
                 references = std::move(again);
             }
         }
-        notices.insert(notices.end(), references->notices.begin(), references->notices.end());
+        m_registerNotices = std::move(references->notices);
         m_references = std::move(references->references);
     }
     notices.insert(notices.end(), catalogue->notices.begin(), catalogue->notices.end());
@@ -137,6 +139,11 @@ Result<std::vector<Failure>> Session::loadFrom(Places places, ProgramSettings se
     beginRecovery();
     tell(&SessionObserver::reloaded);
     return notices;
+}
+
+std::string Session::registerState() const
+{
+    return std::to_string(hashOf(m_references.textInFile() + listOf(m_registerNotices).english));
 }
 
 // History

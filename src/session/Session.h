@@ -84,6 +84,10 @@ public:
     // The same with another level editor.
     Result<std::vector<Failure>> loadFrom(const std::string& drive, const std::string& levelEditorFolder);
     bool isLoaded() const { return m_loaded; }
+    // What there is to know about the register that was loaded. A state of its files is to be told once:
+    // which one it is.
+    const std::vector<Failure>& registerNotices() const { return m_registerNotices; }
+    std::string registerState() const;
     // Another sounds.txt was put in its place since it was loaded.
     bool wasReplaced() const { return m_replaced; }
     void setReplaced(bool replaced) { m_replaced = replaced; }
@@ -166,6 +170,7 @@ private:
     std::unique_ptr<ChangeLocks> m_locks;
     std::unique_ptr<RecoveryLog> m_recovery;
     Problem m_recoveryProblem;
+    std::vector<Failure> m_registerNotices;
     bool m_loaded = false;
     bool m_loadedEditable = false;
     bool m_replaced = false;

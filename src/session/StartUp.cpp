@@ -81,7 +81,6 @@ bool chooseInto(ProgramSettings& settings, const StartContext& context)
     const std::optional<LevelEditorChoice> choice =
         chooseLevelEditor(context.dialogs, nativePath(usualFolder));
     if (!choice) {
-        sayNoLevelEditor(context.dialogs);
         return false;
     }
     settings.drive = choice->drive;
@@ -117,6 +116,7 @@ std::optional<StartedSession> firstStart(const StartContext& context)
     StartedSession session;
     session.settings.language = *language;
     if (!chooseInto(session.settings, context)) {
+        sayNoLevelEditor(context.dialogs);
         return std::nullopt;
     }
     reportUnlessWarned(saveFirstSettings(context.programFolder, session.settings), context, session.settings);
@@ -141,7 +141,8 @@ std::optional<StartedSession> laterStart(const StartContext& context)
     }
     StartedSession session{std::move(loaded.settings), loaded.damage.has_value()};
     const std::string folder = session.settings.LevelEditorFolder;
-    if (!nativePath(folder).is_absolute()) {
+    const bool isNamed = nativePath(folder).is_absolute();
+    if (!isNamed) {
         session.settingsDamaged = true; // whatever the file is, a copy of it stays
         show(context.dialogs, MessageIcon::Exclamation,
              wrongContent(fileIn(context.programFolder, settingsFileName),
@@ -153,10 +154,12 @@ std::optional<StartedSession> laterStart(const StartContext& context)
                !wantsAnotherFolder(folder, context.dialogs)) {
         return session;
     }
-    if (!chooseInto(session.settings, context)) {
+    if (chooseInto(session.settings, context)) {
+        storeChoice(context, session);
+    } else if (!isNamed) { // like a first start
+        sayNoLevelEditor(context.dialogs);
         return std::nullopt;
     }
-    storeChoice(context, session);
     return session;
 }
 

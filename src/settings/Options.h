@@ -49,6 +49,8 @@ private:
 namespace options {
 // Lines of sounds.txt that are no sounds are written back, and lines that nobody changed as they are.
 constexpr std::string_view keepComments = "keep-comments";
+// Which state of the register's files was told last.
+constexpr std::string_view toldRegister = "told-register";
 } // namespace options
 
 } // namespace tavrel

@@ -35,7 +35,7 @@ constexpr std::size_t panelCount = 8;
 // hold where the file says nothing.
 struct ProgramSettings
 {
-    std::string drive;             // the first two characters of the level editor's path, and a separator
+    std::string drive = "C:\\";    // the first two characters of the level editor's path, and a separator
     std::string LevelEditorFolder; // with a trailing separator
     std::string lastLetter;
     std::string lastWad;

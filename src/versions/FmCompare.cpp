@@ -210,7 +210,8 @@ void FmCompare::chooseFile()
 {
     const std::optional<std::filesystem::path> file = m_context.dialogs.chooseFile(
         {titles::chooseComparedFile,
-         {"Catalogues, exchange files, backups", "Catalogues, fichiers d'échange, sauvegardes"},
+         {"Catalogues, exchange files, backups (*.txt,*.tox,*.tob)",
+          "Catalogues, fichiers d'échange, sauvegardes (*.txt,*.tox,*.tob)"},
          {"*.txt", "*.tox", "*.tob"},
          m_context.places.soundsFile.parent_path()});
     if (file) {

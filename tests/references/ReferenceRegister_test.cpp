@@ -90,7 +90,12 @@ TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
 {
     writeBytes(root / "Tavrel.paw",
                "\"A\",\"9F\",\"a\"\r\n\"B\",\"abc\",\"b\"\r\n\"C\",\"gx\",\"c\"\r\n\"D\",\"dd\",\"d\"\r\n");
-    EXPECT_EQ(load().notices.size(), 3U);
+    const LoadedRegister odd = load();
+    ASSERT_EQ(odd.notices.size(), 3U);
+    EXPECT_TRUE(odd.notices[2].text.english.ends_with(
+        "\n[#gx]: A letter has 2 characters and does not start with g. Change it in Manage WAD/Letter "
+        "References."))
+        << odd.notices[2].text.english;
     for (const int rows : {40, 44}) {
         writeBytes(root / "TAVREL.TOW", builtIn(rows));
         LoadedRegister loaded = load();
@@ -103,6 +108,15 @@ TEST_F(ReferenceRegisterTest, TellsOddLettersAndAnInstalledFileOfAnotherLength)
         shortened.remove(static_cast<std::size_t>(rows) - 1); // an installed one
         EXPECT_EQ(shortened.userFileText(), loaded.references.userFileText());
     }
+}
+
+TEST_F(ReferenceRegisterTest, TellsAUnicodeMark)
+{
+    writeBytes(root / "Tavrel.paw", "\xEF\xBB\xBF\"A\",\"aa\",\"a\"\r\n");
+    const LoadedRegister loaded = load();
+    EXPECT_EQ(loaded.references.at(42).title, "A");
+    ASSERT_EQ(loaded.notices.size(), 1U);
+    EXPECT_NE(loaded.notices[0].text.french.find("BOM UTF-8"), std::string::npos);
 }
 
 TEST_F(ReferenceRegisterTest, KeepsWhatAnotherWindowHasWritten)

@@ -214,8 +214,12 @@ TEST_F(StartUp, OffersAnotherFolderWhereTheLevelEditorIsGone)
     const fs::path gone = demo.root / "gone";
     writeBytes(settingsFile,
                textOf({"\"C:\\\"", "\"" + withTrailingSeparator(codePagePath(gone).bytes) + "\""}));
-    ScriptedDialogs dialogs{Answer::No, Answer::Yes};
+    ScriptedDialogs dialogs{Answer::No, Answer::Yes, Answer::Yes};
     EXPECT_EQ(start(dialogs)->settings.LevelEditorFolder, withTrailingSeparator(codePagePath(gone).bytes));
+    dialogs.prepareFile(std::nullopt);
+    EXPECT_EQ(start(dialogs)->settings.LevelEditorFolder, withTrailingSeparator(codePagePath(gone).bytes))
+        << "a cancelled choice is a No";
+    EXPECT_EQ(dialogs.said().size(), 2U);
     dialogs.prepareFile(ngle());
     EXPECT_EQ(start(dialogs)->settings.LevelEditorFolder, editorFolder());
     EXPECT_NE(dialogs.said()[0].text.english.find(gone.string()), std::string::npos);

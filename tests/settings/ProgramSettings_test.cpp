@@ -81,7 +81,7 @@ TEST_F(ProgramSettingsTest, ComeBackByteForByte)
     EXPECT_EQ(readBytes(other / "Tavrel.par"), textOf(distinctLines()));
     EXPECT_FALSE(SaveSettings(root.path(), ProgramSettings()));
     EXPECT_EQ(readBytes(root / "Tavrel.par"),
-              textOf({"\"\"",     "\"\"",  "\"\"",     "\"\"",     "\"E\"",    "\"N\"",    "\"NOR\"",
+              textOf({"\"C:\\\"", "\"\"",  "\"\"",     "\"\"",     "\"E\"",    "\"N\"",    "\"NOR\"",
                       "\"O\"",    "\"O\"", "\"N\"",    "\"O\"",    "\"O\"",    "\"O\"",    "\"O\"",
                       "\"O\"",    "\"N\"", "4210752",  "14680063", "4128",     "14680063", "2097152",
                       "14680063", "8192",  "14680063", "1052672",  "14680063", "14737632", "0"}));
@@ -179,7 +179,7 @@ TEST_F(ProgramSettingsTest, NameTheFieldsThatCannotBeReadOnce)
         EXPECT_NE(text->find((root / "Tavrel.par").string()), std::string::npos);
         EXPECT_NE(text->find("1, 5, 17, 28"), std::string::npos) << *text;
     }
-    EXPECT_EQ(loaded.settings.drive, "");
+    EXPECT_EQ(loaded.settings.drive, "C:\\");
     EXPECT_EQ(loaded.settings.language, Language::English);
     EXPECT_EQ(loaded.settings.colours.slots[0], (ColourPair{0x404040, 2'000}));
     EXPECT_EQ(loaded.settings.colours.slots[5], (ColourPair{11'000, 0x000000}));

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 using namespace tavrel;
 
 namespace {
@@ -205,4 +207,24 @@ TEST_F(ReferencesTest, AnEmptyRegisterRemindsAndHelps)
     likesMotion = false;
     open();
     EXPECT_FALSE(QTest::qWaitFor([&] { return control("PnWad").styleSheet() != calm; }, 700));
+}
+
+TEST_F(ReferencesTest, WhatIsWrongInTheRegisterIsToldOnce)
+{
+    const auto timesTold = [this] {
+        const std::vector<std::string> said = dialogs.conversation(Language::English);
+        return std::ranges::count_if(said, [](const std::string& text) {
+            return text.starts_with("information | Manage Wad/Letter References | ");
+        });
+    };
+    writeBytes(folders.program / "Tavrel.paw", demoReferences + "\"Odd\",\"g1\",\"odd\"\r\n");
+    for (int start = 0; start < 2; ++start) {
+        open();
+        EXPECT_EQ(timesTold(), 1);
+        window->close();
+    }
+    writeBytes(folders.program / "Tavrel.paw", "\"Odd\",\"g2\",\"odd\"\r\n");
+    open();
+    EXPECT_EQ(timesTold(), 2) << "another state of the file";
+    window->close();
 }
