@@ -158,12 +158,15 @@ bool confirmForeignSamples(const ExportRequest& request, const fs::path& file, D
 bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
 {
     std::error_code error;
-    std::error_code ignored;
     const fs::path file = fs::absolute(request.file, error);
     if (error) { // saveExport() says so
         return true;
     }
-    if (!fs::exists(file, ignored) && !findEntry(file.parent_path(), codePagePath(file.filename()).bytes)) {
+    // A folder that cannot be listed may well hold it.
+    const Result<bool> holds = holdsEntry(file.parent_path(), codePagePath(file.filename()).bytes);
+    const bool isThere =
+        fs::exists(file, error) || error || (holds ? *holds : fs::exists(file.parent_path(), error));
+    if (!isThere) {
         return confirmForeignSamples(request, file, dialogs);
     }
     const std::string name = displayPath(file.filename());

@@ -46,17 +46,20 @@ Result<std::vector<std::string>> linesOf(const fs::path& programFolder)
 // The last note goes with its file.
 Problem write(const fs::path& programFolder, const std::vector<std::string>& lines)
 {
-    const fs::path file = fileIn(programFolder, letterReplacementsFileName);
+    const Result<fs::path> file = fileToWrite(programFolder, letterReplacementsFileName);
+    if (!file) {
+        return file.failure();
+    }
     if (lines.empty()) {
         std::error_code error;
-        fs::remove(file, error);
-        return error ? Problem(cannotWrite(file, error)) : Problem();
+        fs::remove(*file, error);
+        return error ? Problem(cannotWrite(*file, error)) : Problem();
     }
     std::string text;
     for (const std::string& line : lines) {
         text += line + "\r\n";
     }
-    return writeFileSafely(file, text);
+    return writeFileSafely(*file, text);
 }
 
 bool isCarried(const SoundCatalogue& catalogue, const std::string& letter)

@@ -365,9 +365,12 @@ bool bringIn(const Newcomer& newcomer, const std::filesystem::path& folder, Bili
         return fail(converted.failure());
     }
     const std::string fileName = newcomer.name + ".wav";
-    const std::filesystem::path target = fileIn(folder, fileName);
-    std::error_code ignored;
-    if (std::filesystem::exists(target, ignored)) {
+    const Result<std::optional<FolderEntry>> entry = lookUp(folder, fileName);
+    if (!entry) {
+        return fail(entry.failure());
+    }
+    const std::filesystem::path target = *entry ? (*entry)->path : folder / nativePath(fileName);
+    if (*entry) {
         const Result<FileContent> there = readFile(target);
         if (there && there->bytes == converted->bytes) {
             return true;

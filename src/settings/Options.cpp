@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/Options.h"
 
+#include "base/CodePage.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
@@ -76,11 +77,20 @@ Problem Options::save()
     if (m_unsaved.empty() || m_unreadable || m_programFolder.empty()) {
         return std::nullopt;
     }
-    const std::filesystem::path file = fileIn(m_programFolder, optionsFileName);
+    const Result<std::optional<FolderEntry>> entry = lookUp(m_programFolder, optionsFileName);
+    if (!entry) {
+        return entry.failure();
+    }
     std::vector<Option> all;
-    if (const Result<TextFile> present = readTextFile(file)) {
+    if (*entry) { // what others have written since stays
+        const Result<TextFile> present = readTextFile((*entry)->path);
+        if (!present) {
+            return present.failure();
+        }
         all = parse(present->text);
     }
+    const std::filesystem::path file =
+        *entry ? (*entry)->path : m_programFolder / nativePath(optionsFileName);
     std::ranges::for_each(m_unsaved, [&all](const Option& option) { put(all, option); });
     std::string text;
     for (const Option& option : all) {

@@ -31,13 +31,15 @@ void bring(const fs::path& file, const fs::path& target)
 void bringInstalledFiles(const fs::path& from, const fs::path& to)
 {
     const Result<std::vector<FolderEntry>> entries = listFolder(from);
-    if (!entries) {
+    const Result<std::vector<FolderEntry>> present = listFolder(to);
+    if (!entries || !present) { // what cannot be seen is not replaced
         return;
     }
     for (const FolderEntry& entry : *entries) {
-        const bool wanted = isHelpText(entry.path) || !findEntry(to, entry.name);
+        const std::optional<FolderEntry> old = findIn(*present, entry.name);
+        const bool wanted = isHelpText(entry.path) || !old;
         if (entry.isFile && wanted) {
-            bring(entry.path, fileIn(to, entry.name));
+            bring(entry.path, old ? old->path : to / entry.path.filename());
         }
     }
 }

@@ -110,6 +110,12 @@ fs::path settingsFile(const fs::path& programFolder)
     return fileIn(programFolder, settingsFileName);
 }
 
+Problem writeSettings(const fs::path& programFolder, const std::string& bytes)
+{
+    const Result<fs::path> file = fileToWrite(programFolder, settingsFileName);
+    return file ? writeFileSafely(*file, bytes) : Problem(file.failure());
+}
+
 std::string_view flag(bool on)
 {
     return on ? "O" : "N";
@@ -168,7 +174,7 @@ Problem SaveSettings(const fs::path& programFolder, const ProgramSettings& setti
         writer.number(pair.back).endRecord();
         writer.number(pair.text).endRecord();
     }
-    return writeFileSafely(settingsFile(programFolder), writer.bytes());
+    return writeSettings(programFolder, writer.bytes());
 }
 
 Problem saveFirstSettings(const fs::path& programFolder, const ProgramSettings& settings)
@@ -176,7 +182,7 @@ Problem saveFirstSettings(const fs::path& programFolder, const ProgramSettings& 
     RecordWriter writer;
     writeText(writer, settings.drive);
     writeText(writer, settings.LevelEditorFolder);
-    return writeFileSafely(settingsFile(programFolder), writer.bytes());
+    return writeSettings(programFolder, writer.bytes());
 }
 
 Problem replaceDamagedSettings(const fs::path& programFolder, const ProgramSettings& settings)
