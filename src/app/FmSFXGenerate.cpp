@@ -76,9 +76,7 @@ void FmSFX::openRestore(QWidget* parent)
         m_context.dialogs.show({MessageIcon::Information, titles::restore, *notice});
     }
     m_busy = std::make_unique<StatusProgress>(*this, *m_status, settings().language);
-    const RestoreContext context{
-        places.program, places.creator,   places.samples, places.wads, [this] { m_context.player.stop(); },
-        *m_busy,        m_context.dialogs};
+    const RestoreContext context{places, [this] { m_context.player.stop(); }, *m_busy, m_context.dialogs};
     if (restoreDefaults(chooser.choice(), context).catalogueReplaced) {
         m_session.setReplaced(true);
     }

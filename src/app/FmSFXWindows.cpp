@@ -141,8 +141,8 @@ void FmSFX::viewWadLists()
 
 ExchangeContext FmSFX::exchangeContext()
 {
-    return {settings().language, settings().colours,    m_context.programFolder, m_session.places().samples,
-            m_session.wad(),     m_session.catalogue(), m_context.dialogs,       m_context.player};
+    return {settings().language,   settings().colours, m_session.places(), m_session.wad(),
+            m_session.catalogue(), m_context.dialogs,  m_context.player};
 }
 
 void FmSFX::exportLines()

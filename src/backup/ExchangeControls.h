@@ -8,6 +8,7 @@
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
 #include "samples/SamplePlayer.h"
+#include "settings/Places.h"
 
 #include <QIcon>
 #include <QLabel>
@@ -28,8 +29,7 @@ struct ExchangeContext
 {
     Language language;
     ColourScheme colours;
-    std::filesystem::path programFolder;
-    std::filesystem::path samplesFolder;
+    Places places;
     CurrentWad wad;
     SoundCatalogue& catalogue;
     Dialogs& dialogs;

@@ -269,7 +269,7 @@ void FmExport::play()
     if (!row || m_rows[*row].record.sampleCount() == 0) {
         return;
     }
-    const Problem problem = PlaySample(m_context.player, m_context.samplesFolder,
+    const Problem problem = PlaySample(m_context.player, m_context.places.samples,
                                        m_rows[*row].record.Samples.front(), m_context.dialogs);
     m_status->showText(problem ? problem->text : BilingualText(), m_context.language);
 }
@@ -277,7 +277,7 @@ void FmExport::play()
 void FmExport::save()
 {
     const std::optional<std::filesystem::path> file =
-        chooseExportFile(m_mode, m_context.wad.wadName, m_context.programFolder, m_context.dialogs);
+        chooseExportFile(m_mode, m_context.wad.wadName, m_context.places.program, m_context.dialogs);
     if (!file) {
         return;
     }
@@ -285,9 +285,9 @@ void FmExport::save()
                           {},
                           *file,
                           m_withSamples->isChecked(),
-                          m_context.samplesFolder,
+                          m_context.places.samples,
                           m_context.catalogue.file().path,
-                          m_context.programFolder};
+                          m_context.places.program};
     for (const std::size_t row : m_lines->tickedRows()) {
         request.rows.push_back(m_rows[row]);
     }

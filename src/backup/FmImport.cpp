@@ -211,7 +211,7 @@ void FmImport::showCaptions()
 void FmImport::chooseFile()
 {
     const std::optional<std::filesystem::path> file =
-        chooseImportFile(m_context.programFolder, m_context.dialogs);
+        chooseImportFile(m_context.places.program, m_context.dialogs);
     if (!file) {
         return;
     }
@@ -409,15 +409,15 @@ void FmImport::play()
     const std::string& name = record->Samples.front();
     const std::filesystem::path folder = m_file->samplesFolder && findSample(*m_file->samplesFolder, name)
                                              ? *m_file->samplesFolder
-                                             : m_context.samplesFolder;
+                                             : m_context.places.samples;
     const Problem problem = PlaySample(m_context.player, folder, name, m_context.dialogs);
     m_status->showText(problem ? problem->text : BilingualText(), m_context.language);
 }
 
 void FmImport::apply()
 {
-    ImportRequest request{*m_file, m_lines->tickedRows(),  m_context.wad, m_withSamples->isChecked(),
-                          {},      m_context.samplesFolder};
+    ImportRequest request{*m_file, m_lines->tickedRows(),   m_context.wad, m_withSamples->isChecked(),
+                          {},      m_context.places.samples};
     for (const std::size_t i : m_samples->tickedRows()) {
         const auto& [row, name] = m_offered[i];
         request.samples.push_back(offeredSamples(m_file->rows[row])[name]);

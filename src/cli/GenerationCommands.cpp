@@ -101,8 +101,7 @@ ExitStatus restore(const RestoreChoice& choice, Console& console)
         return ExitStatus::FileFailure;
     }
     SilentProgress progress;
-    const RestoreContext context{
-        console.programFolder, places.creator, places.samples, places.wads, [] {}, progress, console.dialogs};
+    const RestoreContext context{places, [] {}, progress, console.dialogs};
     return restoreDefaults(choice, context).complete ? ExitStatus::Done : ExitStatus::FileFailure;
 }
 

@@ -55,7 +55,7 @@ Refusal restoreCatalogue(const RestoreContext& context)
 {
     const BilingualText noDefaults("No defaults found. Check your installation of Tavrel.",
                                    "Aucun fichier d'origine trouvé. Vérifier l'installation de Tavrel.");
-    const Result<std::optional<FolderEntry>> original = lookUp(context.programFolder, originalLinesFileName);
+    const Result<std::optional<FolderEntry>> original = lookUp(context.places.program, originalLinesFileName);
     if (!original) {
         return original.failure().text;
     }
@@ -69,11 +69,11 @@ Refusal restoreCatalogue(const RestoreContext& context)
     if (content->bytes.find(':') == std::string::npos) { // no sound in it
         return noDefaults;
     }
-    const Result<std::optional<FolderEntry>> present = lookUp(context.creatorFolder, soundsFileName);
+    const Result<std::optional<FolderEntry>> present = lookUp(context.places.creator, soundsFileName);
     if (!present) {
         return present.failure().text;
     }
-    const fs::path target = *present ? (*present)->path : context.creatorFolder / soundsFileName;
+    const fs::path target = *present ? (*present)->path : context.places.creator / soundsFileName;
     if (*present) {
         const Result<FileContent> old = readFile(target);
         if (!old) {
@@ -81,7 +81,7 @@ Refusal restoreCatalogue(const RestoreContext& context)
         }
         // Neither a second restore nor one that will fail must push out what the first one replaced.
         if (old->bytes != content->bytes && system::isWritable(target)) {
-            if (const Problem problem = putAside(old->bytes, context.creatorFolder)) {
+            if (const Problem problem = putAside(old->bytes, context.places.creator)) {
                 return problem->text;
             }
         }
@@ -115,7 +115,7 @@ Refusal restoreFolder(const FolderRestore& restore, const RestoreContext& contex
 {
     const BilingualText trapped = restore.trouble + "\n" + restore.referenceNeeded;
     const Result<std::vector<FolderEntry>> files =
-        filesIn(fileIn(context.programFolder, restore.reference.name));
+        filesIn(fileIn(context.places.program, restore.reference.name));
     const Result<FolderSize> size = files ? sizeOf(*files) : Result<FolderSize>(files.failure());
     if (!size) {
         return trapped;
@@ -147,7 +147,7 @@ Refusal restoreSamples(const RestoreContext& context)
     context.stopPlayback();
     return restoreFolder(
         {samplesReference,
-         context.samplesFolder,
+         context.places.samples,
          false,
          {"A problem occured when restoring original samples directory.",
           "Un problème a été rencontré durant la restauration du répertoire samples d'origine."},
@@ -160,7 +160,7 @@ Refusal restoreSfx(const RestoreContext& context)
 {
     return restoreFolder(
         {sfxReference,
-         context.wadsFolder,
+         context.places.wads,
          true,
          {"A problem occured when restoring original SAM/SFX files.",
           "Un problème a été rencontré durant la restauration des fichiers SAM/SFX d'origine."},

@@ -3,6 +3,7 @@
 
 #include "base/Dialogs.h"
 #include "base/Progress.h"
+#include "settings/Places.h"
 
 #include <filesystem>
 #include <functional>
@@ -27,10 +28,7 @@ bool requireChoice(const RestoreChoice& choice, Dialogs& dialogs);
 
 struct RestoreContext
 {
-    std::filesystem::path programFolder; // holds the reference copies
-    std::filesystem::path creatorFolder;
-    std::filesystem::path samplesFolder;
-    std::filesystem::path wadsFolder;
+    Places places;                      // the program folder holds the reference copies
     std::function<void()> stopPlayback; // a playing sample could not be moved
     Progress& progress;
     Dialogs& dialogs;

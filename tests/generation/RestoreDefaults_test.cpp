@@ -70,8 +70,8 @@ protected:
 
     RestoreResult restore(const RestoreChoice& choice)
     {
-        return restoreDefaults(choice,
-                               {program, creator, samples, wads, [this] { ++stops; }, progress, dialogs});
+        return restoreDefaults(
+            choice, {{program, {}, creator, samples, wads}, [this] { ++stops; }, progress, dialogs});
     }
     std::string lastSaid(Language language = Language::English) const
     {
