@@ -5,6 +5,7 @@
 #include "app/FilterBox.h"
 #include "app/SoundListDelegate.h"
 #include "app/SoundListHeader.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "catalogue/LineSearch.h"
 #include "samples/SampleUsers.h"
@@ -271,9 +272,7 @@ void SoundListPanel::pick(Picked picked)
 {
     const std::size_t count = picked.numbers.size();
     selection().select(std::move(picked.numbers), picked.current);
-    const std::string number = std::to_string(count);
-    say(count > 1 ? BilingualText(number + " sounds selected", number + " sons sélectionnés")
-                  : BilingualText());
+    say(count > 1 ? countedSounds(count) + BilingualText(" selected", " sélectionnés") : BilingualText());
     m_refusing.start();
 }
 
@@ -322,9 +321,9 @@ void SoundListPanel::search()
     m_list->setCurrentIndex(m_sounds->indexOf(*found));
     m_list->scrollTo(m_list->currentIndex(), QAbstractItemView::PositionAtCenter);
     say(!wraps              ? BilingualText()
-        : m_up->isChecked() ? BilingualText("The search went on from the last line",
+        : m_up->isChecked() ? BilingualText("The search continued from the last line",
                                             "La recherche a repris à la dernière ligne")
-                            : BilingualText("The search went on from the first line",
+                            : BilingualText("The search continued from the first line",
                                             "La recherche a repris à la première ligne"));
 }
 
@@ -340,7 +339,7 @@ void SoundListPanel::searchElsewhere(const QString& text)
     const std::string shown = "[" + text.toStdString() + "]";
     say(isHidden ? BilingualText(shown + " is only in lines that are hidden now",
                                  shown + " n'est que dans des lignes actuellement cachées")
-                 : BilingualText("No more line with ", "Plus de ligne avec ") + shown);
+                 : BilingualText("No other line contains ", "Aucune autre ligne ne contient ") + shown);
 }
 
 void SoundListPanel::goTo(std::size_t number)

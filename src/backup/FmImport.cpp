@@ -4,6 +4,7 @@
 #include "backup/ExportCommands.h"
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "samples/SamplesFolder.h"
@@ -311,12 +312,13 @@ void FmImport::showRemarks()
         std::ranges::count_if(m_file->rows, [](const ImportRow& row) { return !row.remark.empty(); });
     BilingualText text;
     if (refused > 0) {
-        const std::string count = std::to_string(refused);
-        text += BilingualText(count + " line(s) cannot be applied. ", count + " ligne(s) inapplicable(s). ");
+        text +=
+            counted(static_cast<std::size_t>(refused), {"line cannot be applied. ", "ligne inapplicable. "},
+                    {"lines cannot be applied. ", "lignes inapplicables. "});
     }
     if (remarked > 0) {
-        const std::string count = std::to_string(remarked);
-        text += BilingualText(count + " line(s) deserve a look.", count + " ligne(s) à vérifier.");
+        text += counted(static_cast<std::size_t>(remarked), {"line should be checked.", "ligne à vérifier."},
+                        {"lines should be checked.", "lignes à vérifier."});
     }
     say(text, refused > 0);
 }

@@ -78,7 +78,7 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
     const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t'; };
     if (kind == ExchangeKind::Exchange && std::ranges::any_of(row.line, isControl)) {
-        return {"The line holds control characters.", "La ligne contient des caractères de contrôle."};
+        return {"The line contains control characters.", "La ligne contient des caractères de contrôle."};
     }
     if (kind == ExchangeKind::Exchange) {
         for (const std::string& line : {row.line, current}) {
@@ -101,7 +101,7 @@ BilingualText remarkOn(const ImportRow& row, const SoundCatalogue& catalogue)
     }
     const std::string_view head = std::string_view(row.line).substr(0, row.line.find('#'));
     if (row.result != row.line && !readAlike(row.result, std::string(head) + "\t")) {
-        return {"With the letters behind it, the line will be read in another way.",
+        return {"With the letters after it, the line will be read differently.",
                 "Avec les lettres ajoutées, la ligne sera lue autrement."};
     }
     return {};

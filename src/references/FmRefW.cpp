@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/FmRefW.h"
 
+#include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
 #include "references/LineLetters.h"
@@ -42,6 +44,13 @@ protected:
         QTimer::singleShot(0, this, &QLineEdit::selectAll); // behind the click that brought the focus
     }
 };
+
+BilingualText reach(const SoundCatalogue& catalogue, const std::string& letter)
+{
+    return counted(linesWithLetter(catalogue, letter), {"line carries #", "ligne porte #"},
+                   {"lines carry #", "lignes portent #"}) +
+           utf8FromCodePage(letter);
+}
 
 } // namespace
 
@@ -246,10 +255,7 @@ void FmRefW::showInfo()
     if (looksLikeFlagOrValue(letter) && letter != m_editor.selectedLetter()) {
         text = flagLetterHint();
     } else if (m_editor.selected()) {
-        const std::size_t count = linesWithLetter(m_context.editing.catalogue, m_editor.selectedLetter());
-        const std::string shown = std::to_string(count);
-        const std::string marked = "#" + fromCodePage(m_editor.selectedLetter()).toStdString();
-        text = {shown + " line(s) carry " + marked, shown + " ligne(s) avec " + marked};
+        text = reach(m_context.editing.catalogue, m_editor.selectedLetter());
     }
     setPaperText(*m_info, inLanguage(text, m_context.language));
 }

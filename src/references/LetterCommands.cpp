@@ -164,7 +164,7 @@ Result<std::string> lineWithLetter(const std::string& line, const std::string& l
     if (differInLettersAlone(line, appended) && std::ranges::find(letters, letter) != letters.end()) {
         return appended;
     }
-    return Failure{{"A letter behind this line would be read as something else, or change how it is read.",
+    return Failure{{"A letter after this line would be read as something else, or change how it is read.",
                     "Une lettre derrière cette ligne serait lue autrement, ou changerait sa lecture."}};
 }
 

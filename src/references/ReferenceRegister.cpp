@@ -45,8 +45,8 @@ void readReferences(const TextFile& file, std::vector<Failure>& notices, Append 
         } else if (!line.empty()) {
             keep(std::string(line));
             notices.push_back(wrongLine(file.path, lineNumber,
-                                        {"This is no reference of three fields. It is passed over.",
-                                         "Ce n'est pas une référence de trois champs. Elle est ignorée."}));
+                                        {"This is not a reference of three fields. It was ignored.",
+                                         "Ce n'est pas une référence de trois champs. Elle a été ignorée."}));
         }
     }
 }
@@ -55,11 +55,11 @@ void noteOddities(const ReferenceRegister& references, const std::filesystem::pa
                   std::vector<Failure>& notices)
 {
     if (references.userBegin() != BuiltInReferenceCount) {
-        notices.push_back(
-            wrongContent(file, {"The file does not hold 42 references. The first 42 of the register "
-                                "count as built-in all the same.",
-                                "Le fichier ne contient pas 42 références. Les 42 premières du "
-                                "registre comptent malgré tout comme intégrées."}));
+        notices.push_back(wrongContent(
+            file,
+            {"The file does not contain 42 references. The first 42 of the register count as built-in anyway.",
+             "Le fichier ne contient pas 42 références. Les 42 premières du "
+             "registre comptent malgré tout comme intégrées."}));
     }
 }
 
@@ -69,9 +69,9 @@ void noteLetter(const ReferenceRegister& references, const WadReference& added,
 {
     const BilingualText shown = BilingualText::same("#" + shownText(added.letter) + " : ");
     if (!isLetterOfOneLevel(added.letter)) {
-        notices.push_back(wrongLine(
-            file, line,
-            shown + BilingualText("This is no letter of one level.", "Ce n'est pas une lettre de niveau.")));
+        notices.push_back(wrongLine(file, line,
+                                    shown + BilingualText("This is not a letter of one level.",
+                                                          "Ce n'est pas une lettre de niveau.")));
     } else if (references.findLetter(added.letter) != nullptr) {
         notices.push_back(wrongLine(file, line,
                                     shown + BilingualText("The letter stands in the register twice.",

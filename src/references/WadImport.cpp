@@ -2,6 +2,7 @@
 #include "references/WadImport.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
@@ -147,12 +148,6 @@ bool confirmImport(const CurrentWad& wad, WadListKind kind, Dialogs& dialogs)
                                  ".\nLes modifications déjà apportées seront perdues"},
                             Buttons::OkCancel};
     return dialogs.ask(question) == Answer::Ok;
-}
-
-// "3 sounds", in each language with its own word for one and for several.
-BilingualText counted(std::size_t count, const BilingualText& one, const BilingualText& several)
-{
-    return BilingualText::same(std::to_string(count) + " ") + (count == 1 ? one : several);
 }
 
 BilingualText whoGotTheLetter(const ImportPlan& plan)

@@ -119,7 +119,7 @@ TEST_F(ReferencesTest, ALetterLivesFromItsReferenceToItsDeletion)
 
     inRegister([this](FmRefW& registerWindow) {
         EXPECT_EQ(box(registerWindow, "TxWAD").text(), "temple") << "opens on the current WAD";
-        EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 line(s) carry #zz");
+        EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 lines carry #zz");
         dialogs.prepareAnswer(Answer::Yes);
         press(registerWindow, "CdDel");
     });
