@@ -2,6 +2,7 @@
 #include "backup/FmExport.h"
 
 #include "base/Titles.h"
+#include "references/ShippedTexts.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -201,7 +202,7 @@ void FmExport::showCounts()
 void FmExport::fillTypes()
 {
     for (const ObjectGroup& group : objectGroups(m_context.catalogue.objects())) {
-        m_types->addItem(fromCodePage(group.type));
+        m_types->addItem(inLanguage(shippedText(group.type), m_context.language));
     }
 }
 

@@ -125,7 +125,7 @@ ExitStatus showSound(std::size_t number, Console& console)
     row({"Flags", "Flags"},
         joined({std::string(record.FlagP.trimmed()), std::string(record.FlagV.trimmed()),
                 std::string(record.FlagRN.trimmed()), std::string(record.FlagL.trimmed())}));
-    for (const std::string& entry : letterEntries(record, session->references(), {})) {
+    for (const std::string& entry : letterEntries(record, session->references(), {}, console.language)) {
         row({"Letter", "Lettre"}, entry);
     }
     return ExitStatus::Done;

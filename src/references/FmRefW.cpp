@@ -6,6 +6,7 @@
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
 #include "references/LineLetters.h"
+#include "references/ShippedTexts.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -152,8 +153,14 @@ void FmRefW::fillList()
     const QSignalBlocker blocker(m_list);
     m_list->clear();
     for (const WadReference& reference : m_context.editing.references.all()) {
-        m_list->addItem(fromCodePage(referenceRow(reference)));
+        m_list->addItem(shownRow(reference));
     }
+}
+
+QString FmRefW::shownRow(const WadReference& reference) const
+{
+    return fromCodePage(referenceRow({reference.wadName, reference.letter, {}})) +
+           inLanguage(shippedText(reference.title), m_context.language);
 }
 
 // Once per opening: a message box that goes away must not bring the help message again.
@@ -302,8 +309,7 @@ void FmRefW::modifyReference()
         m_letter->setText(fromCodePage(m_editor.selectedLetter()));
     } else if (result == RegisterEditor::Modified::Done) {
         const int row = static_cast<int>(*m_editor.selected());
-        m_list->item(row)->setText(
-            fromCodePage(referenceRow(m_context.editing.references.at(*m_editor.selected()))));
+        m_list->item(row)->setText(shownRow(m_context.editing.references.at(*m_editor.selected())));
         showInfo();
         if (replacesLetter) {
             m_context.letterReplaced();
