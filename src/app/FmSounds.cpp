@@ -138,6 +138,7 @@ void FmSounds::search()
     cursor.setPosition(static_cast<int>(m_text.toFieldOffset(*found + wanted.size())),
                        QTextCursor::KeepAnchor);
     m_view->setTextCursor(cursor);
+    m_view->centerCursor();
 }
 
 void FmSounds::goToStart()

@@ -286,11 +286,14 @@ void SoundListPanel::sayWhatIsRefused()
     const Flagged asking(m_asking);
     if (session().catalogue().isProtected(*number)) {
         dialogs().show(protectedLineRefusal());
-    } else if (!selection().objects().empty() && m_warned.insert(*number).second) {
-        dialogs().show({MessageIcon::Information,
-                        titles::addLetterToObject,
-                        {"An object is selected. Modification not authorized",
-                         "Un objet est sélectionné. Modification non autorisée"}});
+    } else if (!selection().objects().empty()) {
+        const BilingualText refusal("An object is selected. Modification not authorized",
+                                    "Un objet est sélectionné. Modification non autorisée");
+        if (m_warned.insert(*number).second) {
+            dialogs().show({MessageIcon::Information, titles::addLetterToObject, refusal});
+        } else {
+            say(refusal);
+        }
     }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/FmExport.h"
 
+#include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "references/ShippedTexts.h"
 #include "ui/Captions.h"
@@ -240,7 +242,12 @@ void FmExport::tickObject()
         }
     }
     m_lines->tick(rows, true);
-    m_lines->scrollToItem(m_lines->item(static_cast<int>(rows.front())));
+    m_lines->setCurrentRow(static_cast<int>(rows.front()));
+    m_lines->scrollToItem(m_lines->currentItem());
+    m_status->showText(
+        BilingualText::same(utf8FromCodePage(object.name)) + BilingualText(": ", " : ") +
+            counted(rows.size(), {"line ticked", "ligne cochée"}, {"lines ticked", "lignes cochées"}),
+        m_context.language);
 }
 
 void FmExport::selectionChanged()
@@ -288,6 +295,7 @@ void FmExport::save()
         m_context.dialogs.show(*outcome.report);
     }
     if (outcome.saved) {
+        m_savedLines = request.rows.size();
         accept();
     }
 }

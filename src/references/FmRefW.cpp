@@ -89,14 +89,15 @@ void FmRefW::layOut()
     grid->addWidget(named(new QLabel, "LbTitre"), 1, 0);
     grid->addWidget(m_title, 1, 1, 1, 4);
     auto* const buttons = rowOf({m_new, m_modify, m_delete, m_erase});
-    auto* const last = rowOf({m_info, m_stop});
-    last->setStretch(0, 1);
+    auto* const last = rowOf({m_stop});
+    last->insertStretch(0, 1);
     content().setContentsMargins(margin, margin, margin, margin);
     content().setSpacing(controlGap);
     content().addWidget(m_list, 1);
     content().addSpacing(controlGap);
     content().addLayout(grid);
     content().addLayout(buttons);
+    content().addWidget(m_info);
     content().addLayout(last);
     resize(680, 560);
 }
@@ -152,8 +153,12 @@ void FmRefW::fillList()
 {
     const QSignalBlocker blocker(m_list);
     m_list->clear();
-    for (const WadReference& reference : m_context.editing.references.all()) {
-        m_list->addItem(shownRow(reference));
+    const ReferenceRegister& references = m_context.editing.references;
+    for (std::size_t i = 0; i < references.size(); ++i) {
+        auto* const item = new QListWidgetItem(shownRow(references.at(i)), m_list);
+        if (!ReferenceRegister::isEditable(i)) {
+            item->setForeground(mutedColour(m_context.colours.slots[colourSlot]));
+        }
     }
 }
 
@@ -285,6 +290,9 @@ void FmRefW::chooseWad()
         file ? wadNameFromPath(toCodePage(QString::fromStdU16String(file->u16string()))) : std::nullopt;
     if (name) {
         m_wad->setText(fromCodePage(*name));
+        if (m_letter->text().isEmpty()) {
+            m_letter->setText(fromCodePage(m_editor.freeLetter(*name)));
+        }
         m_letter->setFocus();
     }
 }

@@ -47,7 +47,13 @@ FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const
     list->addItems(shown);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setCurrentRow(0);
-    connect(copy, &QPushButton::clicked, this, [list] { copyAllRows(*list); });
+    auto* const said = makePaperLabel("LbInfo");
+    connect(copy, &QPushButton::clicked, this, [list, said, language, count = names.size()] {
+        copyAllRows(*list);
+        setPaperText(*said,
+                     inLanguage(counted(count, {"name copied", "nom copié"}, {"names copied", "noms copiés"}),
+                                language));
+    });
     copySelectionByKey(*list);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -58,6 +64,7 @@ FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const
     text->setWordWrap(true);
     content().addWidget(text);
     content().addWidget(list, 1);
+    content().addWidget(said);
     content().addLayout(rowOf({copy, close}));
     const Caption captions[] = {
         {"LbMeaning", meaning(names.size()), {}},
