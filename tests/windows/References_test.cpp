@@ -3,12 +3,15 @@
 #include "MainWindow.h"
 #include "references/FmObject.h"
 #include "references/FmRefW.h"
+#include "ui/FmHelp.h"
 #include "ui/Text.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QWheelEvent>
 
 using namespace tavrel;
@@ -200,4 +203,33 @@ TEST_F(ReferencesTest, AnEmptyRegisterRemindsAndHelps)
     likesMotion = false;
     open();
     EXPECT_FALSE(QTest::qWaitFor([&] { return control("PnWad").styleSheet() != calm; }, 700));
+}
+
+TEST_F(ReferencesTest, AFirstUseIsExplainedAndProposed)
+{
+    std::filesystem::remove(folders.program / "Tavrel.paw");
+    open();
+    QString top;
+    const auto readHelp = [this, &top] {
+        whenOpened<FmHelp>([&top](FmHelp& help) {
+            QTest::qWait(20);
+            const auto* const view = help.findChild<QPlainTextEdit*>("TxHlp");
+            top = view->cursorForPosition(QPoint(2, 2)).block().text();
+        });
+        click("CdFirstUse");
+        return top;
+    };
+    EXPECT_EQ(readHelp(), "2. A FIRST WALK: FROM A WAD TO ITS SOUND FILES");
+    tick("OpLangF");
+    EXPECT_EQ(readHelp(), "2. PREMIERS PAS : D'UN WAD À SES FICHIERS DE SONS");
+
+    inRegister([this](FmRefW& registerWindow) {
+        dialogs.prepareFile(folders.levelEditor / "graphics" / "wads" / "oasis.wad");
+        press(registerWindow, "CdChoix");
+        EXPECT_EQ(box(registerWindow, "TxLett").text(), "oa");
+        QTest::keyClicks(&box(registerWindow, "TxTitre"), "Mine");
+        press(registerWindow, "CdNew");
+    });
+    EXPECT_EQ(text("TxWAD"), "oasis") << "the first one is the current one at once";
+    EXPECT_FALSE(control("CdFirstUse").isVisible());
 }
