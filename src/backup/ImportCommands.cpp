@@ -3,6 +3,7 @@
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
@@ -68,9 +69,9 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
 {
     if (!isInCatalogue(row.id, catalogue)) {
         const std::string& id = row.idText;
-        const std::string size = std::to_string(catalogue.size());
-        return {"The catalogue has no line " + id + ": it holds " + size + " lines, from 0.",
-                "Le catalogue n'a pas de ligne " + id + " : il contient " + size + " lignes, à partir de 0."};
+        return BilingualText("The catalogue has no line " + id + ": it has ",
+                             "Le catalogue n'a pas de ligne " + id + " : il contient ") +
+               countedLines(catalogue.size()) + BilingualText(", from 0.", ", à partir de 0.");
     }
     if (const std::optional<BilingualText> refusal = SoundCatalogue::refusal(row.line)) {
         return *refusal;
