@@ -48,6 +48,7 @@ FmLanguage::FmLanguage(HelpOpener openHelp)
     buttons->addStretch(1);
     buttons->addWidget(ok);
     buttons->addWidget(quit);
+    ok->setMinimumWidth(quit->sizeHint().width());
     content().addLayout(buttons);
     setMinimumWidth(320);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FmPaste.h"
 
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "catalogue/SoundFilter.h"
 #include "ui/Captions.h"
@@ -36,9 +37,8 @@ FmPaste::FmPaste(QWidget* parent, const std::string& source, const SoundLine& li
     setObjectName("FmPaste");
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(inLanguage(titles::pasteValues, language));
-    const std::string count = std::to_string(sounds);
     layOut(QString::fromStdString(source) +
-           inLanguage({"\nonto " + count + " sound(s)", "\nsur " + count + " son(s)"}, language));
+           inLanguage(BilingualText("\nonto ", "\nsur ") + countedSounds(sounds), language));
     const Caption captions[] = {
         {"CkValues", withContent({"&Values", "&Valeurs"}, line, SoundColumn::Values), {}},
         {"CkFlags", withContent({"&Flags", "&Flags"}, line, SoundColumn::Flags), {}},

@@ -67,6 +67,7 @@ void showPreferencesCaptions(QWidget& window, Language language)
         {"Frame1", {"Select Language", "Sélectionnez la Langue"}, {}},
         {"OpLang0", {}, {"English display", "Affichage en Anglais"}},
         {"OpLang1", {}, {"French display", "Affichage en Français"}},
+        {"LbDoors", {"Appearance and files", "Apparence et fichiers"}, {}},
         {"LbOptions", {"Safety", "Sécurité"}, {}},
         {"CkEmpty",
          {"Authorize 'empty' and 'unsure' lines to be modified (at your own risk)",
@@ -153,8 +154,7 @@ void FmPreferences::layOut()
     modes->addLayout(makeGroup("Frame1", {m_english, m_french}));
     modes->addLayout(makeGroup("Frame2", {m_normalNotepad, m_maximisedNotepad}));
     modes->addStretch(1);
-    auto* const doors = new QVBoxLayout;
-    doors->setSpacing(controlGap);
+    QVBoxLayout* const doors = makeGroup("LbDoors", {});
     for (QPushButton* const button : {m_colours, m_doubles, m_restore}) {
         button->setProperty("row", true);
         doors->addWidget(button);

@@ -161,7 +161,8 @@ void FmSFX::makePanels()
     m_values = new ValuesPanel(context);
     m_samples = new SamplesPanel(context, m_waveforms, [this] { return chooseSample(); });
     m_letters = new LineLettersPanel(context);
-    m_wads = new WadPanel(context, m_context.systemLikesMotion, [this] { chooseObject(); });
+    m_wads = new WadPanel(context, m_context.systemLikesMotion,
+                          {[this] { chooseObject(); }, [this] { openHelp(helpOnFirstUse()); }});
     m_texts = new LineTextPanel(context);
     m_panels = {m_titleButtons, m_functions, m_sounds, m_values, m_samples, m_letters, m_wads, m_texts};
 

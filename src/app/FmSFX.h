@@ -164,6 +164,7 @@ private:
     void chooseObject();
     std::optional<std::string> chooseSample();
     void checkSamplesFolder();
+    void offerSamplesCheck();
     SamplesContext samplesContext();
     void goTo(std::size_t sound);
     void importList(WadListKind kind);

@@ -22,14 +22,14 @@ void FmSFX::generate()
                                     m_session.places(), [this] { return acceptsErrors(m_session.wad()); }};
     switch (m_generation.begin(request, *m_busy, SfxGeneration::Clock::now())) {
     case SfxGeneration::Begun::Started:
-        m_busy->wait();
+        m_busy->wait(m_generation.waitText());
         m_results.start(SfxGeneration::firstLook);
         break;
     case SfxGeneration::Begun::WrongSample:
         m_busy->alarm();
         m_context.dialogs.show(wrongSamplesMessage());
         m_busy.reset();
-        checkSamplesFolder();
+        offerSamplesCheck();
         break;
     case SfxGeneration::Begun::NotStarted:
         m_busy.reset();
@@ -55,6 +55,9 @@ void FmSFX::lookForResults()
     if (phase == SfxGeneration::Phase::Idle) {
         say(m_generation.summary());
     } else {
+        if (wasWaiting && phase == SfxGeneration::Phase::ConsoleOpen) {
+            say(m_generation.waitText());
+        }
         m_results.start(SfxGeneration::nextLook);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What an earlier window had not applied, or had given up.
 #include "app/FmSFX.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "session/FmRecover.h"
@@ -46,9 +47,8 @@ void FmSFX::bringBack(const FoundRecovery& found)
     if (const Problem problem = removeRecovery(found.file)) {
         m_context.dialogs.show({MessageIcon::Exclamation, titles::recovery, problem->text});
     }
-    const std::string count = std::to_string(recovered.lines);
-    say({count + (recovered.lines == 1 ? " line recovered" : " lines recovered"),
-         count + (recovered.lines == 1 ? " ligne récupérée" : " lignes récupérées")});
+    say(counted(recovered.lines, {"line recovered", "ligne récupérée"},
+                {"lines recovered", "lignes récupérées"}));
     if (!recovered.missed.empty()) {
         FmMissed(this, recovered.missed, settings().colours, settings().language).exec();
     }

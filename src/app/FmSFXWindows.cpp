@@ -3,6 +3,7 @@
 #include "app/FmPreferences.h"
 #include "app/FmSFX.h"
 #include "app/FunctionPanels.h"
+#include "app/SoundListPanel.h"
 #include "app/StatusProgress.h"
 #include "app/StatusRow.h"
 #include "app/TitleButtons.h"
@@ -10,6 +11,7 @@
 #include "backup/FmExport.h"
 #include "backup/FmImport.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/ProcessLock.h"
 #include "base/Titles.h"
@@ -25,10 +27,15 @@
 #include "samples/FmSamp.h"
 #include "samples/FmSplInc.h"
 #include "session/FmReview.h"
+#include "ui/Controls.h"
 #include "ui/FmColors.h"
 #include "versions/FmCompare.h"
 #include "versions/FmVersions.h"
 #include "versions/VersionCommands.h"
+
+#include <QScreen>
+
+#include <algorithm>
 
 namespace tavrel {
 
@@ -63,6 +70,7 @@ void FmSFX::openRegister(const std::string& letter)
     if (!m_selection.mayLeave(m_context.dialogs)) {
         return;
     }
+    const std::size_t referencesBefore = m_session.references().size();
     const WadHeld held(*m_wads, *m_titleButtons);
     FmRefW(this, {settings().language,
                   settings().colours,
@@ -73,6 +81,10 @@ void FmSFX::openRegister(const std::string& letter)
         .exec();
     if (const Problem problem = m_session.writeRegister()) {
         m_context.dialogs.show({MessageIcon::Exclamation, titles::reference, problem->text});
+    }
+    const ReferenceRegister& references = m_session.references();
+    if (m_session.wad().wadName.empty() && references.size() > referencesBefore) {
+        m_session.chooseWad(references.all().back().wadName);
     }
 }
 
@@ -102,6 +114,13 @@ std::optional<std::string> FmSFX::chooseSample()
 void FmSFX::checkSamplesFolder()
 {
     FmCheck(this, samplesContext()).exec();
+}
+
+void FmSFX::offerSamplesCheck()
+{
+    FmCheck window(this, samplesContext());
+    window.offerCheck();
+    window.exec();
 }
 
 // Lists of a WAD
@@ -147,9 +166,13 @@ ExchangeContext FmSFX::exchangeContext()
 
 void FmSFX::exportLines()
 {
-    if (m_selection.mayLeave(m_context.dialogs) &&
-        FmExport(this, exchangeContext()).exec() == QDialog::Accepted) {
-        say({"The file is written", "Le fichier est écrit"});
+    if (!m_selection.mayLeave(m_context.dialogs)) {
+        return;
+    }
+    FmExport window(this, exchangeContext());
+    if (window.exec() == QDialog::Accepted) {
+        say(counted(window.savedLines(), {"line saved", "ligne sauvegardée"},
+                    {"lines saved", "lignes sauvegardées"}));
     }
 }
 
@@ -162,7 +185,8 @@ void FmSFX::importLines()
     FmImport window(this, exchangeContext());
     window.exec();
     if (window.importDone()) {
-        say({"The lines are imported", "Les lignes sont importées"});
+        say(counted(window.importedLines(), {"line imported", "ligne importée"},
+                    {"lines imported", "lignes importées"}));
     }
 }
 
@@ -301,9 +325,18 @@ void FmSFX::switchLanguage(Language language)
 
 void FmSFX::openColours(QWidget& parent)
 {
-    FmColors(&parent, m_session.settings().colours, settings().language, m_context.dialogs,
-             [this](const ColourPair& pair) { paintColours(pair); })
-        .exec();
+    FmColors window(&parent, m_session.settings().colours, settings().language, m_context.dialogs,
+                    [this](const ColourPair& pair) { paintColours(pair); });
+    window.adjustSize();
+    // The list that it repaints stays in sight.
+    const QRect list(m_sounds->mapToGlobal(QPoint(0, 0)), m_sounds->size());
+    const int widest = std::max(window.width(), parent.width());
+    const int left = std::min(list.right() + controlGap, screen()->availableGeometry().right() - widest);
+    const QPoint placeBefore = parent.pos();
+    parent.move(left, parent.y());
+    window.move(left, parent.geometry().center().y() - window.height() / 2);
+    window.exec();
+    parent.move(placeBefore);
 }
 
 void FmSFX::openDoubles(QWidget& parent)

@@ -99,7 +99,7 @@ void FmSounds::showCaptions(Language language)
         {"TxSearch",
          {},
          {"Text to look for (Enter or F3: next)", "Texte à chercher (Entrée ou F3 : suivant)"}},
-        {"CdLook", {"Search", "Recherche"}, {"Look for the next place (F3)", "Chercher plus loin (F3)"}},
+        {"CdLook", {"Search", "Recherche"}, {"Find the next place (F3)", "Chercher plus loin (F3)"}},
         {"CkUL",
          {"Upper/Lower case sensitive", "Respecter la casse"},
          {"Upper and lower case must match", "Majuscules et minuscules doivent correspondre"}},
@@ -138,6 +138,7 @@ void FmSounds::search()
     cursor.setPosition(static_cast<int>(m_text.toFieldOffset(*found + wanted.size())),
                        QTextCursor::KeepAnchor);
     m_view->setTextCursor(cursor);
+    m_view->centerCursor();
 }
 
 void FmSounds::goToStart()

@@ -2,6 +2,7 @@
 #include "app/FunctionPanels.h"
 
 #include "app/FmPaste.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "catalogue/LineEditor.h"
 #include "catalogue/PastedLines.h"
@@ -281,9 +282,7 @@ void FunctionPanels::copyLines()
         return;
     }
     QApplication::clipboard()->setText(fromCodePage(lines));
-    const std::string number = std::to_string(count);
-    say(count == 1 ? BilingualText("Line copied", "Ligne copiée")
-                   : BilingualText(number + " lines copied", number + " lignes copiées"));
+    say(counted(count, {"line copied", "ligne copiée"}, {"lines copied", "lignes copiées"}));
 }
 
 void FunctionPanels::pasteLines()

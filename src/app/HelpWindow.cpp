@@ -39,4 +39,10 @@ BilingualText helpOnKeys()
     return {"8. KEYS", "8. LES TOUCHES"};
 }
 
+BilingualText helpOnFirstUse()
+{
+    return {"2. A FIRST WALK: FROM A WAD TO ITS SOUND FILES",
+            "2. PREMIERS PAS : D'UN WAD À SES FICHIERS DE SONS"};
+}
+
 } // namespace tavrel

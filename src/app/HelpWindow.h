@@ -16,5 +16,7 @@ void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder,
 
 // The chapter with all keys.
 BilingualText helpOnKeys();
+// The chapter that leads through a first use.
+BilingualText helpOnFirstUse();
 
 } // namespace tavrel

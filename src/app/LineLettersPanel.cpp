@@ -37,6 +37,7 @@ void LineLettersPanel::showLanguage(Language language)
         {"LiWAD", {}, {"Levels that include the sound", "Niveaux qui comprennent le son"}},
     };
     showCaptions(*this, captions, language);
+    lineShown();
 }
 
 void LineLettersPanel::paintWith(const ColourPair& pair)
@@ -66,7 +67,8 @@ std::string LineLettersPanel::entryOf(std::size_t letter) const
     SoundLine line;
     line.Letters = "#" + name;
     std::string entry =
-        letterEntries(line, session().references(), session().wad(), selection().justAdded()).front();
+        letterEntries(line, session().references(), session().wad(), language(), selection().justAdded())
+            .front();
     const std::size_t all = selection().editor().lines().size();
     if (selection().isSeveral() && sounds < all) {
         entry += " (" + std::to_string(sounds) + "/" + std::to_string(all) + ")";

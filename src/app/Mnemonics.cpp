@@ -15,12 +15,12 @@ struct Mnemonic
 };
 
 constexpr Mnemonic mnemonics[] = {
-    {"CdCopy", 'G', 'N'},     {"CdLoadSAM", 'I', 'I'}, {"CdLoadWAS", 'W', 'W'},  {"CdViewWAD", 'V', 'V'},
-    {"CdRefW", 'M', 'G'},     {"CdStats", 'J', 'S'},   {"CdSmpCheck", 'D', 'C'}, {"CdImport", 'B', 'U'},
-    {"CdExport", 'E', 'X'},   {"CdValidW", 'A', 'L'},  {"CdRestore", 'R', 'R'},  {"CdApply", 'C', 'M'},
-    {"CdCopyLine", 'L', 'D'}, {"CdEdit", 'O', 'O'},    {"CdShowG", 'S', 'H'},    {"CdTools", 'T', 'T'},
-    {"OpLangE", 'N', 'E'},    {"OpLangF", 'F', 'F'},   {"CdHlp", 'H', 'A'},      {"CdParam", 'P', 'P'},
-    {"CdQuit", 'Q', 'Q'},
+    {"CdCopy", 'G', 'N'},     {"CdLoadSAM", 'I', 'I'},  {"CdLoadWAS", 'W', 'W'},  {"CdViewWAD", 'V', 'V'},
+    {"CdRefW", 'M', 'G'},     {"CdStats", 'J', 'S'},    {"CdSmpCheck", 'D', 'C'}, {"CdImport", 'B', 'U'},
+    {"CdExport", 'E', 'X'},   {"CdValidW", 'A', 'L'},   {"CdRestore", 'R', 'R'},  {"CdApply", 'C', 'M'},
+    {"CdCopyLine", 'L', 'D'}, {"CdEdit", 'O', 'O'},     {"CdShowG", 'S', 'H'},    {"CdTools", 'T', 'T'},
+    {"OpLangE", 'N', 'E'},    {"OpLangF", 'F', 'F'},    {"CdHlp", 'H', 'A'},      {"CdParam", 'P', 'P'},
+    {"CdQuit", 'Q', 'Q'},     {"CdFirstUse", 'K', 'B'},
 };
 
 } // namespace

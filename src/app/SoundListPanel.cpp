@@ -5,6 +5,7 @@
 #include "app/FilterBox.h"
 #include "app/SoundListDelegate.h"
 #include "app/SoundListHeader.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "catalogue/LineSearch.h"
 #include "samples/SampleUsers.h"
@@ -271,9 +272,7 @@ void SoundListPanel::pick(Picked picked)
 {
     const std::size_t count = picked.numbers.size();
     selection().select(std::move(picked.numbers), picked.current);
-    const std::string number = std::to_string(count);
-    say(count > 1 ? BilingualText(number + " sounds selected", number + " sons sélectionnés")
-                  : BilingualText());
+    say(count > 1 ? countedSounds(count) + BilingualText(" selected", " sélectionnés") : BilingualText());
     m_refusing.start();
 }
 
@@ -287,11 +286,14 @@ void SoundListPanel::sayWhatIsRefused()
     const Flagged asking(m_asking);
     if (session().catalogue().isProtected(*number)) {
         dialogs().show(protectedLineRefusal());
-    } else if (!selection().objects().empty() && m_warned.insert(*number).second) {
-        dialogs().show({MessageIcon::Information,
-                        titles::addLetterToObject,
-                        {"An object is selected. Modification not authorized",
-                         "Un objet est sélectionné. Modification non autorisée"}});
+    } else if (!selection().objects().empty()) {
+        const BilingualText refusal("An object is selected. Modification not authorized",
+                                    "Un objet est sélectionné. Modification non autorisée");
+        if (m_warned.insert(*number).second) {
+            dialogs().show({MessageIcon::Information, titles::addLetterToObject, refusal});
+        } else {
+            say(refusal);
+        }
     }
 }
 
@@ -322,9 +324,9 @@ void SoundListPanel::search()
     m_list->setCurrentIndex(m_sounds->indexOf(*found));
     m_list->scrollTo(m_list->currentIndex(), QAbstractItemView::PositionAtCenter);
     say(!wraps              ? BilingualText()
-        : m_up->isChecked() ? BilingualText("The search went on from the last line",
+        : m_up->isChecked() ? BilingualText("The search continued from the last line",
                                             "La recherche a repris à la dernière ligne")
-                            : BilingualText("The search went on from the first line",
+                            : BilingualText("The search continued from the first line",
                                             "La recherche a repris à la première ligne"));
 }
 
@@ -340,7 +342,7 @@ void SoundListPanel::searchElsewhere(const QString& text)
     const std::string shown = "[" + text.toStdString() + "]";
     say(isHidden ? BilingualText(shown + " is only in lines that are hidden now",
                                  shown + " n'est que dans des lignes actuellement cachées")
-                 : BilingualText("No more line with ", "Plus de ligne avec ") + shown);
+                 : BilingualText("No other line contains ", "Aucune autre ligne ne contient ") + shown);
 }
 
 void SoundListPanel::goTo(std::size_t number)

@@ -72,10 +72,10 @@ void StatusProgress::alarm()
     setPaperText(m_row.info(), m_row.info().text(), true);
 }
 
-void StatusProgress::wait()
+void StatusProgress::wait(const BilingualText& what)
 {
     begin();
-    setPaperText(m_row.info(), {});
+    setPaperText(m_row.info(), inLanguage(what, m_language));
     m_row.bar().setRange(0, 0);
     m_window.setEnabled(false);
 }

@@ -28,7 +28,7 @@ public:
     // It failed: the text turns red, and the pointer is the usual one again.
     void alarm();
     // Nothing is left but to wait. The window takes no input.
-    void wait();
+    void wait(const BilingualText& what);
 
 private:
     void begin();

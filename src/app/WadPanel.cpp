@@ -33,9 +33,10 @@ constexpr int blinkMilliseconds = 500;
 
 } // namespace
 
-WadPanel::WadPanel(const PanelContext& context, bool mayBlink, std::function<void()> chooseObject)
+WadPanel::WadPanel(const PanelContext& context, bool mayBlink, const Doors& doors)
     : FoldingPanel("ImPanelO", nullptr), MainPanel(context), m_mayBlink(mayBlink),
-      m_frame(named(new QWidget, "PnWad")), m_chooser(makeComboBox("CbTWad")), m_wad(makeReadOnly("TxWAD")),
+      m_frame(named(new QWidget, "PnWad")), m_chooser(makeComboBox("CbTWad")),
+      m_firstUse(makeButton("CdFirstUse", Glyph::Help)), m_wad(makeReadOnly("TxWAD")),
       m_letter(makeReadOnly("TxLett")), m_title(makeReadOnly("TxTitre")),
       m_add(makeIconButton("CdAddWAD", Glyph::AddItem)), m_remove(makeIconButton("CdDel", Glyph::RemoveItem)),
       m_erase(makeIconButton("CdErase", Glyph::EraseLetter)),
@@ -47,7 +48,8 @@ WadPanel::WadPanel(const PanelContext& context, bool mayBlink, std::function<voi
 {
     layOut();
     connectControls();
-    connect(m_chooseObject, &QPushButton::clicked, this, std::move(chooseObject));
+    connect(m_chooseObject, &QPushButton::clicked, this, doors.chooseObject);
+    connect(m_firstUse, &QPushButton::clicked, this, doors.explainFirstUse);
     objectChosen();
     remind();
 }
@@ -67,7 +69,9 @@ void WadPanel::layOut()
     }
     m_modes[0]->setChecked(true);
 
+    m_firstUse->hide();
     content().addWidget(makeCurrentWad());
+    content().addWidget(m_firstUse);
     auto* const letters = rowOf({makeHeading("FrLetters"), m_add, m_remove, m_erase});
     letters->insertStretch(1, 1);
     content().addLayout(letters);
@@ -131,6 +135,10 @@ void WadPanel::showLanguage(Language language)
          {"Letters - Objects", "Lettres - Objets"},
          {"Fold or unfold this panel", "Replier ou déplier ce panneau"}},
         {"CbTWad", {}, {"The WAD you are working on", "Le WAD sur lequel vous travaillez"}},
+        {"CdFirstUse",
+         {"A first walk", "Bien débuter"},
+         {"The help on the way from a WAD to its sound files",
+          "L'aide sur le chemin d'un WAD à ses fichiers de sons"}},
         {"LbWAD", wad, {}},
         {"TxWAD", {}, wad},
         {"LbLett", letter, {}},
@@ -193,6 +201,7 @@ void WadPanel::fillChooser()
     for (std::size_t i = references.userBegin(); i < references.size(); ++i) {
         m_chooser->addItem(fromCodePage(references.at(i).wadName));
     }
+    m_firstUse->setVisible(session().isLoaded() && m_chooser->count() == 0);
     showWad();
 }
 

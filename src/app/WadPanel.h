@@ -23,8 +23,13 @@ class WadPanel final : public FoldingPanel, public MainPanel
     Q_OBJECT
 
 public:
-    // `chooseObject` opens the choice of objects.
-    WadPanel(const PanelContext& context, bool mayBlink, std::function<void()> chooseObject);
+    // What it opens.
+    struct Doors
+    {
+        std::function<void()> chooseObject;
+        std::function<void()> explainFirstUse;
+    };
+    WadPanel(const PanelContext& context, bool mayBlink, const Doors& doors);
 
     void showLanguage(Language language) override;
 
@@ -67,6 +72,7 @@ private:
     ColourValue m_chooserColour = 0;
     QWidget* m_frame; // around what names the current WAD
     QComboBox* m_chooser;
+    QPushButton* m_firstUse; // as long as there is no WAD to choose
     QLineEdit* m_wad;
     QLineEdit* m_letter;
     QLineEdit* m_title;

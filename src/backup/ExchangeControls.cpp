@@ -188,21 +188,21 @@ ColumnTitles::ColumnTitles(const char* name, const TickList& list) : m_list(list
 void ColumnTitles::paintEvent(QPaintEvent* /*event*/)
 {
     constexpr int blanksBeforeId = 6; // of the title, which has its own room for the tick
-    const std::pair<int, BilingualText> columns[] = {{29, {"Samples", "Samples"}},
-                                                     {61, {"VOL", "VOL"}},
-                                                     {69, {"P", "P"}},
-                                                     {71, {"V", "V"}},
-                                                     {73, {"RN", "RN"}},
-                                                     {75, {"L", "L"}},
-                                                     {77, {"CH", "CH"}},
-                                                     {85, {"PIT", "PIT"}},
-                                                     {93, {"RAD", "RAD"}},
-                                                     {101, {"Letters", "Lettres"}}};
+    const std::pair<qreal, BilingualText> columns[] = {{29, {"Samples", "Samples"}},
+                                                       {61, {"VOL", "VOL"}},
+                                                       {69, {"P", "P"}},
+                                                       {71, {"V", "V"}},
+                                                       {72.5, {"RN", "RN"}}, // clear of its neighbours
+                                                       {75, {"L", "L"}},
+                                                       {77, {"CH", "CH"}},
+                                                       {85, {"PIT", "PIT"}},
+                                                       {93, {"RAD", "RAD"}},
+                                                       {101, {"Letters", "Lettres"}}};
     QPainter painter(this);
     const int start = m_list.textStart() - m_list.horizontalScrollBar()->value();
     const qreal characterWidth = QFontMetricsF(font()).horizontalAdvance('0');
     const int baseline = (height() + fontMetrics().ascent() - fontMetrics().descent()) / 2;
-    const auto drawAt = [&](int column, const QString& title) {
+    const auto drawAt = [&](qreal column, const QString& title) {
         painter.drawText(QPointF(start + column * characterWidth, baseline), title);
     };
     painter.setPen(palette().color(QPalette::WindowText));

@@ -3,6 +3,7 @@
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
@@ -63,13 +64,13 @@ bool confirm(const ExportRequest& request, const BilingualText& text, Dialogs& d
 
 std::string numbersOf(const ExportRequest& request, SavedAs savedAs)
 {
-    std::string numbers;
+    std::vector<std::size_t> numbers;
     for (const ExportRow& row : request.rows) {
         if (row.savedAs == savedAs) {
-            numbers += (numbers.empty() ? "" : ", ") + std::to_string(row.number);
+            numbers.push_back(row.number);
         }
     }
-    return numbers;
+    return numberRanges(numbers);
 }
 
 bool confirmCutLines(const ExportRequest& request, Dialogs& dialogs)
@@ -80,7 +81,7 @@ bool confirmCutLines(const ExportRequest& request, Dialogs& dialogs)
                request,
                {"These lines are cut at their first \"#\", which does not open their letters: values are "
                 "lost.\n" +
-                    numbers + "\nSave them so?",
+                    numbers + "\nSave them like this?",
                 "Ces lignes sont coupées à leur premier « # », qui n'ouvre pas leurs lettres : des valeurs "
                 "sont perdues.\n" +
                     numbers + "\nLes sauvegarder ainsi ?"},
@@ -94,7 +95,7 @@ bool confirmDroppedText(const ExportRequest& request, Dialogs& dialogs)
         request.mode == ExportMode::All ? numbersOf(request, SavedAs::Other) : std::string();
     return numbers.empty() ||
            confirm(request,
-                   {"These lines hold text among or behind their letters that the backup does not keep: " +
+                   {"These lines contain text among or after their letters that the backup does not keep: " +
                         numbers + "\nSave the backup without it?",
                     "Ces lignes contiennent, parmi leurs lettres ou après, du texte que la sauvegarde ne "
                     "conserve pas : " +
@@ -144,15 +145,17 @@ bool confirmForeignSamples(const ExportRequest& request, const fs::path& file, D
         return true;
     }
     const std::string name = "[" + displayPath(folder) + "]";
-    const std::string count = std::to_string(lost);
-    return confirm(request,
-                   {"The folder " + name + " holds " + count +
-                        " WAV file(s) that do not belong to this export; they will be deleted.\nSave all the "
-                        "same?",
-                    "Le répertoire " + name + " contient " + count +
-                        " fichier(s) WAV étranger(s) à cet export ; ils seront supprimés.\nSauvegarder quand "
-                        "même ?"},
-                   dialogs);
+    const BilingualText deleted =
+        counted(lost,
+                {"WAV file that does not belong to this export. It will be deleted.",
+                 "fichier WAV étranger à cet export. Il sera supprimé."},
+                {"WAV files that do not belong to this export. They will be deleted.",
+                 "fichiers WAV étrangers à cet export. Ils seront supprimés."});
+    return confirm(
+        request,
+        BilingualText("The folder " + name + " contains ", "Le répertoire " + name + " contient ") + deleted +
+            BilingualText("\nSave anyway?", "\nSauvegarder quand même ?"),
+        dialogs);
 }
 
 bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
@@ -219,7 +222,7 @@ BilingualText leftBehind(const std::vector<fs::path>& folders)
     for (const fs::path& folder : folders) {
         list += "\n[" + displayPath(folder) + "]";
     }
-    return BilingualText("Files of the old samples folder are left here; look whether you need them:",
+    return BilingualText("Files of the old samples folder are left here; check whether you still need them:",
                          "Des fichiers de l'ancien répertoire de samples restent ici ; vérifiez s'ils sont "
                          "utiles :") +
            BilingualText::same(list);

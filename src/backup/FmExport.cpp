@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/FmExport.h"
 
+#include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
+#include "references/ShippedTexts.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -216,7 +219,7 @@ void FmExport::showCounts()
 void FmExport::fillTypes()
 {
     for (const ObjectGroup& group : objectGroups(m_context.catalogue.objects())) {
-        m_types->addItem(fromCodePage(group.type));
+        m_types->addItem(inLanguage(shippedText(group.type), m_context.language));
     }
 }
 
@@ -254,7 +257,12 @@ void FmExport::tickObject()
         }
     }
     m_lines->tick(rows, true);
-    m_lines->scrollToItem(m_lines->item(static_cast<int>(rows.front())));
+    m_lines->setCurrentRow(static_cast<int>(rows.front()));
+    m_lines->scrollToItem(m_lines->currentItem());
+    m_status->showText(
+        BilingualText::same(utf8FromCodePage(object.name)) + BilingualText(": ", " : ") +
+            counted(rows.size(), {"line ticked", "ligne cochée"}, {"lines ticked", "lignes cochées"}),
+        m_context.language);
 }
 
 void FmExport::selectionChanged()
@@ -302,6 +310,7 @@ void FmExport::save()
         m_context.dialogs.show(*outcome.report);
     }
     if (outcome.saved) {
+        m_savedLines = request.rows.size();
         accept();
     }
 }

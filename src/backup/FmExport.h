@@ -25,6 +25,8 @@ public:
 
     void reject() override;
 
+    std::size_t savedLines() const { return m_savedLines; }
+
 private:
     void layOut();
     QWidget* makeModes();
@@ -44,6 +46,7 @@ private:
 
     ExchangeContext m_context;
     ExportMode m_mode = ExportMode::All;
+    std::size_t m_savedLines = 0;
     std::vector<ExportRow> m_rows;
     std::vector<const SoundObject*> m_objects; // of the list of names
 

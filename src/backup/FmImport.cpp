@@ -4,6 +4,7 @@
 #include "backup/ExportCommands.h"
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "samples/SamplesFolder.h"
@@ -60,6 +61,17 @@ TickList::Mark markOf(const ImportRow& row)
     return row.remark.empty() ? TickList::Mark::None : TickList::Mark::Remark;
 }
 
+// An import gives the lines a letter; a restore takes them as they are.
+BilingualText targetOf(const ImportFile& file, const CurrentWad& wad)
+{
+    if (file.kind != ExchangeKind::Exchange) {
+        return {};
+    }
+    return wad.letter.empty() ? BilingualText("No WAD is chosen.", "Aucun WAD n'est choisi.")
+                              : BilingualText("Letter: #", "Lettre : #") +
+                                    utf8FromCodePage(wad.letter + " - " + wad.wadName);
+}
+
 const BilingualText& whyMarked(const ImportRow& row)
 {
     return row.applicable() ? row.remark : row.refusal;
@@ -70,7 +82,8 @@ const BilingualText& whyMarked(const ImportRow& row)
 FmImport::FmImport(QWidget* parent, const ExchangeContext& context)
     : TitledWindow(parent), m_context(context), m_body(new QWidget),
       m_chooseFile(makeButton("CdFile", Glyph::ChooseFile)), m_path(makeElidedLabel("LbRep")),
-      m_mode(makeHeading("Label5")), m_counts(named(new QLabel, "LbIndic")), m_lines(new TickList("LiLine")),
+      m_mode(makeHeading("Label5")), m_target(named(new QLabel, "LbTarget")),
+      m_counts(named(new QLabel, "LbIndic")), m_lines(new TickList("LiLine")),
       m_buttons(*m_lines, m_context.player), m_titles(new ColumnTitles("Label4", *m_lines)),
       m_remark(makePaperLabel("LbRemark")), m_samples(new TickList("LiIncluS")),
       m_sampleCounts(named(new QLabel, "LbIncluS")), m_samplesPanel(makeSamplesPanel()),
@@ -120,7 +133,7 @@ void FmImport::layOut()
     QSizePolicy remarkSize = m_remark->sizePolicy();
     remarkSize.setRetainSizeWhenHidden(true);
     m_remark->setSizePolicy(remarkSize);
-    auto* const fileRow = rowOf({m_chooseFile, m_path, m_mode});
+    auto* const fileRow = rowOf({m_chooseFile, m_path, m_mode, m_target});
     fileRow->setStretch(1, 1);
     auto* const ticks = rowOf({m_buttons.tickAll, m_buttons.untickAll, m_counts});
     ticks->insertStretch(2, 1);
@@ -233,6 +246,7 @@ void FmImport::showNothing()
     m_withSamples->setChecked(false);
     m_withSamples->hide();
     m_mode->clear();
+    m_target->clear();
     m_path->clear();
     m_lines->clear();
     m_apply->setText(inLanguage(actionOf(ExchangeKind::Exchange)));
@@ -247,6 +261,7 @@ void FmImport::showFile()
 {
     const QString action = inLanguage(actionOf(m_file->kind));
     m_mode->setText(action.toUpper());
+    m_target->setText(inLanguage(targetOf(*m_file, m_context.wad)));
     m_apply->setText(action);
     m_apply->setToolTip(action);
     m_apply->setEnabled(true);
@@ -311,12 +326,13 @@ void FmImport::showRemarks()
         std::ranges::count_if(m_file->rows, [](const ImportRow& row) { return !row.remark.empty(); });
     BilingualText text;
     if (refused > 0) {
-        const std::string count = std::to_string(refused);
-        text += BilingualText(count + " line(s) cannot be applied. ", count + " ligne(s) inapplicable(s). ");
+        text +=
+            counted(static_cast<std::size_t>(refused), {"line cannot be applied. ", "ligne inapplicable. "},
+                    {"lines cannot be applied. ", "lignes inapplicables. "});
     }
     if (remarked > 0) {
-        const std::string count = std::to_string(remarked);
-        text += BilingualText(count + " line(s) deserve a look.", count + " ligne(s) à vérifier.");
+        text += counted(static_cast<std::size_t>(remarked), {"line should be checked.", "ligne à vérifier."},
+                        {"lines should be checked.", "lignes à vérifier."});
     }
     say(text, refused > 0);
 }
@@ -431,6 +447,7 @@ void FmImport::apply()
     }();
     m_importDone = m_importDone || outcome.linesApplied;
     if (outcome.linesApplied) {
+        m_importedLines += request.rows.size();
         markApplied(*m_file, request.rows, m_context.catalogue, m_context.wad.letter);
     }
     if (outcome.report) {

@@ -30,6 +30,7 @@ public:
 
     // Lines were put into the catalogue, be it none: the user's lists must be made anew.
     bool importDone() const { return m_importDone; }
+    std::size_t importedLines() const { return m_importedLines; }
 
 private:
     void layOut();
@@ -56,6 +57,7 @@ private:
     ExchangeContext m_context;
     std::optional<ImportFile> m_file;
     bool m_importDone = false;
+    std::size_t m_importedLines = 0;
     // A name that a row offers: the row, and the place of the name in it.
     using OfferedSample = std::pair<std::size_t, std::size_t>;
     std::vector<OfferedSample> m_offered; // of the sample list
@@ -65,6 +67,7 @@ private:
     QPushButton* m_chooseFile;
     QLabel* m_path;
     QLabel* m_mode;
+    QLabel* m_target;
     QLabel* m_counts;
     TickList* m_lines;
     LineButtons m_buttons;

@@ -3,6 +3,7 @@
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
@@ -71,9 +72,9 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
 {
     if (!isInCatalogue(row.id, catalogue)) {
         const std::string& id = row.idText;
-        const std::string size = std::to_string(catalogue.size());
-        return {"The catalogue has no line " + id + ": it holds " + size + " lines, from 0.",
-                "Le catalogue n'a pas de ligne " + id + " : il contient " + size + " lignes, à partir de 0."};
+        return BilingualText("The catalogue has no line " + id + ": it has ",
+                             "Le catalogue n'a pas de ligne " + id + " : il contient ") +
+               countedLines(catalogue.size()) + BilingualText(", from 0.", ", à partir de 0.");
     }
     if (const std::optional<BilingualText> refusal = SoundCatalogue::refusal(row.line)) {
         return *refusal;
@@ -81,7 +82,7 @@ BilingualText refusalOf(const ImportRow& row, ExchangeKind kind, const SoundCata
     const std::string& current = catalogue.currentLine(static_cast<std::size_t>(row.id));
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t'; };
     if (kind == ExchangeKind::Exchange && std::ranges::any_of(row.line, isControl)) {
-        return {"The line holds control characters.", "La ligne contient des caractères de contrôle."};
+        return {"The line contains control characters.", "La ligne contient des caractères de contrôle."};
     }
     if (kind == ExchangeKind::Exchange) {
         for (const std::string& line : {row.line, current}) {
@@ -104,7 +105,7 @@ BilingualText remarkOn(const ImportRow& row, const SoundCatalogue& catalogue)
     }
     const std::string_view head = std::string_view(row.line).substr(0, row.line.find('#'));
     if (row.result != row.line && !readAlike(row.result, std::string(head) + "\t")) {
-        return {"With the letters behind it, the line will be read in another way.",
+        return {"With the letters after it, the line will be read differently.",
                 "Avec les lettres ajoutées, la ligne sera lue autrement."};
     }
     return {};

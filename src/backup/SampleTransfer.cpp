@@ -268,7 +268,7 @@ BilingualText unsafeSampleNames(std::span<const std::string> names)
         }
     }
     return BilingualText(
-               "These samples have names that are no plain file names. They were not copied.\n\n",
+               "These samples have names that are not plain file names. They were not copied.\n\n",
                "Ces samples ont des noms qui ne sont pas de simples noms de fichiers. Ils n'ont pas "
                "été copiés.\n\n") +
            listOf(shown);

@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::size_t mostShown = 8;
 
-std::string reason(const std::error_code& error)
+BilingualText reason(const std::error_code& error)
 {
-    return error ? "\n" + system::errorText(error) : std::string();
+    return error ? BilingualText::same("\n") + errorText(error) : BilingualText();
 }
 
 std::string bracketed(const std::filesystem::path& file)
@@ -22,7 +22,55 @@ std::string bracketed(const std::filesystem::path& file)
     return "[" + withoutControls(displayPath(file)) + "]";
 }
 
+// The usual ones; the condition of an error is the same on all systems.
+const struct
+{
+    std::errc condition;
+    BilingualText text;
+} usualErrors[] = {
+    {std::errc::no_such_file_or_directory,
+     {"There is no such file or folder.", "Ce fichier ou répertoire n'existe pas."}},
+    {std::errc::permission_denied, {"Access is denied.", "L'accès est refusé."}},
+    {std::errc::operation_not_permitted, {"This is not permitted.", "Cette opération n'est pas permise."}},
+    {std::errc::file_exists, {"The file exists already.", "Le fichier existe déjà."}},
+    {std::errc::no_space_on_device, {"The disk is full.", "Le disque est plein."}},
+    {std::errc::read_only_file_system,
+     {"The disk is write-protected.", "Le disque est protégé contre l'écriture."}},
+    {std::errc::is_a_directory, {"This is a folder.", "C'est un répertoire."}},
+    {std::errc::not_a_directory, {"This is not a folder.", "Ce n'est pas un répertoire."}},
+    {std::errc::directory_not_empty, {"The folder is not empty.", "Le répertoire n'est pas vide."}},
+    {std::errc::io_error, {"The disk reports an error.", "Le disque signale une erreur."}},
+    {std::errc::file_too_large, {"The file is too large.", "Le fichier est trop grand."}},
+    {std::errc::filename_too_long, {"The name is too long.", "Le nom est trop long."}},
+    {std::errc::device_or_resource_busy, {"It is in use at the moment.", "Il est en cours d'utilisation."}},
+    {std::errc::too_many_files_open, {"Too many files are open.", "Trop de fichiers sont ouverts."}},
+    {std::errc::not_enough_memory, {"There is not enough memory.", "La mémoire ne suffit pas."}},
+};
+
+// Windows counts it among the denied accesses, but the user can do something about it.
+bool isUsedByAnotherProgram(const std::error_code& error)
+{
+#ifdef _WIN32
+    constexpr int sharingViolation = 32;
+    constexpr int lockViolation = 33;
+    return error.category() == std::system_category() &&
+           (error.value() == sharingViolation || error.value() == lockViolation);
+#else
+    return error == std::errc::text_file_busy;
+#endif
+}
+
 } // namespace
+
+BilingualText errorText(const std::error_code& error)
+{
+    if (isUsedByAnotherProgram(error)) {
+        return {"Another program is using it.", "Un autre programme l'utilise."};
+    }
+    const auto* const usual = std::ranges::find_if(
+        usualErrors, [&error](const auto& candidate) { return error == candidate.condition; });
+    return usual != std::end(usualErrors) ? usual->text : BilingualText::same(system::errorText(error));
+}
 
 Failure cannotRead(const std::filesystem::path& file, const std::error_code& error)
 {
@@ -75,7 +123,7 @@ BilingualText listOf(const std::vector<Failure>& notices)
     }
     if (notices.size() > mostShown) {
         const std::string rest = std::to_string(notices.size() - mostShown);
-        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " autres.");
+        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " de plus.");
     }
     return text;
 }

@@ -12,6 +12,9 @@
 
 namespace tavrel {
 
+// What the system says, in both languages where it is one of the usual errors.
+BilingualText errorText(const std::error_code& error);
+
 Failure cannotRead(const std::filesystem::path& file, const std::error_code& error);
 Failure cannotWrite(const std::filesystem::path& file, const std::error_code& error);
 Failure fileMissing(const std::filesystem::path& folder, std::string_view name);

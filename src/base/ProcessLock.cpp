@@ -150,7 +150,7 @@ std::optional<BilingualText> ChangeLocks::notice() const
         return std::nullopt;
     }
     return BilingualText(
-        "This disk knows no locks. When another window or command of Tavrel changes the same files at the same "
+        "This disk does not support locks. If another window or command of Tavrel changes the same files at the same "
         "time, changes may be lost.",
         "Ce disque ne connaît pas de verrous. Si une autre fenêtre ou commande de Tavrel modifie les mêmes "
         "fichiers en même temps, des modifications peuvent être perdues.");

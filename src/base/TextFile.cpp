@@ -125,7 +125,7 @@ Result<TextFile> asTextFile(const fs::path& file, FileContent content)
                              "Le fichier est écrit en Unicode (UTF-16). Enregistrez-le en texte ANSI."});
     }
     if (result.text.find('\0') != std::string::npos) {
-        return wrongContent(file, {"The file holds bytes of zero: it is damaged or no text file.",
+        return wrongContent(file, {"The file contains bytes of zero: it is damaged or not a text file.",
                                    "Le fichier contient des octets nuls : il est endommagé ou n'est pas un "
                                    "fichier texte."});
     }

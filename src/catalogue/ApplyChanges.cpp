@@ -2,6 +2,7 @@
 #include "catalogue/ApplyChanges.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/QuotedRecords.h"
@@ -56,7 +57,7 @@ Result<bool> holdsFirstBackup(const fs::path& folder)
     if (*backup && !(*backup)->isFile) {
         return wrongContent(
             (*backup)->path,
-            {"This is no file and therefore no backup of [sounds.txt]. Give it another name.",
+            {"This is not a file, so it cannot be a backup of [sounds.txt]. Rename it.",
              "Ce n'est pas un fichier, donc pas une sauvegarde de [sounds.txt]. Renommez-le."});
     }
     return backup->has_value();
@@ -64,14 +65,15 @@ Result<bool> holdsFirstBackup(const fs::path& folder)
 
 BilingualText droppedLines(std::size_t count, const BilingualText& whereKept)
 {
-    const std::string number = std::to_string(count);
-    return BilingualText(
-               number +
-                   " line(s) of [sounds.txt] are no sounds (comments, blank lines) and will not be written "
-                   "back.\n",
-               number +
-                   " ligne(s) de [sounds.txt] ne sont pas des sons (commentaires, lignes vides) et ne seront "
-                   "pas réécrites.\n") +
+    return counted(count,
+                   {"line of [sounds.txt] is not a sound (a comment or a blank line) and will not be written "
+                    "back.\n",
+                    "ligne de [sounds.txt] n'est pas un son (commentaire, ligne vide) et ne sera pas "
+                    "réécrite.\n"},
+                   {"lines of [sounds.txt] are not sounds (comments, blank lines) and will not be written "
+                    "back.\n",
+                    "lignes de [sounds.txt] ne sont pas des sons (commentaires, lignes vides) et ne seront "
+                    "pas réécrites.\n"}) +
            whereKept;
 }
 
@@ -85,7 +87,7 @@ Question confirmation()
 
 Question overwriting(const std::optional<fs::path>& copy)
 {
-    BilingualText text("[sounds.txt] is no longer in its folder.\nWrite it anew?",
+    BilingualText text("[sounds.txt] is no longer in its folder.\nWrite it again?",
                        "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
     if (copy) {
         const std::string name = "[" + displayPath(copy->filename()) + "]";

@@ -49,7 +49,7 @@ Problem firstUnreadableLine(const TextFile& file, const std::vector<NumberedLine
         } catch (const std::out_of_range&) {
             return wrongLine(
                 file.path, line.lineInFile,
-                {"The line holds more than 50 samples.", "La ligne contient plus de 50 samples."});
+                {"The line contains more than 50 samples.", "La ligne contient plus de 50 samples."});
         }
     }
     return std::nullopt;

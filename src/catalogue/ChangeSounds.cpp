@@ -2,6 +2,7 @@
 #include "catalogue/ChangeSounds.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "catalogue/LineWords.h"
 
 #include <algorithm>
@@ -10,15 +11,7 @@ namespace tavrel {
 
 namespace {
 
-std::string listOf(std::span<const std::size_t> numbers)
-{
-    constexpr std::size_t mostNumbers = 20;
-    std::string list;
-    for (std::size_t i = 0; i < std::min(numbers.size(), mostNumbers); ++i) {
-        list += (i == 0 ? "" : ", ") + std::to_string(numbers[i]);
-    }
-    return numbers.size() > mostNumbers ? list + " ..." : list;
-}
+constexpr std::size_t mostNumbers = 20;
 
 bool mayCompose(const SoundCatalogue& catalogue, std::span<const SoundCatalogue::LineChange> changes,
                 bool single, Dialogs& dialogs)
@@ -38,17 +31,18 @@ bool mayCompose(const SoundCatalogue& catalogue, std::span<const SoundCatalogue:
 
 BilingualText SoundsChanged::report() const
 {
-    const std::string count = std::to_string(changed);
-    BilingualText text(count + (changed == 1 ? " line changed" : " lines changed"),
-                       count + (changed < 2 ? " ligne modifiée" : " lignes modifiées"));
+    BilingualText text =
+        counted(changed, {"line changed", "ligne modifiée"}, {"lines changed", "lignes modifiées"});
     const BilingualText leftOut("; left out: ", " ; laissées : ");
     if (!isProtected.empty()) {
-        text += leftOut + listOf(isProtected) + BilingualText(" (protected)", " (protégées)");
+        text +=
+            leftOut + numberRanges(isProtected, mostNumbers) + BilingualText(" (protected)", " (protégées)");
     }
     if (!refused.empty()) {
         std::vector<std::size_t> numbers;
         std::ranges::transform(refused, std::back_inserter(numbers), &LeftOut::number);
-        text += (isProtected.empty() ? leftOut : BilingualText::same(", ")) + listOf(numbers);
+        text +=
+            (isProtected.empty() ? leftOut : BilingualText::same(", ")) + numberRanges(numbers, mostNumbers);
     }
     return text;
 }
@@ -102,11 +96,12 @@ void tellRefused(const SoundsChanged& changed, const BilingualText& title, Dialo
         details += (i == 0 ? "" : "\n") + std::to_string(line.number) + ": ";
         details += line.why;
     }
-    const std::string count = std::to_string(changed.refused.size());
     dialogs.show(
         {MessageIcon::Exclamation, title,
-         changed.report() + BilingualText(".\n" + count + " line(s) cannot be changed in this way.",
-                                          ".\n" + count + " ligne(s) ne peuvent pas être modifiées ainsi."),
+         changed.report() + ".\n" +
+             counted(changed.refused.size(),
+                     {"line cannot be changed in this way.", "ligne ne peut pas être modifiée ainsi."},
+                     {"lines cannot be changed in this way.", "lignes ne peuvent pas être modifiées ainsi."}),
          details});
 }
 
@@ -149,8 +144,7 @@ BilingualText stepLabel(const BilingualText& command, const SoundCatalogue& cata
     if (numbers.size() == 1) {
         return stepLabel(command, catalogue, numbers.front());
     }
-    const std::string count = ", " + std::to_string(numbers.size());
-    return command + BilingualText(count + " sounds", count + " sons");
+    return command + ", " + countedSounds(numbers.size());
 }
 
 } // namespace tavrel

@@ -44,13 +44,13 @@ LoadedDoubles parseDoubles(const TextFile& file, std::span<const std::size_t> pr
         if (!record) {
             loaded.notices.push_back(
                 wrongLine(file.path, lineNumber,
-                          {"This is no record of a double. It is passed over.",
-                           "Ce n'est pas un enregistrement de doublon. Il est ignoré."}));
+                          {"This is not the record of a double. It was ignored.",
+                           "Ce n'est pas un enregistrement de doublon. Il a été ignoré."}));
         } else if (record->number < 0 || record->number >= std::int64_t{DoublesStatus::size}) {
             loaded.notices.push_back(wrongLine(
                 file.path, lineNumber,
-                {"The sound number is not between 0 and 369. The record is passed over.",
-                 "Le numéro de son n'est pas compris entre 0 et 369. L'enregistrement est ignoré."}));
+                {"The sound number is not between 0 and 369. The record was ignored.",
+                 "Le numéro de son n'est pas compris entre 0 et 369. L'enregistrement a été ignoré."}));
         } else {
             const bool ticked = record->mark == DoublesStatus::takesPart;
             loaded.status.set(static_cast<std::size_t>(record->number),

@@ -2,6 +2,7 @@
 #include "catalogue/LineWords.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "catalogue/SoundLine.h"
 
@@ -111,7 +112,7 @@ BilingualText describe(const WordChanges& changes)
 
 bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs)
 {
-    std::string numbers;
+    std::vector<std::size_t> numbers;
     BilingualText details;
     for (const ComposedLine& line : lines) {
         const WordChanges changes = wordsChangedByComposing(line.text);
@@ -122,16 +123,17 @@ bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs)
         details += (numbers.empty() ? "" : "\n") + number + ": " +
                    shownText(line.text.substr(0, line.text.find(':')));
         details += describe(changes);
-        numbers += (numbers.empty() ? "" : ", ") + number;
+        numbers.push_back(line.number);
     }
     if (numbers.empty()) {
         return true;
     }
+    const std::string ranges = numberRanges(numbers);
     const BilingualText text(
-        "These sounds have lines with words that Tavrel reads in another way. Writing them anew changes them: " +
-            numbers + "\nWrite the lines anew?",
+        "The lines of these sounds contain words that Tavrel reads differently. Rewriting them changes them: " +
+            ranges + "\nRewrite the lines?",
         "Les lignes de ces sons contiennent des mots que Tavrel lit autrement. Les réécrire les modifie : " +
-            numbers + "\nRéécrire les lignes ?");
+            ranges + "\nRéécrire les lignes ?");
     Question question{titles::lines, text, Buttons::YesNo, true};
     question.details = details;
     return dialogs.ask(question) == Answer::Yes;
@@ -143,11 +145,10 @@ bool confirmComposing(std::string_view line, Dialogs& dialogs)
     if (changes.none()) {
         return true;
     }
-    BilingualText text(
-        "This line holds words that Tavrel reads in another way. Writing it anew changes them.",
-        "Cette ligne contient des mots que Tavrel lit autrement. La réécrire les modifie.");
+    BilingualText text("This line contains words that Tavrel reads differently. Rewriting it changes them.",
+                       "Cette ligne contient des mots que Tavrel lit autrement. La réécrire les modifie.");
     text += describe(changes);
-    text += BilingualText("\nWrite the line anew?", "\nRéécrire la ligne ?");
+    text += BilingualText("\nRewrite the line?", "\nRéécrire la ligne ?");
     return dialogs.ask({titles::line, text, Buttons::YesNo, true}) == Answer::Yes;
 }
 

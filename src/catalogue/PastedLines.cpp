@@ -2,6 +2,7 @@
 #include "catalogue/PastedLines.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/TextFile.h"
 #include "base/Titles.h"
 #include "catalogue/LineWords.h"
@@ -136,18 +137,17 @@ std::optional<SoundsChanged> pasteLines(SoundCatalogue& catalogue, std::string_v
     });
     const BilingualText homeless = homelessText(pasted.homeless);
     if (pasted.lines.empty()) {
-        const BilingualText nothing("The clipboard holds no line that would change a sound.",
+        const BilingualText nothing("The clipboard contains no line that would change a sound.",
                                     "Le presse-papiers ne contient aucune ligne qui changerait un son.");
         dialogs.show({MessageIcon::Exclamation, titles::lines,
                       homeless.empty() ? nothing : nothing + BilingualText::same("\n") + homeless});
         return std::nullopt;
     }
-    const std::string count = std::to_string(pasted.lines.size());
-    Question question{
-        titles::lines,
-        BilingualText("Paste " + count + " line(s) onto the sounds of the same number or name?",
-                      "Coller " + count + " ligne(s) sur les sons du même numéro ou du même nom ?"),
-        Buttons::YesNo};
+    Question question{titles::lines,
+                      BilingualText("Paste ", "Coller ") + countedLines(pasted.lines.size()) +
+                          BilingualText(" onto the sounds of the same number or name?",
+                                        " sur les sons du même numéro ou du même nom ?"),
+                      Buttons::YesNo};
     if (!homeless.empty()) {
         question.text = homeless + BilingualText::same("\n") + question.text;
     }

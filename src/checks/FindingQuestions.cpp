@@ -53,7 +53,7 @@ Question carriedErrorsQuestion(std::span<const Finding* const> errors, const Sou
                           list(errors, &catalogue),
                       Buttons::OkCancel, true};
     question.icon = MessageIcon::Exclamation;
-    question.agreement = {"Generate all the same", "Générer quand même"};
+    question.agreement = {"Generate anyway", "Générer quand même"};
     question.otherChoice = show;
     return question;
 }

@@ -2,6 +2,7 @@
 #include "checks/FindingTexts.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "checks/Checks.h"
 #include "checks/Csv.h"
 #include "checks/LineReading.h"
@@ -31,17 +32,13 @@ constexpr std::string_view arrow = "\u2192";
 
 BilingualText counted(std::size_t count, Severity severity)
 {
-    const std::string number = std::to_string(count) + " ";
-    const bool isOne = count == 1;
-    const bool isOneInFrench = count < 2;
     switch (severity) {
     case Severity::Error:
-        return {number + (isOne ? "error" : "errors"), number + (isOneInFrench ? "erreur" : "erreurs")};
+        return counted(count, {"error", "erreur"}, {"errors", "erreurs"});
     case Severity::Warning:
-        return {number + (isOne ? "warning" : "warnings"),
-                number + (isOneInFrench ? "avertissement" : "avertissements")};
+        return counted(count, {"warning", "avertissement"}, {"warnings", "avertissements"});
     case Severity::Note:
-        return {number + (isOne ? "note" : "notes"), number + (isOneInFrench ? "remarque" : "remarques")};
+        return counted(count, {"note", "remarque"}, {"notes", "remarques"});
     }
     return {};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "checks/FmChecks.h"
 
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "checks/FindingTexts.h"
 #include "checks/ListSaving.h"
@@ -572,7 +573,6 @@ void FmChecks::fixAllOfKind()
     }
     const std::vector<const Finding*> findings = fixableLike(*finding);
     const BilingualText kind = findCheck(finding->check)->title;
-    const std::string count = std::to_string(findings.size());
     std::string changes = shortened(whatChanges(findings, m_context.catalogue()));
     for (const Finding* const other : findings) {
         changes += isFile(*other)
@@ -581,8 +581,9 @@ void FmChecks::fixAllOfKind()
     }
     const Question question{
         titles::checkProject,
-        BilingualText("Mend " + count + " findings: ", "Corriger " + count + " constats : ") + kind + "\n\n" +
-            changes,
+        BilingualText("Mend ", "Corriger ") +
+            counted(findings.size(), {"finding: ", "constat : "}, {"findings: ", "constats : "}) + kind +
+            "\n\n" + changes,
         Buttons::YesNo};
     if (m_context.dialogs.ask(question) == Answer::Yes) {
         mend(findings, kind);

@@ -5,6 +5,7 @@
 #include "checks/FindingTexts.h"
 #include "checks/ListSaving.h"
 #include "checks/Sizes.h"
+#include "references/ShippedTexts.h"
 #include "ui/BusyPointer.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
@@ -273,8 +274,9 @@ void FmLevels::fill()
         auto* const row = new Row(m_list);
         row->setText(Wad, fromCodePage(level.reference.wadName));
         row->setText(Letter, "#" + fromCodePage(level.reference.letter));
-        row->setText(Title, fromCodePage(level.reference.title));
-        row->setToolTip(Title, plainToolTip(fromCodePage(level.reference.title)));
+        const QString title = in(shippedText(level.reference.title));
+        row->setText(Title, title);
+        row->setToolTip(Title, plainToolTip(title));
         setNumber(*row, Own, level.ownSounds);
         setNumber(*row, Global, level.globalSounds);
         setNumber(*row, Samples, level.samples.size());

@@ -27,7 +27,7 @@ void checks::resultsOld(CheckRun& run)
     }
     if (!old.empty()) {
         Finding& finding = run.add("results-old", Severity::Note,
-                                   {"Older than sounds.txt: " + old + ". Generate them anew.",
+                                   {"Older than sounds.txt: " + old + ". Generate them again.",
                                     "Plus anciens que sounds.txt : " + old + ". À générer de nouveau."});
         finding.wadName = wad.wadName;
     }

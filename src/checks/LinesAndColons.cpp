@@ -101,7 +101,7 @@ void checks::lostColon(CheckRun& run)
         const std::string shown = std::to_string(number);
         Finding& finding =
             run.add("lost-colon", Severity::Error,
-                    BilingualText("Line " + shown + " has lost its colon and is no sound: ",
+                    BilingualText("Line " + shown + " has lost its colon and is no longer a sound: ",
                                   "La ligne " + shown + " a perdu ses deux-points et n'est plus un son : ") +
                         bracketed(name));
         finding.file = soundsFileNameOf(run);

@@ -79,7 +79,7 @@ void checks::sampleChunks(CheckRun& run)
             offerRepair(
                 run,
                 addForFile(run, "sample-chunks", Severity::Warning, file,
-                           named(run, file) + BilingualText("something stands behind the sound data.",
+                           named(run, file) + BilingualText("there is something after the sound data.",
                                                             "quelque chose suit les données du son.")),
                 file);
         }

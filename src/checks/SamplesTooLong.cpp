@@ -24,7 +24,7 @@ void checks::samplesTooLong(CheckRun& run)
         const std::string room = std::to_string(width);
         run.addForSound("samples-too-long", Severity::Error, reading,
                         {"The sample names take " + taken + " characters; only " + room +
-                             " are kept when the line is written anew.",
+                             " are kept when the line is rewritten.",
                          "Les noms des samples prennent " + taken + " caractères ; seuls " + room +
                              " sont gardés quand la ligne est réécrite."});
     });

@@ -39,15 +39,13 @@ BilingualText textOf(const WordChanges& changes)
 {
     BilingualText text;
     if (!changes.vanishing.empty()) {
-        text +=
-            BilingualText("Lost when the line is written anew: ", "Perdus quand la ligne est réécrite : ") +
-            listedWords(changes.vanishing);
+        text += BilingualText("Lost when the line is rewritten: ", "Perdus quand la ligne est réécrite : ") +
+                listedWords(changes.vanishing);
     }
     if (!changes.appearing.empty()) {
         text += text.empty() ? "" : "  ";
-        text +=
-            BilingualText("New when the line is written anew: ", "Nouveaux quand la ligne est réécrite : ") +
-            listedWords(changes.appearing);
+        text += BilingualText("New when the line is rewritten: ", "Nouveaux quand la ligne est réécrite : ") +
+                listedWords(changes.appearing);
     }
     return text;
 }

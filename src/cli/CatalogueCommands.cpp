@@ -125,7 +125,7 @@ ExitStatus showSound(std::size_t number, Console& console)
     row({"Flags", "Flags"},
         joined({std::string(record.FlagP.trimmed()), std::string(record.FlagV.trimmed()),
                 std::string(record.FlagRN.trimmed()), std::string(record.FlagL.trimmed())}));
-    for (const std::string& entry : letterEntries(record, session->references(), {})) {
+    for (const std::string& entry : letterEntries(record, session->references(), {}, console.language)) {
         row({"Letter", "Lettre"}, entry);
     }
     return ExitStatus::Done;
@@ -163,9 +163,9 @@ ArgumentCheck checkOf(ValueBox box)
             argument = sign + std::string(digits);
             return std::nullopt;
         }
-        return isPitch ? BilingualText("[" + argument + "] is no pitch",
+        return isPitch ? BilingualText("[" + argument + "] is not a pitch",
                                        "[" + argument + "] n'est pas une hauteur")
-                       : BilingualText("[" + argument + "] is no number of at most two digits",
+                       : BilingualText("[" + argument + "] is not a number of at most two digits",
                                        "[" + argument + "] n'est pas un nombre de deux chiffres au plus");
     };
 }
@@ -187,7 +187,7 @@ std::optional<BilingualText> checkSteps(std::string& argument)
         argument.erase(0, argument.starts_with('+') ? 1 : 0);
         return std::nullopt;
     }
-    return BilingualText("[" + argument + "] is no number of steps",
+    return BilingualText("[" + argument + "] is not a number of steps",
                          "[" + argument + "] n'est pas un nombre de pas");
 }
 

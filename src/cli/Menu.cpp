@@ -35,7 +35,7 @@ std::optional<BilingualText> checkSoundNumber(std::string& argument)
     if (isNumber(argument, mostDigits)) {
         return std::nullopt;
     }
-    return BilingualText("[" + argument + "] is no number of a sound",
+    return BilingualText("[" + argument + "] is not the number of a sound",
                          "[" + argument + "] n'est pas un numéro de son");
 }
 
@@ -44,7 +44,7 @@ std::optional<BilingualText> checkSoundNumbers(std::string& argument)
     if (parseRanges(argument)) {
         return std::nullopt;
     }
-    return BilingualText("[" + argument + "] is no number of a sound, and no range like 5-9",
+    return BilingualText("[" + argument + "] is neither the number of a sound nor a range like 5-9",
                          "[" + argument + "] n'est ni un numéro de son, ni une plage comme 5-9");
 }
 

@@ -78,7 +78,7 @@ std::optional<std::vector<std::size_t>> soundsOf(const SoundsArgument& argument,
     const SoundFilter filter(*argument.where);
     if (filter.unfinished()) {
         const std::string word = "[" + shownText(*filter.unfinished()) + "]";
-        console.dialogs.refuse({word + " is no comparison and no flag: write vol<50 or flag:L.",
+        console.dialogs.refuse({word + " is neither a comparison nor a flag: write vol<50 or flag:L.",
                                 word + " n'est ni une comparaison ni un flag : écrivez vol<50 ou flag:L."});
         return std::nullopt;
     }

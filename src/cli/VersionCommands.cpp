@@ -25,7 +25,7 @@ Result<OtherCatalogue> readWhole(const std::filesystem::path& file)
 {
     Result<OtherCatalogue> read = readOtherCatalogue(file);
     if (read && !read->isComplete) {
-        return wrongContent(file, {"The file holds some sounds alone, and not a whole catalogue.",
+        return wrongContent(file, {"The file contains only some sounds, not a whole catalogue.",
                                    "Le fichier ne contient que quelques sons, et non un catalogue entier."});
     }
     return read;
@@ -274,7 +274,7 @@ ExitStatus showVersion(const VersionArguments& arguments, Console& console)
         return console.dialogs.status();
     }
     if (version->isSet()) {
-        return console.dialogs.refuse({"This is a folder of files, and no catalogue.",
+        return console.dialogs.refuse({"This is a folder of files, not a catalogue.",
                                        "C'est un répertoire de fichiers, et non un catalogue."});
     }
     const Result<OtherCatalogue> other = readOtherCatalogue(version->path);
@@ -345,7 +345,7 @@ void addVersionCommands(const Menu& menu)
              "Un fichier comme sounds.txt, ou un fichier .tob de tous les sons ; seul, c'est B, et A est sounds.txt"},
             compared->first)
         .optionalPath("B",
-                      {"What A is compared with; a .tox file may hold some sounds alone",
+                      {"What A is compared with; a .tox file may contain only some sounds",
                        "Ce avec quoi A est comparé ; un fichier .tox peut ne contenir que quelques sons"},
                       compared->second)
         .flag("--json", {"One JSON object for each sound that differs", "Un objet JSON par son différent"},

@@ -45,17 +45,40 @@ void FmDefault::layOut()
     content().setSpacing(margin);
     content().addWidget(makeHeading("LbChoose"));
     content().addWidget(explanation);
-    content().addWidget(m_catalogue);
-    content().addWidget(m_samples);
-    content().addWidget(m_sfx);
+    addOption(*m_catalogue, "LbKeptFile");
+    addOption(*m_samples, "LbKeptDir");
+    addOption(*m_sfx, "LbKeptSFX");
     content().addStretch(1);
     content().addLayout(buttons);
+}
+
+// With what happens to the present files.
+void FmDefault::addOption(QCheckBox& option, const char* keptLabel)
+{
+    auto* const group = new QVBoxLayout;
+    group->setSpacing(2);
+    group->addWidget(&option);
+    auto* const kept = named(new QLabel, keptLabel);
+    kept->setProperty("muted", true);
+    kept->setWordWrap(true);
+    kept->setContentsMargins(26, 0, 0, 0); // below the text of the option
+    group->addWidget(kept);
+    content().addLayout(group);
 }
 
 void FmDefault::showCaptions(Language language)
 {
     const BilingualText start("Start restore", "Lancer la Restauration");
     const BilingualText close("Close", "Fermer");
+    const BilingualText keptFile("The present file is kept beside it as [Sounds_replaced.txt].",
+                                 "Le fichier actuel est conservé à côté sous le nom [Sounds_replaced.txt].");
+    const BilingualText keptSamples(
+        "All present samples, yours too, move to the folder [Samples_replaced] beside it.",
+        "Tous les samples actuels, les vôtres aussi, passent à côté, dans le répertoire [Samples_replaced].");
+    const BilingualText keptResults(
+        "Only those of the stock levels. The present ones move to the folder [wads_replaced] beside [wads].",
+        "Seulement ceux des niveaux d'origine. Les actuels passent dans le répertoire [wads_replaced], à côté de "
+        "[wads].");
     const Caption captions[] = {
         {"LbChoose", {"Choose what you want to restore", "Choisissez ce que vous voulez restaurer"}, {}},
         {"LbExplain",
@@ -66,16 +89,16 @@ void FmDefault::showCaptions(Language language)
          {}},
         {"CkDefFile",
          {"Restore Original [Sounds.txt] File", "Restaurer le Fichier [Sounds.txt] d'origine"},
-         {"The present file is kept as [Sounds_replaced.txt] beside it",
-          "Le fichier actuel est conservé à côté sous le nom [Sounds_replaced.txt]"}},
+         keptFile},
+        {"LbKeptFile", keptFile, {}},
         {"CkDefDir",
          {"Restore Original [\\Samples] Directory", "Restaurer le Répertoire [\\Samples] d'origine"},
-         {"All present samples, yours too, move to the folder [Samples_replaced] beside it",
-          "Tous les samples actuels, les vôtres aussi, passent dans le répertoire [Samples_replaced] à côté"}},
+         keptSamples},
+        {"LbKeptDir", keptSamples, {}},
         {"CkDefSFX",
          {"Restore Original [SAM/SFX] Files", "Restaurer les Fichiers [SAM/SFX] d'origine"},
-         {"Those of the stock levels; the present ones move to the folder [wads_replaced]",
-          "Ceux des niveaux d'origine ; les actuels passent dans le répertoire [wads_replaced]"}},
+         keptResults},
+        {"LbKeptSFX", keptResults, {}},
         {"CdOK", start, start},
         {"CdClose", close, close},
     };

@@ -22,6 +22,7 @@ public:
 
 private:
     void layOut();
+    void addOption(QCheckBox& option, const char* keptLabel);
     void showCaptions(Language language);
 
     QCheckBox* m_catalogue;

@@ -92,6 +92,17 @@ std::vector<SampleOfWad> samplesOfWad(const SoundCatalogue& catalogue, const Cur
     return samples;
 }
 
+// Elsewhere there is no console window, and no key to wait for.
+BilingualText keyWanted()
+{
+#ifdef _WIN32
+    return {" When its console window asks for a key, press one in it.",
+            " Quand sa fenêtre de console le demande, appuyez-y sur une touche."};
+#else
+    return {};
+#endif
+}
+
 // The interpreter repeats each command behind its prompt ("Z:\folder>").
 bool isPromptOrEmpty(std::string_view line)
 {
@@ -213,12 +224,9 @@ bool SfxGeneration::mayBegin(const GenerationRequest& request)
         return false;
     }
     if (m_phase != Phase::Idle) {
-        refuse(
-            {"The last generation has not ended yet: its console window is still open. When it asks for a "
-             "key, press one in it. Closing it before would cut the generation short.",
-             "La génération précédente n'est pas terminée : sa fenêtre de console est encore ouverte. "
-             "Quand elle le demande, appuyez sur une touche dans cette fenêtre. La fermer avant interromprait "
-             "la génération."});
+        refuse(BilingualText("The last generation is still running. Wait until it has ended.",
+                             "La dernière génération est encore en cours. Attendez qu'elle soit terminée.") +
+               keyWanted());
         return false;
     }
     if (!isOneWord(request.wad.wadName) || !isPlainFileName(request.wad.wadName) ||
@@ -330,6 +338,24 @@ bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point no
     m_summary = {};
     m_summaryWasShown = false;
     return true;
+}
+
+BilingualText SfxGeneration::waitText() const
+{
+    const std::string wad = "[" + shownText(m_wadName) + "]";
+    switch (m_phase) {
+    case Phase::Waiting:
+        return {"The level editor's tool makes the sound files of " + wad + ". Please wait...",
+                "L'outil de l'éditeur de niveaux crée les fichiers de sons de " + wad +
+                    ". Veuillez patienter..."};
+    case Phase::ConsoleOpen:
+        return BilingualText("The level editor's tool is still running for " + wad + ".",
+                             "L'outil de l'éditeur de niveaux est encore en cours pour " + wad + ".") +
+               keyWanted();
+    case Phase::Idle:
+        break;
+    }
+    return {};
 }
 
 SfxGeneration::Phase SfxGeneration::look(Clock::time_point now)

@@ -2,6 +2,7 @@
 #include "references/FmObject.h"
 
 #include "base/Titles.h"
+#include "references/ShippedTexts.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -35,7 +36,7 @@ FmObject::FmObject(QWidget* parent, const SoundCatalogue& catalogue, const Colou
     connect(m_ok, &QPushButton::clicked, this, &FmObject::choose);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
     m_ok->setDefault(true);
-    fillTypes();
+    fillTypes(language);
 }
 
 void FmObject::layOut(const ColourScheme& colours)
@@ -86,23 +87,28 @@ void FmObject::showCaptions(Language language)
     setWindowTitle(inLanguage(titles::selectObject, language));
 }
 
-void FmObject::fillTypes()
+void FmObject::fillTypes(Language language)
 {
     for (const SoundObject& object : m_catalogue.objects()) {
-        const QString type = fromCodePage(object.type);
-        if (m_types->findItems(type, Qt::MatchExactly).empty()) {
-            m_types->addItem(type);
+        if (std::ranges::find(m_typesShown, object.type) == m_typesShown.end()) {
+            m_typesShown.push_back(object.type);
+            m_types->addItem(inLanguage(shippedText(object.type), language));
         }
     }
     m_types->setCurrentRow(0);
     fillObjects();
 }
 
+std::string FmObject::selectedType() const
+{
+    const int row = m_types->currentRow();
+    return row < 0 ? std::string() : m_typesShown.at(static_cast<std::size_t>(row));
+}
+
 void FmObject::fillObjects()
 {
     m_objects->clear();
-    const std::string type =
-        m_types->currentItem() ? toCodePage(m_types->currentItem()->text()) : std::string();
+    const std::string type = selectedType();
     for (const SoundObject& object : m_catalogue.objects()) {
         if (object.type == type) {
             m_objects->addItem(fromCodePage(object.name));
@@ -115,9 +121,9 @@ void FmObject::fillObjects()
 std::vector<const SoundObject*> FmObject::selectedObjects() const
 {
     std::vector<const SoundObject*> objects;
+    const std::string type = selectedType();
     for (const QListWidgetItem* const item : m_objects->selectedItems()) {
         const std::string name = toCodePage(item->text());
-        const std::string type = toCodePage(m_types->currentItem()->text());
         const auto found = std::ranges::find_if(m_catalogue.objects(), [&](const SoundObject& object) {
             return object.name == name && object.type == type;
         });

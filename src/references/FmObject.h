@@ -30,14 +30,16 @@ public:
 private:
     void layOut(const ColourScheme& colours);
     void showCaptions(Language language);
-    void fillTypes();
+    void fillTypes(Language language);
     void fillObjects();
     void fillSounds();
+    std::string selectedType() const;
     std::vector<const SoundObject*> selectedObjects() const;
     void choose();
 
     const SoundCatalogue& m_catalogue;
     QListWidget* m_types;
+    std::vector<std::string> m_typesShown; // in code page bytes, a row each
     QListWidget* m_objects;
     QListWidget* m_sounds;
     QPushButton* m_ok;

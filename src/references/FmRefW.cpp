@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/FmRefW.h"
 
+#include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
+#include "references/LineLetters.h"
+#include "references/ShippedTexts.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -42,6 +46,13 @@ protected:
     }
 };
 
+BilingualText reach(const SoundCatalogue& catalogue, const std::string& letter)
+{
+    return counted(linesWithLetter(catalogue, letter), {"line carries #", "ligne porte #"},
+                   {"lines carry #", "lignes portent #"}) +
+           utf8FromCodePage(letter);
+}
+
 } // namespace
 
 FmRefW::FmRefW(QWidget* parent, const FmRefWContext& context)
@@ -78,14 +89,15 @@ void FmRefW::layOut()
     grid->addWidget(named(new QLabel, "LbTitre"), 1, 0);
     grid->addWidget(m_title, 1, 1, 1, 4);
     auto* const buttons = rowOf({m_new, m_modify, m_delete, m_erase});
-    auto* const last = rowOf({m_info, m_stop});
-    last->setStretch(0, 1);
+    auto* const last = rowOf({m_stop});
+    last->insertStretch(0, 1);
     content().setContentsMargins(margin, margin, margin, margin);
     content().setSpacing(controlGap);
     content().addWidget(m_list, 1);
     content().addSpacing(controlGap);
     content().addLayout(grid);
     content().addLayout(buttons);
+    content().addWidget(m_info);
     content().addLayout(last);
     resize(680, 560);
 }
@@ -141,9 +153,19 @@ void FmRefW::fillList()
 {
     const QSignalBlocker blocker(m_list);
     m_list->clear();
-    for (const WadReference& reference : m_context.editing.references.all()) {
-        m_list->addItem(fromCodePage(referenceRow(reference)));
+    const ReferenceRegister& references = m_context.editing.references;
+    for (std::size_t i = 0; i < references.size(); ++i) {
+        auto* const item = new QListWidgetItem(shownRow(references.at(i)), m_list);
+        if (!ReferenceRegister::isEditable(i)) {
+            item->setForeground(mutedColour(m_context.colours.slots[colourSlot]));
+        }
     }
+}
+
+QString FmRefW::shownRow(const WadReference& reference) const
+{
+    return fromCodePage(referenceRow({reference.wadName, reference.letter, {}})) +
+           inLanguage(shippedText(reference.title), m_context.language);
 }
 
 // Once per opening: a message box that goes away must not bring the help message again.
@@ -246,10 +268,7 @@ void FmRefW::showInfo()
         text = hintOnNewLetter(m_context.editing.catalogue, letter);
     }
     if (text.empty() && m_editor.selected()) {
-        const std::size_t count = linesWithLetter(m_context.editing.catalogue, m_editor.selectedLetter());
-        const std::string shown = std::to_string(count);
-        const std::string marked = "#" + fromCodePage(m_editor.selectedLetter()).toStdString();
-        text = {shown + " line(s) carry " + marked, shown + " ligne(s) avec " + marked};
+        text = reach(m_context.editing.catalogue, m_editor.selectedLetter());
     }
     setPaperText(*m_info, inLanguage(text, m_context.language));
 }
@@ -274,6 +293,9 @@ void FmRefW::chooseWad()
         file ? wadNameFromPath(toCodePage(QString::fromStdU16String(file->u16string()))) : std::nullopt;
     if (name) {
         m_wad->setText(fromCodePage(*name));
+        if (m_letter->text().isEmpty()) {
+            m_letter->setText(fromCodePage(m_editor.freeLetter(*name)));
+        }
         m_letter->setFocus();
     }
 }
@@ -298,8 +320,7 @@ void FmRefW::modifyReference()
         m_letter->setText(fromCodePage(m_editor.selectedLetter()));
     } else if (result == RegisterEditor::Modified::Done) {
         const int row = static_cast<int>(*m_editor.selected());
-        m_list->item(row)->setText(
-            fromCodePage(referenceRow(m_context.editing.references.at(*m_editor.selected()))));
+        m_list->item(row)->setText(shownRow(m_context.editing.references.at(*m_editor.selected())));
         showInfo();
         if (replacesLetter) {
             m_context.letterReplaced();

@@ -42,6 +42,7 @@ private:
     void connectControls();
     void showCaptions();
     void fillList();
+    QString shownRow(const WadReference& reference) const;
     void firstShown();
     void showFields(const WadReference& fields);
     void showFocus();

@@ -27,6 +27,7 @@ namespace {
 
 constexpr std::size_t colourSlot = 1;
 constexpr qsizetype widestName = 24;
+constexpr int wholeRow = Qt::UserRole; // where the name is cut
 
 QString marksOf(const WadViewRow& row)
 {
@@ -151,7 +152,9 @@ void FmView::fillNamed(const Section& section, const WadViewRows& rows, const Bi
         const QString shown = name.size() > width ? name.left(width - 1) + "…" : name;
         const QString sound = row.sound ? fromCodePage(m_catalogue.listEntry(*row.sound))
                                         : inLanguage(withoutSound, m_language);
-        addRow(section, row, shown.leftJustified(width) + " " + sound).setToolTip(name);
+        QListWidgetItem& item = addRow(section, row, shown.leftJustified(width) + " " + sound);
+        item.setToolTip(name);
+        item.setData(wholeRow, marksOf(row) + name.leftJustified(width) + " " + sound);
     }
 }
 
@@ -206,7 +209,9 @@ void FmView::copyLists()
     for (const Section& section : {m_samples, m_objects, m_surplus}) {
         lines += section.heading->text();
         for (int row = 0; row < section.list->count(); ++row) {
-            QString line = section.list->item(row)->text();
+            const QListWidgetItem& item = *section.list->item(row);
+            const QVariant whole = item.data(wholeRow);
+            QString line = whole.isValid() ? whole.toString() : item.text();
             line.truncate(line.lastIndexOf(QRegularExpression("\\S")) + 1);
             lines += line;
         }

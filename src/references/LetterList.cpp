@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/LetterList.h"
 
+#include "base/CodePage.h"
+#include "references/ShippedTexts.h"
+
 namespace tavrel {
 
 namespace {
 
-std::string_view readableName(std::string_view letter, const ReferenceRegister& references,
-                              const CurrentWad& current)
+std::string readableName(std::string_view letter, const ReferenceRegister& references,
+                         const CurrentWad& current, Language language)
 {
     if (const WadReference* reference = references.findLetter(letter)) {
-        return reference->title;
+        return codePageFromUtf8(shippedText(reference->title).in(language)).bytes;
     }
-    return !letter.empty() && letter == current.letter ? std::string_view(current.wadName) : "**NO REF**";
+    return !letter.empty() && letter == current.letter ? current.wadName : "**NO REF**";
 }
 
 } // namespace
@@ -34,13 +37,14 @@ std::vector<std::string> lettersOf(const SoundLine& line)
 }
 
 std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
-                                       const CurrentWad& current, std::string_view justAdded)
+                                       const CurrentWad& current, Language language,
+                                       std::string_view justAdded)
 {
     std::vector<std::string> entries;
     for (const std::string& letter : lettersOf(line)) {
         const bool showsWad = !letter.empty() && letter == justAdded && letter == current.letter;
         entries.push_back(std::string("#").append(letter).append(" - ").append(
-            showsWad ? std::string_view(current.wadName) : readableName(letter, references, current)));
+            showsWad ? current.wadName : readableName(letter, references, current, language)));
     }
     return entries;
 }

@@ -29,6 +29,7 @@ std::vector<std::string> lettersOf(const SoundLine& line);
 // reference shows
 // "**NO REF**".
 std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
-                                       const CurrentWad& current, std::string_view justAdded = {});
+                                       const CurrentWad& current, Language language,
+                                       std::string_view justAdded = {});
 
 } // namespace tavrel

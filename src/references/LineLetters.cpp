@@ -138,7 +138,7 @@ bool looksLikeFlagOrValue(std::string_view letter)
 BilingualText flagLetterHint()
 {
     return {
-        "This letter can be read as a flag or a value of the line; another one is safer.",
+        "This letter can be read as a flag or a value of the line; choose another one to be safe.",
         "Cette lettre peut être lue comme un indicateur ou une valeur de la ligne ; préférez-en une autre."};
 }
 

@@ -59,11 +59,11 @@ void noteOddities(const ReferenceRegister& references, const std::filesystem::pa
                   std::vector<Failure>& notices)
 {
     if (references.userBegin() != BuiltInReferenceCount) {
-        notices.push_back(
-            wrongContent(file, {"The file does not hold 42 references. The first 42 of the register "
-                                "count as built-in all the same.",
-                                "Le fichier ne contient pas 42 références. Les 42 premières du "
-                                "registre comptent malgré tout comme intégrées."}));
+        notices.push_back(wrongContent(
+            file,
+            {"The file does not contain 42 references. The first 42 of the register count as built-in anyway.",
+             "Le fichier ne contient pas 42 références. Les 42 premières du "
+             "registre comptent malgré tout comme intégrées."}));
     }
 }
 

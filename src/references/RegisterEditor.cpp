@@ -9,6 +9,8 @@
 #include "references/LetterTexts.h"
 #include "references/LineLetters.h"
 
+#include <algorithm>
+
 namespace tavrel {
 
 namespace {
@@ -178,6 +180,39 @@ bool RegisterEditor::ValidateReference(const WadReference& fields, bool adding, 
     }
     return (!adding && fields.wadName == m_selectedWadName ? true : isFreeWadName(fields.wadName, caption)) &&
            (!adding && fields.letter == m_selectedLetter ? true : isFreeLetter(fields.letter, caption));
+}
+
+bool RegisterEditor::isUnused(const std::string& letter) const
+{
+    if (!isLetterOfOneLevel(letter) || looksLikeFlagOrValue(letter) ||
+        m_context.references.findLetter(letter) != nullptr) {
+        return false;
+    }
+    for (std::size_t k = 0; k < m_context.catalogue.size(); ++k) {
+        if (m_context.catalogue.currentLine(k).find("#" + letter) != std::string::npos) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Of characters of the name where that can be.
+std::string RegisterEditor::freeLetter(std::string_view wadName) const
+{
+    constexpr std::string_view usual = "abcdefghijklmnopqrstuvwxyz0123456789";
+    std::string name = lowerCase(std::string(wadName));
+    std::erase_if(name, [usual](char c) { return usual.find(c) == std::string_view::npos; });
+    const std::string firsts = name.substr(0, 1).append(usual);
+    const std::string seconds = name.substr(std::min<std::size_t>(1, name.size())).append(usual);
+    for (const char first : firsts) {
+        for (const char second : seconds) {
+            std::string letter{first, second};
+            if (isUnused(letter)) {
+                return letter;
+            }
+        }
+    }
+    return {};
 }
 
 bool RegisterEditor::add(const WadReference& fields)

@@ -55,6 +55,9 @@ public:
     // Loads a row into the fields; nothing to load for none and for a built-in one, which a click announces.
     WadReference select(std::optional<std::size_t> row, bool announceBuiltIn);
 
+    // A letter for a new reference to the WAD, that no reference and no line has; empty when all are taken.
+    std::string freeLetter(std::string_view wadName) const;
+
     // True when the command was carried out. Letter boxes come as the user left them.
     bool add(const WadReference& fields);
     enum class Modified { Done, Refused, LetterTakenBack };
@@ -63,6 +66,7 @@ public:
 
 private:
     Problem store(const WadReference& fields);
+    bool isUnused(const std::string& letter) const;
     bool ValidateReference(const WadReference& fields, bool adding, const BilingualText& caption);
     bool hasWadFile(std::string_view wadName, std::string_view ending, const BilingualText& caption);
     bool isFreeWadName(const std::string& wadName, const BilingualText& caption);

@@ -2,6 +2,7 @@
 #include "references/WadImport.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
@@ -125,12 +126,6 @@ KindTexts textsOf(WadListKind kind)
         return {titles::importSamples, titles::loadSamples, {"included sounds", "aux sons incorporés"}, " "};
     }
     return {titles::importObjects, titles::loadObjects, {"included objects", "aux objets incorporés"}, "  "};
-}
-
-// "3 sounds", in each language with its own word for one and for several.
-BilingualText counted(std::size_t count, const BilingualText& one, const BilingualText& several)
-{
-    return BilingualText::same(std::to_string(count) + " ") + (count == 1 ? one : several);
 }
 
 std::string soundRow(std::size_t sound, const SoundCatalogue& catalogue)

@@ -127,8 +127,8 @@ public:
     {
         WadList list{path, std::move(m_names), {}};
         m_passedOver.tell(path,
-                          {"Passed over, for they are no entries of the list:",
-                           "Ne sont pas des entrées de la liste, ignorées :"},
+                          {"These are not entries of the list and were ignored:",
+                           "Ces textes ne sont pas des entrées de la liste et ont été ignorés :"},
                           list.notices);
         return list;
     }
@@ -293,8 +293,8 @@ SavedLines parseSavedLines(const TextFile& file, const SoundCatalogue& catalogue
         }
     }
     passedOver.tell(file.path,
-                    {"Passed over, for these saved lines do not fit the catalogue:",
-                     "Lignes enregistrées qui ne correspondent pas au catalogue, ignorées :"},
+                    {"These saved lines do not match the catalogue and were ignored:",
+                     "Ces lignes enregistrées ne correspondent pas au catalogue et ont été ignorées :"},
                     saved.notices);
     return saved;
 }

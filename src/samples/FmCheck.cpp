@@ -2,6 +2,7 @@
 #include "samples/FmCheck.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "samples/SampleList.h"
 #include "samples/SampleUsers.h"
@@ -424,9 +425,9 @@ void FmCheck::endCheck(bool cancelled)
     const BilingualText found = anomalyCount(m_files.size());
     const BilingualText cutShort("Check not finished - ", "Contrôle non terminé - ");
     showIndication(cancelled ? cutShort + found : found, !m_files.empty());
-    const std::string count = std::to_string(checked);
-    m_lookedAt->setText(
-        inLanguage({count + " file(s) checked", count + " fichier(s) contrôlé(s)"}, m_context.language));
+    m_lookedAt->setText(inLanguage(
+        counted(checked, {"file checked", "fichier contrôlé"}, {"files checked", "fichiers contrôlés"}),
+        m_context.language));
     m_tip->setVisible(!m_files.empty());
     listIsFull();
 }

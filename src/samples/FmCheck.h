@@ -35,6 +35,9 @@ public:
 
     void reject() override;
 
+    // Ready to be started, with what it does explained.
+    void offerCheck() { offer(Mode::Check); }
+
 private:
     enum class Mode { Visualize, Check };
 

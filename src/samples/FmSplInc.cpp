@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/FmSplInc.h"
 
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "samples/SampleList.h"
 #include "ui/Captions.h"
@@ -20,13 +21,11 @@ namespace {
 
 BilingualText meaning(std::size_t count)
 {
-    const std::string number = std::to_string(count);
-    if (count == 1) {
-        return {"1 sample of the WAD's list stands in no line of sounds.txt.",
-                "1 sample de la liste du WAD ne figure dans aucune ligne de sounds.txt."};
-    }
-    return {number + " samples of the WAD's list stand in no line of sounds.txt.",
-            number + " samples de la liste du WAD ne figurent dans aucune ligne de sounds.txt."};
+    return counted(count,
+                   {"sample of the WAD's list is not in any line of sounds.txt.",
+                    "sample de la liste du WAD ne figure dans aucune ligne de sounds.txt."},
+                   {"samples of the WAD's list are not in any line of sounds.txt.",
+                    "samples de la liste du WAD ne figurent dans aucune ligne de sounds.txt."});
 }
 
 } // namespace
@@ -48,7 +47,13 @@ FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const
     list->addItems(shown);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setCurrentRow(0);
-    connect(copy, &QPushButton::clicked, this, [list] { copyAllRows(*list); });
+    auto* const said = makePaperLabel("LbInfo");
+    connect(copy, &QPushButton::clicked, this, [list, said, language, count = names.size()] {
+        copyAllRows(*list);
+        setPaperText(*said,
+                     inLanguage(counted(count, {"name copied", "nom copié"}, {"names copied", "noms copiés"}),
+                                language));
+    });
     copySelectionByKey(*list);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -59,6 +64,7 @@ FmSplInc::FmSplInc(QWidget* parent, const std::vector<std::string>& names, const
     text->setWordWrap(true);
     content().addWidget(text);
     content().addWidget(list, 1);
+    content().addWidget(said);
     content().addLayout(rowOf({copy, close}));
     const Caption captions[] = {
         {"LbMeaning", meaning(names.size()), {}},

@@ -190,7 +190,7 @@ Result<ConvertedSample> convertSample(const std::filesystem::path& file)
         return samples.failure();
     }
     if (samples->empty()) {
-        return wrongContent(file, {"The file holds no sound.", "Le fichier ne contient pas de son."});
+        return wrongContent(file, {"The file contains no sound.", "Le fichier ne contient pas de son."});
     }
     ConvertedSample converted;
     converted.from = reader->format();

@@ -2,6 +2,7 @@
 #include "samples/SampleFormat.h"
 
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/System.h"
 #include "samples/SamplesFolder.h"
 
@@ -106,7 +107,7 @@ std::string checkedRow(const std::filesystem::path& file, std::string_view fileN
 {
     if (verdict == SampleFormatVerdict()) {
         if (const std::error_code error = openingError(file)) {
-            return nameCell(fileName) + codePageFromUtf8(system::errorText(error)).bytes;
+            return nameCell(fileName) + codePageFromUtf8(errorText(error).in(language)).bytes;
         }
     }
     return anomalyRow(fileName, verdict, language);

@@ -2,6 +2,7 @@
 #include "samples/SampleRepair.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Message.h"
 #include "base/SafeFile.h"
@@ -267,20 +268,21 @@ std::size_t SampleReport::failures() const
 
 BilingualText SampleReport::text() const
 {
-    const std::string good = countText(outcomes.size() - failures());
+    const std::size_t good = outcomes.size() - failures();
     const std::string bad = countText(failures());
     const bool repairs = task == SampleTask::Repair;
-    BilingualText text = repairs ? BilingualText(good + " sample(s) repaired", good + " sample(s) réparé(s)")
-                                 : BilingualText(good + " original(s) put back", good + " original(s) remis");
+    BilingualText text =
+        repairs ? counted(good, {"sample repaired", "sample réparé"}, {"samples repaired", "samples réparés"})
+                : counted(good, {"original put back", "original remis"},
+                          {"originals put back", "originaux remis"});
     if (failures() > 0) {
         text += BilingualText(", " + bad + " not", ", " + bad + " en échec");
     }
     if (cancelled) {
-        const std::string rest = countText(asked - outcomes.size());
-        text +=
-            BilingualText("; cancelled before " + rest + " more", " ; annulé avant " + rest + " autre(s)");
+        text += BilingualText("; cancelled before ", " ; annulé avant ") +
+                counted(asked - outcomes.size(), {"more", "autre"}, {"more", "autres"});
     }
-    if (repairs && outcomes.size() > failures()) {
+    if (repairs && good > 0) {
         text +=
             BilingualText("\nThe originals are in ", "\nLes originaux sont dans ") + displayPath(originals);
     }
@@ -384,20 +386,20 @@ SampleReport runOnSamples(SampleTask task, std::vector<fs::path> samples, Progre
 
 Question repairQuestion(std::size_t count, const fs::path& samplesFolder)
 {
-    const std::string number = countText(count);
-    const std::string originals = displayPath(originalsFolder(samplesFolder));
-    return {titles::repairSamples,
-            {"Convert " + number + " sample(s) to the right format?\nThe originals are kept in " + originals,
-             "Convertir " + number + " sample(s) au bon format ?\nLes originaux sont conservés dans " +
-                 originals}};
+    return {titles::repairSamples, BilingualText("Convert ", "Convertir ") +
+                                       counted(count, {"sample", "sample"}, {"samples", "samples"}) +
+                                       BilingualText(" to the right format?\nThe originals are kept in ",
+                                                     " au bon format ?\nLes originaux sont conservés dans ") +
+                                       displayPath(originalsFolder(samplesFolder))};
 }
 
 Question putBackQuestion(std::size_t count)
 {
-    const std::string number = countText(count);
-    return {titles::putBackOriginals,
-            {"Put " + number + " original(s) back in the place of the sample(s)?",
-             "Remettre " + number + " original(s) à la place du ou des samples ?"}};
+    return {
+        titles::putBackOriginals,
+        BilingualText("Put ", "Remettre ") +
+            counted(count, {"original back in the place of the sample?", "original à la place du sample ?"},
+                    {"originals back in the place of the samples?", "originaux à la place des samples ?"})};
 }
 
 } // namespace tavrel

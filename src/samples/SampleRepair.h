@@ -56,7 +56,7 @@ struct SampleReport
     bool cancelled = false;
 
     std::size_t failures() const;
-    // "12 sample(s) repaired, 1 not", where the originals are, and a line for each sample.
+    // "12 samples repaired, 1 not", where the originals are, and a line for each sample.
     BilingualText text() const;
 };
 

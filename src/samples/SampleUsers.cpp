@@ -24,6 +24,19 @@ std::vector<std::size_t> soundsUsing(const SoundCatalogue& catalogue, std::strin
     return numbers;
 }
 
+namespace {
+
+std::string lettersText(const SoundLine& record, const ReferenceRegister& references, Language language)
+{
+    std::string letters;
+    for (const std::string& entry : letterEntries(record, references, {}, language)) {
+        letters += (letters.empty() ? "" : ", ") + entry;
+    }
+    return letters.empty() ? letters : " (" + utf8FromCodePage(letters) + ")";
+}
+
+} // namespace
+
 BilingualText usersText(const SoundCatalogue& catalogue, const ReferenceRegister& references,
                         std::string_view sample)
 {
@@ -31,19 +44,14 @@ BilingualText usersText(const SoundCatalogue& catalogue, const ReferenceRegister
     if (numbers.empty()) {
         return {"No sound uses it.", "Aucun son ne l'utilise."};
     }
-    std::string list;
+    BilingualText list;
     for (const std::size_t number : numbers) {
         const SoundLine record = ParseSoundLine(catalogue.currentLine(number));
-        std::string letters;
-        for (const std::string& entry : letterEntries(record, references, {})) {
-            letters += (letters.empty() ? "" : ", ") + entry;
-        }
         std::string name(record.Name.trimmed());
         name.erase(std::min(name.find(':'), name.size()));
         list += (list.empty() ? " " : "; ") + std::to_string(number) + " " + utf8FromCodePage(name);
-        if (!letters.empty()) {
-            list += " (" + utf8FromCodePage(letters) + ")";
-        }
+        list += BilingualText(lettersText(record, references, Language::English),
+                              lettersText(record, references, Language::French));
     }
     return BilingualText("Used by", "Utilisé par") + list;
 }

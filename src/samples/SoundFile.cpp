@@ -191,7 +191,7 @@ bool saysItsLength(Input& input)
 
 BilingualText noSound()
 {
-    return {"The file is no sound that can be read. WAV, AIFF, FLAC, Ogg and MP3 files can.",
+    return {"The file is not a sound that can be read. WAV, AIFF, FLAC, Ogg and MP3 files can be read.",
             "Le fichier n'est pas un son qui puisse être lu. Les fichiers WAV, AIFF, FLAC, Ogg et MP3 "
             "peuvent l'être."};
 }

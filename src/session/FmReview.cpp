@@ -84,7 +84,7 @@ void FmReview::showCaptions()
     const BilingualText apply("Apply changes to sounds.txt", "Appliquer les modifications à sounds.txt");
     const Caption captions[] = {
         {"LbDropped",
-         {"Lines of the file that are no sounds and will not be written back",
+         {"Lines of the file that are not sounds and will not be written back",
           "Lignes du fichier qui ne sont pas des sons et ne seront pas réécrites"},
          {}},
         {"LiDropped",

@@ -24,7 +24,7 @@ std::vector<PendingChange> pendingChanges(const SoundCatalogue& catalogue);
 // "12: METAL_SCRAPE_LOOP: VOL 44 → 60, #oa added"
 BilingualText describe(const PendingChange& change);
 
-// Lines of the file that are no sounds and will not be written back, as they stand there.
+// Lines of the file that are not sounds and will not be written back, as they stand there.
 struct DroppedLine
 {
     std::size_t lineInFile; // 1-based

@@ -199,7 +199,7 @@ std::optional<LevelEditorChoice> chooseLevelEditor(Dialogs& dialogs, const fs::p
             return choice;
         }
         show(dialogs, MessageIcon::Exclamation,
-             {"This is no level editor folder: it has no [sound\\LevelSFX Creator] folder.\nChoose "
+             {"This is not a level editor folder: it has no [sound\\LevelSFX Creator] folder.\nChoose "
               "[winroomedit.exe] or [ngle.exe].",
               "Ce n'est pas un répertoire d'éditeur de niveaux : il ne contient pas de répertoire "
               "[sound\\LevelSFX Creator].\nChoisissez [winroomedit.exe] ou [ngle.exe]."});

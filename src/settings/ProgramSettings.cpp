@@ -2,6 +2,7 @@
 #include "settings/ProgramSettings.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/QuotedRecords.h"
@@ -95,14 +96,14 @@ bool readField(std::size_t field, const RecordField& value, ProgramSettings& set
 
 Failure unreadableFields(const fs::path& file, const std::vector<std::size_t>& fields)
 {
-    std::string list;
-    for (const std::size_t field : fields) {
-        list += (list.empty() ? "" : ", ") + std::to_string(field);
-    }
-    return wrongContent(file, {"Settings that cannot be read, in line(s) " + list + ". The usual ones apply.",
-                               "Paramètres illisibles, ligne(s) " + list +
-                                   ". Les valeurs habituelles "
-                                   "s'appliquent."});
+    return wrongContent(file, agreeing(fields.size(), {"The setting in line ", "Le paramètre de la ligne "},
+                                       {"The settings in lines ", "Les paramètres des lignes "}) +
+                                  numberRanges(fields) +
+                                  agreeing(fields.size(),
+                                           {" cannot be read. The usual one applies.",
+                                            " est illisible. La valeur habituelle s'applique."},
+                                           {" cannot be read. The usual ones apply.",
+                                            " sont illisibles. Les valeurs habituelles s'appliquent."}));
 }
 
 fs::path settingsFile(const fs::path& programFolder)

@@ -103,7 +103,9 @@ void FmColors::layOut()
         connect(row.CdRepeat, &QPushButton::clicked, this, [this, slot] { copyToOthers(slot); });
     }
     m_warning->setWordWrap(true);
-    m_warning->setMinimumWidth(1); // it never widens the window
+    m_warning->setMinimumWidth(1);                                           // it never widens the window
+    m_warning->setMinimumHeight(2 * m_warning->fontMetrics().lineSpacing()); // nor moves the rows
+    m_warning->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_warning->setStyleSheet(QString("color: %1").arg(theme::accent.name()));
     auto* const buttons = rowOf({m_preview, m_defaults, m_apply, m_close});
     buttons->insertStretch(2, 1);

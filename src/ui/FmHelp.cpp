@@ -118,7 +118,7 @@ void FmHelp::showCaptions()
          {},
          {"Text to look for in the help (Ctrl+F; Enter or F3: next)",
           "Texte à chercher dans l'aide (Ctrl+F ; Entrée ou F3 : suivant)"}},
-        {"CdLook", search, {"Look for the next place (F3)", "Chercher plus loin (F3)"}},
+        {"CdLook", search, {"Find the next place (F3)", "Chercher plus loin (F3)"}},
         {"CdClose", {"Close", "Fermer"}, {"Close the help", "Fermer l'aide"}},
     };
     tavrel::showCaptions(*this, captions, m_language);
@@ -147,7 +147,7 @@ void FmHelp::search()
     m_view->moveCursor(QTextCursor::Start);
     if (m_view->find(wanted)) {
         m_view->centerCursor();
-        say({"From the beginning again", "Reprise au début"});
+        say({"The search continued from the beginning", "La recherche a repris au début"});
     } else {
         m_view->setTextCursor(before);
         say({"Not found", "Introuvable"});

@@ -77,6 +77,9 @@ public:
         if (hint == SH_EtchDisabledText || hint == SH_DitherDisabledText) {
             return 0; // a light copy below would make them the brightest of all
         }
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) {
+            return 0; // coloured ones of the toolkit, in its dialogs for files and colours
+        }
         // A list under the box; a menu would take the box's own colours.
         return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
     }

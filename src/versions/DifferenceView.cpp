@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "versions/DifferenceView.h"
 
+#include "base/Counted.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
@@ -291,10 +292,10 @@ void DifferenceView::filter()
         return fields.none() ? missing : fields.hasAny(wanted);
     });
     const std::string shown = std::to_string(shownRows());
-    const std::string all = std::to_string(rows().size());
-    m_counts->setText(
-        inLanguage({shown + " of " + all + " differing sounds", shown + " sur " + all + " sons différents"},
-                   m_language));
+    m_counts->setText(inLanguage(BilingualText(shown + " of ", shown + " sur ") +
+                                     counted(rows().size(), {"differing sound", "son différent"},
+                                             {"differing sounds", "sons différents"}),
+                                 m_language));
     if (selected && *selected < rows().size()) {
         select(*selected);
     }

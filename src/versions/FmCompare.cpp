@@ -2,6 +2,7 @@
 #include "versions/FmCompare.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Titles.h"
 #include "ui/BusyPointer.h"
 #include "ui/Captions.h"
@@ -125,7 +126,7 @@ void FmCompare::showCaptions()
           "Un sounds.txt quelconque, un fichier d'échange ou une sauvegarde"}},
         {"CkThreeWays",
          {"Who changed it", "Qui l'a modifié"},
-         {"Compare both with the installed catalogue, and tick what was changed there alone",
+         {"Compare both with the installed catalogue, and tick what was changed only there",
           "Comparer les deux avec le catalogue installé, et cocher ce qui n'a été modifié que là-bas"}},
         {"LbTake", {"Take over", "Reprendre"}, {}},
         {"OpWhole",
@@ -363,12 +364,10 @@ void FmCompare::takeOver()
     if (!agreed) {
         return;
     }
-    const std::string count = std::to_string(agreed->changes.size());
-    const BilingualText step =
-        agreed->samples.empty()
-            ? BilingualText("Take over " + count + " line(s)", "Reprise de " + count + " ligne(s)")
-            : BilingualText("Take over " + count + " line(s); copied samples stay",
-                            "Reprise de " + count + " ligne(s) ; les samples copiés restent");
+    BilingualText step = BilingualText("Take over ", "Reprise de ") + countedLines(agreed->changes.size());
+    if (!agreed->samples.empty()) {
+        step += BilingualText("; copied samples stay", " ; les samples copiés restent");
+    }
     if (!m_context.change(std::move(agreed->changes), step)) {
         return;
     }

@@ -2,6 +2,7 @@
 #include "versions/KeptVersions.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Folder.h"
 #include "base/LocalTime.h"
 #include "catalogue/ApplyChanges.h"
@@ -161,19 +162,14 @@ BilingualText describe(const KeptVersion& version)
 
 BilingualText extentOf(const KeptVersion& version, SoundLines now)
 {
-    const auto counted = [](std::size_t count, const BilingualText& what) {
-        return BilingualText::same(std::to_string(count)) + what;
-    };
     if (version.isSet()) {
-        return counted(version.files, version.files == 1 ? BilingualText(" file", " fichier")
-                                                         : BilingualText(" files", " fichiers"));
+        return counted(version.files, {"file", "fichier"}, {"files", "fichiers"});
     }
     const std::optional<std::size_t> differences = differencesFromNow(version, now);
     if (!differences) {
         return {"no sounds", "aucun son"};
     }
-    return counted(*differences,
-                   *differences == 1 ? BilingualText(" line", " ligne") : BilingualText(" lines", " lignes"));
+    return countedLines(*differences);
 }
 
 std::optional<std::size_t> differencesFromNow(const KeptVersion& version, SoundLines now)

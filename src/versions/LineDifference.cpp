@@ -235,7 +235,7 @@ void describeText(Description& description, const ReadLine& before, const ReadLi
     const Words left = before.unreadWords();
     const Words right = after.unreadWords();
     if (left == right) {
-        description.add({"written in another way", "écrit autrement"});
+        description.add({"written differently", "écrit autrement"});
         return;
     }
     description.changed({"other text ", "autre texte "}, joined(without(left, right)),

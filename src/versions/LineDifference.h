@@ -21,7 +21,7 @@ enum class LineField {
     Ch,
     Flags,
     Letters,
-    Text // what the grammar does not read, or the same content written in another way
+    Text // what the grammar does not read, or the same content written differently
 };
 
 constexpr std::array<LineField, 9> everyLineField = {LineField::Name,  LineField::Samples, LineField::Vol,

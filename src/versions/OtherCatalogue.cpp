@@ -37,7 +37,7 @@ Result<OtherCatalogue> readRecords(const fs::path& file)
     OtherCatalogue other;
     for (ExchangeRecord& record : *records) {
         if (record.id < 0) {
-            return wrongContent(file, {"The ID [" + record.idText + "] is no number of a sound.",
+            return wrongContent(file, {"The ID [" + record.idText + "] is not the number of a sound.",
                                        "L'ID [" + record.idText + "] n'est pas un numéro de son."});
         }
         other.numbers.push_back(static_cast<std::size_t>(record.id));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "versions/SoundPairing.h"
 
+#include "base/Counted.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -280,19 +282,19 @@ BilingualText shiftText(const SoundPairing& pairing)
             continue;
         }
         const std::string sound = std::to_string(*pair.mine);
-        const std::string count = std::to_string(std::abs(more));
-        text +=
-            more > 0
-                ? BilingualText("Before sound " + sound + " the other side has " + count + " line(s) more. ",
-                                "Avant le son " + sound + ", l'autre côté a " + count + " ligne(s) de plus. ")
-                : BilingualText("Before sound " + sound + " the other side has " + count + " line(s) less. ",
-                                "Avant le son " + sound + ", l'autre côté a " + count +
-                                    " ligne(s) de moins. ");
+        const auto count = static_cast<std::size_t>(std::abs(more));
+        text += BilingualText("Before sound " + sound + " the other side has ",
+                              "Avant le son " + sound + ", l'autre côté a ");
+        text += more > 0
+                    ? counted(count, {"more line. ", "ligne de plus. "}, {"more lines. ", "lignes de plus. "})
+                    : counted(count, {"line fewer. ", "ligne de moins. "},
+                              {"lines fewer. ", "lignes de moins. "});
     }
     if (shifts > mostShifts) {
-        const std::string count = std::to_string(shifts - mostShifts);
-        text += BilingualText("There are " + count + " more such places. ",
-                              "Il y a " + count + " autres endroits semblables. ");
+        const auto more = static_cast<std::size_t>(shifts - mostShifts);
+        text += agreeing(more, {"There is ", "Il y a "}, {"There are ", "Il y a "}) +
+                counted(more, {"more such place. ", "autre endroit semblable. "},
+                        {"more such places. ", "autres endroits semblables. "});
     }
     return text +
            BilingualText("Sounds are compared by their names.", "Les sons sont comparés par leurs noms.");

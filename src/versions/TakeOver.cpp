@@ -72,7 +72,7 @@ void takeValues(SoundLine& mine, const SoundLine& theirs)
 
 Failure unreadable()
 {
-    return {{"The line would be read in another way than it is meant.",
+    return {{"The line would be read differently from what is meant.",
              "La ligne serait lue autrement que prévu."}};
 }
 
@@ -102,8 +102,8 @@ Result<LetterMap> parseLetterMap(std::string_view text)
         };
         if (!isLetter(from) || !isLetter(to) || mapped(map, from) != nullptr) {
             const std::string shown = utf8FromCodePage(part);
-            return Failure{{"[" + shown + "] gives a letter no other one. Write [ab=oa].",
-                            "[" + shown + "] ne donne pas de lettre à une autre. Écrivez [ab=oa]."}};
+            return Failure{{"[" + shown + "] does not say which letter becomes which. Write [ab=oa].",
+                            "[" + shown + "] ne dit pas quelle lettre devient laquelle. Écrivez [ab=oa]."}};
         }
         map.emplace_back(from, to);
     }

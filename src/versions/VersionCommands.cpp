@@ -3,6 +3,7 @@
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/SafeFile.h"
 #include "base/Titles.h"
@@ -83,7 +84,7 @@ std::optional<std::vector<std::string>> agreeOnSamples(const TakeRequest& reques
         request.theirSamples ? thoseIn(*request.theirSamples, missing) : std::vector<std::string>();
     if (found.empty()) {
         const Question all{titles::compare,
-                           lacking + BilingualText("\n\nTake the lines over all the same?",
+                           lacking + BilingualText("\n\nTake the lines over anyway?",
                                                    "\n\nReprendre les lignes quand même ?"),
                            Buttons::YesNo, true};
         return dialogs.ask(all) == Answer::Yes ? std::optional(found) : std::nullopt;
@@ -98,13 +99,6 @@ std::optional<std::vector<std::string>> agreeOnSamples(const TakeRequest& reques
         return std::nullopt;
     }
     return answer == Answer::Yes ? found : std::vector<std::string>();
-}
-
-BilingualText lineCount(std::size_t count)
-{
-    const std::string number = std::to_string(count);
-    return count == 1 ? BilingualText("1 line", "1 ligne")
-                      : BilingualText(number + " lines", number + " lignes");
 }
 
 } // namespace
@@ -194,10 +188,12 @@ agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version,
     }
     BilingualText missing;
     if (onOneSide > 0) {
-        missing =
-            lineCount(onOneSide) +
-            BilingualText(" on one side alone: not brought back. ", " d'un seul côté : non reprise(s). ") +
-            shiftText(comparison.pairing) + "\n";
+        missing = counted(onOneSide,
+                          {"line exists on one side only and is not brought back. ",
+                           "ligne n'existe que d'un côté et n'est pas reprise. "},
+                          {"lines exist on one side only and are not brought back. ",
+                           "lignes n'existent que d'un côté et ne sont pas reprises. "}) +
+                  shiftText(comparison.pairing) + "\n";
     }
     if (changes.empty()) {
         dialogs.show(
@@ -205,8 +201,9 @@ agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version,
              missing + BilingualText("No line differs from now.", "Aucune ligne ne diffère de maintenant.")});
         return std::nullopt;
     }
-    BilingualText text = missing + lineCount(changes.size()) +
-                         BilingualText(" will be as in\n", " seront comme dans\n") +
+    BilingualText text = missing + countedLines(changes.size()) +
+                         agreeing(changes.size(), {" will be as in\n", " sera comme dans\n"},
+                                  {" will be as in\n", " seront comme dans\n"}) +
                          displayPath(version.path);
     if (dialogs.appliesLater()) {
         text += BilingualText("\nNothing is written before you apply the changes.",
@@ -218,10 +215,9 @@ agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version,
 
 bool bringSetBack(const KeptVersion& set, const KeptPlaces& places, Progress& progress, Dialogs& dialogs)
 {
-    const std::string count = std::to_string(set.files);
     const BilingualText text =
-        BilingualText("Bring back the " + count + " file(s) of\n",
-                      "Remettre en place les " + count + " fichier(s) de\n") +
+        BilingualText("Bring back ", "Remettre en place ") +
+        counted(set.files, {"file of\n", "fichier de\n"}, {"files of\n", "fichiers de\n"}) +
         displayPath(set.path) +
         BilingualText("\nWhat is there now is put aside.", "\nCe qui s'y trouve est mis de côté.");
     if (dialogs.ask({titles::versions, text}) != Answer::Yes) {

@@ -110,7 +110,7 @@ TEST_F(ExportFile, AsksBeforeItReplacesOrDropsOrMisnames)
 {
     const std::string title = "Yes/No | Save all lines | ";
     const std::string dropped = title +
-                                "These lines hold text among or behind their letters that the backup does "
+                                "These lines contain text among or after their letters that the backup does "
                                 "not keep: 5\nSave the backup without it?";
     writeBytes(root / "OLD.TOB", "old");
     const struct
@@ -183,11 +183,10 @@ TEST_F(ExportFile, AsksBeforeItDeletesForeignSamples)
     };
     EXPECT_EQ(conversation({}, true), Names()) << "without samples";
     asked.withSamples = true;
-    EXPECT_EQ(
-        conversation({Answer::No}, false),
-        Names{"Yes/No | Export only modified lines | The folder [" + (root / "city_Samples").string() +
-              "] holds 1 WAV file(s) that do not belong to this export; they will be deleted.\nSave all "
-              "the same?"});
+    EXPECT_EQ(conversation({Answer::No}, false),
+              Names{"Yes/No | Export only modified lines | The folder [" + (root / "city_Samples").string() +
+                    "] contains 1 WAV file that does not belong to this export. It will be deleted.\nSave "
+                    "anyway?"});
     EXPECT_EQ(conversation({Answer::Yes}, true).size(), 1U);
     writeBytes(root / "CITY.tox", "old");
     EXPECT_EQ(
@@ -212,7 +211,7 @@ TEST_F(ExportFile, NamesTheLinesThatAreCut)
             dialogs.conversation(Language::English),
             Names{"Yes/No | " + captionOf(mode).english +
                   " | These lines are cut at their first \"#\", which does not open their letters: values "
-                  "are lost.\n0, 2, 3\nSave them so?"});
+                  "are lost.\n0, 2, 3\nSave them like this?"});
     }
 }
 
@@ -254,7 +253,7 @@ TEST_F(ExportFile, SaysWhichSamplesAreNotNew)
     EXPECT_TRUE(outcome.saved);
     EXPECT_EQ(
         outcome.report->text.english,
-        "These samples have names that are no plain file names. They were not copied.\n\n[con]\n\nThese "
+        "These samples have names that are not plain file names. They were not copied.\n\n[con]\n\nThese "
         "samples are not in the level editor's samples folder; the copies of the earlier export were "
         "kept:\nboat.wav");
     EXPECT_EQ(readBytes(root / "city_Samples" / "boat.wav"), "the only copy");

@@ -128,7 +128,7 @@ TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
                     {"A \"#\" stands in a name", ""},
                     {"A sound line cannot hold more than 50", ""},
                     {"", "The catalogue has [C] here"},
-                    {"", "With the letters behind it"},
+                    {"", "With the letters after it"},
                     {"", ""},
                     {"\"VOL\" stands behind the first", ""},
                     {"A \"#\" stands in a name", ""},               // of the catalogue's line
@@ -186,7 +186,7 @@ TEST_F(ImportFiles, ARowBuildsOnTheTickedOnesBefore)
     EXPECT_TRUE(file.rows[1].remark.english.starts_with("The catalogue has [C] here"));
 
     file = read("b.tox", {"\"2\",\"C:>x>VOL10>#z\"", "\"2\",\"C:>y>VOL20>P\""});
-    EXPECT_TRUE(file.rows[1].remark.english.starts_with("With the letters behind it"));
+    EXPECT_TRUE(file.rows[1].remark.english.starts_with("With the letters after it"));
     foresee(file, second, catalogue, "oa");
     EXPECT_EQ(file.rows[1].remark.english, "");
 }

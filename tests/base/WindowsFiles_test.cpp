@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What Windows does with files that other systems do not.
+#include "base/FailureTexts.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
 #include "support/Files.h"
@@ -121,8 +122,10 @@ TEST(WindowsFiles, FindsTheCopyThatWindowsKeepsForOldPrograms)
 
 TEST(WindowsFiles, TellsWhatIsWrongInUtf8)
 {
-    const std::string text = system::errorText({ERROR_SHARING_VIOLATION, std::system_category()});
-    EXPECT_FALSE(text.empty());
+    EXPECT_FALSE(system::errorText({ERROR_SHARING_VIOLATION, std::system_category()}).empty());
+    EXPECT_EQ(errorText({ERROR_SHARING_VIOLATION, std::system_category()}).french,
+              "Un autre programme l'utilise.");
+    EXPECT_EQ(errorText({ERROR_DISK_FULL, std::system_category()}).french, "Le disque est plein.");
     EXPECT_TRUE(system::isPassing({ERROR_SHARING_VIOLATION, std::system_category()}));
     EXPECT_FALSE(system::isPassing({ERROR_DISK_FULL, std::system_category()}));
     EXPECT_EQ(system::ownProgram().extension(), ".exe");

@@ -82,8 +82,8 @@ TEST_F(ApplyChanges, WritesEveryLineAndKeepsTheFileOfTheFirstTime)
     EXPECT_TRUE(apply(dialogs));
 
     ASSERT_EQ(dialogs.said().size(), 2U); // the comment lines of the demo file come first
-    EXPECT_EQ(dialogs.conversation(Language::English)[0].find("OK/Cancel | Modification | 4 line(s)"), 0U);
-    EXPECT_EQ(dialogs.conversation(Language::French)[0].find("OK/Cancel | Modification | 4 ligne(s)"), 0U);
+    EXPECT_EQ(dialogs.conversation(Language::English)[0].find("OK/Cancel | Modification | 4 lines"), 0U);
+    EXPECT_EQ(dialogs.conversation(Language::French)[0].find("OK/Cancel | Modification | 4 lignes"), 0U);
     EXPECT_EQ(dialogs.conversation(Language::English)[1], confirmation);
     EXPECT_EQ(dialogs.conversation(Language::French)[1], confirmationFrench);
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");

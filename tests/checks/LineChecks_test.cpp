@@ -209,7 +209,7 @@ TEST_F(LineChecks, SayWhatStandsThereAndWhatIsRead)
           "CH10 : se joue une fois sur 10 ; la ligne d'origine : à chaque fois."}},
         {"words-lost",
          "A:>a>>VOL50>>oops>",
-         {"Lost when the line is written anew: [oops]", "Perdus quand la ligne est réécrite : [oops]"}},
+         {"Lost when the line is rewritten: [oops]", "Perdus quand la ligne est réécrite : [oops]"}},
         {"letter-unknown",
          "A:>a>>VOL50>>>>>#z\xE9",
          {"#zé on one line: no reference has this letter.",

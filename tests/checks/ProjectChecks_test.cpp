@@ -104,7 +104,7 @@ TEST_F(FileChecks, MendCommentsThatReadAsSoundsAndSoundsThatDoNot)
                      "Line 77, a comment, reads as a sound because of its colon: [Enemies:]"}));
     const std::vector<Finding> lost = project.check("lost-colon");
     const std::string name = stockLines()[100].substr(0, stockLines()[100].find(':'));
-    EXPECT_EQ(textsOf(lost), Texts({"Line 106 has lost its colon and is no sound: [" + name + "]"}));
+    EXPECT_EQ(textsOf(lost), Texts({"Line 106 has lost its colon and is no longer a sound: [" + name + "]"}));
 
     load(lines, mended());
     ASSERT_EQ(project.catalogue.size(), 370U);
@@ -154,7 +154,7 @@ TEST(SampleChecks, ReadEachFileThatALineUses)
                      "[short.wav]: no whole WAV header."}));
     EXPECT_EQ(project.check("sample-format").front().sounds, std::vector<std::size_t>({0, 1}));
     EXPECT_EQ(texts("sample-bits"), Texts({"[bits8.wav]: 8 bits instead of 16."}));
-    EXPECT_EQ(texts("sample-chunks"), Texts({"[behind.wav]: something stands behind the sound data."}));
+    EXPECT_EQ(texts("sample-chunks"), Texts({"[behind.wav]: there is something after the sound data."}));
     EXPECT_EQ(texts("sample-silent"), Texts({"[empty.wav]: there is nothing to hear in it.",
                                              "[zeros.wav]: there is nothing to hear in it."}));
     EXPECT_EQ(texts("sample-unused"), Texts({"[idle.wav]: no line uses it (1.5 KB)."}));
@@ -198,7 +198,7 @@ TEST(FindingMarks, SayTheGravestOfASoundAndWhatIsWrongWithItsSamples)
     EXPECT_EQ(marks.sounds.at(2).severity, Severity::Warning);
     ASSERT_NE(marks.ofSample("old"), nullptr);
     EXPECT_EQ(marks.ofSample("old")->text.english, "[Old.wav]: 8 bits instead of 16.\n"
-                                                   "[Old.wav]: something stands behind the sound data.");
+                                                   "[Old.wav]: there is something after the sound data.");
     ASSERT_NE(marks.ofSample("GONE"), nullptr);
     EXPECT_EQ(marks.ofSample("GONE")->severity, Severity::Error) << "one of its sounds is in a level";
     EXPECT_EQ(marks.ofSample("GONE")->text.english, "[gone.wav] is not in the samples folder.") << "once";
@@ -271,7 +271,7 @@ TEST(GenerationChecks, LookAtTheToolAndItsResults)
     EXPECT_TRUE(project.check("results-old").empty());
     made("oasis.sfx", -1);
     EXPECT_EQ(textsOf(project.check("results-old")),
-              Texts({"Older than sounds.txt: [oasis.sfx]. Generate them anew."}));
+              Texts({"Older than sounds.txt: [oasis.sfx]. Generate them again."}));
     fs::remove(project.folders.creator / "pcwadsfx.exe");
     EXPECT_EQ(project.check("tool-missing").size(), 1U);
     writeBytes(project.folders.creator / "PcWadSfx.EXE", "");

@@ -84,7 +84,8 @@ TEST(ReferenceCommands, WhatCouldNotBeReadIsSaid)
     writeBytes(cli.program / "Tavrel.paw", readBytes(cli.program / "Tavrel.paw") + "\"no reference\"\r\n");
     const CliRun oddLine = cli.run({"refs", "list"});
     EXPECT_EQ(oddLine.status, 0);
-    EXPECT_NE(oddLine.messages.find("no reference of three fields"), std::string::npos) << oddLine.messages;
+    EXPECT_NE(oddLine.messages.find("not a reference of three fields"), std::string::npos)
+        << oddLine.messages;
     writeBytes(cli.program / "Tavrel.paw", std::string("\0\0", 2));
     const CliRun unreadable = cli.run({"refs", "list"});
     EXPECT_EQ(unreadable.status, 3);

@@ -70,14 +70,13 @@ TEST(SampleCommandsOfFolder, RepairConvertsAndKeepsTheOriginals)
     EXPECT_EQ(dry.status, 1);
     const CliRun unasked = runCli({"samples", "repair", path});
     EXPECT_EQ(unasked.status, 1);
-    EXPECT_NE(unasked.messages.find("tavrel-cli: Convert 2 sample(s) to the right format?"),
-              std::string::npos);
+    EXPECT_NE(unasked.messages.find("tavrel-cli: Convert 2 samples to the right format?"), std::string::npos);
     EXPECT_EQ(readBytes(root / "Samples" / "stereo.wav"), wavBytes({.channels = 2}));
 
     EXPECT_EQ(runCli({"--yes", "samples", "repair", path, "--only", "none"}).status, 1);
     const CliRun only = runCli({"--yes", "samples", "repair", path, "--only", "EIGHT", "--only", "fast.wav"});
     EXPECT_EQ(only.status, 4) << "one is still wrong";
-    EXPECT_EQ(only.output, "2 sample(s) repaired\nThe originals are in " + path + "_originals\n" +
+    EXPECT_EQ(only.output, "2 samples repaired\nThe originals are in " + path + "_originals\n" +
                                "eight.wav: was WAV, PCM, 22050 Hz, mono, 8 bits, 0.15 s\n"
                                "fast.wav: was WAV, PCM, 44100 Hz, mono, 16 bits, 0.15 s\n");
     EXPECT_EQ(readBytes(root / "Samples_originals" / "eight.wav"), wavBytes({.bitsPerSample = 8}));

@@ -4,6 +4,7 @@
 #include "catalogue/SoundLine.h"
 #include "data/WorkingFiles.h"
 #include "references/ReferenceRegister.h"
+#include "references/ShippedTexts.h"
 #include "support/Files.h"
 
 #include <gtest/gtest.h>
@@ -173,6 +174,26 @@ TEST(WorkingFiles, RegisterEverySoundThatSharesASample)
     for (std::size_t k = 0; k < catalogue.size(); ++k) {
         EXPECT_EQ(catalogue.doubles().of(k), locked.contains(k) ? "   " : "OK ") << k;
     }
+}
+
+TEST(WorkingFiles, AreShownInBothLanguages)
+{
+    std::set<std::string> texts;
+    const Result<LoadedRegister> loaded = loadRegister(dataFolder());
+    ASSERT_TRUE(loaded);
+    for (const WadReference& reference : loaded->references.all()) {
+        texts.insert(reference.title);
+    }
+    const SoundCatalogue catalogue = stockCatalogue();
+    for (const SoundObject& object : catalogue.objects()) {
+        texts.insert(object.type);
+    }
+    for (const std::string& text : texts) {
+        EXPECT_EQ(shippedText(text).english, text);
+        EXPECT_NE(shippedText(text).french, text);
+    }
+    EXPECT_EQ(shippedText("Reserved: test level 3").french, "Réservé : niveau de test 3");
+    EXPECT_EQ(shippedText("My doors \xE9"), BilingualText::same("My doors é"));
 }
 
 } // namespace

@@ -241,7 +241,9 @@ TEST_F(SfxGenerationTest, TheBatchFileStaysUntilTheConsoleIsClosed)
     EXPECT_EQ(lookAfter(3s), Phase::ConsoleOpen);
     EXPECT_TRUE(fs::exists(batchFile));
     EXPECT_EQ(begin(), Begun::NotStarted);
-    EXPECT_TRUE(lastSaid().starts_with("exclamation | Generate SFX | The last generation has not ended yet"));
+    EXPECT_TRUE(lastSaid().starts_with(
+        "exclamation | Generate SFX | The last generation is still running. Wait until it "
+        "has ended."));
     *runner.ended = true;
     EXPECT_EQ(beginWith({Answer::Cancel}), Begun::NotStarted) << "noticed by the next generation";
     EXPECT_FALSE(fs::exists(batchFile));

@@ -32,8 +32,12 @@ TEST(LetterList, ShowsTheTitleOfEachLetter)
     for (const auto& c : cases) {
         SoundLine line;
         line.Letters = c.letters;
-        EXPECT_EQ(letterEntries(line, references, c.current), c.entries) << c.letters;
+        EXPECT_EQ(letterEntries(line, references, c.current, Language::English), c.entries) << c.letters;
     }
+    SoundLine line;
+    line.Letters = "#g #oa";
+    EXPECT_EQ(letterEntries(line, references, {}, Language::French),
+              (std::vector<std::string>{"#g - Tous les niveaux", "#oa - The oasis"}));
 }
 
 } // namespace

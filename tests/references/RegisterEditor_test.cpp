@@ -71,6 +71,26 @@ TEST(ReferenceRows, HoldTheFieldsInColumns)
     EXPECT_EQ(wadNameFromPath("/x.WAD/city.Wad"), std::nullopt);
 }
 
+TEST_F(RegisterEditorTest, ProposesALetterThatNobodyHas)
+{
+    ScriptedDialogs dialogs;
+    const RegisterEditor editor = makeEditor(dialogs);
+    const struct
+    {
+        const char* wadName;
+        const char* letter;
+    } cases[] = {
+        {"temple", "te"},    {"oasis", "os"}, // a reference has "oa"
+        {"EF", "ea"},                         // a line has "ef"
+        {"gx", "ax"},                         // "g" is every level
+        {"\xC9t\xE9", "ta"},                  // only plain characters
+        {"", "aa"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(editor.freeLetter(c.wadName), c.letter) << c.wadName;
+    }
+}
+
 TEST_F(RegisterEditorTest, ChecksInOrderAndPointsToTheField)
 {
     const std::string folder = (wads.path() / "").string();

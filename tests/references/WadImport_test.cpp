@@ -304,7 +304,7 @@ TEST_F(WadImportTest, ASavedLineHasTwoFields)
     EXPECT_EQ(catalogue.currentLine(0), lines[0]);
     EXPECT_EQ(catalogue.currentLine(1), lines[1]);
     EXPECT_EQ(catalogue.currentLine(2), quotes);
-    EXPECT_NE(notice.find("catalogue: line 1 ["), std::string::npos) << notice;
+    EXPECT_NE(notice.find("ignored: line 1 ["), std::string::npos) << notice;
     EXPECT_NE(notice.find("], line 2 ["), std::string::npos) << notice;
     EXPECT_EQ(notice.find("line 3"), std::string::npos) << notice;
 }

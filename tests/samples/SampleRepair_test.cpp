@@ -126,7 +126,7 @@ TEST_F(SampleRepair, ManyAtOnceAreReportedInTheirOrder)
     }
     EXPECT_EQ(namesIn(originals).size(), 59U);
     const std::string text = report.text().english;
-    EXPECT_TRUE(text.starts_with("59 sample(s) repaired, 1 not\nThe originals are in " + originals.string() +
+    EXPECT_TRUE(text.starts_with("59 samples repaired, 1 not\nThe originals are in " + originals.string() +
                                  "\ns130.wav: "))
         << text;
     const SampleReport back = runOnSamples(SampleTask::PutBack, samples, silent);

@@ -50,7 +50,7 @@ TEST(LineDifference, TellsFieldsAndWords)
          {Letters},
          "letters in another order",
          "lettres dans un autre ordre"},
-        {"N:>a>VOL8>#ab", "N:> a >VOL08>>#ab ", {Text}, "written in another way", "écrit autrement"},
+        {"N:>a>VOL8>#ab", "N:> a >VOL08>>#ab ", {Text}, "written differently", "écrit autrement"},
         {"N:>a>VOL08>#ab ; mine",
          "N:>a>VOL09>#ab ; yours",
          {Vol, Text},

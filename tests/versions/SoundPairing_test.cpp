@@ -47,10 +47,10 @@ TEST(SoundPairing, GoesByNumberUntilALineHasShiftedTheOthers)
         {"ABCD", "AXCD", "AA BX CC DD", ""},
         {"ABCD", "ABCDE", "AA BB CC DD -E", ""},
         {"ABCDEF", "BACDEF", "AB BA CC DD EE FF", ""},
-        {"ABCD", "AXBCD", "AA -X BB CC DD", "Before sound 1 the other side has 1 line(s) more."},
-        {"ABCDE", "ACXE", "AA B- CC DX EE", "Before sound 2 the other side has 1 line(s) less."},
+        {"ABCD", "AXBCD", "AA -X BB CC DD", "Before sound 1 the other side has 1 more line."},
+        {"ABCDE", "ACXE", "AA B- CC DX EE", "Before sound 2 the other side has 1 line fewer."},
         {"ABCDEFGH", "BCDEFGHX", "A- BB CC DD EE FF GG HH -X",
-         "Before sound 1 the other side has 1 line(s) less."},
+         "Before sound 1 the other side has 1 line fewer."},
         {"ABC", "", "A- B- C-", ""},
     };
     for (const auto& c : cases) {

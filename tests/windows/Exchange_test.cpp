@@ -242,7 +242,7 @@ TEST_F(ExchangeWindows, MarkedRowsSayWhy)
         auto& lines = in<TickList>(import, "LiLine");
         EXPECT_EQ(labelOf(import, "Label5"), "IMPORT");
         EXPECT_EQ(labelOf(import, "LbIndic"), "3 lines listed - 2 lines selected");
-        EXPECT_EQ(labelOf(import, "LbRemark"), "1 line(s) cannot be applied. 1 line(s) deserve a look.");
+        EXPECT_EQ(labelOf(import, "LbRemark"), "1 line cannot be applied. 1 line should be checked.");
         const QPoint box(10, lines.visualItemRect(lines.item(0)).center().y());
         QTest::mouseClick(lines.viewport(), Qt::LeftButton, {}, box);
         QTest::keyClick(&lines, Qt::Key_Space);

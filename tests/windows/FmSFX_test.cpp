@@ -175,7 +175,7 @@ TEST_F(MainWindowTest, searchLooksInWholeLinesInItsDirection)
     EXPECT_EQ(row(), 73);
     QTest::keyClick(window.get(), Qt::Key_F3);
     EXPECT_EQ(row(), 73);
-    EXPECT_EQ(control<QLabel>("LbInfo").text(), "No more line with [CROC_F1]");
+    EXPECT_EQ(control<QLabel>("LbInfo").text(), "No other line contains [CROC_F1]");
     tick("CkCase");
     tick("OpUp");
     click("CdSearch");

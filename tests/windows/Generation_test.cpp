@@ -69,7 +69,7 @@ TEST_F(MainWindowGenerationRun, FromTheClickToTheEnabledWindow)
     EXPECT_FALSE(window->isEnabled());
     EXPECT_TRUE(isBusy());
     EXPECT_TRUE(control("PbBusy").isVisible());
-    EXPECT_EQ(info(), "");
+    EXPECT_TRUE(info().contains("sound files of [oasis]")) << info().toStdString();
     window->close();
     QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(window->isVisible()) << "close requests are ignored";
@@ -95,6 +95,7 @@ TEST_F(MainWindowGenerationTest, EnablesAfterThreeSecondsThoughTheConsoleIsOpen)
     QElapsedTimer time;
     time.start();
     begin();
+    EXPECT_TRUE(info().contains("sound files of [oasis]")) << info().toStdString();
     EXPECT_EQ(dialogs.said()[1].text.english, "Modifications not applied.");
     EXPECT_EQ(text("TxVOL"), "12") << "the selected line's values are not touched";
     EXPECT_TRUE(waitUntilEnabled(10000));
@@ -102,6 +103,7 @@ TEST_F(MainWindowGenerationTest, EnablesAfterThreeSecondsThoughTheConsoleIsOpen)
     EXPECT_LT(time.elapsed(), 5000);
     EXPECT_FALSE(isBusy());
     EXPECT_TRUE(std::filesystem::exists(folders.creator / "CreateSFX.bat"));
+    EXPECT_TRUE(info().contains("still running")) << info().toStdString();
     *heldBatches.ended = true;
     EXPECT_TRUE(QTest::qWaitFor(
         [this] { return !std::filesystem::exists(folders.creator / "CreateSFX.bat"); }, 10000));
@@ -143,9 +145,12 @@ TEST_F(MainWindowGenerationTest, AWrongSampleLeadsToTheCheckOfTheFolder)
         EXPECT_FALSE(isBusy());
     });
     bool opened = false;
-    whenOpened<FmCheck>([&opened](FmCheck&) { opened = true; });
+    whenOpened<FmCheck>([&opened](const FmCheck& check) {
+        opened = check.findChild<QWidget*>("PnInfo")->isVisible() &&
+                 check.focusWidget() == check.findChild<QWidget*>("ImPlus");
+    });
     begin();
-    EXPECT_TRUE(opened);
+    EXPECT_TRUE(opened) << "with the check offered";
     EXPECT_EQ(dialogs.said().back().kind, "critical");
     EXPECT_EQ(info(), "");
     EXPECT_TRUE(control("LbPath").isVisible());

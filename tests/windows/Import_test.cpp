@@ -49,12 +49,14 @@ TEST_F(MainWindowTest, AnImportGivesTheLetterAndShowsWhatIsUnknown)
     const QString panelColours = control("PnWad").styleSheet();
     whenOpened<FmSplInc>([&](FmSplInc& unknown) {
         EXPECT_EQ(itemsOf(unknown, "LiSample"), std::vector<std::string>{"well01"});
-        EXPECT_TRUE(
-            unknown.findChild<QLabel*>("LbMeaning")->text().startsWith("1 sample of the WAD's list stands"));
+        EXPECT_TRUE(unknown.findChild<QLabel*>("LbMeaning")
+                        ->text()
+                        .startsWith("1 sample of the WAD's list is not in any line"));
         EXPECT_TRUE(control("PnWad").styleSheet().contains("#c0c0c0"));
         EXPECT_FALSE(enabled("CdQuit"));
         QTest::mouseClick(unknown.findChild<QPushButton*>("CdCopyList"), Qt::LeftButton);
         EXPECT_EQ(QApplication::clipboard()->text(), "well01");
+        EXPECT_EQ(unknown.findChild<QLabel*>("LbInfo")->text(), "1 name copied");
     });
     dialogs.prepareAnswer(Answer::Ok);
     dialogs.whileShowing([this] {

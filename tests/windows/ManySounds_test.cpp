@@ -258,10 +258,10 @@ TEST_P(ManySoundsTest, SearchWrapsAndTellsWhatIsHidden)
     press(Qt::Key_Return);
     EXPECT_EQ(row(), 4);
     EXPECT_EQ(said(),
-              in("The search went on from the first line", "La recherche a repris à la première ligne"));
+              in("The search continued from the first line", "La recherche a repris à la première ligne"));
     tick("OpUp");
     click("CdSearch");
-    EXPECT_EQ(said(), in("No more line with [LARA_LAND]", "Plus de ligne avec [LARA_LAND]"));
+    EXPECT_EQ(said(), in("No other line contains [LARA_LAND]", "Aucune autre ligne ne contient [LARA_LAND]"));
     filterBy("door");
     click("CdSearch");
     EXPECT_EQ(said(), in("[LARA_LAND] is only in lines that are hidden now",

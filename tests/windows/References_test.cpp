@@ -3,12 +3,15 @@
 #include "MainWindow.h"
 #include "references/FmObject.h"
 #include "references/FmRefW.h"
+#include "ui/FmHelp.h"
 #include "ui/Text.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -126,7 +129,7 @@ TEST_F(ReferencesTest, ALetterLivesFromItsReferenceToItsDeletion)
     });
     inRegister([this](FmRefW& registerWindow) {
         EXPECT_EQ(box(registerWindow, "TxWAD").text(), "temple") << "opens on the current WAD";
-        EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 line(s) carry #zz");
+        EXPECT_EQ(registerWindow.findChild<QLabel*>("LbInfo")->text(), "6 lines carry #zz");
         dialogs.prepareAnswer(Answer::Yes);
         press(registerWindow, "CdDel");
     });
@@ -227,4 +230,33 @@ TEST_F(ReferencesTest, WhatIsWrongInTheRegisterIsToldOnce)
     open();
     EXPECT_EQ(timesTold(), 2) << "another state of the file";
     window->close();
+}
+
+TEST_F(ReferencesTest, AFirstUseIsExplainedAndProposed)
+{
+    std::filesystem::remove(folders.program / "Tavrel.paw");
+    open();
+    QString top;
+    const auto readHelp = [this, &top] {
+        whenOpened<FmHelp>([&top](FmHelp& help) {
+            QTest::qWait(20);
+            const auto* const view = help.findChild<QPlainTextEdit*>("TxHlp");
+            top = view->cursorForPosition(QPoint(2, 2)).block().text();
+        });
+        click("CdFirstUse");
+        return top;
+    };
+    EXPECT_EQ(readHelp(), "2. A FIRST WALK: FROM A WAD TO ITS SOUND FILES");
+    tick("OpLangF");
+    EXPECT_EQ(readHelp(), "2. PREMIERS PAS : D'UN WAD À SES FICHIERS DE SONS");
+
+    inRegister([this](FmRefW& registerWindow) {
+        dialogs.prepareFile(folders.levelEditor / "graphics" / "wads" / "oasis.wad");
+        press(registerWindow, "CdChoix");
+        EXPECT_EQ(box(registerWindow, "TxLett").text(), "oa");
+        QTest::keyClicks(&box(registerWindow, "TxTitre"), "Mine");
+        press(registerWindow, "CdNew");
+    });
+    EXPECT_EQ(text("TxWAD"), "oasis") << "the first one is the current one at once";
+    EXPECT_FALSE(control("CdFirstUse").isVisible());
 }

@@ -291,7 +291,7 @@ TEST_F(FmCheckTest, listsWrongFilesByName)
                   anomalyRow(name, CheckSampleFormatDetailed(folder / name), Language::English));
     }
     EXPECT_EQ(list().currentRow(), 0);
-    EXPECT_EQ(label("LbLookedAt"), "4 file(s) checked");
+    EXPECT_EQ(label("LbLookedAt"), "4 files checked");
     EXPECT_EQ(indicationColour(), QColor(192, 0, 0));
     EXPECT_TRUE(find<QLabel>("LbTip1").isVisible());
     for (const char* name : {"stereo", "long", "another"}) {
@@ -389,10 +389,10 @@ TEST_F(FmCheckTest, repairsAllOrTheSelectedAndPutsOriginalsBack)
         return dialogs.said()[before];
     };
     const ScriptedDialogs::Said all = work("CdRepair", Answer::Other, Answer::Other);
-    EXPECT_TRUE(all.text.english.starts_with("Convert 1 sample(s) to the right format?\n"));
+    EXPECT_TRUE(all.text.english.starts_with("Convert 1 sample to the right format?\n"));
     EXPECT_EQ(all.otherChoice, BilingualText("All 2 wrong ones", "Tous les mauvais (2)"));
-    EXPECT_EQ(label("LbIndic"), "1 sample(s) repaired, 1 not");
-    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("1 sample(s) repaired, 1 not\nThe originals"));
+    EXPECT_EQ(label("LbIndic"), "1 sample repaired, 1 not");
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("1 sample repaired, 1 not\nThe originals"));
     EXPECT_TRUE(CheckSampleFormat(folder, "stereo"));
     EXPECT_EQ(list().item(0)->text().trimmed(), "stereo") << "the row stays, without marks";
     EXPECT_EQ(readBytes(folder / "eight.wav"), wavBytes({.bitsPerSample = 8, .seconds = 0.01}))

@@ -127,7 +127,7 @@ TEST_F(VersionsTest, TakesOverWhatOnlyTheOtherSideChanged)
     EXPECT_TRUE(steps.empty()) << "cancelled where the samples are listed";
     dialogs.prepareAnswer(Answer::Yes);
     click(window, "CdTake");
-    EXPECT_EQ(steps, Words({"Take over 1 line(s); copied samples stay"}));
+    EXPECT_EQ(steps, Words({"Take over 1 line; copied samples stay"}));
     EXPECT_EQ(catalogue.currentLine(2), "LARA_NO:\t\tnew_sample wide\t\tVOL44\t\t\t\t\t#oa");
     EXPECT_TRUE(CheckSampleFormat(folders.levelEditor / "sound" / "Samples", "wide")) << "converted";
     EXPECT_EQ(readBytes(folders.levelEditor / "sound" / "Samples" / "new_sample.wav"), "not a sound");
@@ -182,7 +182,7 @@ TEST_F(VersionsTest, ComparesWithWhatIsChosen)
     EXPECT_EQ(words(window)[1], "absent ici");
     EXPECT_TRUE(control<QLabel>(window, "LbShift")
                     .text()
-                    .startsWith("Avant le son 100, l'autre côté a 1 ligne(s) de plus."));
+                    .startsWith("Avant le son 100, l'autre côté a 1 ligne de plus."));
     dialogs.prepareFile(folders.root / "none.txt");
     click(window, "CdFile");
     EXPECT_EQ(dialogs.said().size(), 1U);
