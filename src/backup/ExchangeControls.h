@@ -27,7 +27,7 @@ namespace tavrel {
 
 struct ExchangeContext
 {
-    Language language;
+    Language language = Language::English;
     ColourScheme colours;
     Places places;
     CurrentWad wad;

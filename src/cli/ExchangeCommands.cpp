@@ -2,6 +2,7 @@
 #include "backup/ExportCommands.h"
 #include "backup/ImportCommands.h"
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Progress.h"
 #include "cli/Commands.h"
@@ -90,11 +91,11 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
     if (!outcome.saved) {
         return ExitStatus::FileFailure;
     }
-    const std::string count = std::to_string(request.rows.size());
-    BilingualText text(count + " line(s) saved.", count + " ligne(s) sauvegardée(s).");
+    BilingualText text = counted(request.rows.size(), {"line saved.", "ligne sauvegardée."},
+                                 {"lines saved.", "lignes sauvegardées."});
     if (request.withSamples) {
-        const std::string samples = std::to_string(outcome.samplesCopied);
-        text += BilingualText(" " + samples + " sample(s) copied.", " " + samples + " sample(s) copié(s).");
+        text += BilingualText::same(" ") + counted(outcome.samplesCopied, {"sample copied.", "sample copié."},
+                                                   {"samples copied.", "samples copiés."});
     }
     console.dialogs.say(text);
     return status;
@@ -133,12 +134,13 @@ std::vector<std::size_t> applicableRows(const ImportFile& file, Console& console
 
 bool agreesToTheOthers(const ImportFile& file, std::size_t applicable, Console& console)
 {
-    const std::string refused = std::to_string(file.rows.size() - applicable);
-    const Question question{actionOf(file.kind),
-                            {refused + " line(s) cannot be applied. Apply the others?",
-                             refused + " ligne(s) inapplicable(s). Appliquer les autres ?"},
-                            Buttons::YesNo,
-                            true};
+    const Question question{
+        actionOf(file.kind),
+        counted(
+            file.rows.size() - applicable,
+            {"line cannot be applied. Apply the others?", "ligne inapplicable. Appliquer les autres ?"},
+            {"lines cannot be applied. Apply the others?", "lignes inapplicables. Appliquer les autres ?"}),
+        Buttons::YesNo, true};
     return applicable == file.rows.size() || (applicable > 0 && console.dialogs.ask(question) == Answer::Yes);
 }
 
@@ -165,10 +167,12 @@ ExitStatus importInto(Session& session, const ImportRequest& request,
     if (applied != ExitStatus::Done) {
         return applied;
     }
-    const std::string count = std::to_string(request.rows.size());
+    const std::size_t count = request.rows.size();
     console.dialogs.say(request.file.kind == ExchangeKind::Backup
-                            ? BilingualText(count + " line(s) restored.", count + " ligne(s) restaurée(s).")
-                            : BilingualText(count + " line(s) imported.", count + " ligne(s) importée(s)."));
+                            ? counted(count, {"line restored.", "ligne restaurée."},
+                                      {"lines restored.", "lignes restaurées."})
+                            : counted(count, {"line imported.", "ligne importée."},
+                                      {"lines imported.", "lignes importées."}));
     SilentProgress progress;
     const ImportOutcome samples = copyImportedSamples(request, progress);
     const ExitStatus status = tell(samples.report, console);
@@ -186,12 +190,11 @@ ExitStatus tellImport(Session& session, const ImportRequest& request, Console& c
     for (const PendingChange& change : changes) {
         console.dialogs.say(describe(change));
     }
-    const std::string count = std::to_string(request.rows.size());
     const std::string changed = std::to_string(changes.size());
-    console.dialogs.say({count + " line(s) would come in, " + changed +
-                             " of the catalogue's would change. Nothing is written.",
-                         count + " ligne(s) seraient reprises, " + changed +
-                             " du catalogue changeraient. Rien n'a été écrit."});
+    console.dialogs.say(counted(request.rows.size(), {"line would come in, ", "ligne serait reprise, "},
+                                {"lines would come in, ", "lignes seraient reprises, "}) +
+                        BilingualText(changed + " of the catalogue's would change. Nothing is written.",
+                                      changed + " du catalogue changeraient. Rien n'a été écrit."));
     return ExitStatus::Done;
 }
 

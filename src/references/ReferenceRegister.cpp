@@ -47,7 +47,7 @@ void readReferences(const TextFile& file, std::vector<Failure>& notices, Append 
             keep(std::string(line));
             notices.push_back(
                 wrongLine(file.path, lineNumber,
-                          {"This is no reference of three fields. It is passed over, and stays "
+                          {"This is not a reference of three fields. It was ignored, and stays "
                            "in the file for you to mend.",
                            "Ce n'est pas une référence de trois champs. Elle est ignorée et reste "
                            "dans le fichier, à corriger."}));

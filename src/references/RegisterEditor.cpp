@@ -2,6 +2,7 @@
 #include "references/RegisterEditor.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "catalogue/SoundLine.h"
@@ -89,10 +90,10 @@ void RegisterEditor::tellLinesLeft(const std::string& letter, const BilingualTex
         return;
     }
     const std::string marked = "[#" + shown(letter) + "]";
-    const std::string count = std::to_string(lines);
     refuse(ReferenceField::None, title,
-           {marked + " is no letter of one level. It stays on " + count + " line(s).",
-            marked + " n'est pas une lettre de niveau. Elle reste sur " + count + " ligne(s)."});
+           BilingualText(marked + " is not a letter of one level. It stays on ",
+                         marked + " n'est pas une lettre de niveau. Elle reste sur ") +
+               countedLines(lines) + ".");
 }
 
 WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announceBuiltIn)

@@ -238,9 +238,10 @@ TEST_F(RegisterEditorTest, DeleteOfAnOddLetterLeavesTheLines)
         editor.select(oasis, true);
         EXPECT_TRUE(editor.remove());
         EXPECT_EQ(letters(), "#g #oa #ef");
-        const bool isTold = dialogs.conversation(Language::English).back() ==
-                            "exclamation | Delete reference | [#g] is no letter of one level. It stays on 1 "
-                            "line(s).";
+        const bool isTold =
+            dialogs.conversation(Language::English).back() ==
+            "exclamation | Delete reference | [#g] is not a letter of one level. It stays on 1 "
+            "line.";
         EXPECT_EQ(isTold, *letter != '\0') << "no line carries an empty letter";
         references.appendUser({"oasis", "oa", "The oasis"});
     }
