@@ -25,7 +25,7 @@ std::string bracketed(const std::filesystem::path& file)
 // The usual ones; the condition of an error is the same on all systems.
 const struct
 {
-    std::errc condition;
+    std::errc condition{};
     BilingualText text;
 } usualErrors[] = {
     {std::errc::no_such_file_or_directory,
@@ -107,7 +107,7 @@ BilingualText listOfNumbers(std::span<const std::size_t> numbers)
     for (const std::size_t number : numbers.first(std::min(numbers.size(), mostShown))) {
         first += (first.empty() ? "" : ", ") + std::to_string(number);
     }
-    const BilingualText text = BilingualText::same(first);
+    BilingualText text = BilingualText::same(first);
     if (numbers.size() <= mostShown) {
         return text;
     }
