@@ -86,6 +86,7 @@ TEST(MessageWindow, F1OpensTheHelpWithoutAnOpener)
 
 TEST(QtDialogs, AFilterIsShownAsItIsWritten)
 {
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // the system's own could not be looked into
     QtDialogs dialogs;
     QString shown;
     QTimer::singleShot(0, qApp, [&shown] {
@@ -95,5 +96,6 @@ TEST(QtDialogs, AFilterIsShownAsItIsWritten)
         dialog->reject();
     });
     EXPECT_FALSE(dialogs.chooseFile({{"T", "T"}, {"Files (*.tox,*.tob)", ""}, {"*.tox", "*.tob"}, {}}));
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
     EXPECT_EQ(shown, "Files (*.tox,*.tob)");
 }
