@@ -17,8 +17,9 @@ void addTool(const std::filesystem::path& levelEditor)
     constexpr const char* name = "pcwadsfx.exe";
     const std::filesystem::path tool = tavrel::system::ownProgram().parent_path() / name;
     if (std::filesystem::exists(tool)) {
-        std::filesystem::copy_file(tool, levelEditor / "sound" / "LevelSFX Creator" / name,
-                                   std::filesystem::copy_options::overwrite_existing);
+        const std::filesystem::path placeholder = levelEditor / "sound" / "LevelSFX Creator" / name;
+        std::filesystem::remove(placeholder); // the library of mingw-w64 overwrites nothing
+        std::filesystem::copy_file(tool, placeholder);
     }
 }
 
