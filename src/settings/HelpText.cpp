@@ -4,8 +4,6 @@
 #include "base/Folder.h"
 #include "base/TextFile.h"
 
-#include <algorithm>
-
 namespace tavrel {
 
 namespace {
@@ -23,21 +21,6 @@ void removeFormerHelp(const std::filesystem::path& programFolder)
 bool isRule(std::string_view line)
 {
     return line.starts_with("====");
-}
-
-// Whether a heading names the title.
-bool names(std::string_view heading, std::string_view title)
-{
-    heading = heading.substr(0, heading.find(" ("));
-    while (!heading.empty()) {
-        const std::size_t end = std::min(heading.find(", "), heading.size());
-        const std::string_view name = heading.substr(0, end);
-        if (name == title || (name.ends_with('-') && title.starts_with(name))) {
-            return true;
-        }
-        heading.remove_prefix(std::min(end + 2, heading.size()));
-    }
-    return false;
 }
 
 } // namespace
@@ -58,20 +41,6 @@ std::vector<HelpSection> helpSections(std::string_view text)
         }
     }
     return sections;
-}
-
-const HelpSection* findHelpSection(const std::vector<HelpSection>& sections, std::string_view title,
-                                   HelpAbout about)
-{
-    const HelpSection* found = nullptr;
-    for (const HelpSection& section : sections) {
-        // The windows are described before their messages.
-        if (!section.isChapter && names(section.title, title) &&
-            (found == nullptr || about == HelpAbout::Message)) {
-            found = &section;
-        }
-    }
-    return found;
 }
 
 Result<std::string> loadHelp(const std::filesystem::path& programFolder, Language language)

@@ -27,12 +27,4 @@ struct HelpSection
 // Without the list of contents that the text itself begins with.
 std::vector<HelpSection> helpSections(std::string_view text);
 
-// The section about a window of that title, or about messages of that title. A heading may name several
-// titles
-// ("Add, Add letter"), explain one in brackets, or end in "-" where the rest of the title is not always the
-// same. None is null.
-enum class HelpAbout { Window, Message };
-const HelpSection* findHelpSection(const std::vector<HelpSection>& sections, std::string_view title,
-                                   HelpAbout about);
-
 } // namespace tavrel

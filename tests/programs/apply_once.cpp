@@ -1,32 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Changes the samples of sound 0 and applies, as a user does who says Yes to everything. The tests watch what
 // its system calls leave behind when they fail.
+#include "YesToAll.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
 
 #include <cstdio>
-
-namespace {
-
-class YesToAll : public tavrel::Dialogs
-{
-public:
-    void show(const tavrel::Message& message) override { std::puts(message.text.english.c_str()); }
-    tavrel::Answer ask(const tavrel::Question& question) override
-    {
-        return question.buttons == tavrel::Buttons::OkCancel ? tavrel::Answer::Ok : tavrel::Answer::Yes;
-    }
-    std::optional<std::filesystem::path> chooseFile(const tavrel::OpenFileQuestion& /*question*/) override
-    {
-        return std::nullopt;
-    }
-    std::optional<tavrel::ColourValue> chooseColour(tavrel::ColourValue /*current*/) override
-    {
-        return std::nullopt;
-    }
-};
-
-} // namespace
 
 // 0 when sounds.txt was written, 1 when not, 2 when there was nothing to write.
 int main(int argc, char* argv[])

@@ -1,31 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Works on a catalogue, applies once on the way, and ends without a word, as by a crash. The tests watch what
 // can be recovered when one of its system calls fails, or is the last one.
+#include "YesToAll.h"
 #include "session/Session.h"
 
 #include <cstdio>
 #include <string>
 
 namespace {
-
-// Agrees to everything.
-class Agreeing : public tavrel::Dialogs
-{
-public:
-    void show(const tavrel::Message& message) override { std::puts(message.text.english.c_str()); }
-    tavrel::Answer ask(const tavrel::Question& question) override
-    {
-        return question.buttons == tavrel::Buttons::YesNo ? tavrel::Answer::Yes : tavrel::Answer::Ok;
-    }
-    std::optional<std::filesystem::path> chooseFile(const tavrel::OpenFileQuestion& /*question*/) override
-    {
-        return std::nullopt;
-    }
-    std::optional<tavrel::ColourValue> chooseColour(tavrel::ColourValue /*current*/) override
-    {
-        return std::nullopt;
-    }
-};
 
 class Walk
 {
@@ -53,7 +35,7 @@ public:
     }
     void apply()
     {
-        Agreeing dialogs;
+        YesToAll dialogs;
         m_troubled |= !m_session.apply(dialogs);
         note();
     }
