@@ -1,170 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/ExchangeControls.h"
 
-#include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 
 namespace tavrel {
-
-namespace {
-
-constexpr int markSize = 14;
-const QColor alarm(0xE8, 0x6A, 0x52);
-
-// Dark on a selected row, which is painted with the accent.
-QIcon markIcon(Glyph glyph, const QColor& colour, qreal pixelRatio)
-{
-    const QSize size(markSize, markSize);
-    QIcon icon(glyphIcon(glyph, colour).pixmap(size, pixelRatio));
-    icon.addPixmap(glyphIcon(glyph, theme::accentText).pixmap(size, pixelRatio), QIcon::Selected);
-    return icon;
-}
-
-} // namespace
-
-TickList::TickList(const char* name)
-{
-    setObjectName(name);
-    setFont(fixedPitchFont());
-    setUniformItemSizes(true);
-    setIconSize({markSize, markSize});
-    setSelectionMode(QAbstractItemView::ExtendedSelection);
-    connect(this, &QListWidget::itemChanged, this, [this] {
-        if (!m_changing) {
-            Q_EMIT ticksChanged();
-        }
-    });
-}
-
-void TickList::useMarks()
-{
-    QPixmap room(markSize, markSize);
-    room.fill(Qt::transparent);
-    m_markIcons = {room, markIcon(Glyph::Exclamation, theme::accent, devicePixelRatioF()),
-                   markIcon(Glyph::Critical, alarm, devicePixelRatioF())};
-}
-
-void TickList::addRow(const QString& text, Mark mark, const QString& why, bool ticked)
-{
-    auto* const item = new QListWidgetItem(text);
-    const bool tickable = mark != Mark::Refusal;
-    item->setFlags(item->flags().setFlag(Qt::ItemIsUserCheckable, tickable));
-    item->setCheckState(tickable && ticked ? Qt::Checked : Qt::Unchecked);
-    if (!tickable) {
-        item->setForeground(mutedColour(paintedWith(palette())));
-    }
-    addItem(item);
-    this->mark(rows() - 1, mark, why);
-}
-
-void TickList::mark(std::size_t row, Mark mark, const QString& why)
-{
-    const QSignalBlocker blocker(this); // no tick changes
-    QListWidgetItem& marked = *item(static_cast<int>(row));
-    if (hasMarks()) {
-        marked.setIcon(m_markIcons.at(static_cast<std::size_t>(mark)));
-    }
-    marked.setToolTip(plainToolTip(why));
-    marked.setData(Qt::AccessibleDescriptionRole, why);
-}
-
-void TickList::setTicked(QListWidgetItem& item, bool ticked)
-{
-    if (item.flags().testFlag(Qt::ItemIsUserCheckable)) {
-        item.setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
-    }
-}
-
-void TickList::tick(const std::vector<std::size_t>& rows, bool ticked)
-{
-    m_changing = true;
-    for (const std::size_t row : rows) {
-        setTicked(*item(static_cast<int>(row)), ticked);
-    }
-    m_changing = false;
-    Q_EMIT ticksChanged();
-}
-
-void TickList::tickAll(bool ticked)
-{
-    m_changing = true;
-    for (int row = 0; row < count(); ++row) {
-        setTicked(*item(row), ticked);
-    }
-    m_changing = false;
-    Q_EMIT ticksChanged();
-}
-
-bool TickList::isTicked(std::size_t row) const
-{
-    return item(static_cast<int>(row))->checkState() == Qt::Checked;
-}
-
-std::vector<std::size_t> TickList::tickedRows() const
-{
-    std::vector<std::size_t> result;
-    for (std::size_t row = 0; row < rows(); ++row) {
-        if (isTicked(row)) {
-            result.push_back(row);
-        }
-    }
-    return result;
-}
-
-std::optional<std::size_t> TickList::selectedRow() const
-{
-    const QListWidgetItem* const current = currentItem();
-    return current != nullptr && current->isSelected() ? std::optional(static_cast<std::size_t>(currentRow()))
-                                                       : std::nullopt;
-}
-
-void TickList::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Q_EMIT enterPressed();
-        return;
-    }
-    if (event->key() != Qt::Key_Space || currentItem() == nullptr) {
-        QListWidget::keyPressEvent(event);
-        return;
-    }
-    std::vector<std::size_t> selected;
-    for (const QModelIndex& index : selectionModel()->selectedRows()) {
-        selected.push_back(static_cast<std::size_t>(index.row()));
-    }
-    if (selected.empty()) { // show first what the key is about
-        setCurrentRow(currentRow());
-        return;
-    }
-    tick(selected, currentItem()->checkState() != Qt::Checked);
-}
-
-int TickList::textStart() const
-{
-    QStyleOptionViewItem option;
-    initViewItemOption(&option);
-    option.features |= QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
-    if (hasMarks()) {
-        option.features |= QStyleOptionViewItem::HasDecoration;
-        option.decorationSize = iconSize();
-        option.icon = m_markIcons[0];
-    }
-    option.text = "0";
-    option.rect = QRect(0, 0, width(), fontMetrics().height());
-    const int textMargin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, this) + 1;
-    return frameWidth() + style()->subElementRect(QStyle::SE_ItemViewItemText, &option, this).left() +
-           textMargin;
-}
 
 LineButtons::LineButtons(TickList& lines, SamplePlayer& player)
     : tickAll(makeButton("CdSelect", Glyph::Accept)), untickAll(makeButton("CdEfface", Glyph::RemoveItem)),

@@ -9,15 +9,11 @@
 #include "references/LetterList.h"
 #include "samples/SamplePlayer.h"
 #include "settings/Places.h"
+#include "ui/TickList.h"
 
-#include <QIcon>
 #include <QLabel>
-#include <QListWidget>
 
-#include <array>
 #include <cstddef>
-#include <filesystem>
-#include <vector>
 
 class QProgressBar;
 class QPushButton;
@@ -34,48 +30,6 @@ struct ExchangeContext
     SoundCatalogue& catalogue;
     Dialogs& dialogs;
     SamplePlayer& player;
-};
-
-// Rows in fixed columns, each with a tick. Space ticks or unticks all selected rows.
-class TickList : public QListWidget
-{
-    Q_OBJECT
-
-public:
-    explicit TickList(const char* name);
-
-    enum class Mark { None, Remark, Refusal };
-
-    // With marks, every row has room for one; a refused row cannot be ticked.
-    void useMarks();
-    void addRow(const QString& text, Mark mark = Mark::None, const QString& why = {}, bool ticked = true);
-    // Whether the row can be ticked stays as it is.
-    void mark(std::size_t row, Mark mark, const QString& why);
-    void tick(const std::vector<std::size_t>& rows, bool ticked);
-    void tickAll(bool ticked);
-    bool isTicked(std::size_t row) const;
-    std::vector<std::size_t> tickedRows() const;
-    std::size_t rows() const { return static_cast<std::size_t>(count()); }
-    // The row whose buttons and panels act; none when no row is selected.
-    std::optional<std::size_t> selectedRow() const;
-
-    // Where the text of a row that is not scrolled starts, in the list.
-    int textStart() const;
-
-Q_SIGNALS:
-    void ticksChanged();
-    void enterPressed();
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    void setTicked(QListWidgetItem& item, bool ticked);
-
-    bool hasMarks() const { return !m_markIcons[0].isNull(); }
-
-    std::array<QIcon, 3> m_markIcons; // by mark; none without marks
-    bool m_changing = false;          // several ticks change, which is told once
 };
 
 // The buttons of a list of lines: they tick all of it and play its selected row. What playing means is left

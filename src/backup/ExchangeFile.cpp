@@ -52,13 +52,6 @@ void dropLastCharacter(fs::path::string_type& name)
     }
 }
 
-std::string shownId(std::int64_t id, std::string_view text)
-{
-    using Limits = std::numeric_limits<std::int64_t>;
-    const bool isExact = id != Limits::min() && id != Limits::max();
-    return isExact ? std::to_string(id) : std::string(text.substr(text.find_first_not_of(' ')));
-}
-
 // The lone CR of a file with other line ends.
 std::size_t findCarriageReturn(std::string_view text)
 {
@@ -104,28 +97,52 @@ ExchangeKind kindOfFile(const fs::path& file)
     return isBackup ? ExchangeKind::Backup : ExchangeKind::Exchange;
 }
 
+std::string shownId(std::int64_t id, std::string_view number)
+{
+    using Limits = std::numeric_limits<std::int64_t>;
+    const bool isExact = id != Limits::min() && id != Limits::max();
+    return isExact ? std::to_string(id) : std::string(number.substr(number.find_first_not_of(' ')));
+}
+
 Result<std::vector<ExchangeRecord>> readExchangeFile(const fs::path& file)
 {
     const Result<TextFile> text = readTextFile(file, largestLines);
-    return text ? parseExchangeFile(*text) : text.failure();
-}
-
-Result<std::vector<ExchangeRecord>> parseExchangeFile(const TextFile& text)
-{
-    const fs::path& file = text.path;
-    if (Problem problem = refusalOfText(text)) {
-        return *problem;
+    if (!text) {
+        return text.failure();
     }
     std::vector<ExchangeRecord> records;
-    std::vector<std::string_view> lines = text.lines();
-    while (!lines.empty() && lines.back().empty()) {
-        lines.pop_back(); // an editor left them
+    const Problem problem = forEachExchangeRecord(*text, [&records](const ExchangeRecordView& record) {
+        records.push_back({record.id, std::string(record.line), shownId(record.id, record.number)});
+    });
+    return problem ? Result<std::vector<ExchangeRecord>>(*problem) : records;
+}
+
+std::size_t mostRecordsIn(std::string_view text)
+{
+    const bool endsInLineFeeds = text.find('\n') != std::string_view::npos;
+    return static_cast<std::size_t>(std::ranges::count(text, endsInLineFeeds ? '\n' : '\r')) + 1;
+}
+
+Problem forEachExchangeRecord(const TextFile& text,
+                              const std::function<void(const ExchangeRecordView&)>& take)
+{
+    if (Problem problem = refusalOfText(text)) {
+        return problem;
     }
-    for (const std::string_view line : lines) {
-        std::optional<ExchangeFields> fields = splitExchangeRecord(line);
+    std::size_t number = 0;
+    std::size_t emptyLines = 0; // at the end of the file, an editor left them
+    std::string_view rest = text.text;
+    while (const std::optional<std::string_view> line = takeLine(rest)) {
+        if (line->empty()) {
+            ++emptyLines;
+            continue;
+        }
+        ++number;
+        const std::optional<ExchangeFields> fields =
+            emptyLines == 0 ? splitExchangeRecord(*line) : std::nullopt;
         if (!fields) {
             return wrongLine(
-                file, records.size() + 1,
+                text.path, number,
                 {"This is not an ID and a line of sounds.txt, each between double quotes.",
                  "Ce n'est pas un ID suivi d'une ligne de sounds.txt, chacun entre guillemets."});
         }
@@ -133,12 +150,12 @@ Result<std::vector<ExchangeRecord>> parseExchangeFile(const TextFile& text)
         if (!id) {
             const std::string shown = "[" + shownText(fields->number) + "]";
             return wrongLine(
-                file, records.size() + 1,
+                text.path, number,
                 {"The ID " + shown + " is not a number.", "L'ID " + shown + " n'est pas un nombre."});
         }
-        records.push_back({*id, std::move(fields->text), shownId(*id, fields->number)});
+        take({*id, fields->number, fields->text});
     }
-    return records;
+    return std::nullopt;
 }
 
 Problem writeExchangeFile(const fs::path& file, std::span<const ExchangeRecord> records)

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -32,7 +33,21 @@ struct ExchangeRecord
 
 // All of the file or, on the first line that is no record, nothing.
 Result<std::vector<ExchangeRecord>> readExchangeFile(const std::filesystem::path& file);
-Result<std::vector<ExchangeRecord>> parseExchangeFile(const TextFile& text);
+
+// A record where it stands in the file's text.
+struct ExchangeRecordView
+{
+    std::int64_t id;
+    std::string_view number; // as it is written
+    std::string_view line;
+};
+// Fails on the first line that is no record, which comes after those before it were taken.
+[[nodiscard]] Problem forEachExchangeRecord(const TextFile& text,
+                                            const std::function<void(const ExchangeRecordView&)>& take);
+// The file has that many lines.
+std::size_t mostRecordsIn(std::string_view text);
+// The number without blanks before it; that of a record whose number is too large as it is written.
+std::string shownId(std::int64_t id, std::string_view number);
 
 // Replaces the file, and with it files whose names differ in letter case alone, once the new one is whole.
 [[nodiscard]] Problem writeExchangeFile(const std::filesystem::path& file,

@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -134,7 +135,7 @@ void FmExport::connectControls()
     }
     connect(m_showObjects, &QPushButton::toggled, m_objectPanel, &QWidget::setVisible);
     connect(m_lines, &TickList::ticksChanged, this, &FmExport::showCounts);
-    connect(m_lines, &QListWidget::itemSelectionChanged, this, &FmExport::selectionChanged);
+    connect(m_lines, &TickList::selectedRowChanged, this, &FmExport::selectionChanged);
     connect(m_types, &QComboBox::currentIndexChanged, this, &FmExport::fillObjects);
     connect(m_objectNames, &QListWidget::itemClicked, this, &FmExport::tickObject);
     connect(m_objectNames, &QListWidget::itemActivated, this, &FmExport::tickObject);
@@ -186,10 +187,7 @@ void FmExport::chooseMode(ExportMode mode)
     m_rows = listForExport(m_context.catalogue, mode, m_context.wad.letter);
     m_description->setText(inLanguage(descriptionOf(mode), m_context.language));
     m_titles->setText(inLanguage(columnTitleOf(mode), m_context.language));
-    m_lines->clear();
-    for (const ExportRow& row : m_rows) {
-        m_lines->addRow(fromCodePage(row.text));
-    }
+    m_lines->setRows({m_rows.size(), [this](std::size_t row) { return fromCodePage(m_rows[row].text); }});
     m_lines->scrollToTop();
     showCounts();
     selectionChanged();
@@ -212,8 +210,7 @@ void FmExport::showSamplesHint()
 
 void FmExport::showCounts()
 {
-    m_counts->setText(
-        inLanguage(countOfLines(m_lines->rows(), m_lines->tickedRows().size()), m_context.language));
+    m_counts->setText(inLanguage(countOfLines(m_lines->rows(), m_lines->tickedCount()), m_context.language));
 }
 
 void FmExport::fillTypes()
@@ -257,8 +254,7 @@ void FmExport::tickObject()
         }
     }
     m_lines->tick(rows, true);
-    m_lines->setCurrentRow(static_cast<int>(rows.front()));
-    m_lines->scrollToItem(m_lines->currentItem());
+    m_lines->selectRow(rows.front());
     m_status->showText(
         BilingualText::same(utf8FromCodePage(object.name)) + BilingualText(": ", " : ") +
             counted(rows.size(), {"line ticked", "ligne cochée"}, {"lines ticked", "lignes cochées"}),

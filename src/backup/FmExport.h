@@ -10,6 +10,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QListWidget;
 class QRadioButton;
 
 namespace tavrel {

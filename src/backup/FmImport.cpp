@@ -53,18 +53,18 @@ QTableWidget* makeComparisonTable()
     return table;
 }
 
-TickList::Mark markOf(const ImportRow& row)
+TickList::Mark markOf(const ImportFile& file, std::size_t row)
 {
-    if (!row.applicable()) {
+    if (!file.isApplicable(row)) {
         return TickList::Mark::Refusal;
     }
-    return row.remark.empty() ? TickList::Mark::None : TickList::Mark::Remark;
+    return file.hasRemark(row) ? TickList::Mark::Remark : TickList::Mark::None;
 }
 
 // An import gives the lines a letter; a restore takes them as they are.
 BilingualText targetOf(const ImportFile& file, const CurrentWad& wad)
 {
-    if (file.kind != ExchangeKind::Exchange) {
+    if (file.kind() != ExchangeKind::Exchange) {
         return {};
     }
     return wad.letter.empty() ? BilingualText("No WAD is chosen.", "Aucun WAD n'est choisi.")
@@ -72,9 +72,9 @@ BilingualText targetOf(const ImportFile& file, const CurrentWad& wad)
                                     utf8FromCodePage(wad.letter + " - " + wad.wadName);
 }
 
-const BilingualText& whyMarked(const ImportRow& row)
+BilingualText whyMarked(const ImportFile& file, std::size_t row)
 {
-    return row.applicable() ? row.remark : row.refusal;
+    return file.isApplicable(row) ? file.remark(row) : file.whyRefused(row);
 }
 
 } // namespace
@@ -171,7 +171,7 @@ void FmImport::connectControls()
 {
     connect(m_chooseFile, &QPushButton::clicked, this, &FmImport::chooseFile);
     connect(m_lines, &TickList::ticksChanged, this, &FmImport::linesTicked);
-    connect(m_lines, &QListWidget::itemSelectionChanged, this, &FmImport::selectionChanged);
+    connect(m_lines, &TickList::selectedRowChanged, this, &FmImport::selectionChanged);
     connect(m_samples, &TickList::ticksChanged, this, &FmImport::samplesTicked);
     connect(m_withSamples, &QCheckBox::toggled, this, &FmImport::fillSamples);
     connect(m_comparison, &FoldingPanel::openChanged, this, &FmImport::compare);
@@ -241,6 +241,7 @@ void FmImport::chooseFile()
 
 void FmImport::showNothing()
 {
+    m_lines->clear(); // before the file that its rows are read from
     m_file.reset();
     m_declined.clear();
     m_withSamples->setChecked(false);
@@ -248,7 +249,6 @@ void FmImport::showNothing()
     m_mode->clear();
     m_target->clear();
     m_path->clear();
-    m_lines->clear();
     m_apply->setText(inLanguage(actionOf(ExchangeKind::Exchange)));
     m_apply->setToolTip(m_apply->text());
     m_apply->setEnabled(false);
@@ -259,18 +259,19 @@ void FmImport::showNothing()
 
 void FmImport::showFile()
 {
-    const QString action = inLanguage(actionOf(m_file->kind));
+    const QString action = inLanguage(actionOf(m_file->kind()));
     m_mode->setText(action.toUpper());
     m_target->setText(inLanguage(targetOf(*m_file, m_context.wad)));
     m_apply->setText(action);
     m_apply->setToolTip(action);
     m_apply->setEnabled(true);
-    m_withSamples->setVisible(m_file->samplesFolder.has_value());
-    for (const ImportRow& row : m_file->rows) {
-        m_lines->addRow(fromCodePage(listedText(row)), markOf(row), inLanguage(whyMarked(row)));
-    }
-    if (!m_file->notices.empty()) {
-        m_context.dialogs.show({MessageIcon::Information, actionOf(m_file->kind), listOf(m_file->notices)});
+    m_withSamples->setVisible(m_file->samplesFolder().has_value());
+    m_lines->setRows({m_file->rows(),
+                      [this](std::size_t row) { return fromCodePage(listedText(*m_file, row)); },
+                      [this](std::size_t row) { return markOf(*m_file, row); },
+                      [this](std::size_t row) { return inLanguage(whyMarked(*m_file, row)); }});
+    if (const std::vector<Failure> notices = m_file->notices(); !notices.empty()) {
+        m_context.dialogs.show({MessageIcon::Information, actionOf(m_file->kind()), listOf(notices)});
     }
     m_lines->scrollToTop();
     showCounts();
@@ -283,7 +284,7 @@ void FmImport::linesTicked()
     if (!m_file) {
         return;
     }
-    foresee(*m_file, m_lines->tickedRows(), m_context.catalogue, m_context.wad.letter);
+    m_file->tick(m_lines->tickedRows());
     showMarks();
     showCounts();
     fillSamples();
@@ -291,17 +292,14 @@ void FmImport::linesTicked()
 
 void FmImport::showMarks()
 {
-    for (std::size_t i = 0; i < m_file->rows.size(); ++i) {
-        const ImportRow& row = m_file->rows[i];
-        m_lines->mark(i, markOf(row), inLanguage(whyMarked(row)));
-    }
+    m_lines->showMarks();
     showRemarks();
     compare();
 }
 
 void FmImport::showCounts()
 {
-    m_counts->setText(inLanguage(countOfLines(m_lines->rows(), m_lines->tickedRows().size())));
+    m_counts->setText(inLanguage(countOfLines(m_lines->rows(), m_lines->tickedCount())));
 }
 
 // About the selected line; without one, about all of them.
@@ -316,22 +314,22 @@ void FmImport::showRemarks()
         m_remark->setVisible(!text.empty());
     };
     if (const std::optional<std::size_t> row = m_lines->selectedRow()) {
-        const ImportRow& selected = m_file->rows[*row];
-        say(whyMarked(selected), !selected.applicable());
+        say(whyMarked(*m_file, *row), !m_file->isApplicable(*row));
         return;
     }
-    const auto refused =
-        std::ranges::count_if(m_file->rows, [](const ImportRow& row) { return !row.applicable(); });
-    const auto remarked =
-        std::ranges::count_if(m_file->rows, [](const ImportRow& row) { return !row.remark.empty(); });
+    std::size_t refused = 0;
+    std::size_t remarked = 0;
+    for (std::size_t i = 0; i < m_file->rows(); ++i) {
+        refused += m_file->isApplicable(i) ? 0U : 1U;
+        remarked += m_file->hasRemark(i) ? 1U : 0U;
+    }
     BilingualText text;
     if (refused > 0) {
-        text +=
-            counted(static_cast<std::size_t>(refused), {"line cannot be applied. ", "ligne inapplicable. "},
-                    {"lines cannot be applied. ", "lignes inapplicables. "});
+        text += counted(refused, {"line cannot be applied. ", "ligne inapplicable. "},
+                        {"lines cannot be applied. ", "lignes inapplicables. "});
     }
     if (remarked > 0) {
-        text += counted(static_cast<std::size_t>(remarked), {"line should be checked.", "ligne à vérifier."},
+        text += counted(remarked, {"line should be checked.", "ligne à vérifier."},
                         {"lines should be checked.", "lignes à vérifier."});
     }
     say(text, refused > 0);
@@ -347,17 +345,29 @@ void FmImport::fillSamples()
         return;
     }
     for (const std::size_t row : m_lines->tickedRows()) {
-        const std::vector<std::string> names = offeredSamples(m_file->rows[row]);
-        for (std::size_t i = 0; i < names.size(); ++i) {
-            const bool safe = isSafeSampleName(names[i]);
+        const std::size_t names = offeredSamples(*m_file, row).size();
+        for (std::size_t i = 0; i < names; ++i) {
             m_offered.emplace_back(row, i);
-            m_samples->addRow(fromCodePage(names[i]), safe ? TickList::Mark::None : TickList::Mark::Refusal,
-                              safe ? QString() : inLanguage(unsafeSampleNames({&names[i], 1})),
-                              !m_declined.contains({row, i}));
         }
     }
+    const auto why = [this](std::size_t sample) {
+        const std::string name = offeredName(sample);
+        return isSafeSampleName(name) ? QString() : inLanguage(unsafeSampleNames({&name, 1}));
+    };
+    const auto mark = [this](std::size_t sample) {
+        return isSafeSampleName(offeredName(sample)) ? TickList::Mark::None : TickList::Mark::Refusal;
+    };
+    m_samples->setRows({m_offered.size(),
+                        [this](std::size_t sample) { return fromCodePage(offeredName(sample)); }, mark, why,
+                        [this](std::size_t sample) { return !m_declined.contains(m_offered[sample]); }});
     m_samples->scrollToTop();
     showSampleCounts();
+}
+
+std::string FmImport::offeredName(std::size_t sample) const
+{
+    const auto& [row, place] = m_offered.at(sample);
+    return offeredSamples(*m_file, row).at(place);
 }
 
 void FmImport::samplesTicked()
@@ -374,8 +384,7 @@ void FmImport::samplesTicked()
 
 void FmImport::showSampleCounts()
 {
-    m_sampleCounts->setText(
-        QString("%1 / %2 samples").arg(m_samples->tickedRows().size()).arg(m_samples->rows()));
+    m_sampleCounts->setText(QString("%1 / %2 samples").arg(m_samples->tickedCount()).arg(m_samples->rows()));
 }
 
 void FmImport::selectionChanged()
@@ -393,7 +402,7 @@ void FmImport::compare()
     }
     const std::optional<std::size_t> row = m_lines->selectedRow();
     const std::vector<FieldComparison> fields =
-        compareWithCatalogue(row ? m_file->rows[*row] : ImportRow(), m_context.catalogue);
+        compareWithCatalogue(m_file ? &*m_file : nullptr, row, m_context.catalogue);
     m_table->setColumnCount(static_cast<int>(fields.size()));
     for (int column = 0; column < m_table->columnCount(); ++column) {
         const FieldComparison& field = fields[static_cast<std::size_t>(column)];
@@ -417,14 +426,13 @@ void FmImport::play()
     if (!row) {
         return;
     }
-    const ImportRow& selected = m_file->rows[*row];
-    const std::optional<SoundLine> record = recordOf(selected);
+    const std::optional<SoundLine> record = m_file->record(*row);
     if (!record || record->sampleCount() == 0) {
         return;
     }
     const std::string& name = record->Samples.front();
-    const std::filesystem::path folder = m_file->samplesFolder && findSample(*m_file->samplesFolder, name)
-                                             ? *m_file->samplesFolder
+    const std::filesystem::path folder = m_file->samplesFolder() && findSample(*m_file->samplesFolder(), name)
+                                             ? *m_file->samplesFolder()
                                              : m_context.places.samples;
     const Problem problem = PlaySample(m_context.player, folder, name, m_context.dialogs);
     m_status->showText(problem ? problem->text : BilingualText(), m_context.language);
@@ -432,11 +440,9 @@ void FmImport::play()
 
 void FmImport::apply()
 {
-    ImportRequest request{*m_file, m_lines->tickedRows(),   m_context.wad, m_withSamples->isChecked(),
-                          {},      m_context.places.samples};
-    for (const std::size_t i : m_samples->tickedRows()) {
-        const auto& [row, name] = m_offered[i];
-        request.samples.push_back(offeredSamples(m_file->rows[row])[name]);
+    ImportRequest request{*m_file, m_context.wad, m_withSamples->isChecked(), {}, m_context.places.samples};
+    for (const std::size_t sample : m_samples->tickedRows()) {
+        request.samples.push_back(offeredName(sample));
     }
     if (!confirmImport(request, m_context.dialogs)) {
         return;
@@ -447,8 +453,8 @@ void FmImport::apply()
     }();
     m_importDone = m_importDone || outcome.linesApplied;
     if (outcome.linesApplied) {
-        m_importedLines += request.rows.size();
-        markApplied(*m_file, request.rows, m_context.catalogue, m_context.wad.letter);
+        m_importedLines += m_file->tickedRows();
+        m_file->markApplied();
     }
     if (outcome.report) {
         m_context.dialogs.show(*outcome.report);

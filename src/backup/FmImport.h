@@ -46,6 +46,7 @@ private:
     void showCounts();
     void showRemarks();
     void fillSamples();
+    std::string offeredName(std::size_t sample) const;
     void showSampleCounts();
     void samplesTicked();
     void selectionChanged();

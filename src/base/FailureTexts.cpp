@@ -117,15 +117,28 @@ BilingualText listOfNumbers(std::span<const std::size_t> numbers)
 
 BilingualText listOf(const std::vector<Failure>& notices)
 {
-    BilingualText text;
-    for (std::size_t i = 0; i < std::min(notices.size(), mostShown); ++i) {
-        text += (i == 0 ? BilingualText() : BilingualText::same("\n\n")) + notices[i].text;
+    NoticeList list;
+    for (const Failure& notice : notices) {
+        list.add(notice.text);
     }
-    if (notices.size() > mostShown) {
-        const std::string rest = std::to_string(notices.size() - mostShown);
-        text += BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " de plus.");
+    return list.text();
+}
+
+void NoticeList::add(const BilingualText& notice)
+{
+    if (m_count < mostShown) {
+        m_first += (m_count == 0 ? BilingualText() : BilingualText::same("\n\n")) + notice;
     }
-    return text;
+    ++m_count;
+}
+
+BilingualText NoticeList::text() const
+{
+    if (m_count <= mostShown) {
+        return m_first;
+    }
+    const std::string rest = std::to_string(m_count - mostShown);
+    return m_first + BilingualText("\n\n... and " + rest + " more.", "\n\n... et " + rest + " de plus.");
 }
 
 } // namespace tavrel

@@ -26,6 +26,19 @@ Failure wrongLine(const std::filesystem::path& file, std::size_t line, const Bil
 // The first of them, an empty line between each two, and how many more there are.
 BilingualText listOf(const std::vector<Failure>& notices);
 
+// Such a list while it grows: what is not shown is counted, and kept nowhere.
+class NoticeList
+{
+public:
+    void add(const BilingualText& notice);
+    bool empty() const { return m_count == 0; }
+    BilingualText text() const;
+
+private:
+    BilingualText m_first;
+    std::size_t m_count = 0;
+};
+
 // "3, 17, 20", the first of them.
 BilingualText listOfNumbers(std::span<const std::size_t> numbers);
 

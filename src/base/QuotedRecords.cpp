@@ -25,7 +25,8 @@ bool isBetweenQuotes(std::string_view text)
 
 struct TakenField
 {
-    ListedValue value;
+    std::string_view text;
+    bool wrong = false;
     bool quoted = false;
     bool isLast = false;
 };
@@ -49,13 +50,13 @@ std::optional<TakenField> takeField(std::string_view& rest)
     const std::string_view field = trimmed(rest.substr(0, comma));
     rest = isLast ? std::string_view() : rest.substr(comma + 1);
     if (!quoted) {
-        return TakenField{{std::string(field)}, false, isLast};
+        return TakenField{field, false, false, isLast};
     }
     const std::string_view text = field.substr(1, field.size() - 2);
     if (field.back() != '"' || text.find('"') != std::string_view::npos) {
-        return TakenField{{std::string(field), true}, true, isLast};
+        return TakenField{field, true, true, isLast};
     }
-    return TakenField{{std::string(text)}, true, isLast};
+    return TakenField{text, false, true, isLast};
 }
 
 } // namespace
@@ -65,11 +66,11 @@ std::optional<std::vector<RecordField>> splitRecord(std::string_view line)
     std::vector<RecordField> fields;
     bool isLast = false;
     while (!isLast) {
-        std::optional<TakenField> taken = takeField(line);
-        if (!taken || taken->value.wrong) {
+        const std::optional<TakenField> taken = takeField(line);
+        if (!taken || taken->wrong) {
             return std::nullopt;
         }
-        fields.push_back({std::move(taken->value.text), taken->quoted});
+        fields.push_back({std::string(taken->text), taken->quoted});
         isLast = taken->isLast;
     }
     return fields;
@@ -80,11 +81,11 @@ std::optional<std::vector<ListedValue>> splitList(std::string_view line)
     std::vector<ListedValue> values;
     bool isLast = false;
     while (!isLast) {
-        std::optional<TakenField> taken = takeField(line);
+        const std::optional<TakenField> taken = takeField(line);
         if (!taken) {
             return std::nullopt;
         }
-        values.push_back(std::move(taken->value));
+        values.push_back({std::string(taken->text), taken->wrong});
         isLast = taken->isLast;
     }
     return values;
@@ -118,7 +119,7 @@ std::optional<RegisterRecord> splitRegisterRecord(std::string_view line)
 std::optional<ExchangeFields> splitExchangeRecord(std::string_view line)
 {
     const std::optional<TakenField> number = takeField(line);
-    if (!number || number->value.wrong || number->isLast) {
+    if (!number || number->wrong || number->isLast) {
         return std::nullopt;
     }
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
@@ -126,12 +127,12 @@ std::optional<ExchangeFields> splitExchangeRecord(std::string_view line)
         if (!isBetweenQuotes(line)) {
             return std::nullopt;
         }
-        return ExchangeFields{number->value.text, std::string(line.substr(1, line.size() - 2))};
+        return ExchangeFields{number->text, line.substr(1, line.size() - 2)};
     }
     if (line.find(',') != std::string_view::npos) {
         return std::nullopt;
     }
-    return ExchangeFields{number->value.text, std::string(line)};
+    return ExchangeFields{number->text, line};
 }
 
 std::optional<RecordField> readSettingsValue(std::string_view line)

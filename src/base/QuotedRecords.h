@@ -46,8 +46,8 @@ std::optional<RegisterRecord> splitRegisterRecord(std::string_view line);
 // Without its quotes a text ends at a comma, and nothing may follow.
 struct ExchangeFields
 {
-    std::string number;
-    std::string text;
+    std::string_view number; // both in the line
+    std::string_view text;
 };
 std::optional<ExchangeFields> splitExchangeRecord(std::string_view line);
 

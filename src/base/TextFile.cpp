@@ -4,6 +4,7 @@
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
 
@@ -94,17 +95,23 @@ Result<FileContent> readFile(const fs::path& file, std::uintmax_t largest)
     return content;
 }
 
+std::optional<std::string_view> takeLine(std::string_view& rest)
+{
+    if (rest.empty()) {
+        return std::nullopt;
+    }
+    const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
+    rest.remove_prefix(line.size());
+    rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(rest.size(), 1));
+    return line;
+}
+
 std::vector<std::string_view> TextFile::lines() const
 {
     std::vector<std::string_view> result;
     std::string_view rest = text;
-    while (!rest.empty()) {
-        const std::size_t end = rest.find_first_of("\r\n");
-        result.push_back(rest.substr(0, end));
-        if (end == std::string_view::npos) {
-            break;
-        }
-        rest.remove_prefix(end + (rest.substr(end).starts_with("\r\n") ? 2 : 1));
+    while (const std::optional<std::string_view> line = takeLine(rest)) {
+        result.push_back(*line);
     }
     return result;
 }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -24,6 +25,10 @@ struct FileStamp
 // FNV-1a: quick, and two versions of one text file practically never share it.
 std::uint64_t hashOf(std::string_view bytes);
 FileStamp stampOf(std::string_view bytes);
+
+// Takes the first line from the front of a text, without its end. CR LF, LF and a lone CR end a line; nothing
+// after the last end is no line.
+std::optional<std::string_view> takeLine(std::string_view& rest);
 
 struct FileContent
 {
@@ -49,9 +54,7 @@ struct TextFile
     bool hadByteOrderMark = false;
     FileStamp stamp;
 
-    // The lines without their ends. CR LF, LF and a lone CR end a line; nothing after the last end is no
-    // line.
-    std::vector<std::string_view> lines() const;
+    std::vector<std::string_view> lines() const; // as takeLine() finds them
 };
 
 Result<TextFile> readTextFile(const std::filesystem::path& file, std::uintmax_t largest = largestOther);

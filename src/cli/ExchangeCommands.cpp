@@ -101,54 +101,49 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
     return status;
 }
 
-BilingualText inRow(const ImportRow& row, const BilingualText& text)
+BilingualText inRow(const ImportFile& file, std::size_t row, const BilingualText& text)
 {
-    return BilingualText::same(std::to_string(row.id) + " " + shownLine(row.line) + "\n") + text;
+    return BilingualText::same(std::to_string(file.id(row)) + " " + shownLine(file.line(row)) + "\n") + text;
 }
 
-// The rows that can be applied; messages about the others.
-std::vector<std::size_t> applicableRows(const ImportFile& file, Console& console)
+// About the rows that cannot be applied or should be looked at.
+void tellRows(const ImportFile& file, Console& console)
 {
-    std::vector<std::size_t> rows;
-    std::vector<Failure> refusals;
-    std::vector<Failure> remarks;
-    for (std::size_t i = 0; i < file.rows.size(); ++i) {
-        const ImportRow& row = file.rows[i];
-        if (!row.applicable()) {
-            refusals.push_back({inRow(row, row.refusal)});
-            continue;
-        }
-        rows.push_back(i);
-        if (!row.remark.empty()) {
-            remarks.push_back({inRow(row, row.remark)});
+    NoticeList refusals;
+    NoticeList remarks;
+    for (std::size_t i = 0; i < file.rows(); ++i) {
+        if (!file.isApplicable(i)) {
+            refusals.add(inRow(file, i, file.whyRefused(i)));
+        } else if (file.hasRemark(i)) {
+            remarks.add(inRow(file, i, file.remark(i)));
         }
     }
     if (!remarks.empty()) {
-        console.dialogs.say(listOf(remarks));
+        console.dialogs.say(remarks.text());
     }
     if (!refusals.empty()) {
-        console.dialogs.refuse(listOf(refusals));
+        console.dialogs.refuse(refusals.text());
     }
-    return rows;
 }
 
-bool agreesToTheOthers(const ImportFile& file, std::size_t applicable, Console& console)
+bool agreesToTheOthers(const ImportFile& file, Console& console)
 {
+    const std::size_t applicable = file.tickedRows();
     const Question question{
-        actionOf(file.kind),
+        actionOf(file.kind()),
         counted(
-            file.rows.size() - applicable,
+            file.rows() - applicable,
             {"line cannot be applied. Apply the others?", "ligne inapplicable. Appliquer les autres ?"},
             {"lines cannot be applied. Apply the others?", "lignes inapplicables. Appliquer les autres ?"}),
         Buttons::YesNo, true};
-    return applicable == file.rows.size() || (applicable > 0 && console.dialogs.ask(question) == Answer::Yes);
+    return applicable == file.rows() || (applicable > 0 && console.dialogs.ask(question) == Answer::Yes);
 }
 
-std::vector<std::string> samplesOf(const ImportFile& file, const std::vector<std::size_t>& rows)
+std::vector<std::string> offeredSamples(const ImportFile& file)
 {
     std::vector<std::string> names;
-    for (const std::size_t row : rows) {
-        const std::vector<std::string> offered = offeredSamples(file.rows[row]);
+    for (std::size_t row = 0; row < file.rows(); ++row) {
+        const std::vector<std::string> offered = offeredSamples(file, row);
         names.insert(names.end(), offered.begin(), offered.end());
     }
     return names;
@@ -167,14 +162,14 @@ ExitStatus importInto(Session& session, const ImportRequest& request,
     if (applied != ExitStatus::Done) {
         return applied;
     }
-    const std::size_t count = request.rows.size();
-    console.dialogs.say(request.file.kind == ExchangeKind::Backup
+    const std::size_t count = request.file.tickedRows();
+    console.dialogs.say(request.file.kind() == ExchangeKind::Backup
                             ? counted(count, {"line restored.", "ligne restaurée."},
                                       {"lines restored.", "lignes restaurées."})
                             : counted(count, {"line imported.", "ligne importée."},
                                       {"lines imported.", "lignes importées."}));
     SilentProgress progress;
-    const ImportOutcome samples = copyImportedSamples(request, progress);
+    const ImportOutcome samples = copyImportedSamples(session.catalogue(), request, progress);
     const ExitStatus status = tell(samples.report, console);
     return samples.complete ? status : ExitStatus::FileFailure;
 }
@@ -191,7 +186,7 @@ ExitStatus tellImport(Session& session, const ImportRequest& request, Console& c
         console.dialogs.say(describe(change));
     }
     const std::string changed = std::to_string(changes.size());
-    console.dialogs.say(counted(request.rows.size(), {"line would come in, ", "ligne serait reprise, "},
+    console.dialogs.say(counted(request.file.tickedRows(), {"line would come in, ", "ligne serait reprise, "},
                                 {"lines would come in, ", "lignes seraient reprises, "}) +
                         BilingualText(changed + " of the catalogue's would change. Nothing is written.",
                                       changed + " du catalogue changeraient. Rien n'a été écrit."));
@@ -222,10 +217,10 @@ std::optional<ImportFile> fileToImport(const ExchangeArguments& arguments, const
         console.dialogs.fail(file.failure());
         return std::nullopt;
     }
-    if (!file->notices.empty()) {
-        console.dialogs.say(listOf(file->notices));
+    if (const std::vector<Failure> notices = file->notices(); !notices.empty()) {
+        console.dialogs.say(listOf(notices));
     }
-    if (arguments.withSamples && !file->samplesFolder) {
+    if (arguments.withSamples && !file->samplesFolder()) {
         console.dialogs.fail(wrongContent(
             arguments.file, {"No samples come with the file.", "Aucun sample n'accompagne le fichier."}));
         return std::nullopt;
@@ -256,14 +251,14 @@ ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
     if (arguments.withSamples) {
         tellCutRestores(session->places(), console);
     }
-    std::vector<std::size_t> rows = applicableRows(*file, console);
-    const std::vector<std::string> samples = samplesOf(*file, rows);
-    const ImportRequest request{*file,   std::move(rows),          *wad, arguments.withSamples,
-                                samples, session->places().samples};
+    tellRows(*file, console);
+    const ImportRequest request{*file, *wad, arguments.withSamples,
+                                arguments.withSamples ? offeredSamples(*file) : std::vector<std::string>(),
+                                session->places().samples};
     if (arguments.dryRun) {
         return tellImport(*session, request, console);
     }
-    if (!agreesToTheOthers(*file, request.rows.size(), console) || !confirmImport(request, console.dialogs)) {
+    if (!agreesToTheOthers(*file, console) || !confirmImport(request, console.dialogs)) {
         return ExitStatus::Refused;
     }
     // The WAD of the letter is the one that is worked on, whatever the settings say.

@@ -6,17 +6,16 @@
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
+#include "ui/TickList.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
-#include <QStyle>
-#include <QStyleOptionViewItem>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <vector>
 
 namespace tavrel {
 
@@ -29,7 +28,7 @@ const BilingualText& title = titles::manageDoubles;
 FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder,
                std::span<const std::size_t> protectedNumbers, const ColourScheme& colours, Language language,
                Dialogs& dialogs)
-    : TitledWindow(parent), m_dialogs(dialogs), m_list(makeFixedPitchList("LiDoub")),
+    : TitledWindow(parent), m_dialogs(dialogs), m_list(new TickList("LiDoub")),
       m_tickAll(makeButton("CdTickAll", Glyph::Accept)),
       m_untickAll(makeButton("CdUntickAll", Glyph::RemoveItem)), m_ok(makeButton("CdOK", Glyph::Apply)),
       m_close(makeButton("CdClose", Glyph::Close))
@@ -40,8 +39,8 @@ FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder,
     layOut();
     paintWith(*m_list, colours.slots[ColourScheme::mainWindowSlot]);
     showCaptions(language);
-    connect(m_tickAll, &QPushButton::clicked, this, [this] { tickAll(true); });
-    connect(m_untickAll, &QPushButton::clicked, this, [this] { tickAll(false); });
+    connect(m_tickAll, &QPushButton::clicked, this, [this] { m_list->tickAll(true); });
+    connect(m_untickAll, &QPushButton::clicked, this, [this] { m_list->tickAll(false); });
     connect(m_ok, &QPushButton::clicked, this, &FmDoub::apply);
     connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
     Result<DoublesRegister> loaded = DoublesRegister::load(programFolder);
@@ -49,7 +48,8 @@ FmDoub::FmDoub(QWidget* parent, const std::filesystem::path& programFolder,
         m_register = std::move(*loaded);
     }
     fillList(protectedNumbers, language);
-    findChild<QLabel*>("LbColumns")->setIndent(textIndent());
+    m_list->ensurePolished(); // the style sheet sets frame and padding
+    findChild<QLabel*>("LbColumns")->setIndent(m_list->textStart());
     for (QPushButton* const button : {m_tickAll, m_untickAll, m_ok}) {
         button->setEnabled(m_register.has_value());
     }
@@ -108,47 +108,35 @@ void FmDoub::showCaptions(Language language)
     setWindowTitle(inLanguage(title, language));
 }
 
-// Where the rows' texts begin, behind the tick boxes.
-int FmDoub::textIndent() const
-{
-    m_list->ensurePolished(); // the style sheet sets frame and padding
-    QStyleOptionViewItem option;
-    option.initFrom(m_list->viewport());
-    option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
-    option.font = m_list->font();
-    option.text = "0";
-    option.rect = QRect(0, 0, 200, 20);
-    const QRect text = m_list->style()->subElementRect(QStyle::SE_ItemViewItemText, &option, m_list);
-    const int margin = m_list->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, m_list) + 1;
-    return m_list->frameWidth() + text.left() + margin;
-}
-
 void FmDoub::fillList(std::span<const std::size_t> protectedNumbers, Language language)
 {
-    const BilingualText neverTakesPart("Protected sound: it never takes part, ticked or not",
-                                       "Son protégé : il ne participe jamais, coché ou non");
-    for (std::size_t i = 0; m_register && i < m_register->size(); ++i) {
-        auto* const item = new QListWidgetItem(fromCodePage(m_register->row(i)), m_list);
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setCheckState(m_register->isTicked(i) ? Qt::Checked : Qt::Unchecked);
-        if (std::ranges::find(protectedNumbers, m_register->number(i)) != protectedNumbers.end()) {
-            item->setToolTip(inLanguage(neverTakesPart, language));
-        }
+    const QString neverTakesPart =
+        inLanguage(BilingualText("Protected sound: it never takes part, ticked or not",
+                                 "Son protégé : il ne participe jamais, coché ou non"),
+                   language);
+    const auto why = [this, neverTakesPart,
+                      numbers =
+                          std::vector(protectedNumbers.begin(), protectedNumbers.end())](std::size_t row) {
+        return std::ranges::find(numbers, m_register->number(row)) != numbers.end() ? neverTakesPart
+                                                                                    : QString();
+    };
+    if (!m_register) {
+        return;
     }
-    m_list->setCurrentRow(0);
-}
-
-void FmDoub::tickAll(bool ticked)
-{
-    for (int row = 0; m_register && row < m_list->count(); ++row) {
-        m_list->item(row)->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+    m_list->setRows({m_register->size(),
+                     [this](std::size_t row) { return fromCodePage(m_register->row(row)); },
+                     {},
+                     why,
+                     [this](std::size_t row) { return m_register->isTicked(row); }});
+    if (m_list->rows() > 0) {
+        m_list->selectRow(0);
     }
 }
 
 void FmDoub::apply()
 {
     for (std::size_t i = 0; i < m_register->size(); ++i) {
-        m_register->tick(i, m_list->item(static_cast<int>(i))->checkState() == Qt::Checked);
+        m_register->tick(i, m_list->isTicked(i));
     }
     if (const Problem problem = m_register->save()) {
         m_dialogs.show({MessageIcon::Exclamation, title, problem->text});

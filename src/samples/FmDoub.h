@@ -11,10 +11,11 @@
 #include <optional>
 #include <span>
 
-class QListWidget;
 class QPushButton;
 
 namespace tavrel {
+
+class TickList;
 
 // Which of the sounds that share samples take part in an import. Accepted when the register was written.
 class FmDoub : public TitledWindow
@@ -29,15 +30,13 @@ public:
 
 private:
     void layOut();
-    int textIndent() const;
     void showCaptions(Language language);
     void fillList(std::span<const std::size_t> protectedNumbers, Language language);
-    void tickAll(bool ticked);
     void apply();
 
     std::optional<DoublesRegister> m_register; // none when it could not be read
     Dialogs& m_dialogs;
-    QListWidget* m_list;
+    TickList* m_list;
     QPushButton* m_tickAll;
     QPushButton* m_untickAll;
     QPushButton* m_ok;

@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <numeric>
+#include <random>
 
 using namespace tavrel;
 namespace fs = std::filesystem;
@@ -66,17 +66,7 @@ protected:
         return std::move(*file);
     }
 
-    static std::vector<std::size_t> allRows(const ImportFile& file)
-    {
-        std::vector<std::size_t> rows(file.rows.size());
-        std::iota(rows.begin(), rows.end(), std::size_t{0});
-        return rows;
-    }
-
-    ImportRequest request(const ImportFile& file)
-    {
-        return {file, allRows(file), wad, false, {}, root / "target"};
-    }
+    ImportRequest request(const ImportFile& file) { return {file, wad, false, {}, root / "target"}; }
 
     Names lines() const
     {
@@ -134,38 +124,34 @@ TEST_F(ImportFiles, MarksWhatCannotBeAppliedAndWhatIsOdd)
                     {"A \"#\" stands in a name", ""},               // of the catalogue's line
                     {"A sound line cannot hold more than 50", ""}}; // once letters stand behind the last
     const ImportFile file = read("a.tox", records);
-    ASSERT_EQ(file.rows.size(), std::size(imported));
-    for (std::size_t i = 0; i < file.rows.size(); ++i) {
+    ASSERT_EQ(file.rows(), std::size(imported));
+    for (std::size_t i = 0; i < file.rows(); ++i) {
         const auto& [refusal, remark] = imported[i];
-        EXPECT_TRUE(file.rows[i].refusal.english.starts_with(refusal)) << file.rows[i].refusal.english;
-        EXPECT_EQ(file.rows[i].applicable(), *refusal == '\0') << i;
-        EXPECT_TRUE(file.rows[i].remark.english.starts_with(remark)) << file.rows[i].remark.english;
-        EXPECT_EQ(file.rows[i].remark.empty(), *remark == '\0') << i << file.rows[i].remark.english;
+        EXPECT_TRUE(file.whyRefused(i).english.starts_with(refusal)) << file.whyRefused(i).english;
+        EXPECT_EQ(file.isApplicable(i), *refusal == '\0') << i;
+        EXPECT_EQ(file.isTicked(i), *refusal == '\0') << i;
+        EXPECT_TRUE(file.remark(i).english.starts_with(remark)) << file.remark(i).english;
+        EXPECT_EQ(file.hasRemark(i), *remark != '\0') << i << file.remark(i).english;
     }
     // A backup does not cut its lines.
     const ImportFile backup = read("a.tob", records);
-    EXPECT_TRUE(backup.rows[5].applicable() && backup.rows[6].applicable());
-    EXPECT_FALSE(backup.rows[1].applicable() || backup.rows[4].applicable() || backup.rows[7].applicable());
+    EXPECT_TRUE(backup.isApplicable(5) && backup.isApplicable(6));
+    EXPECT_FALSE(backup.isApplicable(1) || backup.isApplicable(4) || backup.isApplicable(7));
 }
 
-TEST_F(ImportFiles, AppliesTheTickedRowsOrNone)
+TEST_F(ImportFiles, AppliesTheTickedRows)
 {
-    const ImportFile file = read("a.tox", {"\"1\",\"B:>one>VOL10>\"", "\"2\",\"C:>x>VOL10>#z\"",
-                                           "\"1\",\"B:>two>VOL20>#q\"", "\"9\",\"Z:>z>\""});
+    ImportFile file = read("a.tox", {"\"1\",\"B:>one>VOL10>\"", "\"2\",\"C:>x>VOL10>#z\"",
+                                     "\"1\",\"B:>two>VOL20>#q\"", "\"9\",\"Z:>z>\""});
     const Names before = lines();
-    ImportRequest everything = request(file);
-    const ImportOutcome refused = applyImport(catalogue, everything, progress);
-    EXPECT_FALSE(refused.linesApplied);
-    EXPECT_TRUE(refused.report);
-    EXPECT_EQ(lines(), before);
+    file.tick({});
+    EXPECT_TRUE(applyImport(catalogue, request(file), progress).complete);
     EXPECT_FALSE(catalogue.differsFromFile());
 
-    everything.rows = {};
-    EXPECT_TRUE(applyImport(catalogue, everything, progress).complete);
-    EXPECT_FALSE(catalogue.differsFromFile());
-
-    everything.rows = {0, 2}; // the second builds on the first
-    EXPECT_TRUE(applyImport(catalogue, everything, progress).complete);
+    const std::vector<std::size_t> ticked = {0, 2, 3}; // the second builds on the first, the last cannot be
+    file.tick(ticked);
+    EXPECT_EQ(file.tickedRows(), 2U);
+    EXPECT_TRUE(applyImport(catalogue, request(file), progress).complete);
     EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>two>VOL20>#b #oa"));
     EXPECT_EQ(catalogue.currentLine(2), before[2]);
     EXPECT_TRUE(catalogue.differsFromFile());
@@ -175,33 +161,64 @@ TEST_F(ImportFiles, AppliesTheTickedRowsOrNone)
     EXPECT_EQ(catalogue.currentLine(2), withTabs("C:>x>VOL10>#z>behind "));
 }
 
-TEST_F(ImportFiles, ARowBuildsOnTheTickedOnesBefore)
+// The other way to the same lines: one row after the other, each merged with what stands in the catalogue.
+TEST_F(ImportFiles, WhatIsShownIsWhatAnImportRowByRowMakes)
 {
-    ImportFile file = read("a.tox", {"\"2\",\"NEW:>x>VOL10>#z\"", "\"2\",\"NEW:>y>VOL20>P\""});
-    EXPECT_EQ(file.rows[1].result, withTabs("NEW:>y>VOL20>P#z #oa"));
-    EXPECT_TRUE(file.rows[1].remark.english.starts_with("The catalogue has [C] here"));
-    const std::vector<std::size_t> second = {1};
-    foresee(file, second, catalogue, "oa");
-    EXPECT_EQ(file.rows[1].result, withTabs("NEW:>y>VOL20>P #oa"));
-    EXPECT_TRUE(file.rows[1].remark.english.starts_with("The catalogue has [C] here"));
+    const Names lineTexts = {"B:>one>VOL10>", "B:>two>VOL20>#q", "C:>x>VOL10>#z", "C:>y#", "A:>a>"};
+    std::mt19937 random(7);
+    for (int run = 0; run < 200; ++run) {
+        Names records;
+        std::vector<std::size_t> ticked;
+        for (std::size_t i = 0; i < 8; ++i) {
+            records.push_back("\"" + std::to_string(random() % 4) + "\",\"" +
+                              lineTexts[random() % lineTexts.size()] + "\"");
+            if (random() % 2 == 0) {
+                ticked.push_back(i);
+            }
+        }
+        ImportFile file = read("a.tox", records);
+        file.tick(ticked);
+        SoundCatalogue expected = catalogue;
+        for (std::size_t i = 0; i < file.rows(); ++i) {
+            if (!file.isApplicable(i)) {
+                continue;
+            }
+            const auto number = static_cast<std::size_t>(file.id(i));
+            const std::string merged = mergedLine(file.line(i), expected.currentLine(number), "oa");
+            EXPECT_EQ(file.result(i), merged) << records[i];
+            if (file.isTicked(i)) {
+                ASSERT_FALSE(expected.setCurrentLine(number, merged));
+            }
+        }
+        SoundCatalogue imported = catalogue;
+        ASSERT_TRUE(importLines(imported, request(file)).linesApplied);
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(imported.currentLine(i), expected.currentLine(i));
+        }
+    }
+}
 
-    file = read("b.tox", {"\"2\",\"C:>x>VOL10>#z\"", "\"2\",\"C:>y>VOL20>P\""});
-    EXPECT_TRUE(file.rows[1].remark.english.starts_with("With the letters after it"));
-    foresee(file, second, catalogue, "oa");
-    EXPECT_EQ(file.rows[1].remark.english, "");
+TEST_F(ImportFiles, TheRemarksFollowTheTicks)
+{
+    ImportFile file = read("b.tox", {"\"2\",\"C:>x>VOL10>#z\"", "\"2\",\"C:>y>VOL20>P\""});
+    EXPECT_TRUE(file.remark(1).english.starts_with("With the letters after it"));
+    const std::vector<std::size_t> second = {1};
+    file.tick(second);
+    EXPECT_EQ(file.remark(1).english, "");
 }
 
 TEST_F(ImportFiles, WhatIsAppliedIsNotMergedAgain)
 {
     ImportFile file = read("a.tox", {"\"2\",\"C:>x>VOL10>P\"", "\"1\",\"B:>y>VOL20>\""});
-    ImportRequest asked = request(file);
-    asked.rows = {0};
-    ASSERT_TRUE(importLines(catalogue, asked).linesApplied);
-    markApplied(file, asked.rows, catalogue, "oa");
-    asked.rows = {0, 1};
-    ASSERT_TRUE(importLines(catalogue, asked).linesApplied);
+    const std::vector<std::size_t> first = {0};
+    const std::vector<std::size_t> both = {0, 1};
+    file.tick(first);
+    ASSERT_TRUE(importLines(catalogue, request(file)).linesApplied);
+    file.markApplied();
+    file.tick(both);
+    ASSERT_TRUE(importLines(catalogue, request(file)).linesApplied);
     EXPECT_EQ(catalogue.currentLine(2), withTabs("C:>x>VOL10>P #oa"));
-    EXPECT_EQ(file.rows[0].result, catalogue.currentLine(2));
+    EXPECT_EQ(file.result(0), catalogue.currentLine(2));
     EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>y>VOL20>#b #oa")) << "what was ticked later comes in";
 }
 
@@ -240,22 +257,21 @@ TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
     writeBytes(root / "A_SAMPLES" / "one.wav", "new");
     writeBytes(root / "A_SAMPLES" / "two.wav", "new");
     writeBytes(root / "target" / "ONE.wav", "old");
-    const ImportFile file = read("a.tox", {"\"1\",\"B:>one two con>VOL10>\"", "\"7\",\"Z:>gone>\""});
-    ASSERT_TRUE(file.samplesFolder);
-    EXPECT_TRUE(fs::equivalent(*file.samplesFolder, root / "A_SAMPLES"));
-    EXPECT_EQ(offeredSamples(file.rows[0]), (Names{"one", "two", "con"}));
-    EXPECT_EQ(offeredSamples(file.rows[1]), Names());
-    EXPECT_FALSE(read("a.tob", {}).samplesFolder);
+    ImportFile file = read("a.tox", {"\"1\",\"B:>one two con>VOL10>\"", "\"7\",\"Z:>gone>\""});
+    ASSERT_TRUE(file.samplesFolder());
+    EXPECT_TRUE(fs::equivalent(*file.samplesFolder(), root / "A_SAMPLES"));
+    EXPECT_EQ(offeredSamples(file, 0), (Names{"one", "two", "con"}));
+    EXPECT_EQ(offeredSamples(file, 1), Names());
+    EXPECT_FALSE(read("a.tob", {}).samplesFolder());
     const ImportFile alone = read("ab.tox", {});
-    EXPECT_FALSE(alone.samplesFolder);
+    EXPECT_FALSE(alone.samplesFolder());
     ImportRequest inVain = request(alone);
     inVain.withSamples = true;
     EXPECT_FALSE(applyImport(catalogue, inVain, progress).complete);
 
     ImportRequest asked = request(file);
-    asked.rows = {0};
     asked.withSamples = true;
-    asked.samples = offeredSamples(file.rows[0]);
+    asked.samples = offeredSamples(file, 0);
     ScriptedProgress stopping(1);
     const ImportOutcome cancelled = applyImport(catalogue, asked, stopping);
     EXPECT_TRUE(cancelled.linesApplied && !cancelled.complete);
@@ -267,6 +283,7 @@ TEST_F(ImportFiles, CopiesTheSamplesBehindTheLines)
     };
     expectTarget({"one.wav"});
 
+    file.markApplied();
     const ImportOutcome complete = applyImport(catalogue, asked, progress);
     EXPECT_TRUE(complete.complete);
     EXPECT_TRUE(complete.report->text.english.ends_with("[con]"));
@@ -300,7 +317,7 @@ TEST_F(ImportFiles, ReadingChangesNothingOnTheDisk)
     for (const char* name : {"a.tox", "b.tox", "linked.tox", "a.tob"}) {
         const Result<ImportFile> file = readImportFile(root / name, catalogue, "oa");
         ASSERT_TRUE(file);
-        EXPECT_EQ(file->samplesFolder.has_value(), file->kind == ExchangeKind::Exchange) << name;
+        EXPECT_EQ(file->samplesFolder().has_value(), file->kind() == ExchangeKind::Exchange) << name;
     }
     EXPECT_EQ(tree(), before);
 }
@@ -310,7 +327,7 @@ TEST_F(ImportFiles, ComparesAFileLineWithTheCataloguesLine)
 {
     const ImportFile file = read("a.tox", {"\"1\",\"B:>bell two>VOL10>>#z\"", "\"9\",\"Z:>z>\""});
     std::string differing;
-    for (const FieldComparison& field : compareWithCatalogue(file.rows[0], catalogue)) {
+    for (const FieldComparison& field : compareWithCatalogue(&file, 0, catalogue)) {
         if (field.differs) {
             differing += field.field.english + ": " + field.values[0] + " | " + field.values[1] + " | " +
                          field.values[2] + "\n";
@@ -318,7 +335,7 @@ TEST_F(ImportFiles, ComparesAFileLineWithTheCataloguesLine)
     }
     EXPECT_EQ(differing,
               "Samples: bell two | bell | bell two\nVOL: VOL10 | VOL44 | VOL10\nLetters: #z | #b | #b #oa\n");
-    const std::vector<FieldComparison> beyond = compareWithCatalogue(file.rows[1], catalogue);
+    const std::vector<FieldComparison> beyond = compareWithCatalogue(&file, 1, catalogue);
     EXPECT_EQ(beyond.front().values, (std::array<std::string, 3>{"Z:", "", ""}));
     EXPECT_FALSE(beyond.front().differs);
 }
@@ -359,12 +376,10 @@ TEST(ExchangeRoundTrip, ABackupBringsEveryByteBack)
     fs::copy_file(file, folders.root / "all.tox");
     const Result<ImportFile> exchange = readImportFile(folders.root / "all.tox", catalogue, "oa");
     ASSERT_TRUE(exchange);
-    EXPECT_TRUE(std::ranges::all_of(exchange->rows, &ImportRow::applicable));
+    EXPECT_EQ(exchange->tickedRows(), exchange->rows());
     const Result<ImportFile> backup = readImportFile(file, catalogue, "");
     ASSERT_TRUE(backup);
-    std::vector<std::size_t> rows(backup->rows.size());
-    std::iota(rows.begin(), rows.end(), std::size_t{0});
-    ASSERT_TRUE(applyImport(catalogue, {*backup, rows, {}, false, {}, {}}, progress).complete);
+    ASSERT_TRUE(applyImport(catalogue, {*backup, {}, false, {}, {}}, progress).complete);
     ASSERT_TRUE(applyChanges(catalogue, {folders.program, "oasis"}, dialogs));
     EXPECT_EQ(firstDifference(readBytes(folders.sounds), textOf(work)), "");
 }
@@ -391,8 +406,8 @@ TEST(ExchangeRoundTrip, AnExchangeKeepsTheLettersOfTheOtherSide)
     ASSERT_FALSE(target.setCurrentLine(80, target.currentLine(80) + "#q1 #q2"));
     const Result<ImportFile> read = readImportFile(file, target, "ne");
     ASSERT_TRUE(read);
-    ASSERT_EQ(read->rows.size(), 1U);
-    ASSERT_TRUE(applyImport(target, {*read, {0}, {"new", "ne", ""}, false, {}, {}}, progress).complete);
+    ASSERT_EQ(read->rows(), 1U);
+    ASSERT_TRUE(applyImport(target, {*read, {"new", "ne", ""}, false, {}, {}}, progress).complete);
     EXPECT_EQ(target.currentLine(80), "CROC_ATTACK:\t\tother\t\t\tVOL33\t\t\t\t\t#q1 #q2 #ne");
 }
 

@@ -157,17 +157,13 @@ void feedExchange(std::string_view bytes)
             show({file.failure()});
             continue;
         }
-        show(file->notices);
-        ImportRequest request{*file, {}, {"oasis", "oa", ""}, false, {}, {}};
-        for (std::size_t i = 0; i < file->rows.size(); ++i) {
-            const ImportRow& row = file->rows[i];
-            listedText(row);
-            compareWithCatalogue(row, before);
-            show({{row.refusal}, {row.remark}});
-            if (row.applicable()) {
-                request.rows.push_back(i);
-            }
+        show(file->notices());
+        for (std::size_t i = 0; i < file->rows(); ++i) {
+            listedText(*file, i);
+            compareWithCatalogue(&*file, i, before);
+            show({{file->whyRefused(i)}, {file->remark(i)}});
         }
+        const ImportRequest request{*file, {"oasis", "oa", ""}, false, {}, {}};
         SoundCatalogue catalogue = before;
         require(importLines(catalogue, request).linesApplied, "rows that can be ticked can be applied");
         require(catalogue.size() == before.size(), "no sound comes or goes");

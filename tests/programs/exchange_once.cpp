@@ -44,10 +44,9 @@ int main(int argc, char* argv[])
     if (!file) {
         return 2;
     }
-    ImportRequest request{*file, {}, {"oasis", "oa", ""}, true, {}, argv[5]};
-    for (std::size_t i = 0; i < file->rows.size(); ++i) {
-        request.rows.push_back(i);
-        const std::vector<std::string> samples = offeredSamples(file->rows[i]);
+    ImportRequest request{*file, {"oasis", "oa", ""}, true, {}, argv[5]};
+    for (std::size_t i = 0; i < file->rows(); ++i) {
+        const std::vector<std::string> samples = offeredSamples(*file, i);
         request.samples.insert(request.samples.end(), samples.begin(), samples.end());
     }
     const ImportOutcome outcome = applyImport(loaded->catalogue, request, progress);

@@ -7,6 +7,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -46,7 +47,12 @@ std::string labelOf(const QWidget& window, const char* name)
 void selectRow(TickList& list, int row)
 {
     list.setFocus();
-    list.setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
+    list.selectRow(static_cast<std::size_t>(row));
+}
+
+QModelIndex indexOf(const TickList& list, int row)
+{
+    return list.model()->index(row, 0);
 }
 
 class ExchangeWindows : public MainWindowTest
@@ -94,7 +100,7 @@ TEST_F(ExchangeWindows, TheExportTicksAndSaves)
         EXPECT_TRUE(in<QAbstractButton>(window, "OpExport2").isChecked());
         EXPECT_EQ(labelOf(window, "LbIndic"), "370 lines listed - 370 lines selected");
         EXPECT_EQ(labelOf(window, "Label4"), "      ID    Line");
-        EXPECT_TRUE(lines.item(117)->text().startsWith("117  "));
+        EXPECT_TRUE(indexOf(lines, 117).data().toString().startsWith("117  "));
         EXPECT_FALSE(lines.selectedRow());
 
         mark(window, "OpExport1");
@@ -243,13 +249,14 @@ TEST_F(ExchangeWindows, MarkedRowsSayWhy)
         EXPECT_EQ(labelOf(import, "Label5"), "IMPORT");
         EXPECT_EQ(labelOf(import, "LbIndic"), "3 lines listed - 2 lines selected");
         EXPECT_EQ(labelOf(import, "LbRemark"), "1 line cannot be applied. 1 line should be checked.");
-        const QPoint box(10, lines.visualItemRect(lines.item(0)).center().y());
+        const QPoint box(10, lines.visualRect(indexOf(lines, 0)).center().y());
         QTest::mouseClick(lines.viewport(), Qt::LeftButton, {}, box);
         QTest::keyClick(&lines, Qt::Key_Space);
         press(import, "CdSelect");
         EXPECT_EQ(lines.tickedRows(), (std::vector<std::size_t>{1, 2}));
         EXPECT_TRUE(labelOf(import, "LbRemark").starts_with("The catalogue has no line 999"));
-        EXPECT_TRUE(lines.item(0)->toolTip().startsWith("The catalogue has no line 999"));
+        EXPECT_TRUE(
+            indexOf(lines, 0).data(Qt::ToolTipRole).toString().startsWith("The catalogue has no line 999"));
 
         press(import, "ImPlus");
         selectRow(lines, 1);

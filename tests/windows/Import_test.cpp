@@ -6,6 +6,7 @@
 #include "samples/FmDoub.h"
 #include "samples/FmSplInc.h"
 #include "ui/Colours.h"
+#include "ui/TickList.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -201,7 +202,8 @@ protected:
     {
         QTest::mouseClick(window->findChild<QPushButton*>(button), Qt::LeftButton);
     }
-    QListWidget& list() { return *window->findChild<QListWidget*>("LiDoub"); }
+    TickList& list() { return *window->findChild<TickList*>("LiDoub"); }
+    QString tipOf(int row) { return list().model()->index(row, 0).data(Qt::ToolTipRole).toString(); }
     std::string file() const { return readBytes(folders.program / "Tavrel.tod"); }
 
     DemoFolders folders;
@@ -233,9 +235,9 @@ TEST_F(FmDoubTest, OpensOnItsList)
     EXPECT_EQ(list().palette().color(QPalette::Base), colourFrom(ColourScheme().slots[0].back));
     ASSERT_EQ(window->focusWidget(), &list());
     QTest::keyClick(window->focusWidget(), Qt::Key_Return);
-    EXPECT_EQ(list().item(0)->checkState(), Qt::Unchecked);
-    EXPECT_EQ(list().item(0)->toolTip(), "");
-    EXPECT_TRUE(list().item(1)->toolTip().startsWith("Protected sound"));
+    EXPECT_FALSE(list().isTicked(0));
+    EXPECT_EQ(tipOf(0), "");
+    EXPECT_TRUE(tipOf(1).startsWith("Protected sound"));
 }
 
 TEST_F(FmDoubTest, SaysWhatCannotBeRead)
@@ -245,7 +247,7 @@ TEST_F(FmDoubTest, SaysWhatCannotBeRead)
     QCoreApplication::processEvents();
     ASSERT_EQ(dialogs.said().size(), 1U);
     EXPECT_NE(dialogs.said()[0].text.french.find("Tavrel.tod"), std::string::npos);
-    EXPECT_EQ(list().count(), 0);
+    EXPECT_EQ(list().rows(), 0U);
     for (const char* button : {"CdTickAll", "CdUntickAll", "CdOK"}) {
         EXPECT_FALSE(window->findChild<QPushButton*>(button)->isEnabled()) << button;
     }

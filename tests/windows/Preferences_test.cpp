@@ -7,6 +7,7 @@
 #include "samples/FmDoub.h"
 #include "ui/FmColors.h"
 #include "ui/FmHelp.h"
+#include "ui/TickList.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -245,9 +246,9 @@ TEST_F(PreferencesTest, LeadToTheColoursAndTheDoubles)
         whenOpened<FmColors>([](FmColors& colours) { press(colours, "CdClose"); });
         press(options, "CdColor");
         whenOpened<FmDoub>([&left](FmDoub& doubles) {
-            QListWidgetItem* const first = in<QListWidget>(doubles, "LiDoub").item(0);
-            left = first->text().toStdString();
-            first->setCheckState(Qt::Unchecked);
+            auto& list = in<TickList>(doubles, "LiDoub");
+            left = list.model()->index(0, 0).data().toString().toStdString();
+            list.tick({0}, false);
             press(doubles, "CdOK");
         });
         press(options, "CdDoub");
