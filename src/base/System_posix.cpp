@@ -191,6 +191,15 @@ std::error_code flushFile(const std::filesystem::path& file)
     return descriptor.isOpen() && ::fsync(descriptor.number()) == 0 ? std::error_code() : lastError();
 }
 
+std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name)
+{
+    if (::link(file.c_str(), name.c_str()) != 0) {
+        return lastError();
+    }
+    flushFolder(name.parent_path());
+    return {};
+}
+
 std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     if (::rename(from.c_str(), to.c_str()) != 0) {

@@ -156,6 +156,11 @@ std::error_code flushFile(const std::filesystem::path& file)
     return error;
 }
 
+std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name)
+{
+    return CreateHardLinkW(name.c_str(), file.c_str(), nullptr) != 0 ? std::error_code() : lastError();
+}
+
 std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to)
 {
     constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;

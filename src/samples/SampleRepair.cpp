@@ -78,10 +78,6 @@ bool holdsBytes(const fs::path& file, std::string_view bytes)
 Problem copyWhole(const fs::path& from, const fs::path& to)
 {
     std::error_code error;
-    fs::create_directories(to.parent_path(), error);
-    if (error) {
-        return cannotWrite(to.parent_path(), error);
-    }
     const fs::path unfinished = fs::path(to) += ".tavrel-new";
     fs::remove(unfinished, error);
     fs::copy_file(from, unfinished, error);
@@ -102,6 +98,21 @@ Problem copyWhole(const fs::path& from, const fs::path& to)
         return problem;
     }
     return std::nullopt;
+}
+
+// The sample's bytes under a second name, before another file takes the first. Where the file system has no
+// second names, they are copied.
+Problem keepWhole(fs::path sample, const fs::path& place)
+{
+    std::error_code error;
+    fs::create_directories(place.parent_path(), error);
+    if (error) {
+        return cannotWrite(place.parent_path(), error);
+    }
+    if (!followLinks(sample) && !system::giveSecondName(sample, place)) {
+        return std::nullopt;
+    }
+    return copyWhole(sample, place);
 }
 
 // The number of the last copy in the folder that has the sample's name; 0 when there is none.
@@ -130,7 +141,7 @@ Result<fs::path> keepIn(const fs::path& folder, const fs::path& sample)
         return place;
     }
     place = keptPlace(folder, sample, last + 1);
-    if (Problem problem = copyWhole(sample, place)) {
+    if (Problem problem = keepWhole(sample, place)) {
         return *problem;
     }
     return place;
@@ -300,8 +311,9 @@ SampleRun::SampleRun(SampleTask task, std::vector<fs::path> samples)
     : m_task(task), m_samples(std::move(samples)), m_outcomes(m_samples.size())
 {
     constexpr std::size_t mostThreads = 8;
+    constexpr std::size_t threadsOfProcessor = 2; // while one waits for the disk, the other converts
     const std::size_t processors = std::max(std::thread::hardware_concurrency(), 1U);
-    const std::size_t threads = std::min({processors, mostThreads, m_samples.size()});
+    const std::size_t threads = std::min({threadsOfProcessor * processors, mostThreads, m_samples.size()});
     m_working = threads;
     for (std::size_t i = 0; i < threads; ++i) {
         m_threads.emplace_back([this] { work(); });

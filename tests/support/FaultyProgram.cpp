@@ -18,11 +18,21 @@ namespace {
 const char* const tracedCalls =
     "openat,read,write,close,fsync,rename,renameat2,fchmodat,chmod,mkdir,unlink,unlinkat,newfstatat,"
     "getdents64,access,readlink,lseek,writev,statx,ftruncate,rmdir,"
-    "copy_file_range,sendfile,fchmod,fchown,getxattr,flock";
+    "copy_file_range,sendfile,fchmod,fchown,getxattr,flock,link";
 
 std::string quoted(const std::string& text)
 {
     return "'" + text + "'";
+}
+
+// A call fails only where it is traced.
+std::string traced(const std::string& calls, const Fault& fault)
+{
+    if (fault.alwaysFails == nullptr) {
+        return " -e trace=" + calls;
+    }
+    const std::string call = fault.alwaysFails;
+    return " -e trace=" + calls + "," + call + " -e inject=" + call + ":error=EPERM";
 }
 
 } // namespace
@@ -44,10 +54,11 @@ int FaultyProgram::run(const std::string& straceOptions) const
     return std::system(command.c_str());
 }
 
-std::map<std::string, int> FaultyProgram::countCalls(const char* calls) const
+std::map<std::string, int> FaultyProgram::countCalls(const Fault& fault) const
 {
     const std::filesystem::path log = m_scratch / "calls";
-    EXPECT_EQ(run("-o " + quoted(log.string()) + " -e trace=" + calls), 0) << readBytes(m_scratch / "said");
+    const std::string calls = fault.calls != nullptr ? fault.calls : tracedCalls;
+    EXPECT_EQ(run("-o " + quoted(log.string()) + traced(calls, fault)), 0) << readBytes(m_scratch / "said");
     std::map<std::string, int> counts;
     std::istringstream lines(readBytes(log));
     for (std::string line; std::getline(lines, line);) {
@@ -69,15 +80,18 @@ std::map<std::string, int> FaultyProgram::strikeEach(const std::filesystem::path
         std::filesystem::copy(start, work, std::filesystem::copy_options::recursive);
     };
     prepare();
-    const auto counts = countCalls(fault.calls != nullptr ? fault.calls : tracedCalls);
+    const auto counts = countCalls(fault);
     check(0);
     int runs = 0;
     int failures = 0;
     for (const auto& [call, count] : counts) {
+        if (fault.alwaysFails != nullptr && call == fault.alwaysFails) {
+            continue;
+        }
         for (int n = 1; n <= count; ++n) {
             SCOPED_TRACE(call + " number " + std::to_string(n));
             prepare();
-            const int status = run("-o /dev/null -e trace=" + call + " -e inject=" + call + ":" +
+            const int status = run("-o /dev/null" + traced(call, fault) + " -e inject=" + call + ":" +
                                    fault.words + ":when=" + std::to_string(n));
             EXPECT_TRUE(mayBeEither(fault) || WIFEXITED(status)) << "the program crashed";
             check(status);

@@ -15,7 +15,8 @@ struct Fault
     const char* name;
     const char* words; // for strace
     bool isKill;
-    const char* calls = nullptr; // those that it strikes; all that touch files or folders
+    const char* calls = nullptr;       // those that it strikes; all that touch files or folders
+    const char* alwaysFails = nullptr; // another call, as on a file system that does not have it
 };
 constexpr Fault fullDisk{"FullDisk", "error=ENOSPC", false};
 constexpr Fault killed{"Killed", "signal=KILL", true};
@@ -48,7 +49,7 @@ public:
     bool hitTheSanitizer() const;
 
 private:
-    std::map<std::string, int> countCalls(const char* calls) const;
+    std::map<std::string, int> countCalls(const Fault& fault) const;
 
     std::string m_command;
     std::filesystem::path m_scratch;
