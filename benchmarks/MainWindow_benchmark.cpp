@@ -39,8 +39,8 @@ public:
 class NoPlayer : public SamplePlayer
 {
 public:
-    Problem play(const std::filesystem::path& /*file*/) override { return std::nullopt; }
-    void stop() override {}
+    Problem start(const std::filesystem::path& /*file*/) override { return std::nullopt; }
+    void end() override {}
 };
 
 // Proves that the window was painted within the measured time.

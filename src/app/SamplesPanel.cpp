@@ -259,16 +259,12 @@ void SamplesPanel::play()
     const Problem problem =
         PlaySample(context().player, session().places().samples, selection().sampleName(), dialogs());
     say(problem ? problem->text : BilingualText());
-    if (!problem) {
-        m_waveform->followPlayback();
-    }
     m_list->setFocus();
 }
 
 void SamplesPanel::stop()
 {
     StopSample(context().player);
-    m_waveform->endPlayback();
     m_list->setFocus();
 }
 

@@ -528,13 +528,8 @@ void FmCheck::play()
     if (file == nullptr || !m_play->isEnabled()) {
         return;
     }
-    std::error_code ignored;
-    const bool isThere = std::filesystem::exists(file->path, ignored);
     const Problem problem =
         PlaySample(m_context.player, m_folder, sampleNameOf(file->name), m_context.dialogs);
-    if (!problem && isThere) {
-        m_waveform->followPlayback();
-    }
     tell(problem ? problem->text : BilingualText());
 }
 

@@ -138,9 +138,6 @@ void FmSamp::play()
 {
     const Problem problem = PlaySample(m_context.player, m_context.samplesFolder,
                                        sampleNameOf(selectedFile()), m_context.dialogs);
-    if (!problem) {
-        m_waveform->followPlayback();
-    }
     tell(problem ? problem->text : BilingualText());
 }
 

@@ -7,6 +7,27 @@
 
 namespace tavrel {
 
+Problem SamplePlayer::play(const std::filesystem::path& file)
+{
+    Problem problem = start(file);
+    for (PlaybackObserver* const observer : m_observers) {
+        if (problem) {
+            observer->playbackStopped(); // what played before has ended
+        } else {
+            observer->playbackStarted(file);
+        }
+    }
+    return problem;
+}
+
+void SamplePlayer::stop()
+{
+    end();
+    for (PlaybackObserver* const observer : m_observers) {
+        observer->playbackStopped();
+    }
+}
+
 Problem PlaySample(SamplePlayer& player, const std::filesystem::path& folder, std::string_view name,
                    Dialogs& dialogs)
 {

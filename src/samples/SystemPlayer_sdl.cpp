@@ -21,13 +21,13 @@ public:
     SdlPlayer& operator=(const SdlPlayer&) = delete;
     ~SdlPlayer() override
     {
-        SdlPlayer::stop();
+        SdlPlayer::end();
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
 
-    Problem play(const std::filesystem::path& file) override
+    Problem start(const std::filesystem::path& file) override
     {
-        stop();
+        end();
         SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // or nobody could end the program by a signal
         // Each time: a sound device may have been plugged in since.
         if (SDL_WasInit(SDL_INIT_AUDIO) == 0 && SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
@@ -44,7 +44,7 @@ public:
         return problem;
     }
 
-    void stop() override
+    void end() override
     {
         if (m_device != 0) {
             SDL_CloseAudioDevice(m_device);

@@ -22,9 +22,9 @@ public:
     WindowsPlayer() = default;
     WindowsPlayer(const WindowsPlayer&) = delete;
     WindowsPlayer& operator=(const WindowsPlayer&) = delete;
-    ~WindowsPlayer() override { WindowsPlayer::stop(); }
+    ~WindowsPlayer() override { WindowsPlayer::end(); }
 
-    Problem play(const std::filesystem::path& file) override
+    Problem start(const std::filesystem::path& file) override
     {
         if (sndPlaySoundA(ansiPath(file).c_str(), SND_ASYNC) == FALSE) {
             return Failure{{"No sound", "Pas de son"}};
@@ -32,7 +32,7 @@ public:
         return std::nullopt;
     }
 
-    void stop() override { sndPlaySoundA(nullptr, SND_ASYNC); }
+    void end() override { sndPlaySoundA(nullptr, SND_ASYNC); }
 };
 
 } // namespace

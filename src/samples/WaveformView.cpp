@@ -31,6 +31,12 @@ WaveformView::WaveformView(const char* name, SamplePlayer& player, std::shared_p
     connect(&m_moving, &QTimer::timeout, this, &WaveformView::move);
     connect(m_cache.get(), &WaveformCache::ready, this, &WaveformView::take);
     setLanguage(m_language);
+    m_player.observe(*this);
+}
+
+WaveformView::~WaveformView()
+{
+    m_player.forget(*this);
 }
 
 void WaveformView::setLanguage(Language language)
@@ -88,36 +94,32 @@ void WaveformView::play()
         return;
     }
     const Problem problem = m_player.play(m_file);
-    if (!problem) {
-        followPlayback();
-    }
     Q_EMIT told(problem ? problem->text : BilingualText());
 }
 
 void WaveformView::stop()
 {
     m_player.stop();
-    endPlayback();
 }
 
 void WaveformView::toggle()
 {
-    if (isPlaying() && m_playedFile == m_file) {
+    if (isPlaying()) {
         stop();
     } else {
         play();
     }
 }
 
-void WaveformView::followPlayback()
+void WaveformView::playbackStarted(const std::filesystem::path& file)
 {
-    m_playedFile = m_file;
+    m_playedFile = file;
     m_since.start();
     m_moving.start();
     update();
 }
 
-void WaveformView::endPlayback()
+void WaveformView::playbackStopped()
 {
     m_moving.stop();
     update();
@@ -130,7 +132,7 @@ void WaveformView::move()
     const bool isOver = shown != nullptr ? static_cast<double>(m_since.elapsed()) > shown->seconds * 1000
                                          : m_entry && !*m_entry;
     if (isShown && isOver) {
-        endPlayback();
+        playbackStopped();
     } else if (isShown) {
         update();
     }
@@ -222,7 +224,7 @@ void WaveformView::paintEvent(QPaintEvent* /*event*/)
         paintSilence(painter, *shown);
         paintColumns(painter, *shown);
         paintLength(painter, *shown);
-        if (isPlaying() && m_playedFile == m_file) {
+        if (isPlaying()) {
             painter.setPen(QPen(markColour(colours), 2));
             const int x = columnAt(static_cast<double>(m_since.elapsed()) / 1000, *shown);
             painter.drawLine(x, 0, x, height());

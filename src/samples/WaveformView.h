@@ -17,12 +17,15 @@ namespace tavrel {
 
 // A small picture of one sound: its peaks, its length, the silence at its ends, and a line that moves while
 // it plays. A click or Space plays it, and stops it.
-class WaveformView : public QWidget
+class WaveformView : public QWidget, private PlaybackObserver
 {
     Q_OBJECT
 
 public:
     WaveformView(const char* name, SamplePlayer& player, std::shared_ptr<WaveformCache> cache);
+    WaveformView(const WaveformView&) = delete;
+    WaveformView& operator=(const WaveformView&) = delete;
+    ~WaveformView() override;
 
     // Paints with the colours of paintWith() on it.
     void setLanguage(Language language);
@@ -34,12 +37,10 @@ public:
     BilingualText facts() const;
     bool isReadable() const;
 
-    bool isPlaying() const { return m_moving.isActive(); }
+    // Whoever started it: the line follows the player.
+    bool isPlaying() const { return m_moving.isActive() && m_playedFile == m_file; }
     void play();
     void stop();
-    // For who plays the shown file with the same player, or stops it: the line follows.
-    void followPlayback();
-    void endPlayback();
 
     QSize sizeHint() const override;
 
@@ -54,6 +55,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void playbackStarted(const std::filesystem::path& file) override;
+    void playbackStopped() override;
     const Waveform* waveform() const;
     void take();
     void move();

@@ -105,12 +105,12 @@ namespace {
 class RecordedPlayer : public SamplePlayer
 {
 public:
-    Problem play(const fs::path& file) override
+    Problem start(const fs::path& file) override
     {
         played.push_back(file.filename().string());
         return std::nullopt;
     }
-    void stop() override {}
+    void end() override {}
 
     std::vector<std::string> played;
 };

@@ -40,12 +40,12 @@ public:
 class RecordedPlayer : public SamplePlayer
 {
 public:
-    Problem play(const std::filesystem::path& file) override
+    Problem start(const std::filesystem::path& file) override
     {
         played.push_back(file);
         return problem;
     }
-    void stop() override { ++stops; }
+    void end() override { ++stops; }
 
     Problem problem;
     std::vector<std::filesystem::path> played;

@@ -98,11 +98,14 @@ TEST_F(MainWindowSamplesTest, playsTheSelectedSample)
     EXPECT_TRUE(samples().hasFocus());
     click("CdPlay2");
     EXPECT_TRUE(sounds().hasFocus());
+    const auto& waveform = control<WaveformView>("PbWaveform");
+    EXPECT_TRUE(waveform.isPlaying()) << "whoever started it";
     EXPECT_EQ(player.played, (std::vector{samplesFolder / "foot03.wav", samplesFolder / "foot03.wav"}));
     click("CdStopS");
     EXPECT_TRUE(samples().hasFocus());
     click("CdStopS2");
     EXPECT_TRUE(sounds().hasFocus());
+    EXPECT_FALSE(waveform.isPlaying());
     EXPECT_EQ(player.stops, 2);
     player.problem = Failure{{"No sound: none", "Pas de son : rien"}};
     click("CdPlay");
