@@ -164,12 +164,17 @@ void MessageWindow::keyPressEvent(QKeyEvent* event)
     TitledWindow::keyPressEvent(event);
 }
 
-void MessageWindow::showHelp()
+HelpTopic MessageWindow::helpTopic() const
+{
+    return {windowTitle(), true};
+}
+
+void MessageWindow::showHelp(const HelpTopic& topic)
 {
     if (parentWidget() == nullptr && m_openHelp) {
-        m_openHelp(*this);
+        m_openHelp(*this, topic);
     } else {
-        TitledWindow::showHelp();
+        TitledWindow::showHelp(topic);
     }
 }
 
