@@ -19,7 +19,6 @@ namespace tavrel {
 namespace {
 
 constexpr int markSize = 14;
-const QColor alarm(0xE8, 0x6A, 0x52);
 
 // Dark on a selected row, which is painted with the accent.
 QIcon markIcon(Glyph glyph, const QColor& colour, qreal pixelRatio)
@@ -51,7 +50,7 @@ void TickList::useMarks()
     QPixmap room(markSize, markSize);
     room.fill(Qt::transparent);
     m_markIcons = {room, markIcon(Glyph::Exclamation, theme::accent, devicePixelRatioF()),
-                   markIcon(Glyph::Critical, alarm, devicePixelRatioF())};
+                   markIcon(Glyph::Critical, theme::alarm, devicePixelRatioF())};
 }
 
 void TickList::addRow(const QString& text, Mark mark, const QString& why, bool ticked)

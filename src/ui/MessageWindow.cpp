@@ -36,7 +36,7 @@ QIcon iconOf(MessageIcon icon)
     case MessageIcon::Exclamation:
         return glyphIcon(Glyph::Exclamation, theme::accent);
     case MessageIcon::Critical:
-        return glyphIcon(Glyph::Critical, QColor(0xE8, 0x6A, 0x52));
+        return glyphIcon(Glyph::Critical, theme::alarm);
     case MessageIcon::Information:
         break;
     }
