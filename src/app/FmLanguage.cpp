@@ -53,9 +53,9 @@ FmLanguage::FmLanguage(HelpOpener openHelp)
     setMinimumWidth(320);
 }
 
-void FmLanguage::showHelp()
+void FmLanguage::showHelp(const HelpTopic& topic)
 {
-    m_openHelp(*this, language());
+    m_openHelp(*this, topic, language());
 }
 
 Language FmLanguage::language() const

@@ -16,14 +16,14 @@ class FmLanguage : public TitledWindow
     Q_OBJECT
 
 public:
-    using HelpOpener = std::function<void(QWidget& parent, Language language)>;
+    using HelpOpener = std::function<void(QWidget& parent, const HelpTopic& topic, Language language)>;
 
     explicit FmLanguage(HelpOpener openHelp);
 
     Language language() const;
 
 protected:
-    void showHelp() override;
+    void showHelp(const HelpTopic& topic) override;
 
 private:
     HelpOpener m_openHelp;

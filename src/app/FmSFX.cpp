@@ -140,7 +140,7 @@ void FmSFX::makePanels()
     m_titleButtons = new TitleButtons(
         context,
         {[this](Language language) { switchLanguage(language); },
-         [this] { openHelp({}); },
+         [this] { showHelp({}); },
          [this] { openPreferences(); },
          [this] { close(); },
          {{"AcReview", titles::reviewChanges, QKeySequence(Qt::CTRL | Qt::Key_D),
@@ -161,8 +161,9 @@ void FmSFX::makePanels()
     m_values = new ValuesPanel(context);
     m_samples = new SamplesPanel(context, m_waveforms, [this] { return chooseSample(); });
     m_letters = new LineLettersPanel(context);
-    m_wads = new WadPanel(context, m_context.systemLikesMotion,
-                          {[this] { chooseObject(); }, [this] { openHelp(helpOnFirstUse()); }});
+    m_wads =
+        new WadPanel(context, m_context.systemLikesMotion,
+                     {[this] { chooseObject(); }, [this] { showHelp(helpOnFirstUse(settings().language)); }});
     m_texts = new LineTextPanel(context);
     m_panels = {m_titleButtons, m_functions, m_sounds, m_values, m_samples, m_letters, m_wads, m_texts};
 
@@ -420,15 +421,15 @@ void FmSFX::changeEvent(QEvent* event)
     TitledWindow::changeEvent(event);
 }
 
-void FmSFX::showHelp()
+HelpTopic FmSFX::helpTopic() const
 {
-    openHelp(QApplication::activeWindow() == this ? helpOnKeys() : BilingualText());
+    return helpOnKeys(settings().language);
 }
 
-void FmSFX::openHelp(const BilingualText& heading) const
+void FmSFX::showHelp(const HelpTopic& topic)
 {
     showHelpWindow(QApplication::activeWindow(), m_context.programFolder, settings().colours,
-                   settings().language, heading);
+                   settings().language, topic);
 }
 
 // Following

@@ -102,7 +102,8 @@ protected:
     void dropEvent(QDropEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool nativeEvent(const QByteArray& eventType, void* message, qintptr* result) override;
-    void showHelp() override;
+    HelpTopic helpTopic() const override;
+    void showHelp(const HelpTopic& topic) override;
     WindowMemory* memory() override { return this; }
 
 private:
@@ -127,7 +128,6 @@ private:
     // F6, from one panel to the next.
     void goToPanel(int step);
     std::vector<QWidget*> panelsInOrder() const;
-    void openHelp(const BilingualText& heading) const;
     void addShortcut(const QKeySequence& keys, std::function<void()> command);
     void showLanguage();
     void showTitle();

@@ -8,6 +8,7 @@
 #include "checks/FindingQuestions.h"
 #include "checks/FmChecks.h"
 #include "checks/FmLevels.h"
+#include "session/PendingChanges.h"
 #include "session/SessionChecks.h"
 
 namespace tavrel {
@@ -99,13 +100,14 @@ bool FmSFX::readOtherwise(std::vector<LineReadOtherwise> lines)
     if (!m_selection.mayLeave(m_context.dialogs)) {
         return false;
     }
-    const Question question{
+    Question question{
         titles::checkProject,
         {"Modifications not applied. They are lost when [sounds.txt] is loaded again.\nLoad it anyway",
          "Des modifications n'ont pas été appliquées. Elles seront perdues si [sounds.txt] est rechargé.\nLe "
          "recharger quand même"},
         Buttons::YesNo,
         true};
+    question.details = listOfPendingChanges(catalogue());
     if (m_session.pending() && m_context.dialogs.ask(question) != Answer::Yes) {
         return false;
     }

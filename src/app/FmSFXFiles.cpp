@@ -10,6 +10,7 @@
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
 #include "generation/FolderReplacement.h"
+#include "session/PendingChanges.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -93,16 +94,18 @@ std::string FmSFX::chooseOtherLevelEditor()
 // Loading from elsewhere drops what is not applied.
 bool FmSFX::mayLoadOther()
 {
-    return m_selection.mayLeave(m_context.dialogs) &&
-           (!m_session.pending() ||
-            m_context.dialogs.ask(
-                {titles::selectLevelEditor,
-                 {"Modifications not applied. They are lost when another level editor is chosen.\nChoose "
-                  "it anyway",
-                  "Des modifications n'ont pas été appliquées. Elles seront perdues si vous choisissez un "
-                  "autre éditeur de niveaux.\nLe choisir quand même"},
-                 Buttons::YesNo,
-                 true}) == Answer::Yes);
+    if (!m_selection.mayLeave(m_context.dialogs)) {
+        return false;
+    }
+    Question question{
+        titles::selectLevelEditor,
+        {"Modifications not applied. They are lost when another level editor is chosen.\nChoose it anyway",
+         "Des modifications n'ont pas été appliquées. Elles seront perdues si vous choisissez un autre éditeur "
+         "de niveaux.\nLe choisir quand même"},
+        Buttons::YesNo,
+        true};
+    question.details = listOfPendingChanges(catalogue());
+    return !m_session.pending() || m_context.dialogs.ask(question) == Answer::Yes;
 }
 
 // sounds.txt outside the list
@@ -156,11 +159,12 @@ bool FmSFX::mayClose()
     if (!m_selection.mayLeave(m_context.dialogs)) {
         return false;
     }
-    const Question question{titles::quit,
-                            {"Modifications not applied. Would you like to quit anyway",
-                             "Des modifications n'ont pas été appliquées. Voulez-vous quitter quand même"},
-                            Buttons::YesNo,
-                            true};
+    Question question{titles::quit,
+                      {"Modifications not applied. Would you like to quit anyway",
+                       "Des modifications n'ont pas été appliquées. Voulez-vous quitter quand même"},
+                      Buttons::YesNo,
+                      true};
+    question.details = listOfPendingChanges(catalogue());
     return !m_session.pending() || m_context.dialogs.ask(question) == Answer::Yes;
 }
 

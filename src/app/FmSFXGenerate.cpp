@@ -8,6 +8,7 @@
 #include "catalogue/CatalogueLoading.h"
 #include "generation/FmDefault.h"
 #include "generation/RestoreDefaults.h"
+#include "session/PendingChanges.h"
 
 #include <QApplication>
 
@@ -93,7 +94,7 @@ bool FmSFX::offerReload()
     }
     m_session.setReplaced(false);
     const bool hasWork = m_session.pending() || m_selection.edited();
-    return wantsReload(hasWork, m_context.dialogs) && reload();
+    return wantsReload(hasWork, listOfPendingChanges(catalogue()), m_context.dialogs) && reload();
 }
 
 } // namespace tavrel

@@ -7,12 +7,10 @@
 
 #include <QtGlobal>
 
-#include <algorithm>
-
 namespace tavrel {
 
 void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
-                    Language language, const BilingualText& heading)
+                    Language language, const HelpTopic& topic)
 {
     const Result<std::string> text = loadHelp(programFolder, language);
     if (!text) {
@@ -26,23 +24,23 @@ void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder,
             {fromCodePage(section.title), static_cast<int>(section.line), section.isChapter ? 0 : 1});
     }
     FmHelp window(parent, *text, headings, colours, language);
-    const auto chapter =
-        std::ranges::find(sections, toCodePage(inLanguage(heading, language)), &HelpSection::title);
-    if (chapter != sections.end()) {
-        window.showLine(static_cast<int>(chapter->line));
+    const HelpAbout about = topic.isMessage ? HelpAbout::Message : HelpAbout::Window;
+    if (const HelpSection* const section = findHelpSection(*text, sections, toCodePage(topic.title), about)) {
+        window.showLine(static_cast<int>(section->line));
     }
     window.exec();
 }
 
-BilingualText helpOnKeys()
+HelpTopic helpOnKeys(Language language)
 {
-    return {"8. KEYS", "8. LES TOUCHES"};
+    return {inLanguage({"8. KEYS", "8. LES TOUCHES"}, language)};
 }
 
-BilingualText helpOnFirstUse()
+HelpTopic helpOnFirstUse(Language language)
 {
-    return {"2. A FIRST WALK: FROM A WAD TO ITS SOUND FILES",
-            "2. PREMIERS PAS : D'UN WAD À SES FICHIERS DE SONS"};
+    return {inLanguage({"2. A FIRST WALK: FROM A WAD TO ITS SOUND FILES",
+                        "2. PREMIERS PAS : D'UN WAD À SES FICHIERS DE SONS"},
+                       language)};
 }
 
 } // namespace tavrel

@@ -3,6 +3,7 @@
 
 #include "base/BilingualText.h"
 #include "base/ColourScheme.h"
+#include "ui/TitledWindow.h"
 
 #include <filesystem>
 
@@ -10,13 +11,14 @@ class QWidget;
 
 namespace tavrel {
 
-// Until the user closes it. A missing help file is logged and leaves the user without a window.
+// Opens at the topic, until the user closes it. A missing help file is logged and leaves the user without a
+// window.
 void showHelpWindow(QWidget* parent, const std::filesystem::path& programFolder, const ColourScheme& colours,
-                    Language language, const BilingualText& heading = {});
+                    Language language, const HelpTopic& topic = {});
 
 // The chapter with all keys.
-BilingualText helpOnKeys();
+HelpTopic helpOnKeys(Language language);
 // The chapter that leads through a first use.
-BilingualText helpOnFirstUse();
+HelpTopic helpOnFirstUse(Language language);
 
 } // namespace tavrel

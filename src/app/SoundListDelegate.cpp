@@ -31,28 +31,27 @@ const SoundListModel& modelOf(const QModelIndex& index)
     return static_cast<const SoundListModel&>(*index.model());
 }
 
-QColor colourOf(Severity severity)
+QColor colourOf(Severity severity, const ColourPair& pair)
 {
     switch (severity) {
     case Severity::Error:
-        return {0xE8, 0x6A, 0x52};
+        return alarmColour(pair);
     case Severity::Warning:
-        return theme::accent;
+        return markColour(pair);
     case Severity::Note:
         break;
     }
-    return theme::mutedText;
+    return mutedColour(pair);
 }
 
-void paintCell(QPainter& painter, const QRect& rect, const SoundListModel::Cell& cell, bool selected)
+// What the filter has found is underlined: any other ground would take from its contrast.
+void paintCell(QPainter& painter, const QRect& rect, const SoundListModel::Cell& cell, const QColor& mark)
 {
     const QFontMetrics metrics = painter.fontMetrics();
     for (const SoundListModel::Cell::Part& part : cell.parts) {
         const int from = rect.left() + metrics.horizontalAdvance(cell.text.left(part.from));
         const int width = metrics.horizontalAdvance(cell.text.mid(part.from, part.length));
-        QColor ground = selected ? theme::accentText : theme::accent;
-        ground.setAlpha(0x60);
-        painter.fillRect(QRect(from, rect.top() + 1, width, rect.height() - 2).intersected(rect), ground);
+        painter.fillRect(QRect(from, rect.bottom() - 2, width, 2).intersected(rect), mark);
     }
     painter.drawText(rect, Qt::AlignVCenter | Qt::AlignLeft,
                      metrics.elidedText(cell.text, Qt::ElideRight, rect.width()));
@@ -105,7 +104,7 @@ void SoundListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     for (const SoundColumn column : shown) {
         const int left = option.rect.left() + columnLeft(option.fontMetrics, model.columns(), column);
         const QRect room(left, option.rect.top(), charactersOf(column) * character, option.rect.height());
-        paintCell(*painter, room, model.cell(index, column), selected);
+        paintCell(*painter, room, model.cell(index, column), selected ? theme::accentText : marked);
     }
     const QVariant mark = index.data(SoundListModel::MarkRole);
     if (mark.isValid()) {
@@ -113,7 +112,7 @@ void SoundListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(Qt::NoPen);
         painter->setBrush(selected ? QColor(theme::accentText)
-                                   : colourOf(static_cast<Severity>(mark.toInt())));
+                                   : colourOf(static_cast<Severity>(mark.toInt()), pair));
         painter->drawEllipse(end - dotSize, option.rect.center().y() - dotSize / 2 + 1, dotSize, dotSize);
         painter->setRenderHint(QPainter::Antialiasing, false);
     }

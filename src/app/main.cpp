@@ -44,9 +44,10 @@ fs::path programFolderFrom(const QCommandLineParser& parser, const QCommandLineO
 
 std::optional<tavrel::Language> askForLanguage(const fs::path& programFolder)
 {
-    tavrel::FmLanguage window([&programFolder](QWidget& parent, tavrel::Language language) {
-        tavrel::showHelpWindow(&parent, programFolder, {}, language);
-    });
+    tavrel::FmLanguage window(
+        [&programFolder](QWidget& parent, const tavrel::HelpTopic& topic, tavrel::Language language) {
+            tavrel::showHelpWindow(&parent, programFolder, {}, language, topic);
+        });
     return window.exec() == QDialog::Accepted ? std::optional(window.language()) : std::nullopt;
 }
 
@@ -73,9 +74,10 @@ int main(int argc, char* argv[])
     const fs::path programFolder = programFolderFrom(parser, programFolderOption);
 
     tavrel::QtDialogs dialogs;
-    dialogs.setHelp([&programFolder](QWidget& box, tavrel::Language language) {
-        tavrel::showHelpWindow(&box, programFolder, {}, language);
-    });
+    dialogs.setHelp(
+        [&programFolder](QWidget& box, const tavrel::HelpTopic& topic, tavrel::Language language) {
+            tavrel::showHelpWindow(&box, programFolder, {}, language, topic);
+        });
     tavrel::QtPrograms programs;
     QTranslator translator;
     const auto speak = [&dialogs, &translator](tavrel::Language language) {

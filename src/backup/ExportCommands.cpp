@@ -9,6 +9,7 @@
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
+#include "samples/SamplesFolder.h"
 
 #include <algorithm>
 #include <iterator>
@@ -140,22 +141,25 @@ bool confirmForeignSamples(const ExportRequest& request, const fs::path& file, D
         return true;
     }
     const fs::path folder = samplesFolderOf(file);
-    const std::size_t lost = samplesLostToSwap(sampleNamesOf(request.rows), request.samplesFolder, folder);
-    if (lost == 0) {
+    const std::vector<fs::path> lost =
+        samplesLostToSwap(sampleNamesOf(request.rows), request.samplesFolder, folder);
+    if (lost.empty()) {
         return true;
     }
     const std::string name = "[" + displayPath(folder) + "]";
     const BilingualText deleted =
-        counted(lost,
+        counted(lost.size(),
                 {"WAV file that does not belong to this export. It will be deleted.",
                  "fichier WAV étranger à cet export. Il sera supprimé."},
                 {"WAV files that do not belong to this export. They will be deleted.",
                  "fichiers WAV étrangers à cet export. Ils seront supprimés."});
-    return confirm(
-        request,
+    Question question{
+        captionOf(request.mode),
         BilingualText("The folder " + name + " contains ", "Le répertoire " + name + " contient ") + deleted +
             BilingualText("\nSave anyway?", "\nSauvegarder quand même ?"),
-        dialogs);
+        Buttons::YesNo, true};
+    question.details = listedFiles(lost);
+    return dialogs.ask(question) == Answer::Yes;
 }
 
 bool confirmReplacing(const ExportRequest& request, Dialogs& dialogs)
@@ -271,9 +275,12 @@ ExportOutcome putSamplesInPlace(const ExportRequest& request, SamplesFolderSwap&
     }
     Message told = report(request, problem ? MessageIcon::Exclamation : MessageIcon::Information, text);
     if (!problem) {
-        addListedFiles({"sample(s) are not in the level editor's samples folder and were not saved:",
-                        "sample(s) absent(s) du répertoire des samples de l'éditeur de niveaux, non "
-                        "sauvegardé(s) :"},
+        addListedFiles({"sample is not in the level editor's samples folder and was not saved:",
+                        "sample est absent du répertoire des samples de l'éditeur de niveaux et n'a pas été "
+                        "sauvegardé :"},
+                       {"samples are not in the level editor's samples folder and were not saved:",
+                        "samples sont absents du répertoire des samples de l'éditeur de niveaux et n'ont pas "
+                        "été sauvegardés :"},
                        copies.missing, told);
     }
     const std::size_t copied = problem ? 0 : copies.copied.size();

@@ -73,25 +73,44 @@ BilingualText samplesOfBackup(const fs::path& backup)
                                          "\nIl n'y en a pas à côté de celle-ci.");
 }
 
+namespace {
+
+// The sounds whose lines become others.
+BilingualText listedSounds(const ImportFile& file)
+{
+    std::string rows;
+    for (const std::size_t number : file.tickedLines()) {
+        const std::string_view line = file.catalogue().currentLine(number);
+        rows += (rows.empty() ? "" : "\n") + std::to_string(number) + ": " +
+                shownText(line.substr(0, line.find(':')));
+    }
+    return BilingualText::same(rows);
+}
+
+} // namespace
+
 bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
 {
-    const BilingualText title = actionOf(request.file.kind());
+    Question question{actionOf(request.file.kind()),
+                      {"Restore all lines.", "Restaurer toutes les lignes."},
+                      Buttons::YesNo};
+    question.details = listedSounds(request.file);
     if (request.file.kind() == ExchangeKind::Backup) {
-        return dialogs.ask({title, {"Restore all lines.", "Restaurer toutes les lignes."}, Buttons::YesNo}) ==
-               Answer::Yes;
+        return dialogs.ask(question) == Answer::Yes;
     }
-    if (!RequireCurrentReference(request.wad, title, dialogs)) {
+    if (!RequireCurrentReference(request.wad, question.title, dialogs)) {
         return false;
     }
     const std::string letter = "[#" + shownText(request.wad.letter) + "]";
-    BilingualText text("Import lines and apply " + letter + " letter",
-                       "Importer les lignes et appliquer la lettre " + letter);
+    BilingualText& text = question.text;
+    text = BilingualText("Import lines and apply " + letter + " letter",
+                         "Importer les lignes et appliquer la lettre " + letter);
     if (request.withSamples) {
         text += BilingualText("\r\n\r\nCopy selected Samples Files to\r\n",
                               "\r\n\r\nCopier les Fichiers Samples sélectionnés dans\r\n") +
                 displayPath(request.samplesFolder / "");
     }
-    return dialogs.ask({title, text, Buttons::YesNo}) == Answer::Yes;
+    return dialogs.ask(question) == Answer::Yes;
 }
 
 ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress)
@@ -157,8 +176,10 @@ ImportOutcome withMissingSamples(const ImportRequest& request, const SoundCatalo
                                  const BilingualText& text)
 {
     Message told = report(request, MessageIcon::Information, text);
-    addListedFiles({"sample(s) of the lines are not in the level editor's samples folder:",
-                    "sample(s) des lignes absent(s) du répertoire des samples de l'éditeur de niveaux :"},
+    addListedFiles({"sample of the lines is not in the level editor's samples folder:",
+                    "sample des lignes est absent du répertoire des samples de l'éditeur de niveaux :"},
+                   {"samples of the lines are not in the level editor's samples folder:",
+                    "samples des lignes sont absents du répertoire des samples de l'éditeur de niveaux :"},
                    missingSamples(request, catalogue), told);
     return {true, true, told.text.empty() ? std::nullopt : std::optional(std::move(told))};
 }

@@ -34,6 +34,7 @@ public:
 
     const std::filesystem::path& path() const { return m_text.path; }
     ExchangeKind kind() const { return m_kind; }
+    const SoundCatalogue& catalogue() const { return *m_catalogue; }
     // That come with an exchange file.
     const std::optional<std::filesystem::path>& samplesFolder() const { return m_samplesFolder; }
     // About the file as a whole.

@@ -2,6 +2,7 @@
 #include "backup/SampleTransfer.h"
 
 #include "base/CodePage.h"
+#include "base/Counted.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
@@ -287,14 +288,14 @@ BilingualText listOfFiles(std::span<const std::string> files)
     return {list + "\n... and " + rest + " more", list + "\n... et " + rest + " de plus"};
 }
 
-void addListedFiles(const BilingualText& sentence, std::span<const std::string> files, Message& message)
+void addListedFiles(const BilingualText& one, const BilingualText& several,
+                    std::span<const std::string> files, Message& message)
 {
     if (files.empty()) {
         return;
     }
     message.text += message.text.empty() ? "" : "\n\n";
-    message.text += std::to_string(files.size()) + " ";
-    message.text += sentence;
+    message.text += counted(files.size(), one, several);
     if (files.size() <= mostNamed) {
         message.text += listOfFiles(files);
         return;
@@ -459,12 +460,12 @@ Problem SamplesFolderSwap::putInPlace()
     return std::nullopt;
 }
 
-std::size_t samplesLostToSwap(std::span<const std::string> names, const fs::path& source,
-                              const fs::path& folder)
+std::vector<fs::path> samplesLostToSwap(std::span<const std::string> names, const fs::path& source,
+                                        const fs::path& folder)
 {
     const std::optional<fs::path> old = isMissing(source) ? std::nullopt : samplesFolderToRead(folder);
     const Result<std::vector<FolderEntry>> entries = old ? listFolder(*old) : std::vector<FolderEntry>();
-    return entries ? otherSamples(*entries, filesOf(names)).size() : 0;
+    return entries ? otherSamples(*entries, filesOf(names)) : std::vector<fs::path>();
 }
 
 std::optional<fs::path> samplesFolderToRead(const fs::path& folder)

@@ -30,7 +30,8 @@ BilingualText unsafeSampleNames(std::span<const std::string> names);
 // The first of them, each on a line of its own, behind a line break.
 BilingualText listOfFiles(std::span<const std::string> files);
 // A sentence and the files it is about: in the text, or to fold out where they are many.
-void addListedFiles(const BilingualText& sentence, std::span<const std::string> files, Message& message);
+void addListedFiles(const BilingualText& one, const BilingualText& several,
+                    std::span<const std::string> files, Message& message);
 // Says which old samples stayed for want of new ones.
 BilingualText keptSamples(std::span<const std::string> files);
 
@@ -89,9 +90,10 @@ private:
     std::unordered_set<std::string> m_kept; // files to keep of the old folder, in capitals
 };
 
-// How many samples a swap would delete, because they are none of the names. Changes nothing.
-std::size_t samplesLostToSwap(std::span<const std::string> names, const std::filesystem::path& source,
-                              const std::filesystem::path& folder);
+// The samples that a swap would delete, because they are none of the names. Changes nothing.
+std::vector<std::filesystem::path> samplesLostToSwap(std::span<const std::string> names,
+                                                     const std::filesystem::path& source,
+                                                     const std::filesystem::path& folder);
 
 // The folder, or the old one when a swap was cut short before the new one came. Changes nothing.
 std::optional<std::filesystem::path> samplesFolderToRead(const std::filesystem::path& folder);

@@ -25,6 +25,7 @@ struct FileOnDisk
 {
     std::optional<FileContent> content; // nothing when the file has gone
     std::size_t linesWithoutSound = 0;
+    std::string theirText; // but for the blank ones, with their numbers
 
     std::optional<FileStamp> stamp() const { return content ? std::optional(content->stamp) : std::nullopt; }
 };
@@ -42,8 +43,16 @@ Result<FileOnDisk> lookAtDisk(const fs::path& file)
     FileOnDisk result;
     const TextFile text{file, content->bytes, false, {}};
     const std::vector<std::string_view> lines = text.lines();
-    result.linesWithoutSound = static_cast<std::size_t>(std::ranges::count_if(
-        lines, [](std::string_view line) { return line.find(':') == std::string_view::npos; }));
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i].find(':') != std::string_view::npos) {
+            continue;
+        }
+        ++result.linesWithoutSound;
+        if (lines[i].find_first_not_of(" \t") != std::string_view::npos) {
+            result.theirText +=
+                (result.theirText.empty() ? "" : "\n") + std::to_string(i + 1) + ": " + shownLine(lines[i]);
+        }
+    }
     result.content = std::move(*content);
     return result;
 }
@@ -183,8 +192,9 @@ private:
             *backupExists ? BilingualText("A copy of the file is kept beside it.",
                                           "Une copie du fichier est conservée à côté.")
                           : BilingualText("[Orig_Sounds.txt] keeps them.", "[Orig_Sounds.txt] les conserve.");
-        const Question dropping{titles::modification, droppedLines(onDisk->linesWithoutSound, whereKept),
-                                Buttons::OkCancel};
+        Question dropping{titles::modification, droppedLines(onDisk->linesWithoutSound, whereKept),
+                          Buttons::OkCancel};
+        dropping.details = BilingualText::same(onDisk->theirText);
         if (onDisk->linesWithoutSound > 0 && !m_target.keepComments &&
             m_dialogs.ask(dropping) != Answer::Ok) {
             return false;

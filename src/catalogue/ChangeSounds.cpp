@@ -105,6 +105,17 @@ void tellRefused(const SoundsChanged& changed, const BilingualText& title, Dialo
          details});
 }
 
+BilingualText listedSounds(const SoundCatalogue& catalogue, std::span<const std::size_t> numbers)
+{
+    std::string rows;
+    for (const std::size_t number : numbers) {
+        const std::string& line = catalogue.currentLine(number);
+        rows += (rows.empty() ? "" : "\n") + std::to_string(number) + ": " +
+                shownText(line.substr(0, line.find(':')));
+    }
+    return BilingualText::same(rows);
+}
+
 Result<std::string> composeEdited(const SoundLine& record)
 {
     std::string line = ComposeSoundLine(record);

@@ -51,6 +51,9 @@ SoundsChanged changeSounds(SoundCatalogue& catalogue, std::span<const std::size_
 // The lines that refused, in a message; nothing when there are none.
 void tellRefused(const SoundsChanged& changed, const BilingualText& title, Dialogs& dialogs);
 
+// What the details of a question list: "12: METAL_SCRAPE_LOOP", a row for each.
+BilingualText listedSounds(const SoundCatalogue& catalogue, std::span<const std::size_t> numbers);
+
 // The line of the edited record. Refused when its values or letters would be read as a sample.
 Result<std::string> composeEdited(const SoundLine& record);
 

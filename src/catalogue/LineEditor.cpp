@@ -179,9 +179,12 @@ bool LineEditor::mayLeave(Dialogs& dialogs)
     if (!edited()) {
         return true;
     }
-    const Question question{titles::acceptValues,
-                            {"Values not accepted. Accept them?", "Valeurs non acceptées. Les accepter ?"},
-                            Buttons::YesNoCancel};
+    Question question{titles::acceptValues,
+                      {"Values not accepted. Accept them?", "Valeurs non acceptées. Les accepter ?"},
+                      Buttons::YesNoCancel};
+    if (m_numbers.size() > 1) {
+        question.details = listedSounds(*m_catalogue, m_numbers);
+    }
     switch (dialogs.ask(question)) {
     case Answer::Yes:
         return accept(dialogs);
@@ -226,6 +229,7 @@ std::optional<SoundsChanged> restoreLines(SoundCatalogue& catalogue, std::span<c
         const std::string count = std::to_string(numbers.size());
         question.text = {"Restore the original lines of " + count + " sounds",
                          "Restaurer les lignes d'origine de " + count + " sons"};
+        question.details = listedSounds(catalogue, numbers);
     }
     if (dialogs.ask(question) != Answer::Yes) {
         return std::nullopt;

@@ -573,18 +573,19 @@ void FmChecks::fixAllOfKind()
     }
     const std::vector<const Finding*> findings = fixableLike(*finding);
     const BilingualText kind = findCheck(finding->check)->title;
-    std::string changes = shortened(whatChanges(findings, m_context.catalogue()));
+    std::string changes = whatChanges(findings, m_context.catalogue());
     for (const Finding* const other : findings) {
         changes += isFile(*other)
                        ? in(BilingualText::same(placeOf(*other, m_context.catalogue()))).toStdString() + "\n"
                        : "";
     }
-    const Question question{
+    Question question{
         titles::checkProject,
         BilingualText("Mend ", "Corriger ") +
-            counted(findings.size(), {"finding: ", "constat : "}, {"findings: ", "constats : "}) + kind +
-            "\n\n" + changes,
+            counted(findings.size(), {"finding: ", "constat : "}, {"findings: ", "constats : "}) + kind,
         Buttons::YesNo};
+    question.details = BilingualText::same(changes);
+    question.showsDetails = true;
     if (m_context.dialogs.ask(question) == Answer::Yes) {
         mend(findings, kind);
     }

@@ -10,7 +10,7 @@ QIcon severityIcon(Severity severity, const ColourPair& colours)
 {
     switch (severity) {
     case Severity::Error:
-        return glyphIcon(Glyph::Critical, QColor(0xE8, 0x6A, 0x52));
+        return glyphIcon(Glyph::Critical, alarmColour(colours));
     case Severity::Warning:
         return glyphIcon(Glyph::Exclamation, markColour(colours));
     case Severity::Note:

@@ -149,7 +149,7 @@ ExitStatus repairSamples(const RepairArguments& arguments, Console& console)
         }
         return statusNow();
     }
-    const Question question = repairQuestion(chosen->size(), chosen->front().parent_path());
+    const Question question = repairQuestion(*chosen);
     if (console.dialogs.ask(question) != Answer::Yes) {
         return ExitStatus::Refused;
     }

@@ -206,7 +206,7 @@ bool requireChoice(const RestoreChoice& choice, Dialogs& dialogs)
     return choice.any();
 }
 
-bool wantsReload(bool hasUnappliedChanges, Dialogs& dialogs)
+bool wantsReload(bool hasUnappliedChanges, const BilingualText& listOfThem, Dialogs& dialogs)
 {
     BilingualText text("[Sounds.txt] was restored; the sounds that you see are still those of before.\n",
                        "[Sounds.txt] a été restauré ; les sons affichés sont encore ceux d'avant.\n");
@@ -215,7 +215,9 @@ bool wantsReload(bool hasUnappliedChanges, Dialogs& dialogs)
                               "Les modifications non appliquées seraient perdues.\n");
     }
     text += BilingualText("Load [Sounds.txt] again?", "Faut-il recharger [Sounds.txt] ?");
-    return dialogs.ask({titles::restore, text, Buttons::YesNo, hasUnappliedChanges}) == Answer::Yes;
+    Question question{titles::restore, text, Buttons::YesNo, hasUnappliedChanges};
+    question.details = listOfThem;
+    return dialogs.ask(question) == Answer::Yes;
 }
 
 RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext& context)

@@ -45,6 +45,6 @@ struct RestoreResult
 RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext& context);
 
 // Offers to load the restored catalogue, which loses changes that were not applied.
-bool wantsReload(bool hasUnappliedChanges, Dialogs& dialogs);
+bool wantsReload(bool hasUnappliedChanges, const BilingualText& listOfThem, Dialogs& dialogs);
 
 } // namespace tavrel

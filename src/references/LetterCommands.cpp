@@ -97,16 +97,18 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
 bool confirmMerging(const SoundCatalogue& catalogue, std::string_view oldLetter, std::string_view newLetter,
                     Dialogs& dialogs)
 {
-    const std::size_t carriers = linesWithLetter(catalogue, newLetter);
-    if (carriers == 0 || linesWithLetter(catalogue, oldLetter) == 0) {
+    const std::vector<std::size_t> carriers = soundsWithLetter(catalogue, newLetter);
+    if (carriers.empty() || linesWithLetter(catalogue, oldLetter) == 0) {
         return true;
     }
     const BilingualText text =
-        alreadyCarried(carriers, newLetter) +
+        alreadyCarried(carriers.size(), newLetter) +
         BilingualText("\nOnce it is replaced, nothing tells the two levels apart.\nReplace it anyway?",
                       "\nAprès le remplacement, rien ne distinguera plus les deux niveaux.\nRemplacer quand "
                       "même ?");
-    return dialogs.ask({replaceTitle, text, Buttons::YesNo, true, true}) == Answer::Yes;
+    Question question{replaceTitle, text, Buttons::YesNo, true, true};
+    question.details = listedSounds(catalogue, carriers);
+    return dialogs.ask(question) == Answer::Yes;
 }
 
 // The sounds of objects that a command may change.
@@ -282,10 +284,11 @@ bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Di
         return false;
     }
     const std::string letter = "[#" + shown(wad.letter) + "]";
-    const Question question{removeAllTitle,
-                            {"Remove all " + letter + " from Sound ID list",
-                             "Enlever toutes les lettres " + letter + " de la liste ID Sons"},
-                            Buttons::OkCancel};
+    Question question{removeAllTitle,
+                      {"Remove all " + letter + " from Sound ID list",
+                       "Enlever toutes les lettres " + letter + " de la liste ID Sons"},
+                      Buttons::OkCancel};
+    question.details = listedSounds(catalogue, soundsWithLetter(catalogue, wad.letter));
     if (dialogs.ask(question) != Answer::Ok) {
         return false;
     }
@@ -332,7 +335,9 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
             "\nDon't forget to apply modifications to sounds.txt to validate the new letter",
             "\nN'oubliez pas d'appliquer les modifications à sounds.txt pour valider la nouvelle lettre");
     }
-    if (dialogs.ask({replaceTitle, text, Buttons::YesNo}) != Answer::Yes) {
+    Question question{replaceTitle, text, Buttons::YesNo};
+    question.details = listedSounds(catalogue, soundsWithLetter(catalogue, wad.letter));
+    if (dialogs.ask(question) != Answer::Yes) {
         return ReplacedLetter::Declined;
     }
     const Problem problem = [&] {
@@ -368,14 +373,19 @@ Problem eraseLetterFromAllLines(SoundCatalogue& catalogue, std::string_view lett
 
 std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter)
 {
-    std::size_t count = 0;
+    return soundsWithLetter(catalogue, letter).size();
+}
+
+std::vector<std::size_t> soundsWithLetter(const SoundCatalogue& catalogue, std::string_view letter)
+{
+    std::vector<std::size_t> sounds;
     for (std::size_t k = 0; k < catalogue.size(); ++k) {
         const std::vector<std::string> letters = lettersOf(ParseSoundLine(catalogue.currentLine(k)));
         if (std::ranges::find(letters, letter) != letters.end()) {
-            ++count;
+            sounds.push_back(k);
         }
     }
-    return count;
+    return sounds;
 }
 
 BilingualText alreadyCarried(std::size_t lines, std::string_view letter)

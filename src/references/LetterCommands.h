@@ -53,7 +53,8 @@ BilingualText removedLetterLabel(std::string_view letter);
 [[nodiscard]] Problem replaceLetterOnAllLines(SoundCatalogue& catalogue, std::string_view oldLetter,
                                               std::string_view newLetter);
 [[nodiscard]] Problem eraseLetterFromAllLines(SoundCatalogue& catalogue, std::string_view letter);
-// How many lines carry the letter.
+// Those whose lines carry the letter.
+std::vector<std::size_t> soundsWithLetter(const SoundCatalogue& catalogue, std::string_view letter);
 std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter);
 // What to know before a reference takes a letter that lines carry.
 BilingualText alreadyCarried(std::size_t lines, std::string_view letter);

@@ -5,6 +5,7 @@
 #include "base/Counted.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
+#include "catalogue/ChangeSounds.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
 #include "references/LetterTexts.h"
@@ -94,6 +95,11 @@ void RegisterEditor::tellLinesLeft(const std::string& letter, const BilingualTex
            BilingualText(marked + " is not a letter of one level. It stays on ",
                          marked + " n'est pas une lettre de niveau. Elle reste sur ") +
                countedLines(lines) + ".");
+}
+
+BilingualText RegisterEditor::soundsWith(const std::string& letter) const
+{
+    return listedSounds(m_context.catalogue, soundsWithLetter(m_context.catalogue, letter));
 }
 
 WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announceBuiltIn)
@@ -245,11 +251,12 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
         const std::string before = "[#" + shown(m_selectedLetter) + "]";
         const std::string after = "[#" + shown(fields.letter) + "]";
         const std::string name = "[" + shown(m_selectedWadName) + "]";
-        const Question question{
+        Question question{
             title,
             {"Replace letter " + before + " by " + after + "\n for all the sounds of " + name + " Wad",
              "Remplacer la lettre " + before + " par " + after + "\n pour tous les sons du wad " + name},
             Buttons::YesNo};
+        question.details = soundsWith(m_selectedLetter);
         if (m_context.dialogs.ask(question) != Answer::Yes) {
             return Modified::LetterTakenBack;
         }
@@ -296,12 +303,13 @@ bool RegisterEditor::remove()
     }
     const std::string letter = shown(m_selectedLetter);
     const std::string name = shown(m_selectedWadName);
-    const Question question{
+    Question question{
         titles::deleteReference,
         {"Delete [" + name + "/#" + letter + "] reference\nRemove all [#" + letter + "] from Sound ID list",
          "Supprimer la référence [" + name + "/#" + letter + "]\nEnlever toutes les lettres [#" + letter +
              "] de la liste ID Sons"},
         Buttons::YesNo};
+    question.details = soundsWith(m_selectedLetter);
     if (m_context.dialogs.ask(question) != Answer::Yes) {
         return false;
     }

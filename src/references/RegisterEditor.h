@@ -73,6 +73,8 @@ private:
     bool isFreeLetter(const std::string& letter, const BilingualText& caption);
     bool refuse(ReferenceField field, const BilingualText& title, const BilingualText& text);
     bool reported(const Problem& problem, const BilingualText& title);
+    // For the details of a question.
+    BilingualText soundsWith(const std::string& letter) const;
     // The letter is one that no walk over the lines looks for.
     void tellLinesLeft(const std::string& letter, const BilingualText& title);
 

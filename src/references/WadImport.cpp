@@ -7,6 +7,7 @@
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
+#include "catalogue/ChangeSounds.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
 #include "references/LineLetters.h"
@@ -128,10 +129,45 @@ KindTexts textsOf(WadListKind kind)
     return {titles::importObjects, titles::loadObjects, {"included objects", "aux objets incorporés"}, "  "};
 }
 
-std::string soundRow(std::size_t sound, const SoundCatalogue& catalogue)
+std::vector<std::size_t> soundsThatGetLetter(const ImportPlan& plan, const SoundCatalogue& catalogue,
+                                             const std::string& letter)
 {
-    const std::string& line = catalogue.currentLine(sound);
-    return std::to_string(sound) + ": " + shownText(line.substr(0, line.find(':')));
+    std::vector<std::size_t> sounds;
+    for (const SoundCatalogue::LineChange& change : plan.changes) {
+        if (holds(lettersOn(change.text), letter) &&
+            !holds(lettersOn(catalogue.currentLine(change.number)), letter)) {
+            sounds.push_back(change.number);
+        }
+    }
+    return sounds;
+}
+
+// The words for a number of sounds, and the sounds below.
+BilingualText headed(const BilingualText& heading, const SoundCatalogue& catalogue,
+                     std::span<const std::size_t> sounds)
+{
+    return heading + BilingualText::same("\n") + listedSounds(catalogue, sounds);
+}
+
+BilingualText whatImportDoes(const ImportPlan& plan, const SoundCatalogue& catalogue,
+                             const std::string& letter)
+{
+    BilingualText text;
+    if (!plan.putBack.empty()) {
+        text = headed(counted(plan.putBack.size(),
+                              {"sound goes back to its saved line:", "son revient à sa ligne enregistrée :"},
+                              {"sounds go back to their saved lines:",
+                               "sons reviennent à leurs lignes enregistrées :"}),
+                      catalogue, plan.putBack);
+    }
+    const std::vector<std::size_t> getting = soundsThatGetLetter(plan, catalogue, letter);
+    if (!getting.empty()) {
+        text += text.empty() ? "" : "\n\n";
+        text += headed(counted(getting.size(), {"sound gets the letter:", "son reçoit la lettre :"},
+                               {"sounds get the letter:", "sons reçoivent la lettre :"}),
+                       catalogue, getting);
+    }
+    return text;
 }
 
 bool confirmImport(const CurrentWad& wad, WadListKind kind, const ImportPlan& plan,
@@ -146,15 +182,7 @@ bool confirmImport(const CurrentWad& wad, WadListKind kind, const ImportPlan& pl
                        "Ouvrir " + file + " et assigner " + letter + " " + texts.objects.french +
                            ".\nLes modifications déjà apportées seront perdues"},
                       Buttons::OkCancel};
-    if (!plan.putBack.empty()) {
-        question.details = counted(
-            plan.putBack.size(),
-            {"sound goes back to its saved line:", "son revient à sa ligne enregistrée :"},
-            {"sounds go back to their saved lines:", "sons reviennent à leurs lignes enregistrées :"});
-    }
-    for (const std::size_t sound : plan.putBack) {
-        question.details += "\n" + soundRow(sound, catalogue);
-    }
+    question.details = whatImportDoes(plan, catalogue, wad.letter);
     return dialogs.ask(question) == Answer::Ok;
 }
 
@@ -174,7 +202,8 @@ BilingualText whoGotTheLetter(const ImportPlan& plan)
 
 std::string rowOf(const TakenLetters& taken, const SoundCatalogue& catalogue)
 {
-    std::string row = "\n  " + soundRow(taken.sound, catalogue);
+    const std::size_t sound[] = {taken.sound};
+    std::string row = "\n  " + listedSounds(catalogue, sound).english;
     for (const std::string& letter : taken.letters) {
         row += "  #" + shownText(letter);
     }

@@ -42,10 +42,12 @@ void FmCheck::repair()
         m_context.dialogs.show({MessageIcon::Information, titles::repairSamples, anomalyCount(0)});
         return;
     }
-    Question question = repairQuestion(selected.empty() ? wrong.size() : selected.size(), m_folder);
+    Question question = repairQuestion(selected.empty() ? wrong : selected);
     if (!selected.empty() && !wrong.empty() && wrong != selected) {
         const std::string count = std::to_string(wrong.size());
         question.otherChoice = {"All " + count + " wrong ones", "Tous les mauvais (" + count + ")"};
+        question.details +=
+            BilingualText("\n\nAll wrong ones:\n", "\n\nTous les mauvais :\n") + listedFiles(wrong);
     }
     const Answer answer = m_context.dialogs.ask(question);
     if (answer == Answer::Other || (answer == Answer::Yes && selected.empty())) {
@@ -70,7 +72,7 @@ void FmCheck::putBack()
                                  "Aucun original des samples choisis n'a été conservé."}});
         return;
     }
-    if (m_context.dialogs.ask(putBackQuestion(files.size())) == Answer::Yes) {
+    if (m_context.dialogs.ask(putBackQuestion(files)) == Answer::Yes) {
         startRun(SampleTask::PutBack, std::move(files));
     }
 }

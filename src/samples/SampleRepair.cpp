@@ -10,6 +10,7 @@
 #include "base/TextFile.h"
 #include "base/Titles.h"
 #include "samples/SampleConversion.h"
+#include "samples/SamplesFolder.h"
 
 #include <algorithm>
 #include <array>
@@ -396,22 +397,28 @@ SampleReport runOnSamples(SampleTask task, std::vector<fs::path> samples, Progre
     return run.takeReport();
 }
 
-Question repairQuestion(std::size_t count, const fs::path& samplesFolder)
+Question repairQuestion(std::span<const fs::path> samples)
 {
-    return {titles::repairSamples, BilingualText("Convert ", "Convertir ") +
-                                       counted(count, {"sample", "sample"}, {"samples", "samples"}) +
-                                       BilingualText(" to the right format?\nThe originals are kept in ",
-                                                     " au bon format ?\nLes originaux sont conservés dans ") +
-                                       displayPath(originalsFolder(samplesFolder))};
+    Question question{titles::repairSamples,
+                      BilingualText("Convert ", "Convertir ") +
+                          counted(samples.size(), {"sample", "sample"}, {"samples", "samples"}) +
+                          BilingualText(" to the right format?\nThe originals are kept in ",
+                                        " au bon format ?\nLes originaux sont conservés dans ") +
+                          displayPath(originalsFolder(samples.front().parent_path()))};
+    question.details = listedFiles(samples);
+    return question;
 }
 
-Question putBackQuestion(std::size_t count)
+Question putBackQuestion(std::span<const fs::path> samples)
 {
-    return {
+    Question question{
         titles::putBackOriginals,
         BilingualText("Put ", "Remettre ") +
-            counted(count, {"original back in the place of the sample?", "original à la place du sample ?"},
+            counted(samples.size(),
+                    {"original back in the place of the sample?", "original à la place du sample ?"},
                     {"originals back in the place of the samples?", "originaux à la place des samples ?"})};
+    question.details = listedFiles(samples);
+    return question;
 }
 
 } // namespace tavrel

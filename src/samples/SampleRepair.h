@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <thread>
 #include <vector>
 
@@ -99,7 +100,7 @@ private:
 SampleReport runOnSamples(SampleTask task, std::vector<std::filesystem::path> samples, Progress& progress);
 
 // The questions before it name the count.
-Question repairQuestion(std::size_t count, const std::filesystem::path& samplesFolder);
-Question putBackQuestion(std::size_t count);
+Question repairQuestion(std::span<const std::filesystem::path> samples); // of one folder
+Question putBackQuestion(std::span<const std::filesystem::path> samples);
 
 } // namespace tavrel

@@ -63,4 +63,13 @@ std::optional<std::string> chosenSampleName(std::string_view fileName)
     return std::string(fileName.substr(0, position));
 }
 
+BilingualText listedFiles(std::span<const std::filesystem::path> files)
+{
+    std::string rows;
+    for (const std::filesystem::path& file : files) {
+        rows += (rows.empty() ? "" : "\n") + displayPath(file.filename());
+    }
+    return BilingualText::same(rows);
+}
+
 } // namespace tavrel

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,5 +57,8 @@ private:
     std::vector<SampleFile> m_files;
     std::size_t m_next = 0;
 };
+
+// What the details of a question list: a row for the name of each.
+BilingualText listedFiles(std::span<const std::filesystem::path> files);
 
 } // namespace tavrel

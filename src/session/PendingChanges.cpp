@@ -42,6 +42,16 @@ BilingualText describe(const PendingChange& change)
     return BilingualText::same(number + name + ": ") + what;
 }
 
+BilingualText listOfPendingChanges(const SoundCatalogue& catalogue)
+{
+    BilingualText rows;
+    for (const PendingChange& change : pendingChanges(catalogue)) {
+        rows += rows.empty() ? "" : "\n";
+        rows += describe(change);
+    }
+    return rows;
+}
+
 Result<std::vector<DroppedLine>> droppedLines(const SoundCatalogue& catalogue)
 {
     const Result<TextFile> file = readTextFile(catalogue.file().path, largestLines);

@@ -24,6 +24,9 @@ std::vector<PendingChange> pendingChanges(const SoundCatalogue& catalogue);
 // "12: METAL_SCRAPE_LOOP: VOL 44 → 60, #oa added"
 BilingualText describe(const PendingChange& change);
 
+// A row for each, to be folded into a question that would give them up.
+BilingualText listOfPendingChanges(const SoundCatalogue& catalogue);
+
 // Lines of the file that are not sounds and will not be written back, as they stand there.
 struct DroppedLine
 {

@@ -27,4 +27,12 @@ struct HelpSection
 // Without the list of contents that the text itself begins with.
 std::vector<HelpSection> helpSections(std::string_view text);
 
+enum class HelpAbout { Window, Message };
+// The chapter of that name, or what the chapters of windows and messages say about a title: the section with
+// the title in its heading, else the one that has it in quotes. A heading may name several titles ("Add, Add
+// letter"), explain one in brackets, or end in "-" where the rest of the title is not always the same. None
+// is null.
+const HelpSection* findHelpSection(std::string_view text, const std::vector<HelpSection>& sections,
+                                   std::string_view title, HelpAbout about);
+
 } // namespace tavrel

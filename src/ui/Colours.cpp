@@ -6,7 +6,24 @@
 #include <QAbstractScrollArea>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace tavrel {
+
+namespace {
+
+constexpr double contrastOfTexts = 4.5;
+
+// On the pair's ground; else the pair's own text colour.
+QColor firstThatStandsOut(const ColourPair& pair, double contrast, std::initializer_list<QColor> colours)
+{
+    const auto found = std::ranges::find_if(colours, [&pair, contrast](const QColor& colour) {
+        return contrastOf({pair.back, colourValue(colour)}) >= contrast;
+    });
+    return found != colours.end() ? *found : colourFrom(pair.text);
+}
+
+} // namespace
 
 QColor colourFrom(ColourValue value)
 {
@@ -34,12 +51,13 @@ void paintWith(QWidget& area, const ColourPair& pair)
 QColor markColour(const ColourPair& pair)
 {
     const QColor darkAmber(0x8F, 0x56, 0x00);
-    for (const QColor& amber : {theme::accent, darkAmber}) {
-        if (contrastOf({pair.back, colourValue(amber)}) >= leastContrast) {
-            return amber;
-        }
-    }
-    return colourFrom(pair.text);
+    return firstThatStandsOut(pair, contrastOfTexts, {theme::accent, darkAmber});
+}
+
+QColor alarmColour(const ColourPair& pair)
+{
+    const QColor darkRed(0xB0, 0x30, 0x18);
+    return firstThatStandsOut(pair, leastContrast, {theme::alarm, darkRed});
 }
 
 QColor mutedColour(const ColourPair& pair)

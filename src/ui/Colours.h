@@ -18,6 +18,8 @@ void paintWith(QWidget& area, const ColourPair& pair);
 
 // What stands out in a list of these colours: amber, light or dark, or else the list's own text colour.
 QColor markColour(const ColourPair& pair);
+// The same in red, for icons and dots.
+QColor alarmColour(const ColourPair& pair);
 
 // A row that is out of use: between text and ground.
 QColor mutedColour(const ColourPair& pair);

@@ -157,6 +157,11 @@ void FmHelp::search()
 void FmHelp::showLine(int line)
 {
     m_line = line;
+    for (QTreeWidgetItemIterator item(m_contents); *item != nullptr; ++item) {
+        if ((*item)->data(0, lineRole).toInt() == line) {
+            m_contents->setCurrentItem(*item);
+        }
+    }
     const QTextBlock block = m_view->document()->findBlockByNumber(line);
     m_view->setTextCursor(QTextCursor(block));
     m_view->verticalScrollBar()->setValue(line);

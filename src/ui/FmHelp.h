@@ -39,7 +39,7 @@ public:
 protected:
     // A click beside the text closes the window, too.
     void mousePressEvent(QMouseEvent* event) override;
-    void showHelp() override {}
+    void showHelp(const HelpTopic& /*topic*/) override {}
     void showEvent(QShowEvent* event) override;
 
 private:

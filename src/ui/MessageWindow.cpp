@@ -36,7 +36,7 @@ QIcon iconOf(MessageIcon icon)
     case MessageIcon::Exclamation:
         return glyphIcon(Glyph::Exclamation, theme::accent);
     case MessageIcon::Critical:
-        return glyphIcon(Glyph::Critical, QColor(0xE8, 0x6A, 0x52));
+        return glyphIcon(Glyph::Critical, theme::alarm);
     case MessageIcon::Information:
         break;
     }
@@ -164,12 +164,17 @@ void MessageWindow::keyPressEvent(QKeyEvent* event)
     TitledWindow::keyPressEvent(event);
 }
 
-void MessageWindow::showHelp()
+HelpTopic MessageWindow::helpTopic() const
+{
+    return {windowTitle(), true};
+}
+
+void MessageWindow::showHelp(const HelpTopic& topic)
 {
     if (parentWidget() == nullptr && m_openHelp) {
-        m_openHelp(*this);
+        m_openHelp(*this, topic);
     } else {
-        TitledWindow::showHelp();
+        TitledWindow::showHelp(topic);
     }
 }
 

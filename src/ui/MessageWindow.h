@@ -22,7 +22,8 @@ public:
     MessageWindow(QWidget* parent, MessageIcon icon, const QString& title, const QString& text);
 
     // For a box without an opener that has help.
-    void setHelp(std::function<void(QWidget&)> openHelp) { m_openHelp = std::move(openHelp); }
+    using HelpOpener = std::function<void(QWidget& box, const HelpTopic& topic)>;
+    void setHelp(HelpOpener openHelp) { m_openHelp = std::move(openHelp); }
     // Folds out below; a button shows and hides it.
     void addDetails(const QString& details, bool open, Language language);
     // From left to right; the default answer is the one that Enter gives. An answer may have words of its
@@ -35,11 +36,12 @@ public:
 protected:
     // The underlined letters work without Alt: there is nothing here to type.
     void keyPressEvent(QKeyEvent* event) override;
-    void showHelp() override;
+    HelpTopic helpTopic() const override;
+    void showHelp(const HelpTopic& topic) override;
 
 private:
     QHBoxLayout* m_buttons;
-    std::function<void(QWidget&)> m_openHelp;
+    HelpOpener m_openHelp;
     Answer m_answer = Answer::Cancel;
 };
 

@@ -2,7 +2,6 @@
 #include "ui/QtDialogs.h"
 
 #include "base/CodePage.h"
-#include "ui/MessageWindow.h"
 #include "ui/Text.h"
 
 #include <QApplication>
@@ -68,11 +67,11 @@ QWidget* ownerOfDialogs()
 
 } // namespace
 
-std::function<void(QWidget&)> QtDialogs::helpOfBoxes() const
+MessageWindow::HelpOpener QtDialogs::helpOfBoxes() const
 {
-    return [this](QWidget& box) {
+    return [this](QWidget& box, const HelpTopic& topic) {
         if (m_openHelp) {
-            m_openHelp(box, m_language);
+            m_openHelp(box, topic, m_language);
         }
     };
 }

@@ -3,6 +3,7 @@
 
 #include "base/Dialogs.h"
 #include "ui/ColourDialog.h"
+#include "ui/MessageWindow.h"
 
 #include <QFileDialog>
 
@@ -18,7 +19,7 @@ class QtDialogs : public Dialogs
 public:
     void setLanguage(Language language) { m_language = language; }
     // What F1 does in a box that no window has opened.
-    using OpenHelp = std::function<void(QWidget& box, Language language)>;
+    using OpenHelp = std::function<void(QWidget& box, const HelpTopic& topic, Language language)>;
     void setHelp(OpenHelp openHelp) { m_openHelp = std::move(openHelp); }
 
     void show(const Message& message) override;
@@ -30,7 +31,7 @@ public:
 private:
     std::vector<std::filesystem::path> runFileDialog(const OpenFileQuestion& question,
                                                      QFileDialog::FileMode mode);
-    std::function<void(QWidget&)> helpOfBoxes() const;
+    MessageWindow::HelpOpener helpOfBoxes() const;
 
     Language m_language = Language::English;
     OpenHelp m_openHelp;

@@ -196,8 +196,8 @@ QComboBox QAbstractItemView {
 
 QScrollBar:vertical { background: #232529; width: 12px; margin: 0; }
 QScrollBar:horizontal { background: #232529; height: 8px; margin: 0; }
-QScrollBar::handle { background: #545962; border-radius: 3px; margin: 2px; min-width: 24px; min-height: 24px; }
-QScrollBar::handle:hover { background: #6A707B; }
+QScrollBar::handle { background: #6A707B; border-radius: 3px; margin: 2px; min-width: 24px; min-height: 24px; }
+QScrollBar::handle:hover { background: #858B96; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
 
@@ -208,6 +208,7 @@ QLabel[paper="calm"] { color: #404040; }
 QLabel[paper="alarm"] { color: #C00000; }
 
 QWidget#PnWad QLineEdit:read-only { background: #F6F4E8; border-color: #17181B; }
+QWidget#PnWad QComboBox { background: #08090A; }
 
 QProgressBar { background: #1F2124; border: 1px solid #17181B; border-radius: 3px; }
 QProgressBar::chunk { background: #E8A33D; border-radius: 2px; }

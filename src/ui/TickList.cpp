@@ -17,7 +17,6 @@ namespace tavrel {
 namespace {
 
 constexpr int markSize = 14;
-const QColor refusalColour(0xE8, 0x6A, 0x52);
 
 // Dark on a selected row, which is painted with the accent.
 QIcon markIcon(Glyph glyph, const QColor& colour, qreal pixelRatio)
@@ -134,7 +133,7 @@ void TickList::useMarks()
     QPixmap room(markSize, markSize);
     room.fill(Qt::transparent);
     m_model->setIcons({room, markIcon(Glyph::Exclamation, theme::accent, devicePixelRatioF()),
-                       markIcon(Glyph::Critical, refusalColour, devicePixelRatioF())});
+                       markIcon(Glyph::Critical, theme::alarm, devicePixelRatioF())});
     m_hasMarks = true;
 }
 

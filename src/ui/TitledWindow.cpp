@@ -45,7 +45,7 @@ TitledWindow::TitledWindow(QWidget* parent)
     auto* const closing = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_F4), this);
     connect(closing, &QShortcut::activated, this, &QWidget::close);
     auto* const help = new QShortcut(QKeySequence::HelpContents, this);
-    connect(help, &QShortcut::activated, this, &TitledWindow::showHelp);
+    connect(help, &QShortcut::activated, this, [this] { showHelp(helpTopic()); });
 }
 
 void TitledWindow::addMoveShortcut(Qt::Key arrow, QPoint step)
@@ -142,11 +142,16 @@ void TitledWindow::mouseDoubleClickEvent(QMouseEvent* event)
     QDialog::mouseDoubleClickEvent(event);
 }
 
-void TitledWindow::showHelp()
+HelpTopic TitledWindow::helpTopic() const
+{
+    return {windowTitle()};
+}
+
+void TitledWindow::showHelp(const HelpTopic& topic)
 {
     for (QWidget* widget = parentWidget(); widget != nullptr; widget = widget->parentWidget()) {
         if (auto* const opener = qobject_cast<TitledWindow*>(widget)) {
-            opener->showHelp();
+            opener->showHelp(topic);
             return;
         }
     }

@@ -24,6 +24,13 @@ public:
     virtual void keepSize(const QString& window, QSize size) = 0;
 };
 
+// What the help is asked about: the title of a window or message, or a chapter.
+struct HelpTopic
+{
+    QString title = {};
+    bool isMessage = false;
+};
+
 // A window without the system's title bar: a title image to drag it by, and the keyboard to move it
 // (Shift+Alt and an arrow key), to close it (Alt+F4, Esc in secondary windows) and to open the help (F1).
 class TitledWindow : public QDialog
@@ -45,8 +52,9 @@ protected:
     void offerMaximising();
     // Secondary windows ask the one that opened them. None is null.
     virtual WindowMemory* memory();
+    virtual HelpTopic helpTopic() const;
     // Secondary windows ask the one that opened them.
-    virtual void showHelp();
+    virtual void showHelp(const HelpTopic& topic);
 
     // Beside the title image.
     QHBoxLayout& titleRow() { return *m_titleRow; }

@@ -7,6 +7,7 @@
 #include "base/FailureTexts.h"
 #include "base/SafeFile.h"
 #include "base/Titles.h"
+#include "catalogue/ChangeSounds.h"
 #include "catalogue/LineWords.h"
 #include "samples/SampleConversion.h"
 #include "samples/SampleFormat.h"
@@ -209,8 +210,11 @@ agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version,
         text += BilingualText("\nNothing is written before you apply the changes.",
                               "\nRien n'est écrit avant d'appliquer les modifications.");
     }
-    return dialogs.ask({titles::versions, text}) == Answer::Yes ? std::optional(std::move(changes))
-                                                                : std::nullopt;
+    std::vector<std::size_t> numbers;
+    std::ranges::transform(changes, std::back_inserter(numbers), &SoundCatalogue::LineChange::number);
+    Question question{titles::versions, text};
+    question.details = listedSounds(catalogue, numbers);
+    return dialogs.ask(question) == Answer::Yes ? std::optional(std::move(changes)) : std::nullopt;
 }
 
 bool bringSetBack(const KeptVersion& set, const KeptPlaces& places, Progress& progress, Dialogs& dialogs)
@@ -220,7 +224,13 @@ bool bringSetBack(const KeptVersion& set, const KeptPlaces& places, Progress& pr
         counted(set.files, {"file of\n", "fichier de\n"}, {"files of\n", "fichiers de\n"}) +
         displayPath(set.path) +
         BilingualText("\nWhat is there now is put aside.", "\nCe qui s'y trouve est mis de côté.");
-    if (dialogs.ask({titles::versions, text}) != Answer::Yes) {
+    Question question{titles::versions, text};
+    if (const Result<std::vector<FolderEntry>> files = listFolder(set.path)) {
+        for (const FolderEntry& file : *files) {
+            question.details += (question.details.empty() ? "" : "\n") + shownText(file.name);
+        }
+    }
+    if (dialogs.ask(question) != Answer::Yes) {
         return false;
     }
     if (const Problem problem = bringBackSet(set, places, progress)) {

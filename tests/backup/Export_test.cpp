@@ -236,7 +236,7 @@ TEST_F(ExportFile, TakesTheSamplesAlong)
     const ExportOutcome outcome = saveExport(modified, progress);
     EXPECT_EQ(outcome.samplesCopied, 1U);
     EXPECT_EQ(outcome.report->text.english,
-              "1 sample(s) are not in the level editor's samples folder and were not saved:\nboat.wav");
+              "1 sample is not in the level editor's samples folder and was not saved:\nboat.wav");
     EXPECT_EQ(namesIn(root / "city_Samples"), Names{"foot.wav"});
     EXPECT_EQ(progress.said, Names{"Copying sample [foot.wav]..."});
     EXPECT_EQ(namesIn(root.path()), (Names{"city.tox", "city_Samples", "samples"}));

@@ -230,6 +230,7 @@ TEST_F(ImportFiles, AsksFirst)
                                  Language language) {
         ScriptedDialogs dialogs{answer};
         EXPECT_EQ(confirmImport(asked, dialogs), expected);
+        EXPECT_EQ(dialogs.said().front().details.english, "1: B");
         return dialogs.conversation(language).front();
     };
     EXPECT_EQ(conversation(request(backup), Answer::No, false, Language::French),

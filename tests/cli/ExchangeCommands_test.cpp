@@ -127,7 +127,7 @@ TEST_F(ExchangeCommands, SamplesThatAreLeftOutShowInTheStatus)
     EXPECT_EQ(imported.status, 4) << imported.messages;
     const CliRun all = cli.run({"export", "all", at("a.tob"), "--samples"});
     EXPECT_EQ(all.status, 4);
-    EXPECT_NE(all.messages.find("1 sample(s) are not in the level editor's samples folder and were not "
+    EXPECT_NE(all.messages.find("1 sample is not in the level editor's samples folder and was not "
                                 "saved:\na.wav\n"),
               std::string::npos)
         << all.messages;
@@ -172,7 +172,7 @@ TEST_F(ExchangeCommands, ABackupBringsEverythingBack)
     EXPECT_NE(readBytes(cli.sounds), before);
     const CliRun run = cli.agreeing({"import", at("a.tob")});
     EXPECT_EQ(run.status, 4) << "samples are missing";
-    EXPECT_NE(run.messages.find("3 sample(s) of the lines are not in the level editor's samples folder:\n"
+    EXPECT_NE(run.messages.find("3 samples of the lines are not in the level editor's samples folder:\n"
                                 "a.wav\nb.wav\nc.wav\n"),
               std::string::npos)
         << run.messages;

@@ -165,6 +165,9 @@ TEST_F(LetterCommands, EraseAndReplaceWalkOverAllLines)
     EXPECT_TRUE(removeLetterEverywhere(catalogue, wad, dialogs));
     EXPECT_EQ(dialogs.conversation(Language::English)[0],
               "OK/Cancel | Remove all | Remove all [#ab] from Sound ID list");
+    EXPECT_EQ(dialogs.said()[0].details.english.substr(0, 3), "0: ");
+    EXPECT_NE(dialogs.said()[0].details.english.find("\n1: "), std::string::npos);
+    EXPECT_EQ(dialogs.said()[0].details.english.find("\n2: "), std::string::npos) << "not the letter's";
     EXPECT_EQ(line(0), plain + "#g");
     EXPECT_EQ(line(1), plain.substr(0, plain.size() - 1) + " #cd") << "the TAB before the letter goes, too";
     EXPECT_EQ(line(2), plain + "#cd");

@@ -222,6 +222,7 @@ TEST_F(RegisterEditorTest, DeleteTakesTheLetterOffTheLines)
     EXPECT_EQ(
         dialogs.conversation(Language::English)[1],
         "Yes/No | Delete reference | Delete [oasis/#oa] reference\nRemove all [#oa] from Sound ID list");
+    EXPECT_NE(dialogs.said()[1].details.english, "") << "the sounds that lose it";
     EXPECT_EQ(letters(), "#g #ef");
     EXPECT_EQ(references.size(), 42U);
     EXPECT_EQ(wad.wadName + wad.letter + wad.title, "");

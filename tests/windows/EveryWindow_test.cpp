@@ -5,6 +5,7 @@
 #include "app/FmLanguage.h"
 #include "demo/DemoFolder.h"
 #include "session/FmRecover.h"
+#include "ui/FmHelp.h"
 #include "ui/MessageWindow.h"
 
 #include <QAction>
@@ -14,6 +15,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
+#include <QTreeWidget>
 
 #include <set>
 
@@ -88,6 +90,25 @@ protected:
         }
     }
 
+    // The help opens at a section that names the window.
+    void askForHelp(QWidget& shown)
+    {
+        if (shown.objectName() == "FmHelp") {
+            return;
+        }
+        QString section;
+        whenOpened<FmHelp>([&section](FmHelp& help) {
+            const auto* const contents = help.findChild<QTreeWidget*>("LiContents");
+            section = contents->currentItem() == nullptr ? QString() : contents->currentItem()->text(0);
+        });
+        QApplication::setActiveWindow(&shown);
+        QTest::keyClick(&shown, Qt::Key_F1);
+        const QString keys = GetParam() == Language::English ? "8. KEYS" : "8. LES TOUCHES";
+        const QString title = &shown == window.get() ? keys : shown.windowTitle();
+        const bool isNamed = section.contains(title) || (!section.isEmpty() && title.startsWith(section));
+        EXPECT_TRUE(isNamed) << section.toStdString() << " for " << title.toStdString();
+    }
+
     static void lookForClipping(const QWidget& found)
     {
         const auto* const label = qobject_cast<const QLabel*>(&found);
@@ -155,6 +176,7 @@ protected:
             } else {
                 EXPECT_EQ(opened.objectName().toStdString(), wanted);
                 lookAt(opened);
+                askForHelp(opened);
             }
         });
     }
@@ -176,12 +198,14 @@ TEST_P(EveryWindowTest, IsWholeAndExplainsItself)
     type("TxVOL", "31");
     click("CdValidW"); // something to review, and to be told of before sounds.txt is shown
     lookAt(*window);
+    askForHelp(*window);
     for (const Door& door : doors) {
         SCOPED_TRACE(door.window);
         goThrough(*window, door.controls, door.window);
         QCoreApplication::processEvents();
         if (auto* const open = window->findChild<QDialog*>(door.window)) {
             lookAt(*open); // it stays beside the main window
+            askForHelp(*open);
             open->close();
         }
         EXPECT_TRUE(seen.contains(door.window));
@@ -190,7 +214,7 @@ TEST_P(EveryWindowTest, IsWholeAndExplainsItself)
 
 TEST_P(EveryWindowTest, MessagesAreWhole)
 {
-    FmLanguage language([](QWidget&, Language) {});
+    FmLanguage language([](QWidget&, const HelpTopic&, Language) {});
     language.show();
     lookAt(language);
     for (const Buttons buttons : {Buttons::Ok, Buttons::OkCancel, Buttons::YesNo, Buttons::YesNoCancel}) {
