@@ -8,7 +8,7 @@
 #include "checks/FindingQuestions.h"
 #include "checks/FmChecks.h"
 #include "checks/FmLevels.h"
-#include "session/SessionChecks.h"
+#include "checks/SessionChecks.h"
 
 namespace tavrel {
 
