@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Checks the format of the sources and runs the static checks over them.
+# Checks the format of the sources and where their includes point, and runs the static checks over them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -8,6 +8,7 @@ cd "$(dirname "$0")/.."
 need_packages $build_packages $test_packages $lint_packages
 mapfile -t sources < <(git ls-files '*.h' '*.cpp')
 clang-format --dry-run -Werror "${sources[@]}"
+scripts/check-arrows.py
 
 configure release
 cmake --build build/release

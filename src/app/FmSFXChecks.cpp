@@ -8,8 +8,8 @@
 #include "checks/FindingQuestions.h"
 #include "checks/FmChecks.h"
 #include "checks/FmLevels.h"
-#include "session/PendingChanges.h"
-#include "session/SessionChecks.h"
+#include "checks/SessionChecks.h"
+#include "versions/PendingChanges.h"
 
 namespace tavrel {
 

@@ -26,10 +26,10 @@
 #include "samples/FmDoub.h"
 #include "samples/FmSamp.h"
 #include "samples/FmSplInc.h"
-#include "session/FmReview.h"
 #include "ui/Controls.h"
 #include "ui/FmColors.h"
 #include "versions/FmCompare.h"
+#include "versions/FmReview.h"
 #include "versions/FmVersions.h"
 #include "versions/VersionCommands.h"
 

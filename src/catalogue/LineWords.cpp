@@ -36,6 +36,17 @@ std::vector<std::string> missingFrom(const std::vector<std::string>& words,
     return missing;
 }
 
+char inCapitals(char c)
+{
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool startsWithKeyword(std::string_view word, std::string_view keyword)
+{
+    return word.size() >= keyword.size() &&
+           std::ranges::equal(word.substr(0, keyword.size()), keyword, {}, inCapitals);
+}
+
 } // namespace
 
 std::vector<std::string_view> wordsBehindName(std::string_view line)
@@ -48,6 +59,30 @@ std::vector<std::string_view> wordsBehindName(std::string_view line)
         start = line.find_first_not_of(" \t", end);
     }
     return words;
+}
+
+bool ValueWord::isZero() const
+{
+    return !digits.empty() && digits.find_first_not_of('0') == std::string_view::npos;
+}
+
+std::optional<ValueWord> readValueWord(std::string_view word)
+{
+    for (const std::string_view keyword : {"VOL", "CH", "PIT", "RAD"}) {
+        if (!startsWithKeyword(word, keyword)) {
+            continue;
+        }
+        const std::string_view number = word.substr(keyword.size());
+        const std::string_view sign = keyword == "PIT" && number.starts_with('-') ? "-" : "";
+        const std::string_view digits = number.substr(sign.size());
+        const bool capitals = word.starts_with(keyword);
+        if (digits.find_first_not_of("0123456789") != std::string_view::npos ||
+            (digits.empty() && !capitals)) {
+            return std::nullopt;
+        }
+        return ValueWord{keyword, capitals, sign, digits};
+    }
+    return std::nullopt;
 }
 
 std::string comparableWord(std::string_view word)

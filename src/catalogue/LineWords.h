@@ -4,6 +4,7 @@
 #include "base/Dialogs.h"
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,6 +25,18 @@ struct WordChanges
 
 // The words behind the name, in their order. A "#" starts a new word even without a blank before it.
 std::vector<std::string_view> wordsBehindName(std::string_view line);
+
+// A word of the shape of a value: its keyword in capitals, how it stands, its digits.
+struct ValueWord
+{
+    std::string_view keyword;
+    bool inCapitals;
+    std::string_view sign;
+    std::string_view digits;
+
+    bool isZero() const;
+};
+std::optional<ValueWord> readValueWord(std::string_view word);
 
 // One spelling for words of one value: VOL8 and VOL08, PIT-0 and PIT00.
 std::string comparableWord(std::string_view word);

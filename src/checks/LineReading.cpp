@@ -12,17 +12,6 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 
-char inCapitals(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool startsWithKeyword(std::string_view word, std::string_view keyword)
-{
-    return word.size() >= keyword.size() &&
-           std::ranges::equal(word.substr(0, keyword.size()), keyword, {}, inCapitals);
-}
-
 bool isSeparator(char c)
 {
     return c == ' ' || c == '\t';
@@ -74,29 +63,6 @@ LineReading readLine(std::size_t sound, std::string_view line)
 std::string_view nameOf(std::string_view line)
 {
     return line.substr(0, line.find(':'));
-}
-
-bool ValueWord::isZero() const
-{
-    return !digits.empty() && digits.find_first_not_of('0') == npos;
-}
-
-std::optional<ValueWord> readValueWord(std::string_view word)
-{
-    for (const std::string_view keyword : {"VOL", "CH", "PIT", "RAD"}) {
-        if (!startsWithKeyword(word, keyword)) {
-            continue;
-        }
-        const std::string_view number = word.substr(keyword.size());
-        const std::string_view sign = keyword == "PIT" && number.starts_with('-') ? "-" : "";
-        const std::string_view digits = number.substr(sign.size());
-        const bool capitals = word.starts_with(keyword);
-        if (digits.find_first_not_of("0123456789") != npos || (digits.empty() && !capitals)) {
-            return std::nullopt;
-        }
-        return ValueWord{keyword, capitals, sign, digits};
-    }
-    return std::nullopt;
 }
 
 std::string withWord(std::string_view line, std::string_view word, std::string_view replacement)

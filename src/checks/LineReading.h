@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/LineWords.h"
 #include "catalogue/SoundLine.h"
 
 #include <cstddef>
@@ -48,18 +49,6 @@ std::vector<LineWord> wordsWithKinds(std::string_view line);
 
 // The name without its colon.
 std::string_view nameOf(std::string_view line);
-
-// A word of the shape of a value: its keyword in capitals, how it stands, its digits.
-struct ValueWord
-{
-    std::string_view keyword;
-    bool inCapitals;
-    std::string_view sign;
-    std::string_view digits;
-
-    bool isZero() const;
-};
-std::optional<ValueWord> readValueWord(std::string_view word);
 
 // The first word of the line that looks like a value of that keyword, as it stands; empty for none.
 std::string_view rawValueWord(std::string_view line, std::string_view keyword);

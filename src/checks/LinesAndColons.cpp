@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A colon makes a line of sounds.txt a sound: one too many, or one too few.
+#include "catalogue/LostColon.h"
 #include "checks/CheckRun.h"
 #include "checks/CheckTable.h"
-#include "checks/LostColon.h"
 
 #include <set>
 

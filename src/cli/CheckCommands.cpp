@@ -4,10 +4,10 @@
 #include "checks/Checks.h"
 #include "checks/FindingTexts.h"
 #include "checks/Levels.h"
+#include "checks/SessionChecks.h"
 #include "cli/Commands.h"
 #include "cli/Json.h"
 #include "cli/Opening.h"
-#include "session/SessionChecks.h"
 
 #include <algorithm>
 #include <memory>

@@ -7,7 +7,7 @@
 #include "base/Progress.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
-#include "session/PendingChanges.h"
+#include "versions/PendingChanges.h"
 
 #include <algorithm>
 #include <memory>

@@ -3,13 +3,13 @@
 #include "base/FailureTexts.h"
 #include "base/Progress.h"
 #include "checks/FindingQuestions.h"
+#include "checks/SessionChecks.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
 #include "generation/RestoreDefaults.h"
 #include "generation/ScriptStatistics.h"
 #include "generation/SfxGeneration.h"
 #include "samples/SampleFormat.h"
-#include "session/SessionChecks.h"
 
 #include <memory>
 #include <thread>

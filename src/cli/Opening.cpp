@@ -6,7 +6,7 @@
 #include "base/Folder.h"
 #include "catalogue/CatalogueLoading.h"
 #include "generation/FolderReplacement.h"
-#include "session/PendingChanges.h"
+#include "versions/PendingChanges.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // Undo, review and recovery, by keys and clicks in the main window.
 #include "MainWindow.h"
 #include "session/FmRecover.h"
-#include "session/FmReview.h"
+#include "versions/FmReview.h"
 
 #include <QLabel>
 #include <QListWidget>

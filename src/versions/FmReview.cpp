@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "session/FmReview.h"
+#include "versions/FmReview.h"
 
 #include "base/Titles.h"
 #include "catalogue/LineEditor.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "session/PendingChanges.h"
+#include "versions/PendingChanges.h"
 
 #include "base/CodePage.h"
 #include "base/TextFile.h"
-#include "checks/LostColon.h"
+#include "catalogue/LostColon.h"
 #include "versions/LineDifference.h"
 
 namespace tavrel {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "session/SessionChecks.h"
+#include "checks/SessionChecks.h"
 
 #include "catalogue/CatalogueLoading.h"
 #include "samples/SampleRepair.h"

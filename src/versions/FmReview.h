@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "session/PendingChanges.h"
 #include "session/Session.h"
 #include "ui/TitledWindow.h"
+#include "versions/PendingChanges.h"
 
 #include <functional>
 #include <vector>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "checks/LostColon.h"
+#include "catalogue/LostColon.h"
 
 #include "catalogue/LineWords.h"
-#include "checks/LineReading.h"
 
 #include <algorithm>
 
