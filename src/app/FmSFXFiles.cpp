@@ -10,7 +10,7 @@
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"
 #include "generation/FolderReplacement.h"
-#include "session/PendingChanges.h"
+#include "versions/PendingChanges.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

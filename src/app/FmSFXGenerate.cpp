@@ -8,7 +8,7 @@
 #include "catalogue/CatalogueLoading.h"
 #include "generation/FmDefault.h"
 #include "generation/RestoreDefaults.h"
-#include "session/PendingChanges.h"
+#include "versions/PendingChanges.h"
 
 #include <QApplication>
 
