@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A check of everything beside the least that it must do: list the samples and open each of them once.
 #include "BenchmarkFolders.h"
+#include "base/FileNames.h"
 #include "catalogue/CatalogueLoading.h"
 #include "checks/Checks.h"
 #include "demo/WavFile.h"

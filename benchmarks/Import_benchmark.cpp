@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The import of a list of samples from its files: so many samples against so many lines.
 #include "base/SafeFile.h"
+#include "catalogue/ChangedLines.h"
 #include "references/WadImport.h"
 
 #include <benchmark/benchmark.h>
@@ -30,7 +31,7 @@ public:
     ImportPlan plan(const SoundCatalogue& catalogue) const
     {
         const Result<WadList> list = readWadList(places.wads, "level", WadListKind::Samples);
-        const Result<SavedLines> saved = readSavedLines(places.program, "level", catalogue);
+        const Result<ChangedLines> saved = readChangedLines(places.program, "level", catalogue);
         return planSamplesImport(catalogue, *saved, *list, "zz");
     }
 

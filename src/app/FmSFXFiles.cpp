@@ -6,6 +6,7 @@
 #include "app/StatusProgress.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "catalogue/CatalogueLoading.h"

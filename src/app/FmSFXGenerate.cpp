@@ -2,6 +2,7 @@
 // The main window's generation of sound files, and the restore of original files.
 #include "app/FmSFX.h"
 #include "app/StatusProgress.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/ProcessLock.h"
 #include "base/Titles.h"

@@ -4,6 +4,7 @@
 #include "app/FmPaste.h"
 #include "base/Counted.h"
 #include "base/Titles.h"
+#include "catalogue/ChangedLines.h"
 #include "catalogue/LineEditor.h"
 #include "catalogue/PastedLines.h"
 #include "references/WadImport.h"
@@ -189,7 +190,7 @@ void FunctionPanels::enableImports()
 {
     const bool forbidden =
         !session().settings().loadWadAfterChanges &&
-        (session().pending() || hasSavedLines(session().places().program, session().wad().wadName));
+        (session().pending() || hasChangedLines(session().places().program, session().wad().wadName));
     const struct
     {
         QPushButton* button;

@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
@@ -148,7 +149,7 @@ Problem forEachExchangeRecord(const TextFile& text,
         }
         const std::optional<std::int64_t> id = parseId(fields->number);
         if (!id) {
-            const std::string shown = "[" + shownText(fields->number) + "]";
+            const std::string shown = bracketed(fields->number);
             return wrongLine(
                 text.path, number,
                 {"The ID " + shown + " is not a number.", "L'ID " + shown + " n'est pas un nombre."});

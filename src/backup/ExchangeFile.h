@@ -71,8 +71,6 @@ std::string exchangeRow(std::string_view id, const SoundLine& record, std::strin
 // Nothing for a line with more samples than a record takes.
 std::optional<SoundLine> tryParse(std::string_view line);
 
-constexpr std::string_view backupsFolderName = "Backups";
-
 // Where the file dialogs start. Creates it when it is missing.
 std::filesystem::path makeBackupsFolder(const std::filesystem::path& programFolder);
 

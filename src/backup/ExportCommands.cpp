@@ -5,6 +5,7 @@
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
@@ -50,11 +51,6 @@ std::string savedLine(const std::string& line, const std::string& letters)
 ExchangeKind kindOf(ExportMode mode)
 {
     return mode == ExportMode::All ? ExchangeKind::Backup : ExchangeKind::Exchange;
-}
-
-std::string bracketed(const fs::path& file)
-{
-    return "[" + displayPath(file.filename()) + "]";
 }
 
 // Enter alone never costs a file.
@@ -109,7 +105,7 @@ bool confirmKind(const ExportRequest& request, Dialogs& dialogs)
     if (kindOfFile(request.file) == kindOf(request.mode)) {
         return true;
     }
-    const std::string file = bracketed(request.file);
+    const std::string file = bracketedPath(request.file.filename());
     const BilingualText text =
         request.mode == ExportMode::All
             ? BilingualText("The name of a backup ends with \".tob\". " + file +
@@ -146,7 +142,7 @@ bool confirmForeignSamples(const ExportRequest& request, const fs::path& file, D
     if (lost.empty()) {
         return true;
     }
-    const std::string name = "[" + displayPath(folder) + "]";
+    const std::string name = bracketedPath(folder);
     const BilingualText deleted =
         counted(lost.size(),
                 {"WAV file that does not belong to this export. It will be deleted.",
@@ -254,7 +250,7 @@ ExportOutcome putSamplesInPlace(const ExportRequest& request, SamplesFolderSwap&
     const Problem problem = samples.putInPlace();
     std::vector<BilingualText> texts;
     if (problem) {
-        const std::string name = bracketed(request.file);
+        const std::string name = bracketedPath(request.file.filename());
         texts.push_back(problem->text);
         texts.emplace_back(name + " was saved, its samples were not.",
                            name + " a été sauvegardé, mais pas ses samples.");

@@ -265,7 +265,7 @@ BilingualText unsafeSampleNames(std::span<const std::string> names)
     std::unordered_set<std::string> known;
     for (const std::string& name : names) {
         if (known.insert(name).second) {
-            shown.push_back({BilingualText::same("[" + shownText(name) + "]")});
+            shown.push_back({BilingualText::same(bracketed(name))});
         }
     }
     return BilingualText(

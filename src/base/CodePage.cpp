@@ -48,6 +48,11 @@ std::string shownText(std::string_view bytes)
     return printable(utf8FromCodePage(bytes), "\t");
 }
 
+std::string bracketed(std::string_view bytes)
+{
+    return "[" + shownText(bytes) + "]";
+}
+
 std::string shownLine(std::string_view bytes)
 {
     constexpr std::size_t longest = 120; // a byte is a character

@@ -13,8 +13,9 @@ namespace tavrel {
 std::string utf8FromCodePage(std::string_view bytes);
 
 // Text that a message takes from a file: control characters show as "?", for a terminal would obey them. The
-// second is for whole lines and ends after 120 characters.
+// last is for whole lines and ends after 120 characters.
 std::string shownText(std::string_view bytes);
+std::string bracketed(std::string_view bytes); // "[foot01]", as messages name what is in a file
 std::string shownLine(std::string_view bytes);
 // The same for a message as a whole, in UTF-8; its line ends and TABs stay.
 std::string withoutControls(std::string_view utf8);

@@ -17,11 +17,6 @@ BilingualText reason(const std::error_code& error)
     return error ? BilingualText::same("\n") + errorText(error) : BilingualText();
 }
 
-std::string bracketed(const std::filesystem::path& file)
-{
-    return "[" + withoutControls(displayPath(file)) + "]";
-}
-
 // The usual ones; the condition of an error is the same on all systems.
 const struct
 {
@@ -62,6 +57,11 @@ bool isUsedByAnotherProgram(const std::error_code& error)
 
 } // namespace
 
+std::string bracketedPath(const std::filesystem::path& file)
+{
+    return "[" + withoutControls(displayPath(file)) + "]";
+}
+
 BilingualText errorText(const std::error_code& error)
 {
     if (isUsedByAnotherProgram(error)) {
@@ -74,31 +74,31 @@ BilingualText errorText(const std::error_code& error)
 
 Failure cannotRead(const std::filesystem::path& file, const std::error_code& error)
 {
-    return {BilingualText("Cannot read ", "Impossible de lire ") + bracketed(file) + reason(error)};
+    return {BilingualText("Cannot read ", "Impossible de lire ") + bracketedPath(file) + reason(error)};
 }
 
 Failure cannotWrite(const std::filesystem::path& file, const std::error_code& error)
 {
-    return {BilingualText("Cannot write ", "Impossible d'écrire ") + bracketed(file) + reason(error)};
+    return {BilingualText("Cannot write ", "Impossible d'écrire ") + bracketedPath(file) + reason(error)};
 }
 
 Failure fileMissing(const std::filesystem::path& folder, std::string_view name)
 {
-    const std::string file = "[" + shownText(name) + "]";
+    const std::string file = bracketedPath(name);
     return {BilingualText("No " + file + " file\nin ", "Aucun fichier " + file + "\ndans ") +
             displayPath(folder)};
 }
 
 Failure wrongContent(const std::filesystem::path& file, const BilingualText& what)
 {
-    return {BilingualText::same(bracketed(file) + "\n") + what};
+    return {BilingualText::same(bracketedPath(file) + "\n") + what};
 }
 
 Failure wrongLine(const std::filesystem::path& file, std::size_t line, const BilingualText& what)
 {
     const std::string number = std::to_string(line);
     const BilingualText where(", line " + number + "\n", ", ligne " + number + "\n");
-    return {BilingualText::same(bracketed(file)) + where + what};
+    return {BilingualText::same(bracketedPath(file)) + where + what};
 }
 
 BilingualText listOfNumbers(std::span<const std::size_t> numbers)

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <span>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <vector>
@@ -14,6 +15,9 @@ namespace tavrel {
 
 // What the system says, in both languages where it is one of the usual errors.
 BilingualText errorText(const std::error_code& error);
+
+// "[C:\\TRLE\\Sounds.txt]", as messages name a file.
+std::string bracketedPath(const std::filesystem::path& file);
 
 Failure cannotRead(const std::filesystem::path& file, const std::error_code& error);
 Failure cannotWrite(const std::filesystem::path& file, const std::error_code& error);

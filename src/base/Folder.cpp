@@ -197,6 +197,12 @@ fs::path fileIn(const fs::path& folder, std::string_view name)
     return findEntry(folder, name).value_or(folder / nativePath(name));
 }
 
+bool isFolder(const fs::path& path)
+{
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
 fs::path withEnding(fs::path path, std::string_view ending)
 {
     return path += ending;

@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 

@@ -13,16 +13,6 @@
 
 namespace tavrel {
 
-// Whoever writes what lies in the program folder.
-constexpr std::string_view changesLock = "Tavrel.lock";
-// Whoever generates, beside the batch file, which programs in several folders would share, and in the program
-// folder, where the tool's words are kept.
-constexpr std::string_view generationLock = "CreateSFX.bat.tavrel-lock";
-// Behind the name of the file itself, beside it: programs in several folders may write one sounds.txt.
-constexpr std::string_view fileLockEnding = ".tavrel-lock";
-// Beside sounds.txt, for the samples folder of the level editor.
-constexpr std::string_view samplesLock = "Samples.tavrel-lock";
-
 // One of several processes has it. It ends with its owner. Empty where a folder takes no lock.
 using ProcessLock = std::unique_ptr<system::FileLock>;
 

@@ -4,12 +4,12 @@
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
-#include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
 #include "base/Titles.h"
+#include "catalogue/ChangedLines.h"
 #include "catalogue/FileText.h"
-#include "catalogue/SoundLine.h"
 #include "catalogue/SoundsVersions.h"
 
 #include <algorithm>
@@ -99,7 +99,7 @@ Question overwriting(const std::optional<fs::path>& copy)
     BilingualText text("[sounds.txt] is no longer in its folder.\nWrite it again?",
                        "[sounds.txt] n'est plus dans son répertoire.\nLe réécrire ?");
     if (copy) {
-        const std::string name = "[" + displayPath(copy->filename()) + "]";
+        const std::string name = bracketedPath(copy->filename());
         text = {
             "[sounds.txt] was changed by another program since it was loaded.\nThe file with those changes "
             "is kept beside it as " +
@@ -109,44 +109,6 @@ Question overwriting(const std::optional<fs::path>& copy)
                 name + ".\nÉcraser ces modifications ?"};
     }
     return {titles::modification, text, Buttons::YesNo, true, true};
-}
-
-std::string changedLinesText(const SoundCatalogue& catalogue)
-{
-    RecordWriter records;
-    for (std::size_t k = 0; k < catalogue.size(); ++k) {
-        const std::string& current = catalogue.currentLine(k);
-        if (ParseSoundLine(catalogue.originalLine(k)).SampleText != ParseSoundLine(current).SampleText) {
-            records.number(static_cast<std::int64_t>(k)).text(current).endRecord();
-        }
-    }
-    return records.bytes();
-}
-
-Problem writeChangedLines(const ApplyTarget& target, const std::string& text)
-{
-    const Result<fs::path> folder = fileToWrite(target.programFolder, changedLinesFolderName);
-    if (!folder) {
-        return folder.failure();
-    }
-    std::error_code ignored;
-    fs::create_directory(*folder, ignored);
-    if (!isPlainFileName(target.wadName)) {
-        return std::nullopt;
-    }
-    const Result<std::optional<FolderEntry>> old = lookUp(*folder, target.wadName + ".tor");
-    if (!old) {
-        return old.failure();
-    }
-    removeUnfinishedWrites(*folder);
-    if (!text.empty()) {
-        return writeFileSafely(*old ? (*old)->path : *folder / nativePath(target.wadName + ".tor"), text);
-    }
-    std::error_code error;
-    if (*old && (*old)->isFile) {
-        fs::remove((*old)->path, error);
-    }
-    return error ? Problem(cannotWrite((*old)->path, error)) : Problem();
 }
 
 // One run of applyChanges().
@@ -363,7 +325,8 @@ private:
                                "Le fichier modifié par l'autre programme est conservé sous le nom\n") +
                      displayPath(m_kept.back())});
         }
-        if (const Problem problem = writeChangedLines(m_target, changedLinesText(m_catalogue))) {
+        if (const Problem problem =
+                writeChangedLines(m_target.programFolder, m_target.wadName, m_catalogue)) {
             report(
                 {BilingualText("[sounds.txt] is written, but not the record of the changed lines.\n",
                                "[sounds.txt] est écrit, mais pas l'enregistrement des lignes modifiées.\n") +
@@ -409,28 +372,6 @@ private:
 bool applyChanges(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs& dialogs)
 {
     return Application(catalogue, target, dialogs).run();
-}
-
-Result<bool> completeChangedLines(const SoundCatalogue& catalogue, const ApplyTarget& target)
-{
-    const std::string text = changedLinesText(catalogue);
-    if (text.empty() || !isPlainFileName(target.wadName)) {
-        return false;
-    }
-    const Result<std::optional<FolderEntry>> folder = lookUp(target.programFolder, changedLinesFolderName);
-    if (!folder) {
-        return folder.failure();
-    }
-    if (*folder) {
-        const Result<bool> present = holdsEntry((*folder)->path, target.wadName + ".tor");
-        if (!present || *present) {
-            return present ? Result<bool>(false) : present.failure();
-        }
-    }
-    if (Problem problem = writeChangedLines(target, text)) {
-        return *problem;
-    }
-    return true;
 }
 
 } // namespace tavrel

@@ -11,9 +11,6 @@
 
 namespace tavrel {
 
-constexpr std::string_view firstBackupName = "Orig_Sounds.txt";
-constexpr std::string_view changedLinesFolderName = "sounds";
-
 struct ApplyTarget
 {
     std::filesystem::path programFolder;
@@ -37,9 +34,5 @@ struct ApplyTarget
 // Orig_Sounds.txt from the first time, a copy of whatever else would be lost, and sounds\<WAD>.tor with the
 // lines whose samples differ from the original's. True when sounds.txt was written.
 bool applyChanges(SoundCatalogue& catalogue, const ApplyTarget& target, Dialogs& dialogs);
-
-// Writes sounds\<WAD>.tor when it is missing though there are lines for it: an apply was cut short before it.
-// For a catalogue that is as the file is. True when it was written.
-Result<bool> completeChangedLines(const SoundCatalogue& catalogue, const ApplyTarget& target);
 
 } // namespace tavrel

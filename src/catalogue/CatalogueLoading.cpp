@@ -2,6 +2,7 @@
 #include "catalogue/CatalogueLoading.h"
 
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "catalogue/SoundLine.h"
 
 #include <algorithm>

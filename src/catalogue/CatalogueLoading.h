@@ -13,11 +13,6 @@
 
 namespace tavrel {
 
-constexpr std::string_view soundsFileName = "Sounds.txt";
-constexpr std::string_view originalLinesFileName = "Tavrel.tos";
-constexpr std::string_view doublesFileName = "Tavrel.tod";
-constexpr std::string_view objectsFileName = "Tavrel.too";
-
 // A line of sounds.txt that is taken to hold another text than it does, until the changes are applied: a
 // comment without its colon is no sound, a sound with the colon that it had lost is one.
 struct LineReadOtherwise

@@ -6,19 +6,10 @@
 
 namespace tavrel {
 
-namespace {
-
-constexpr std::size_t fieldsOfRecord = 6;
-
-struct DoublesRecord
+std::optional<DoublesRecord> readDoublesRecord(std::string_view line)
 {
-    std::int64_t number;
-    std::string mark;
-};
-
-std::optional<DoublesRecord> readRecord(std::string_view line)
-{
-    const auto fields = splitRecord(line);
+    constexpr std::size_t fieldsOfRecord = 6;
+    auto fields = splitRecord(line);
     if (!fields || fields->size() != fieldsOfRecord) {
         return std::nullopt;
     }
@@ -26,10 +17,9 @@ std::optional<DoublesRecord> readRecord(std::string_view line)
     if (!number) {
         return std::nullopt;
     }
-    return DoublesRecord{*number, (*fields)[1].text};
+    const auto take = [&fields](std::size_t field) { return std::move((*fields)[field].text); };
+    return DoublesRecord{*number, take(1) == DoublesStatus::takesPart, take(2), take(3), take(4), take(5)};
 }
-
-} // namespace
 
 LoadedDoubles parseDoubles(const TextFile& file, std::span<const std::size_t> protectedNumbers)
 {
@@ -40,7 +30,7 @@ LoadedDoubles parseDoubles(const TextFile& file, std::span<const std::size_t> pr
         if (line.empty()) {
             continue;
         }
-        const std::optional<DoublesRecord> record = readRecord(line);
+        const std::optional<DoublesRecord> record = readDoublesRecord(line);
         if (!record) {
             loaded.notices.push_back(
                 wrongLine(file.path, lineNumber,
@@ -52,9 +42,8 @@ LoadedDoubles parseDoubles(const TextFile& file, std::span<const std::size_t> pr
                 {"The sound number is not between 0 and 369. The record was ignored.",
                  "Le numéro de son n'est pas compris entre 0 et 369. L'enregistrement a été ignoré."}));
         } else {
-            const bool ticked = record->mark == DoublesStatus::takesPart;
             loaded.status.set(static_cast<std::size_t>(record->number),
-                              ticked ? DoublesStatus::takesPart : DoublesStatus::leftOut);
+                              record->ticked ? DoublesStatus::takesPart : DoublesStatus::leftOut);
         }
     }
     for (const std::size_t number : protectedNumbers) {

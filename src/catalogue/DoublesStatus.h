@@ -6,7 +6,11 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavrel {
@@ -32,13 +36,25 @@ private:
     std::array<FixedText<3>, size> m_marks;
 };
 
+// A record of Tavrel.tod; two of its texts are carried through.
+struct DoublesRecord
+{
+    std::int64_t number = 0;
+    bool ticked = false;
+    std::string firstCarried;
+    std::string name;
+    std::string samples;
+    std::string secondCarried;
+};
+std::optional<DoublesRecord> readDoublesRecord(std::string_view line);
+
 struct LoadedDoubles
 {
     DoublesStatus status;
     std::vector<Failure> notices; // records that were passed over
 };
 
-// Six fields a record; the first two count here. Protected sounds are always left out.
+// Protected sounds are always left out.
 LoadedDoubles parseDoubles(const TextFile& file, std::span<const std::size_t> protectedNumbers);
 
 } // namespace tavrel

@@ -2,6 +2,7 @@
 #include "catalogue/SoundsText.h"
 
 #include "base/CodePage.h"
+#include "base/FileNames.h"
 #include "base/TextFile.h"
 #include "catalogue/CatalogueLoading.h"
 

@@ -13,8 +13,6 @@
 // What each apply keeps of the sounds.txt that it replaces.
 namespace tavrel {
 
-// Beside sounds.txt, because one program folder may serve several level editors.
-constexpr std::string_view versionsFolderName = "Sounds_versions";
 constexpr std::size_t mostVersions = 100;
 
 // The name of a version that is kept at that time for that WAD (which may be empty), in its folder.

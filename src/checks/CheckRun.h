@@ -100,10 +100,4 @@ private:
     bool m_cancelled = false;
 };
 
-// "[foot01]", UTF-8.
-inline std::string bracketed(std::string_view bytes)
-{
-    return "[" + utf8FromCodePage(bytes) + "]";
-}
-
 } // namespace tavrel

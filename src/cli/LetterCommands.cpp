@@ -23,7 +23,7 @@ struct LetterArguments
     std::optional<std::string> wadName;
 };
 
-std::string shown(std::string_view letter)
+std::string tagged(std::string_view letter)
 {
     return "[#" + shownText(letter) + "]";
 }
@@ -42,8 +42,8 @@ bool removeLetter(LineEditor& editor, const std::string& letter, Console& consol
     const std::vector<std::string> letters = lettersOf(editor.record());
     const auto entry = std::ranges::find(letters, letter);
     if (entry == letters.end()) {
-        console.dialogs.refuse({"The sound does not carry the letter " + shown(letter) + ".",
-                                "Le son ne porte pas la lettre " + shown(letter) + "."});
+        console.dialogs.refuse({"The sound does not carry the letter " + tagged(letter) + ".",
+                                "Le son ne porte pas la lettre " + tagged(letter) + "."});
         return false;
     }
     return removeLetterFromLine(editor, static_cast<std::size_t>(entry - letters.begin()), console.dialogs);

@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "catalogue/CatalogueLoading.h"
 #include "generation/FolderReplacement.h"
@@ -89,7 +90,7 @@ std::unique_ptr<Session> openSessionToChange(Console& console, const std::option
     std::unique_ptr<Session> session =
         locks ? load(std::move(*settings), std::move(locks), console) : nullptr;
     if (session && wadName && referenceNamed(session->references(), *wadName) == nullptr) {
-        const std::string shown = "[" + shownText(*wadName) + "]";
+        const std::string shown = bracketed(*wadName);
         console.dialogs.refuse(
             {"No reference is named " + shown + ".", "Aucune référence ne s'appelle " + shown + "."});
         return nullptr;
@@ -177,7 +178,7 @@ std::optional<CurrentWad> wadNamed(const Session& session, const std::string& na
 
 void refuseWadName(const std::string& name, Console& console)
 {
-    const std::string shown = "[" + shownText(name) + "]";
+    const std::string shown = bracketed(name);
     console.dialogs.refuse({"None of your references is named " + shown + ".",
                             "Aucune de vos références ne s'appelle " + shown + "."});
 }
@@ -207,7 +208,7 @@ ExitStatus apply(Session& session, const std::optional<std::string>& asked, Cons
         return ExitStatus::Refused;
     }
     if (!wadName && session.references().isUserFileProtected()) {
-        const std::string wad = "[" + shownText(session.settings().lastWad) + "]";
+        const std::string wad = bracketed(session.settings().lastWad);
         return console.dialogs.fail(
             {{"The references could not be read. [sounds.txt] is written, but not the record of the changed lines "
               "of " +

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "catalogue/ChangedLines.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
 #include "references/LetterCommands.h"
@@ -121,7 +122,7 @@ ExitStatus importList(WadListKind kind, const ImportArguments& arguments, Consol
     if (!wad) {
         return ExitStatus::Refused;
     }
-    if (!session->settings().loadWadAfterChanges && hasSavedLines(console.programFolder, wad->wadName)) {
+    if (!session->settings().loadWadAfterChanges && hasChangedLines(console.programFolder, wad->wadName)) {
         return console.dialogs.refuse(importForbidden());
     }
     tellCutRestores(session->places(), console);

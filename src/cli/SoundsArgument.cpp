@@ -77,7 +77,7 @@ std::optional<std::vector<std::size_t>> soundsOf(const SoundsArgument& argument,
     }
     const SoundFilter filter(*argument.where);
     if (filter.unfinished()) {
-        const std::string word = "[" + shownText(*filter.unfinished()) + "]";
+        const std::string word = bracketed(*filter.unfinished());
         console.dialogs.refuse({word + " is neither a comparison nor a flag: write vol<50 or flag:L.",
                                 word + " n'est ni une comparaison ni un flag : écrivez vol<50 ou flag:L."});
         return std::nullopt;
@@ -86,7 +86,7 @@ std::optional<std::vector<std::size_t>> soundsOf(const SoundsArgument& argument,
         return !filter.matches(FilteredSound(number, session.catalogue().currentLine(number)));
     });
     if (numbers.empty()) {
-        const std::string where = "[" + shownText(*argument.where) + "]";
+        const std::string where = bracketed(*argument.where);
         console.dialogs.refuse(
             {"No sound matches " + where + ".", "Aucun son ne correspond à " + where + "."});
         return std::nullopt;

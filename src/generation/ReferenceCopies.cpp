@@ -2,6 +2,7 @@
 #include "generation/ReferenceCopies.h"
 
 #include "base/CodePage.h"
+#include "base/FileNames.h"
 #include "base/Progress.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"

@@ -2,6 +2,7 @@
 #include "generation/RestoreDefaults.h"
 
 #include "base/CodePage.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"

@@ -11,9 +11,6 @@
 
 namespace tavrel {
 
-// Where the last catalogue that a restore replaced is kept, beside sounds.txt; older ones have a number.
-constexpr std::string_view replacedCatalogueName = "Sounds_replaced.txt";
-
 struct RestoreChoice
 {
     bool catalogue = false;

@@ -2,6 +2,7 @@
 #include "generation/SfxGeneration.h"
 
 #include "base/CodePage.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
@@ -21,15 +22,6 @@ namespace tavrel {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::string_view batchFileName = "CreateSFX.bat";
-constexpr std::string_view outputFileName = "CreateSFX.log";
-
-bool isFolder(const fs::path& path)
-{
-    std::error_code ignored;
-    return fs::is_directory(path, ignored);
-}
 
 bool hasEnding(std::string_view name, std::string_view ending)
 {
@@ -314,7 +306,7 @@ bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point no
         refuse(impossible(request.places.creator), MessageIcon::Critical);
         return false;
     }
-    m_output = request.places.program / outputFileName;
+    m_output = request.places.program / generationOutputFileName;
     m_wadsFolder = request.places.wads;
     m_wadName = request.wad.wadName;
     m_resultsBefore = resultsOf(m_wadsFolder, m_wadName);
@@ -342,7 +334,7 @@ bool SfxGeneration::start(const GenerationRequest& request, Clock::time_point no
 
 BilingualText SfxGeneration::waitText() const
 {
-    const std::string wad = "[" + shownText(m_wadName) + "]";
+    const std::string wad = bracketed(m_wadName);
     switch (m_phase) {
     case Phase::Waiting:
         return {"The level editor's tool makes the sound files of " + wad + ". Please wait...",

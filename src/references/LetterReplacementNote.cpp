@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
@@ -99,7 +100,7 @@ BilingualText halfReplacedLetter(const LetterReplacement& replacement)
 {
     const std::string before = "[#" + shownText(replacement.oldLetter) + "]";
     const std::string after = "[#" + shownText(replacement.newLetter) + "]";
-    const std::string name = "[" + shownText(replacement.wadName) + "]";
+    const std::string name = bracketed(replacement.wadName);
     return {
         "The letter " + before + " of " + name + " was to become " + after +
             ". [sounds.txt] has the new letter, the reference still has the old one.\nReplace the letter once "

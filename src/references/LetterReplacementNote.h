@@ -14,8 +14,6 @@
 // first of them changes, so that a later start can tell when the second did not follow.
 namespace tavrel {
 
-constexpr std::string_view letterReplacementsFileName = "Tavrel.tol";
-
 struct LetterReplacement
 {
     std::filesystem::path soundsFile;

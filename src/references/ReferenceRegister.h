@@ -82,9 +82,6 @@ private:
     std::string m_writtenText; // the same as this program writes it
 };
 
-constexpr std::string_view builtInReferencesFileName = "Tavrel.tow";
-constexpr std::string_view userReferencesFileName = "Tavrel.paw";
-
 struct LoadedRegister
 {
     ReferenceRegister references;

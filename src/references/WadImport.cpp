@@ -4,10 +4,12 @@
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/ChangeSounds.h"
+#include "catalogue/ChangedLines.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
 #include "references/LineLetters.h"
@@ -29,13 +31,13 @@ bool holds(const std::vector<std::string>& letters, const std::string& letter)
 }
 
 // The saved lines of the WAD take the place of the current ones.
-std::vector<std::string> startOfImport(const SoundCatalogue& catalogue, const SavedLines& saved)
+std::vector<std::string> startOfImport(const SoundCatalogue& catalogue, const ChangedLines& saved)
 {
     std::vector<std::string> lines;
     for (std::size_t k = 0; k < catalogue.size(); ++k) {
         lines.push_back(catalogue.currentLine(k));
     }
-    for (const SavedLine& line : saved.lines) {
+    for (const ChangedLine& line : saved.lines) {
         lines[line.number] = line.text;
     }
     return lines;
@@ -45,7 +47,7 @@ std::vector<std::string> startOfImport(const SoundCatalogue& catalogue, const Sa
 class PlannedLines
 {
 public:
-    PlannedLines(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+    PlannedLines(const SoundCatalogue& catalogue, const ChangedLines& saved, const WadList& list,
                  std::string letter)
         : m_catalogue(catalogue), m_letter(std::move(letter)), m_askedFor(catalogue.size(), false)
     {
@@ -284,7 +286,7 @@ BilingualText whatWasDone(const ImportPlan& plan, const SoundCatalogue& catalogu
 
 } // namespace
 
-ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const ChangedLines& saved, const WadList& list,
                              const std::string& letter)
 {
     PlannedLines lines(catalogue, saved, list, letter);
@@ -304,7 +306,7 @@ ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& 
     return lines.finish();
 }
 
-ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const ChangedLines& saved, const WadList& list,
                              const std::string& letter)
 {
     PlannedLines lines(catalogue, saved, list, letter);
@@ -353,7 +355,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     if (!list) {
         return refuse(list.failure(), true);
     }
-    const Result<SavedLines> saved = readSavedLines(places.program, wad.wadName, catalogue);
+    const Result<ChangedLines> saved = readChangedLines(places.program, wad.wadName, catalogue);
     if (!saved) {
         return refuse(saved.failure(), true);
     }

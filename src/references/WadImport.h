@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Dialogs.h"
+#include "catalogue/ChangedLines.h"
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
 #include "references/WadLists.h"
@@ -40,10 +41,10 @@ struct ImportPlan
 
 // The saved lines of the WAD come back first; then every line that uses a listed sample, and that the doubles
 // register lets take part, gets the letter.
-ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const ChangedLines& saved, const WadList& list,
                              const std::string& letter);
 // The same for every sound of a listed object. The sound of being under water always gets the letter.
-ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const SavedLines& saved, const WadList& list,
+ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const ChangedLines& saved, const WadList& list,
                              const std::string& letter);
 
 struct ImportResult

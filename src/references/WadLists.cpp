@@ -4,9 +4,9 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/Folder.h"
+#include "base/PassedOver.h"
 #include "base/QuotedRecords.h"
 #include "base/TextFile.h"
-#include "catalogue/ApplyChanges.h"
 
 #include <algorithm>
 #include <numeric>
@@ -27,59 +27,6 @@ Failure noSuchList(const fs::path& wadFolder, std::string_view wadName, std::str
     return {BilingualText("No " + file + " File\nin ", "Aucun Fichier " + file + "\ndans ") +
             displayPath(wadFolder / "")};
 }
-
-// What does not count in a file. Keeps the first places only, for a damaged file may have millions.
-class PassedOver
-{
-public:
-    void add(std::size_t line, std::string_view content)
-    {
-        constexpr std::size_t mostNamed = 8;
-        if (m_named.size() < mostNamed) {
-            m_named.push_back({line, std::string(content.substr(0, mostShown + 1))});
-        }
-        ++m_count;
-    }
-
-    void tell(const fs::path& file, BilingualText text, std::vector<Failure>& notices) const
-    {
-        if (m_count == 0) {
-            return;
-        }
-        for (const Place& place : m_named) {
-            const std::string line = std::to_string(place.line);
-            text += &place == m_named.data() ? " " : ", ";
-            text += BilingualText("line " + line, "ligne " + line) + shown(place.content);
-        }
-        if (m_count > m_named.size()) {
-            const std::string rest = std::to_string(m_count - m_named.size());
-            text += BilingualText(" ... and " + rest + " more", " ... et " + rest + " de plus");
-        }
-        notices.push_back(wrongContent(file, text));
-    }
-
-private:
-    struct Place
-    {
-        std::size_t line;
-        std::string content;
-    };
-
-    static constexpr std::size_t mostShown = 30;
-
-    static BilingualText shown(std::string content)
-    {
-        if (content.find_first_not_of(separators) == std::string::npos) {
-            return {" (blank)", " (vide)"};
-        }
-        std::ranges::replace(content, '\t', ' ');
-        const bool cut = content.size() > mostShown;
-        return BilingualText::same(" [" + shownText(content.substr(0, mostShown)) + (cut ? "...]" : "]"));
-    }
-
-    std::vector<Place> m_named;
-    std::size_t m_count = 0;
-};
 
 // Without the four characters of its ending; empty for a value that is no longer than that.
 std::string_view sampleOfValue(std::string_view value)
@@ -148,49 +95,6 @@ private:
     std::vector<std::string> m_names;
     PassedOver m_passedOver;
 };
-
-// A number, a comma, and a text between quotes. Quotes inside the text stand there as they are, but a record
-// that splits into more than these two fields is none.
-std::optional<SavedLine> readSavedLine(std::string_view record)
-{
-    const std::size_t comma = record.find(',');
-    if (comma == std::string_view::npos) {
-        return std::nullopt;
-    }
-    const std::optional<std::int64_t> number = wholeNumber(record.substr(0, comma));
-    const std::optional<RecordField> text = readSettingsValue(record.substr(comma + 1));
-    if (!number || *number < 0 || !text || !text->quoted) {
-        return std::nullopt;
-    }
-    const auto fields = splitRecord(record);
-    if (fields && fields->size() > 2) {
-        return std::nullopt;
-    }
-    return SavedLine{static_cast<std::size_t>(*number), text->text};
-}
-
-bool fits(const SavedLine& saved, const SoundCatalogue& catalogue)
-{
-    const auto name = [](std::string_view line) { return line.substr(0, line.find(':') + 1); };
-    return saved.number < catalogue.size() && SoundCatalogue::accepts(saved.text) &&
-           name(saved.text) == name(catalogue.currentLine(saved.number));
-}
-
-// sounds\<WAD>.tor, whatever it is on the disk; nothing when there is none.
-Result<std::optional<fs::path>> findSavedLines(const fs::path& programFolder, std::string_view wadName)
-{
-    const fs::path folder = fileIn(programFolder, changedLinesFolderName);
-    std::error_code error;
-    if (!isPlainFileName(wadName) || (!fs::exists(folder, error) && !error)) {
-        return std::optional<fs::path>();
-    }
-    const std::string name = std::string(wadName) + ".tor";
-    const Result<bool> held = holdsEntry(folder, name);
-    if (!held) {
-        return held.failure();
-    }
-    return findEntry(folder, name);
-}
 
 bool isSeparator(char c)
 {
@@ -262,47 +166,6 @@ std::vector<std::size_t> soundsOfListedObject(const SoundCatalogue& catalogue, s
         });
     }
     return sounds;
-}
-
-Result<SavedLines> readSavedLines(const fs::path& programFolder, std::string_view wadName,
-                                  const SoundCatalogue& catalogue)
-{
-    const Result<std::optional<fs::path>> path = findSavedLines(programFolder, wadName);
-    if (!path) {
-        return path.failure();
-    }
-    if (!*path) {
-        return SavedLines();
-    }
-    const Result<TextFile> file = readTextFile(**path, largestLines);
-    return file ? Result<SavedLines>(parseSavedLines(*file, catalogue)) : file.failure();
-}
-
-SavedLines parseSavedLines(const TextFile& file, const SoundCatalogue& catalogue)
-{
-    SavedLines saved;
-    PassedOver passedOver;
-    std::size_t lineNumber = 0;
-    for (const std::string_view record : file.lines()) {
-        ++lineNumber;
-        std::optional<SavedLine> line = readSavedLine(record);
-        if (line && fits(*line, catalogue)) {
-            saved.lines.push_back(std::move(*line));
-        } else {
-            passedOver.add(lineNumber, record);
-        }
-    }
-    passedOver.tell(file.path,
-                    {"These saved lines do not match the catalogue and were ignored:",
-                     "Ces lignes enregistrées ne correspondent pas au catalogue et ont été ignorées :"},
-                    saved.notices);
-    return saved;
-}
-
-bool hasSavedLines(const fs::path& programFolder, std::string_view wadName)
-{
-    const Result<std::optional<fs::path>> path = findSavedLines(programFolder, wadName);
-    return !path || path->has_value();
 }
 
 bool standsAsFirstWord(std::string_view line, std::string_view word)

@@ -41,24 +41,6 @@ bool objectsMatch(std::string_view listed, std::string_view known);
 // The sounds of the catalogue that a listed object plays, each once.
 std::vector<std::size_t> soundsOfListedObject(const SoundCatalogue& catalogue, std::string_view listed);
 
-// A line of sounds\<WAD>.tor.
-struct SavedLine
-{
-    std::size_t number;
-    std::string text;
-};
-struct SavedLines
-{
-    std::vector<SavedLine> lines;
-    std::vector<Failure> notices; // records that do not fit the catalogue
-};
-// Nothing to read is no trouble; a folder that cannot be listed is.
-Result<SavedLines> readSavedLines(const std::filesystem::path& programFolder, std::string_view wadName,
-                                  const SoundCatalogue& catalogue);
-SavedLines parseSavedLines(const TextFile& file, const SoundCatalogue& catalogue);
-// Also true when that cannot be told.
-bool hasSavedLines(const std::filesystem::path& programFolder, std::string_view wadName);
-
 // Whether the word's first place in the line stands between two separators (blank or TAB).
 bool standsAsFirstWord(std::string_view line, std::string_view word);
 

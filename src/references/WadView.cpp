@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "references/WadView.h"
 
+#include "catalogue/ChangedLines.h"
 #include "catalogue/SoundLine.h"
 
 #include <algorithm>
@@ -23,14 +24,14 @@ std::vector<std::string> withoutRepetitions(const std::vector<std::string>& name
 class ViewBuilder
 {
 public:
-    ViewBuilder(const SoundCatalogue& catalogue, const CurrentWad& wad, const SavedLines& saved)
+    ViewBuilder(const SoundCatalogue& catalogue, const CurrentWad& wad, const ChangedLines& saved)
         : m_catalogue(catalogue), m_asked(catalogue.size(), false), m_saved(catalogue.size(), false)
     {
         for (std::size_t k = 0; k < catalogue.size(); ++k) {
             const std::vector<std::string> letters = lettersOf(ParseSoundLine(catalogue.currentLine(k)));
             m_carries.push_back(std::ranges::find(letters, wad.letter) != letters.end());
         }
-        for (const SavedLine& line : saved.lines) {
+        for (const ChangedLine& line : saved.lines) {
             m_saved[line.number] = true;
         }
     }
@@ -119,14 +120,14 @@ const Value* valueOf(const Result<Value>& result, std::vector<Failure>& notices)
 
 WadView viewWad(const SoundCatalogue& catalogue, const CurrentWad& wad, const Places& places)
 {
-    const auto savedFile = readSavedLines(places.program, wad.wadName, catalogue);
+    const auto savedFile = readChangedLines(places.program, wad.wadName, catalogue);
     const auto samplesFile = readWadList(places.wads, wad.wadName, WadListKind::Samples);
     const auto objectsFile = readWadList(places.wads, wad.wadName, WadListKind::Objects);
     WadView view;
-    const SavedLines* const saved = valueOf(savedFile, view.notices);
+    const ChangedLines* const saved = valueOf(savedFile, view.notices);
     const WadList* const samples = valueOf(samplesFile, view.notices);
     const WadList* const objects = valueOf(objectsFile, view.notices);
-    ViewBuilder builder(catalogue, wad, saved ? *saved : SavedLines());
+    ViewBuilder builder(catalogue, wad, saved ? *saved : ChangedLines());
     if (samples) {
         view.samples = builder.samples(*samples);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/DoublesRegister.h"
 
+#include "base/FileNames.h"
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
@@ -13,13 +14,14 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t fieldsOfRecord = 6;
 constexpr std::size_t numberWidth = 3;
 
 // Of a field without quotes around it: between quotes, nobody could read it again.
-bool holdsQuote(const RecordField& field)
+bool holdsQuote(const DoublesRecord& record)
 {
-    return field.text.find('"') != std::string::npos;
+    const auto texts = {&record.firstCarried, &record.name, &record.samples, &record.secondCarried};
+    return std::ranges::any_of(texts,
+                               [](const std::string* text) { return text->find('"') != std::string::npos; });
 }
 
 } // namespace
@@ -33,23 +35,19 @@ Result<DoublesRegister> DoublesRegister::load(const std::filesystem::path& progr
     DoublesRegister result;
     result.m_file = file->path;
     for (const std::string_view line : file->lines()) {
-        const auto fields = splitRecord(line);
-        const std::optional<std::int64_t> number =
-            fields && fields->size() == fieldsOfRecord ? wholeNumber((*fields)[0].text) : std::nullopt;
-        if (!number || std::ranges::any_of(*fields, holdsQuote)) {
+        std::optional<DoublesRecord> record = readDoublesRecord(line);
+        if (record && !holdsQuote(*record)) {
+            result.m_records.push_back(std::move(*record));
+        } else {
             result.m_keptLines.push_back({result.m_records.size(), std::string(line)});
-            continue;
         }
-        const bool ticked = (*fields)[1].text == DoublesStatus::takesPart;
-        result.m_records.push_back(
-            {*number, ticked, (*fields)[2].text, (*fields)[3].text, (*fields)[4].text, (*fields)[5].text});
     }
     return result;
 }
 
 std::string DoublesRegister::row(std::size_t index) const
 {
-    const Record& record = m_records.at(index);
+    const DoublesRecord& record = m_records.at(index);
     std::string number = std::to_string(record.number);
     number.insert(0, numberWidth - std::min(numberWidth, number.size()), ' ');
     return number.append(": ")
@@ -67,7 +65,7 @@ Problem DoublesRegister::save() const
             text += kept->text + "\r\n";
         }
         if (i < m_records.size()) {
-            const Record& record = m_records[i];
+            const DoublesRecord& record = m_records[i];
             RecordWriter writer;
             writer.number(record.number)
                 .text(record.ticked ? DoublesStatus::takesPart : DoublesStatus::leftOut)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/Result.h"
+#include "catalogue/DoublesStatus.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -28,15 +28,6 @@ public:
     void tick(std::size_t index, bool ticked) { m_records.at(index).ticked = ticked; }
 
 private:
-    struct Record
-    {
-        std::int64_t number;
-        bool ticked;
-        std::string firstCarried;
-        std::string name;
-        std::string samples;
-        std::string secondCarried;
-    };
     struct KeptLine
     {
         std::size_t before; // the record behind it
@@ -44,7 +35,7 @@ private:
     };
 
     std::filesystem::path m_file;
-    std::vector<Record> m_records;
+    std::vector<DoublesRecord> m_records;
     std::vector<KeptLine> m_keptLines;
 };
 

@@ -2,6 +2,7 @@
 #include "samples/SampleCommands.h"
 
 #include "base/CodePage.h"
+#include "base/FailureTexts.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
@@ -332,7 +333,7 @@ std::optional<std::vector<Newcomer>> nameNewcomers(const std::vector<std::filesy
 // A sample of another content is never replaced unasked, and is kept.
 bool mayReplace(const std::filesystem::path& sample, Dialogs& dialogs)
 {
-    const std::string shown = "[" + displayPath(sample.filename()) + "]";
+    const std::string shown = bracketedPath(sample.filename());
     const Question question{
         titles::addSoundFile,
         BilingualText("There is a sample " + shown + " already. Replace it?\nIt is kept in ",

@@ -2,6 +2,7 @@
 #include "session/RecoveryLog.h"
 
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 

@@ -21,8 +21,6 @@
 // end is recognised and left out. Texts are bytes, each behind its length.
 namespace tavrel {
 
-constexpr std::string_view recoveryFolderName = "Recovery";
-
 // Which sounds.txt the steps belong to.
 struct RecoveryHeader
 {

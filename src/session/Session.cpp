@@ -3,9 +3,11 @@
 
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/TextFile.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
+#include "catalogue/ChangedLines.h"
 #include "references/LetterReplacementNote.h"
 
 #include <algorithm>
@@ -226,8 +228,7 @@ bool Session::apply(Dialogs& dialogs, const std::optional<std::string>& wadName,
 
 Result<bool> Session::completeChangedLines(const std::optional<std::string>& wadName)
 {
-    return tavrel::completeChangedLines(m_catalogue,
-                                        {m_places.program, wadName.value_or(m_wad.wadName), m_locks.get()});
+    return tavrel::completeChangedLines(m_places.program, wadName.value_or(m_wad.wadName), m_catalogue);
 }
 
 // Where lines are read otherwise, those of the file do not tell which of them are sounds.

@@ -4,6 +4,7 @@
 #include "backup/ExchangeFile.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/ProcessLock.h"
 #include "base/SafeFile.h"
@@ -30,12 +31,6 @@ constexpr std::string_view programEnding = ".exe";
 #else
 constexpr std::string_view programEnding;
 #endif
-
-bool isFolder(const fs::path& path)
-{
-    std::error_code ignored;
-    return fs::is_directory(path, ignored);
-}
 
 void show(Dialogs& dialogs, MessageIcon icon, const BilingualText& text)
 {

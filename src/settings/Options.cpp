@@ -2,6 +2,7 @@
 #include "settings/Options.h"
 
 #include "base/CodePage.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"

@@ -11,8 +11,6 @@
 
 namespace tavrel {
 
-constexpr std::string_view optionsFileName = "Tavrel.opt";
-
 // What is newer than the 28 fields of Tavrel.par: "name=value" in lines of UTF-8. Names that this version
 // does not know stay in the file.
 class Options

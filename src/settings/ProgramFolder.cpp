@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/ProgramFolder.h"
 
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"

@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/QuotedRecords.h"
 #include "base/SafeFile.h"

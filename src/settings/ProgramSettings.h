@@ -16,8 +16,6 @@
 
 namespace tavrel {
 
-constexpr std::string_view settingsFileName = "Tavrel.par";
-
 // The main window's panels that can be shown and folded, in the order of the settings file.
 enum class Panel {
     WadFunctions,

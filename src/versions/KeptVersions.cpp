@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/Counted.h"
+#include "base/FileNames.h"
 #include "base/Folder.h"
 #include "base/LocalTime.h"
 #include "catalogue/ApplyChanges.h"

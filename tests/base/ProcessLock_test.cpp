@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/FileNames.h"
 #include "base/ProcessLock.h"
 #include "base/SafeFile.h"
 #include "support/Files.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Checks that look at more than one line: the order of the sounds, files, references, lists, and all at once.
+#include "base/FileNames.h"
 #include "checks/FindingMarks.h"
 #include "demo/DemoFolder.h"
 #include "demo/WavFile.h"

@@ -5,6 +5,7 @@
 #include "base/CodePage.h"
 #include "base/QuotedRecords.h"
 #include "catalogue/CatalogueLoading.h"
+#include "catalogue/ChangedLines.h"
 #include "catalogue/LineWords.h"
 #include "generation/ScriptStatistics.h"
 #include "references/LineLetters.h"
@@ -136,10 +137,10 @@ void feedWadLists(std::string_view bytes)
         show(list ? list->notices : std::vector<Failure>{list.failure()});
     }
     static const SoundCatalogue catalogue = smallCatalogue();
-    const SavedLines saved = parseSavedLines(*file, catalogue);
+    const ChangedLines saved = parseChangedLines(*file, catalogue);
     show(saved.notices);
     require(std::ranges::all_of(saved.lines,
-                                [](const SavedLine& line) {
+                                [](const ChangedLine& line) {
                                     return line.number < catalogue.size() &&
                                            SoundCatalogue::accepts(line.text);
                                 }),

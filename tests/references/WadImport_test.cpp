@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/ChangedLines.h"
 #include "references/WadImport.h"
 #include "references/WadView.h"
 #include "support/Files.h"
@@ -319,9 +320,9 @@ TEST_F(WadImportTest, SavedLinesThatCannotBeReadStopTheImport)
         ASSERT_EQ(dialogs.said().size(), 1U) << "before the question";
         EXPECT_NE(dialogs.said()[0].text.english.find(file), std::string::npos);
         EXPECT_FALSE(catalogue.differsFromFile());
-        EXPECT_TRUE(hasSavedLines(folders / "program", wad.wadName));
+        EXPECT_TRUE(hasChangedLines(folders / "program", wad.wadName));
     };
-    EXPECT_FALSE(hasSavedLines(folders / "program", wad.wadName));
+    EXPECT_FALSE(hasChangedLines(folders / "program", wad.wadName));
     save(std::string("1,\"S1:\0\"", 8));
     expectRefusal("Oasis.tor");
     std::filesystem::remove_all(saved);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
+#include "base/FileNames.h"
 #include "base/ProcessLock.h"
 #include "session/StartUp.h"
 #include "support/Files.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A full disk, or the plug pulled, at every system call of keeping a version and of bringing a set back.
+#include "base/FileNames.h"
 #include "base/SafeFile.h"
 #include "support/FaultyProgram.h"
 #include "support/Files.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "MainWindow.h"
+#include "base/FileNames.h"
 #include "base/ProcessLock.h"
 #include "ui/Text.h"
 
