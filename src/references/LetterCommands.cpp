@@ -41,11 +41,6 @@ const BilingualText& whyNoLetterOfOneLevel(std::string_view letter)
     return letter.starts_with('g') ? letterTexts::startsWithG : letterTexts::forbiddenCharacter;
 }
 
-std::string shown(std::string_view bytes)
-{
-    return shownText(bytes);
-}
-
 template <typename Rewrite>
 LineChanges rewrittenLines(const SoundCatalogue& catalogue, Rewrite rewrite)
 {
@@ -83,8 +78,8 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
             dialogs);
     }
     if (const WadReference* const user = references.findLetter(newLetter)) {
-        const std::string letter = "[#" + shown(newLetter) + "]";
-        const std::string name = "[" + shown(user->wadName) + "]";
+        const std::string letter = "[#" + shownText(newLetter) + "]";
+        const std::string name = "[" + shownText(user->wadName) + "]";
         return refuse(replaceTitle,
                       {"The letter " + letter + " is already used for " + name,
                        "La lettre " + letter + " est déjà assignée à " + name},
@@ -131,19 +126,19 @@ BilingualText objectsLabel(const BilingualText& title, std::span<const std::stri
 {
     std::string names;
     for (const std::string& object : objects) {
-        names += ", " + shown(object);
+        names += ", " + shownText(object);
     }
     return title + BilingualText::same(names);
 }
 
 BilingualText addLetterLabel(std::string_view letter)
 {
-    return BilingualText("Add letter", "Ajouter la lettre") + " #" + shown(letter);
+    return BilingualText("Add letter", "Ajouter la lettre") + " #" + shownText(letter);
 }
 
 BilingualText removeLetterLabel(std::string_view letter)
 {
-    return BilingualText("Remove letter", "Enlever la lettre") + " #" + shown(letter);
+    return BilingualText("Remove letter", "Enlever la lettre") + " #" + shownText(letter);
 }
 
 std::string joinedLetters(const std::vector<std::string>& letters)
@@ -216,7 +211,7 @@ bool requireLetterOfOneLevel(std::string_view letter, Dialogs& dialogs)
     if (isLetterOfOneLevel(letter)) {
         return true;
     }
-    const std::string marked = "[#" + shown(letter) + "]";
+    const std::string marked = "[#" + shownText(letter) + "]";
     return refuse(letterTexts::letterTitle,
                   BilingualText(marked + ": ", marked + " : ") + whyNoLetterOfOneLevel(letter), dialogs);
 }
@@ -281,7 +276,7 @@ bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Di
         !requireLetterOfOneLevel(wad.letter, dialogs)) {
         return false;
     }
-    const std::string letter = "[#" + shown(wad.letter) + "]";
+    const std::string letter = "[#" + shownText(wad.letter) + "]";
     const Question question{removeAllTitle,
                             {"Remove all " + letter + " from Sound ID list",
                              "Enlever toutes les lettres " + letter + " de la liste ID Sons"},
@@ -298,14 +293,14 @@ bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Di
 
 BilingualText replacedLetterLabel(std::string_view oldLetter, std::string_view newLetter)
 {
-    const std::string before = "#" + shown(oldLetter);
-    const std::string after = "#" + shown(newLetter);
+    const std::string before = "#" + shownText(oldLetter);
+    const std::string after = "#" + shownText(newLetter);
     return {"Replace letter " + before + " by " + after, "Remplacer la lettre " + before + " par " + after};
 }
 
 BilingualText removedLetterLabel(std::string_view letter)
 {
-    const std::string name = "#" + shown(letter);
+    const std::string name = "#" + shownText(letter);
     return {"Remove letter " + name + " from all lines",
             "Enlever la lettre " + name + " de toutes les lignes"};
 }
@@ -321,9 +316,9 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
     if (!confirmMerging(catalogue, wad.letter, newLetter, dialogs)) {
         return ReplacedLetter::Declined;
     }
-    const std::string oldShown = "#" + shown(wad.letter);
-    const std::string newShown = "#" + shown(newLetter);
-    const std::string name = "[" + shown(wad.wadName) + "]";
+    const std::string oldShown = "#" + shownText(wad.letter);
+    const std::string newShown = "#" + shownText(newLetter);
+    const std::string name = "[" + shownText(wad.wadName) + "]";
     BilingualText text(
         "Replace " + oldShown + " letter by " + newShown + " for all the sounds of the wad " + name,
         "Remplacer la lettre " + oldShown + " par " + newShown + " pour tous les sons du wad " + name);
@@ -381,7 +376,7 @@ std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view le
 BilingualText alreadyCarried(std::size_t lines, std::string_view letter)
 {
     const std::string count = std::to_string(lines);
-    const std::string marked = "#" + shown(letter);
+    const std::string marked = "#" + shownText(letter);
     return lines == 1
                ? BilingualText("1 line already carries " + marked + ".", "1 ligne porte déjà " + marked + ".")
                : BilingualText(count + " lines already carry " + marked + ".",

@@ -27,11 +27,6 @@ std::string padded(std::string_view text, std::size_t width)
     return result;
 }
 
-std::string shown(std::string_view bytes)
-{
-    return shownText(bytes);
-}
-
 bool isMissing(std::string_view text)
 {
     return text.empty() || text.starts_with(' ');
@@ -89,7 +84,7 @@ void RegisterEditor::tellLinesLeft(const std::string& letter, const BilingualTex
     if (isLetterOfOneLevel(letter) || lines == 0) {
         return;
     }
-    const std::string marked = "[#" + shown(letter) + "]";
+    const std::string marked = "[#" + shownText(letter) + "]";
     refuse(ReferenceField::None, title,
            BilingualText(marked + " is not a letter of one level. It stays on ",
                          marked + " n'est pas une lettre de niveau. Elle reste sur ") +
@@ -120,7 +115,7 @@ bool RegisterEditor::hasWadFile(std::string_view wadName, std::string_view endin
     if (findFile(m_context.wadFolder, std::string(wadName).append(lowerCase(ending)))) {
         return true;
     }
-    const std::string file = "[" + shown(wadName) + std::string(ending) + "]";
+    const std::string file = "[" + shownText(wadName) + std::string(ending) + "]";
     const std::string folder = displayPath(m_context.wadFolder / "");
     return refuse(ReferenceField::WadName, caption,
                   {"No " + file + " File\nin " + folder, "Aucun Fichier " + file + "\ndans " + folder});
@@ -131,11 +126,11 @@ bool RegisterEditor::isFreeWadName(const std::string& wadName, const BilingualTe
     for (const WadReference& reference : m_context.references.all()) {
         const WadReference row = fieldsOfRow(referenceRow(reference));
         if (row.wadName == wadName) {
-            const std::string name = "[" + shown(wadName) + "]";
+            const std::string name = "[" + shownText(wadName) + "]";
             // The English text ends without its bracket.
             return refuse(ReferenceField::WadName, caption,
-                          {"Wad Name " + name + " already assigned to [#" + shown(row.letter),
-                           "Nom de WAD " + name + " déjà assigné à [#" + shown(row.letter) + "]"});
+                          {"Wad Name " + name + " already assigned to [#" + shownText(row.letter),
+                           "Nom de WAD " + name + " déjà assigné à [#" + shownText(row.letter) + "]"});
         }
     }
     return true;
@@ -146,10 +141,10 @@ bool RegisterEditor::isFreeLetter(const std::string& letter, const BilingualText
     for (const WadReference& reference : m_context.references.all()) {
         const WadReference row = fieldsOfRow(referenceRow(reference));
         if (row.letter == letter) {
-            const std::string name = "[" + shown(row.wadName) + "]";
+            const std::string name = "[" + shownText(row.wadName) + "]";
             return refuse(ReferenceField::Letter, caption,
-                          {"Letter #" + shown(letter) + " already assigned to " + name,
-                           "Lettre #" + shown(letter) + " déjà assignée à " + name});
+                          {"Letter #" + shownText(letter) + " already assigned to " + name,
+                           "Lettre #" + shownText(letter) + " déjà assignée à " + name});
         }
     }
     return true;
@@ -222,7 +217,7 @@ bool RegisterEditor::add(const WadReference& fields)
         return false;
     }
     {
-        const Step step(m_context.catalogue, titles::addReference + (", " + shown(fields.wadName)));
+        const Step step(m_context.catalogue, titles::addReference + (", " + shownText(fields.wadName)));
         m_context.references.appendUser(fields);
     }
     select(std::nullopt, false);
@@ -242,9 +237,9 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
     }
     const BilingualText& title = titles::modifySelectedReference;
     if (fields.letter != m_selectedLetter) {
-        const std::string before = "[#" + shown(m_selectedLetter) + "]";
-        const std::string after = "[#" + shown(fields.letter) + "]";
-        const std::string name = "[" + shown(m_selectedWadName) + "]";
+        const std::string before = "[#" + shownText(m_selectedLetter) + "]";
+        const std::string after = "[#" + shownText(fields.letter) + "]";
+        const std::string name = "[" + shownText(m_selectedWadName) + "]";
         const Question question{
             title,
             {"Replace letter " + before + " by " + after + "\n for all the sounds of " + name + " Wad",
@@ -266,7 +261,8 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
 
 Problem RegisterEditor::store(const WadReference& fields)
 {
-    const Step step(m_context.catalogue, titles::modifySelectedReference + (", " + shown(m_selectedWadName)));
+    const Step step(m_context.catalogue,
+                    titles::modifySelectedReference + (", " + shownText(m_selectedWadName)));
     if (fields.letter != m_selectedLetter) {
         if (Problem problem = replaceLetterOnAllLines(m_context.catalogue, m_selectedLetter, fields.letter)) {
             return problem;
@@ -294,8 +290,8 @@ bool RegisterEditor::remove()
             {MessageIcon::Information, titles::deleteReference, {"Nothing to delete", "Rien à supprimer"}});
         return false;
     }
-    const std::string letter = shown(m_selectedLetter);
-    const std::string name = shown(m_selectedWadName);
+    const std::string letter = shownText(m_selectedLetter);
+    const std::string name = shownText(m_selectedWadName);
     const Question question{
         titles::deleteReference,
         {"Delete [" + name + "/#" + letter + "] reference\nRemove all [#" + letter + "] from Sound ID list",
