@@ -38,6 +38,7 @@ need_packages() {
 # What was compiled before is not compiled again, in other build folders and clones neither.
 if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+    export CCACHE_SLOPPINESS=pch_defines,time_macros # for precompiled headers, as its manual says
 fi
 
 # Configures a preset once; CMake itself notices later changes, but not those of CMakePresets.json.

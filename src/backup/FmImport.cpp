@@ -28,7 +28,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t linesColourSlot = 4;
+constexpr std::size_t newLinesColourSlot = 4;
 constexpr std::size_t samplesColourSlot = 0;
 
 // The line of the file, the line of the catalogue, and what would become of it.
@@ -97,8 +97,8 @@ FmImport::FmImport(QWidget* parent, const ExchangeContext& context)
     m_lines->useMarks();
     m_samples->useMarks();
     layOut();
-    paintWith(*m_lines, m_context.colours.slots[linesColourSlot]);
-    paintWith(*m_table, m_context.colours.slots[linesColourSlot]);
+    paintWith(*m_lines, m_context.colours.slots[newLinesColourSlot]);
+    paintWith(*m_table, m_context.colours.slots[newLinesColourSlot]);
     paintWith(*m_samples, m_context.colours.slots[samplesColourSlot]);
     m_titles->setLanguage(m_context.language);
     showCaptions();

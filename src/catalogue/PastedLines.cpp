@@ -86,7 +86,7 @@ PastedLines findPastedLines(const SoundCatalogue& catalogue, std::string_view te
 namespace {
 
 // The words of a line, without the columns that would push the last ones out of sight.
-std::string wordsOf(std::string_view line)
+std::string shownWords(std::string_view line)
 {
     std::string words(nameOf(line));
     words += ":";
@@ -102,8 +102,8 @@ BilingualText preview(const SoundCatalogue& catalogue, const PastedLines& pasted
     BilingualText text;
     for (std::size_t i = 0; i < std::min(pasted.lines.size(), mostShown); ++i) {
         const auto& [number, line] = pasted.lines[i];
-        const std::string before = wordsOf(catalogue.currentLine(number));
-        const std::string after = wordsOf(line);
+        const std::string before = shownWords(catalogue.currentLine(number));
+        const std::string after = shownWords(line);
         text += (i == 0 ? "" : "\n") + std::to_string(number) + "\n- " + before + "\n";
         text += before == after ? BilingualText("  only blanks and TABs differ",
                                                 "  seuls des blancs et des TAB diffèrent")

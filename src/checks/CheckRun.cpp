@@ -14,11 +14,6 @@ std::size_t stepsFor(std::size_t count, std::size_t ofStep)
     return (count + ofStep - 1) / ofStep;
 }
 
-std::string keyOf(std::string_view sampleName)
-{
-    return upperCase(sampleName);
-}
-
 } // namespace
 
 CheckRun::CheckRun(const CheckSubject& subject, Progress& progress, std::size_t checkCount)
@@ -54,7 +49,7 @@ void CheckRun::listFolder()
     std::ranges::sort(m_samples, {}, &SampleFile::name);
     for (std::size_t i = 0; i < m_samples.size(); ++i) {
         const std::string& name = m_samples[i].name;
-        m_sampleByName.try_emplace(keyOf(name.substr(0, name.size() - endingLength)), i);
+        m_sampleByName.try_emplace(upperCase(name.substr(0, name.size() - endingLength)), i);
     }
 }
 
@@ -65,7 +60,7 @@ std::span<const WadReference> CheckRun::userReferences() const
 
 std::optional<std::size_t> CheckRun::findSample(std::string_view name) const
 {
-    const auto found = m_sampleByName.find(keyOf(name));
+    const auto found = m_sampleByName.find(upperCase(name));
     return found == m_sampleByName.end() ? std::nullopt : std::optional(found->second);
 }
 

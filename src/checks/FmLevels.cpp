@@ -28,7 +28,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t colourSlot = 1;
+constexpr std::size_t levelsColourSlot = 1;
 constexpr int sortRole = Qt::UserRole;      // a number behind the text
 constexpr int barRole = Qt::UserRole + 1;   // from 0 to 1
 constexpr int indexRole = Qt::UserRole + 2; // of the level
@@ -118,9 +118,9 @@ QTreeWidget* makeTable(const char* name, const ColourPair& colours)
 
 FmLevels::FmLevels(QWidget* parent, LevelsContext context)
     : TitledWindow(parent), m_context(std::move(context)), m_heading(makeHeading("LbLevels")),
-      m_list(makeTable("LiLevels", m_context.colours.slots[colourSlot])),
+      m_list(makeTable("LiLevels", m_context.colours.slots[levelsColourSlot])),
       m_samplesHeading(makeHeading("LbLevelSamples")),
-      m_samples(makeTable("LiLevelSamples", m_context.colours.slots[colourSlot])),
+      m_samples(makeTable("LiLevelSamples", m_context.colours.slots[levelsColourSlot])),
       m_show(makeButton("CdShow", Glyph::ToStart)), m_save(makeButton("CdSave", Glyph::ExportBackup)),
       m_close(makeButton("CdClose", Glyph::Close))
 {
@@ -135,11 +135,13 @@ void FmLevels::layOut()
 {
     constexpr int margin = 2 * controlGap;
     m_list->setColumnCount(ColumnCount);
-    m_list->setItemDelegateForColumn(Bytes, new BarDelegate(m_list, m_context.colours.slots[colourSlot]));
+    m_list->setItemDelegateForColumn(Bytes,
+                                     new BarDelegate(m_list, m_context.colours.slots[levelsColourSlot]));
     m_list->header()->setStretchLastSection(false);
     m_list->sortByColumn(Bytes, Qt::DescendingOrder);
     m_samples->setColumnCount(2);
-    m_samples->setItemDelegateForColumn(1, new BarDelegate(m_samples, m_context.colours.slots[colourSlot]));
+    m_samples->setItemDelegateForColumn(
+        1, new BarDelegate(m_samples, m_context.colours.slots[levelsColourSlot]));
     m_samples->sortByColumn(1, Qt::DescendingOrder);
     constexpr int nameWidth = 240;
     m_samples->setColumnWidth(0, nameWidth);
@@ -344,7 +346,7 @@ void FmLevels::showSamples()
         row->setData(1, barRole,
                      static_cast<double>(sample.bytes.value_or(0)) / static_cast<double>(largest));
         if (!sample.bytes) {
-            row->setForeground(1, markColour(m_context.colours.slots[colourSlot]));
+            row->setForeground(1, markColour(m_context.colours.slots[levelsColourSlot]));
         }
         rows += row;
     }

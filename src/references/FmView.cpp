@@ -25,7 +25,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t colourSlot = 1;
+constexpr std::size_t viewColourSlot = 1;
 constexpr qsizetype widestName = 24;
 constexpr int wholeRow = Qt::UserRole; // where the name is cut
 
@@ -51,7 +51,7 @@ std::size_t countNames(const WadViewRows& rows)
 
 FmView::FmView(QWidget* parent, const SoundCatalogue& catalogue, const CurrentWad& wad, const WadView& view,
                const ColourScheme& colours, Language language)
-    : TitledWindow(parent), m_catalogue(catalogue), m_marked(markColour(colours.slots[colourSlot])),
+    : TitledWindow(parent), m_catalogue(catalogue), m_marked(markColour(colours.slots[viewColourSlot])),
       m_language(language), m_samples{makeHeading("LbSAM"), makeFixedPitchList("LiSAM")},
       m_objects{makeHeading("LbWAS"), makeFixedPitchList("LiWAS")}, m_surplus{makeHeading("LbSurplus"),
                                                                               makeFixedPitchList("LiSurplus")}
@@ -59,7 +59,7 @@ FmView::FmView(QWidget* parent, const SoundCatalogue& catalogue, const CurrentWa
     setObjectName("FmView");
     setWindowModality(Qt::ApplicationModal);
     setSizeGripEnabled(true);
-    layOut(colours.slots[colourSlot]);
+    layOut(colours.slots[viewColourSlot]);
     showCaptions();
     const std::string name =
         fromCodePage(wad.wadName).toStdString() + " / #" + fromCodePage(wad.letter).toStdString();

@@ -119,7 +119,7 @@ private:
     bool m_waits = false; // for the end of the click that brought the focus
 };
 
-constexpr int iconSize = 16;
+constexpr int buttonIconSize = 16;
 
 } // namespace
 
@@ -127,7 +127,7 @@ QPushButton* makeButton(const char* name, Glyph glyph)
 {
     auto* const button = named(new QPushButton, name);
     button->setIcon(glyphIcon(glyph, theme::text));
-    button->setIconSize({iconSize, iconSize});
+    button->setIconSize({buttonIconSize, buttonIconSize});
     button->setAutoDefault(false);
     return button;
 }

@@ -23,10 +23,10 @@ namespace tavrel {
 
 namespace {
 
-constexpr int iconSize = 36;
+constexpr int messageIconSize = 36;
 constexpr int smallestWidth = 340;
 constexpr int widestText = 560;
-constexpr int gap = 14;
+constexpr int messageGap = 14;
 
 QIcon iconOf(MessageIcon icon)
 {
@@ -87,7 +87,7 @@ QWidget* makeTextArea(QLabel* text)
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFixedHeight(tallest);
-    area->setMinimumWidth(text->minimumWidth() + 2 * gap);
+    area->setMinimumWidth(text->minimumWidth() + 2 * messageGap);
     return area;
 }
 
@@ -100,13 +100,13 @@ MessageWindow::MessageWindow(QWidget* parent, MessageIcon icon, const QString& t
     setWindowTitle(title);
     setWindowModality(Qt::ApplicationModal);
     auto* const picture = new QLabel;
-    picture->setPixmap(iconOf(icon).pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
+    picture->setPixmap(iconOf(icon).pixmap(QSize(messageIconSize, messageIconSize), devicePixelRatioF()));
     auto* const row = new QHBoxLayout;
-    row->setSpacing(gap);
+    row->setSpacing(messageGap);
     row->addWidget(picture, 0, Qt::AlignTop);
     row->addWidget(makeTextArea(makeText(text)), 1);
-    content().setContentsMargins(gap, gap, gap, gap);
-    content().setSpacing(gap);
+    content().setContentsMargins(messageGap, messageGap, messageGap, messageGap);
+    content().setSpacing(messageGap);
     content().addLayout(row, 1);
     content().addLayout(m_buttons);
     m_buttons->addStretch(1);

@@ -25,8 +25,6 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t colourSlot = 1;
-
 const DifferenceSides sides{
     {"Here", "Ici"}, {"There", "Là-bas"}, {"missing here", "absent ici"}, {"missing there", "absent là-bas"}};
 
@@ -40,7 +38,7 @@ FmCompare::FmCompare(QWidget* parent, const VersionsContext& context,
     : TitledWindow(parent), m_context(context), m_source(makeComboBox("CbSource")),
       m_chooseFile(makeButton("CdFile", Glyph::ChooseFile)), m_path(makeElidedLabel("LbOther")),
       m_threeWays(named(new QCheckBox, "CkThreeWays")), m_shift(makePaperLabel("LbShift")),
-      m_view(new DifferenceView(sides, context.colours.slots[colourSlot], context.language)),
+      m_view(new DifferenceView(sides, context.colours.slots[versionsColourSlot], context.language)),
       m_tickAll(makeButton("CdSelect", Glyph::Accept)), m_untickAll(makeButton("CdEfface", Glyph::EraseText)),
       m_wholeLine(named(new QRadioButton, "OpWhole")), m_onlyParts(named(new QRadioButton, "OpParts")),
       m_values(named(new QCheckBox, "CkTakeValues")), m_samples(named(new QCheckBox, "CkTakeSamples")),

@@ -8,6 +8,7 @@
 #include "ui/Controls.h"
 #include "ui/Text.h"
 #include "versions/DifferenceView.h"
+#include "versions/VersionsContext.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,19 +20,18 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t colourSlot = 1;
 constexpr int droppedHeight = 110;
 
-const DifferenceSides sides{{"In the file", "Dans le fichier"},
-                            {"Now", "Maintenant"},
-                            {"new line", "nouvelle ligne"},
-                            {"taken out", "retirée"}};
+const DifferenceSides reviewSides{{"In the file", "Dans le fichier"},
+                                  {"Now", "Maintenant"},
+                                  {"new line", "nouvelle ligne"},
+                                  {"taken out", "retirée"}};
 
 } // namespace
 
 FmReview::FmReview(QWidget* parent, Session& session, Dialogs& dialogs, ReviewDoors doors)
     : TitledWindow(parent), m_session(session), m_dialogs(dialogs), m_doors(std::move(doors)),
-      m_view(new DifferenceView(sides, session.settings().colours.slots[colourSlot],
+      m_view(new DifferenceView(reviewSides, session.settings().colours.slots[versionsColourSlot],
                                 session.settings().language)),
       m_droppedTitle(makeHeading("LbDropped")), m_dropped(makeFixedPitchList("LiDropped")),
       m_apply(makeButton("CdApply", Glyph::Apply)), m_close(makeButton("CdClose", Glyph::Close))
@@ -39,7 +39,7 @@ FmReview::FmReview(QWidget* parent, Session& session, Dialogs& dialogs, ReviewDo
     setObjectName("FmReview");
     setWindowModality(Qt::ApplicationModal);
     setSizeGripEnabled(true);
-    paintWith(*m_dropped, session.settings().colours.slots[colourSlot]);
+    paintWith(*m_dropped, session.settings().colours.slots[versionsColourSlot]);
     m_view->useRowButton({"Put back", "Remettre"});
     layOut();
     showCaptions();
@@ -126,7 +126,7 @@ void FmReview::fillDropped()
             new QListWidgetItem(QString("%1: ").arg(line.lineInFile, 4) + fromCodePage(line.text) +
                                 (line.looksLikeSound ? mark : QString()));
         if (line.looksLikeSound) {
-            item->setForeground(markColour(m_session.settings().colours.slots[colourSlot]));
+            item->setForeground(markColour(m_session.settings().colours.slots[versionsColourSlot]));
         }
         m_dropped->addItem(item);
     }

@@ -26,10 +26,9 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t colourSlot = 1;
 constexpr int columnGap = 16;
 
-QTreeWidget* makeList(const ColourPair& colours)
+QTreeWidget* makeVersionList(const ColourPair& colours)
 {
     auto* const list = named(new QTreeWidget, "LiVersions");
     list->setFont(fixedPitchFont());
@@ -43,8 +42,9 @@ QTreeWidget* makeList(const ColourPair& colours)
 } // namespace
 
 FmVersions::FmVersions(QWidget* parent, const VersionsContext& context)
-    : TitledWindow(parent), m_context(context), m_list(makeList(context.colours.slots[colourSlot])),
-      m_said(makePaperLabel("LbSaid")), m_compare(makeButton("CdCompare", Glyph::Search)),
+    : TitledWindow(parent), m_context(context),
+      m_list(makeVersionList(context.colours.slots[versionsColourSlot])), m_said(makePaperLabel("LbSaid")),
+      m_compare(makeButton("CdCompare", Glyph::Search)),
       m_bringBack(makeButton("CdBringBack", Glyph::RestoreLine))
 {
     setObjectName("FmVersions");

@@ -12,8 +12,6 @@ namespace tavrel {
 
 namespace {
 
-constexpr auto npos = std::string_view::npos;
-
 std::string trimmed(std::string_view text)
 {
     const std::size_t start = std::min(text.find_first_not_of(" #"), text.size());
@@ -30,7 +28,7 @@ const std::string* mapped(const LetterMap& map, std::string_view letter)
 std::string withMappedLetters(std::string_view line, const LetterMap& map)
 {
     std::size_t hash = lettersStart(line);
-    if (hash == npos || map.empty()) {
+    if (hash == std::string_view::npos || map.empty()) {
         return std::string(line);
     }
     struct Written
@@ -40,7 +38,7 @@ std::string withMappedLetters(std::string_view line, const LetterMap& map)
     };
     std::vector<Written> written;
     std::string result(line.substr(0, hash));
-    while (hash != npos) {
+    while (hash != std::string_view::npos) {
         const std::size_t end = std::min(line.find_first_of("# \t", hash + 1), line.size());
         const std::string_view theirs = line.substr(hash + 1, end - hash - 1);
         const std::string* const other = mapped(map, theirs);
@@ -53,7 +51,7 @@ std::string withMappedLetters(std::string_view line, const LetterMap& map)
         }
         written.push_back(letter);
         hash = line.find('#', end);
-        result += line.substr(end, hash == npos ? npos : hash - end);
+        result += line.substr(end, hash == std::string_view::npos ? std::string_view::npos : hash - end);
     }
     return result;
 }
@@ -96,9 +94,10 @@ Result<LetterMap> parseLetterMap(std::string_view text)
         }
         const std::size_t equals = part.find('=');
         const std::string from = trimmed(part.substr(0, equals));
-        const std::string to = equals == npos ? std::string() : trimmed(part.substr(equals + 1));
+        const std::string to =
+            equals == std::string_view::npos ? std::string() : trimmed(part.substr(equals + 1));
         const auto isLetter = [](const std::string& letter) {
-            return !letter.empty() && letter.find_first_of("# \t=\"") == npos;
+            return !letter.empty() && letter.find_first_of("# \t=\"") == std::string_view::npos;
         };
         if (!isLetter(from) || !isLetter(to) || mapped(map, from) != nullptr) {
             const std::string shown = utf8FromCodePage(part);

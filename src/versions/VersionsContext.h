@@ -12,6 +12,9 @@
 
 namespace tavrel {
 
+// Of the colour scheme, for the lists of these windows.
+inline constexpr std::size_t versionsColourSlot = 1;
+
 // What the compare window and the window of earlier versions get when they open.
 struct VersionsContext
 {

@@ -52,13 +52,6 @@ TEST(LineWords, TellsWhatComposingChanges)
     }
 }
 
-TEST(LineWords, LeavesTheStockLinesAlone)
-{
-    for (const std::string& line : stockLines()) {
-        EXPECT_TRUE(wordsChangedByComposing(line).none()) << line;
-    }
-}
-
 TEST(LineWords, AsksBeforeWordsAreLost)
 {
     ScriptedDialogs none;

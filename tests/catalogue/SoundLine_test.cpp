@@ -69,13 +69,10 @@ const ParseCase parseCases[] = {
     {"NAME:>VOL08>P", "NAME:", "VOL08,"},
     {"NAME:", "NAME:"},
     {"NAME:>", "NAME:"},
-    {"NAME:  ", "NAME:"},
     {"NAME: ", "NAME:", ","},
-    {"NAME: >", "NAME:", ","},
     {"NAME:\xA0", "NAME:"},
     {"", ""},
     {":", ":"},
-    {"a b c", "", "a,b,"},
     {"  a b>VOL08", "", "a,b,", "VOL08"},
     {"A:B:>a>", "A:", "B:,"},
     // Values.
@@ -83,62 +80,46 @@ const ParseCase parseCases[] = {
     {"N:>a>VOLx7>", "N:", "a,", "VOL00"},
     {"N:>a>VOL 8>", "N:", "a,", "VOL00", "L"},
     {"N:>a>VOL-8>", "N:", "a,", "VOL00"},
-    {"N:>a>VOL+8>", "N:", "a,", "VOL00"},
     {"N:>a>VOL8x>", "N:", "a,", "VOL08"},
     {"N:>a>VOL100>PIT100>RAD100>CH100>", "N:", "a,", "VOL10", "", "CH10", "PIT10", "RAD10"},
     {"N:>a>PIT-5>", "N:", "a,", "", "", "", "PIT-05"},
     {"N:>a>PIT-123>", "N:", "a,", "", "", "", "PIT-12"},
-    {"N:>a>PIT-0>", "N:", "a,", "", "", "", "PIT00"},
     {"N:>a>PIT--5>", "N:", "a,", "", "", "", "PIT00"},
-    {"N:>a>PIT 5>", "N:", "a,", "", "", "", "PIT00"},
     {"N:>a>CH-1>RAD-1>", "N:", "a,", "", "", "CH00", "", "RAD00"},
-    {"N:>a>CH1 ", "N:", "a,", "", "", "CH01"},
     {"N:>a>VOL07>VOL08>", "N:", "a,", "VOL07"},
     {"N:>a>VOL>VOL08>", "N:", "a,", "VOL00", "L"},
     {"N:>a>RAD08>PIT05>CH01>VOL02>L>", "N:", "a,", "VOL02", "L", "CH01", "PIT05", "RAD08"},
     {"N:>a>VOL08PIT03CH04RAD05", "N:", "a,", "VOL08", "", "CH04", "PIT03", "RAD05"},
     {"N:>a>vol08>p>pit05>rad08>ch01>", "N:", "a,"},
-    // Values at the very end of the line.
-    {"N:>a>VOL", "N:", "a,", "VOL00"},
-    {"N:>a>VOL5", "N:", "a,", "VOL05"},
-    {"N:>a>CH", "N:", "a,", "", "", "CH00"},
+    // At the very end of the line.
     {"N:>a>PIT-", "N:", "a,", "", "", "", "PIT00"},
     {"N:>a>PIT-7", "N:", "a,", "", "", "", "PIT-07"},
-    {"N:>a>RAD12", "N:", "a,", "", "", "", "", "RAD12"},
     // Keywords inside sample names.
     {"N:>VOL22x RAD33>CH40>", "N:", "VOL22x,RAD33,", "", "", "CH40"},
-    {"N:>CHIRP PITCH>VOL08>", "N:", "CHIRP,PITCH,", "VOL08"},
     {"N:>P V L>", "N:", "P,V,L,"},
     {"N:>a P", "N:", "a,"},
     // Flags.
     {"N:>a>VOL08>P V R L>", "N:", "a,", "VOL08", "PVRL"},
     {"N:>a>VOL08>R N>", "N:", "a,", "VOL08", "N"},
-    {"N:>a>VOL08>N R>", "N:", "a,", "VOL08", "N"},
     {"N:>a>VOL08>    N L>", "N:", "a,", "VOL08", "NL"},
     {"N:>a>VOL08>L", "N:", "a,", "VOL08"},
     {"N:>a>VOL08>PVRL>", "N:", "a,", "VOL08", "L"},
     {"N:>a>LOOP >", "N:", "a,", "", "P"},
-    {"N:>a>VOL08>#P ", "N:", "a,", "VOL08", "", "", "", "", "#P"},
     {"N:>a>VOL08>#P>", "N:", "a,", "VOL08", "", "", "", "", "#P"},
-    {"N:>a>VOL08>P>#ab", "N:", "a,", "VOL08", "P", "", "", "", "#ab"},
     {"N:>a>VOL08>P>#P #ab", "N:", "a,", "VOL08", "", "", "", "", "#P #ab"},
-    {"N:>a>VOL08>P>#P>#ab", "N:", "a,", "VOL08", "P", "", "", "", "#P #ab"},
     {"N:>a>VOL08>#P>P>#ab", "N:", "a,", "VOL08", "", "", "", "", "#P #ab"},
     {"N:>a>VOL08>>#aV #b", "N:", "a,", "VOL08", "V", "", "", "", "#aV #b"},
     {"N:>a>VOL08>>#CH", "N:", "a,", "VOL08", "", "CH00", "", "", "#CH"},
     // Letters.
     {"N:>a>VOL08>#g#ab", "N:", "a,", "VOL08", "", "", "", "", "#g #ab"},
     {"N:>a>VOL08>##ab", "N:", "a,", "VOL08", "", "", "", "", "# #ab"},
-    {"N:>a>VOL08>#", "N:", "a,", "VOL08", "", "", "", "", "#"},
     {"N:>a>VOL08># >#abcdef  ", "N:", "a,", "VOL08", "", "", "", "", "# #abcdef"},
     {"N:>a>VOL08>#a x #b", "N:", "a,", "VOL08", "", "", "", "", "#a #b"},
     {"N:>a#x>VOL08>#c", "N:", "a#x,", "VOL08", "", "", "", "", "#c"},
     {"N:>a>#x>VOL08", "N:", "a,", "VOL08"},
     {"N:>a>VOL#x>", "N:", "a,", "VOL00", "", "", "", "", "#x"},
-    {"N:>VOL#b>RAD08>#c", "N:", "VOL#b,", "", "", "", "", "RAD08", "#b #c"},
     {"N:>a#x>RAD08>#c", "N:", "a#x,", "", "", "", "", "RAD08", "#x #c"},
     {"N:>#g", "N:", "", "", "", "", "", "", "#g"},
-    {"#:>a>", "#:", "a,"},
     {"a#:>a>", "a#:", "a,"},
     {"ab#:>a>", "ab#:", "a,", "", "", "", "", "", "#:"},
     {"VOLCANO#x:>a>RAD08>", "VOLCANO#x:", "a,", "", "", "", "", "RAD08", "#x:"},
@@ -209,13 +190,6 @@ TEST(ParseSoundLine, ReadsALineOfTenThousandCharacters)
     EXPECT_EQ(ParseSoundLine(std::string(10'000, ' ')).sampleCount(), 0U);
 }
 
-TEST(ParseSoundLine, CountsTheLeadingNamesThatAreNotEmpty)
-{
-    EXPECT_EQ(ParseSoundLine("N: ").sampleCount(), 0U);
-    EXPECT_EQ(ParseSoundLine("N:\ta b c ").sampleCount(), 3U);
-    EXPECT_EQ(ParseSoundLine("N:").sampleCount(), 0U);
-}
-
 struct ComposeCase
 {
     const char* name = "";
@@ -239,27 +213,21 @@ const ComposeCase composeCases[] = {
     // Tabs by the length of the name, ":" included.
     {"SEVEN7:", "a", "", "", "", "", "", "", "", "", "", "SEVEN7:>>>a>>>>>>>>>"},
     {"EIGHT88:", "a", "", "", "", "", "", "", "", "", "", "EIGHT88:>>a>>>>>>>>>"},
-    {"FIFTEEN_LETTER:", "a", "", "", "", "", "", "", "", "", "", "FIFTEEN_LETTER:>>a>>>>>>>>>"},
     {"SIXTEEN_LETTERS:", "a", "", "", "", "", "", "", "", "", "", "SIXTEEN_LETTERS:>a>>>>>>>>>"},
     {"NO_COLON", "a", "", "", "", "", "", "", "", "", "", ">>>a>>>>>>>>>"},
     {"A:B", "a", "", "", "", "", "", "", "", "", "", "A:>>>a>>>>>>>>>"},
     // Tabs by the length of the sample text.
     {"N:", "1234567", "", "", "", "", "", "", "", "", "", "N:>>>1234567>>>>>>>>>"},
     {"N:", "12345678", "", "", "", "", "", "", "", "", "", "N:>>>12345678>>>>>>>>"},
-    {"N:", "123456789012345", "", "", "", "", "", "", "", "", "", "N:>>>123456789012345>>>>>>>>"},
     {"N:", "1234567890123456", "", "", "", "", "", "", "", "", "", "N:>>>1234567890123456>>>>>>>"},
-    {"N:", "12345678901234567890123", "", "", "", "", "", "", "", "", "",
-     "N:>>>12345678901234567890123>>>>>>>"},
     {"N:", "123456789012345678901234", "", "", "", "", "", "", "", "", "",
      "N:>>>123456789012345678901234>>>>>>"},
     {"N:", "12345678901234567890123456789012345", "", "", "", "", "", "", "", "", "",
      "N:>>>12345678901234567890123456789012>>>>>>"},
     // The flag column is positional.
     {"N:", "a", "", "P", "", "", "", "", "", "", "", "N:>>>a>>>>>P>>>>"},
-    {"N:", "a", "", "", "V", "", "", "", "", "", "", "N:>>>a>>>>>  V>>>>"},
     {"N:", "a", "", "", "", "R", "", "", "", "", "", "N:>>>a>>>>>    R>>>>"},
     {"N:", "a", "", "", "", "", "L", "", "", "", "", "N:>>>a>>>>>      L>>>>"},
-    {"N:", "a", "", "P", "", "", "L", "", "", "", "", "N:>>>a>>>>>P     L>>>>"},
     {"N:", "a", "", "P", "V", "N", "L", "", "", "", "", "N:>>>a>>>>>P V N L>>>>"},
     // Blanks behind the letters go, TABs stay.
     {"N:", "a ", "VOL01", "", "", "", "", "CH02", "PIT-03", "RAD04", "#ab  ",
@@ -336,45 +304,6 @@ TEST(StockLines, ParseAndComposeBackToThemselves)
     }
 }
 
-// "-" stands for none; a value that the level editor takes anyway is left out of the line.
-std::string valueInLine(const std::string& keyword, const std::string& value, const std::string& usual)
-{
-    if (value == "-" || value == usual) {
-        return {};
-    }
-    const bool negative = value.front() == '-';
-    const std::string digits = value.substr(negative ? 1 : 0);
-    return keyword + (negative ? "-" : "") + (digits.size() == 1 ? "0" : "") + digits;
-}
-
-TEST(StockLines, HoldTheFactsOfTheStockLevelEditor)
-{
-    std::istringstream table(readBytes(dataFolder() / "tables" / "sounds.tsv"));
-    std::string row;
-    std::getline(table, row);
-    std::size_t number = 0;
-    for (; std::getline(table, row); ++number) {
-        SCOPED_TRACE(row);
-        const std::vector<std::string> facts = splitAt(row, '\t');
-        ASSERT_EQ(facts.size(), 9U);
-        ASSERT_EQ(facts[0], std::to_string(number));
-        const SoundLine record = ParseSoundLine(stockLines().at(number));
-        EXPECT_EQ(record.Name.trimmed(), facts[1] + ":");
-        EXPECT_EQ(record.Samples, facts[2] == "-" ? std::vector<std::string>() : splitAt(facts[2], ' '));
-        EXPECT_EQ(record.Vol.trimmed(), valueInLine("VOL", facts[3], "100"));
-        EXPECT_EQ(record.Pit.trimmed(), valueInLine("PIT", facts[4], "0"));
-        EXPECT_EQ(record.Rad.trimmed(), valueInLine("RAD", facts[5], ""));
-        EXPECT_EQ(record.Ch.trimmed(), valueInLine("CH", facts[6], "100"));
-        std::string flags = flagsOf(record);
-        std::string expectedFlags = facts[7] == "-" ? "" : facts[7];
-        std::ranges::sort(flags);
-        std::ranges::sort(expectedFlags);
-        EXPECT_EQ(flags, expectedFlags);
-        EXPECT_EQ(record.Letters, facts[8] == "g" ? "#g" : "");
-    }
-    EXPECT_EQ(number, stockLines().size());
-}
-
 struct LetterCase
 {
     const char* line;
@@ -388,12 +317,10 @@ TEST(AddLetter, GoesToTheEndOfTheLine)
         {"N:>a>VOL08>>>>>", "ab", "N:>a>VOL08>>>>>#ab"},
         {"N:>a>VOL08>>>>>#ab", "cd", "N:>a>VOL08>>>>>#ab #cd"},
         {"N:>a>VOL08>>>>>#ab", "ab", "N:>a>VOL08>>>>>#ab"},
-        {"N:>a>VOL08>>>>>#abc", "ab", "N:>a>VOL08>>>>>#abc"},
         {"N:>a>VOL08>>>>>#ab", "a", "N:>a>VOL08>>>>>#ab"},
         {"N:>a>VOL08>>>>>#ab", "AB", "N:>a>VOL08>>>>>#ab #AB"},
         {"N:>a>VOL08>>>>>#g", "ab", "N:>a>VOL08>>>>>#g"},
         {"N:>a>VOL08>>>>>#ab #g", "cd", "N:>a>VOL08>>>>>#ab #g"},
-        {"N:>a>VOL08>>>>>#G", "ab", "N:>a>VOL08>>>>>#G #ab"},
         {"N:>a#b>RAD08", "ab", "N:>a#b>RAD08 #ab"},
         {"N:>a>RAD08", "ab", "N:>a>RAD08#ab"},
         {"", "ab", "#ab"},

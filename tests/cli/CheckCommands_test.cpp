@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 using namespace tavrel;
@@ -27,16 +26,6 @@ protected:
     DemoCli cli;
     std::vector<std::string> lines;
 };
-
-std::vector<std::string> linesOf(const std::string& output)
-{
-    std::vector<std::string> result;
-    std::istringstream text(output);
-    for (std::string line; std::getline(text, line);) {
-        result.push_back(line);
-    }
-    return result;
-}
 
 } // namespace
 
@@ -61,9 +50,8 @@ TEST_F(CheckCommands, ListWhatTheyFind)
     EXPECT_EQ(all.status, 1);
     bool foundMissing = false;
     bool foundReference = false;
-    for (const std::string& line : linesOf(all.output)) {
-        const nlohmann::json finding = nlohmann::json::parse(line);
-        EXPECT_EQ(finding.size(), 6U) << line;
+    for (const nlohmann::json& finding : objectsOf(all.output)) {
+        EXPECT_EQ(finding.size(), 6U) << finding;
         if (finding["check"] == "sample-missing") {
             foundMissing = true;
             EXPECT_EQ(finding["severity"], "error");
@@ -133,9 +121,9 @@ TEST_F(CheckCommands, CountTheLevels)
     const std::string oasis = lineStarting(run.output, "oasis");
     EXPECT_TRUE(oasis.starts_with("oasis\t#oa\t2\t1\t2\t" + size + "\t1\t")) << oasis;
     EXPECT_TRUE(oasis.ends_with("\tThe oasis of Amun"));
-    const std::vector<std::string> json = linesOf(cli.run({"levels", "--json"}).output);
+    const std::vector<nlohmann::json> json = objectsOf(cli.run({"levels", "--json"}).output);
     ASSERT_EQ(json.size(), 2U);
-    const nlohmann::json tomb = nlohmann::json::parse(json[1]);
+    const nlohmann::json& tomb = json[1];
     EXPECT_EQ(tomb["wad"], "tomb_of_wind");
     EXPECT_EQ(tomb["ownSounds"], 0);
     EXPECT_EQ(tomb["globalSounds"], 1);

@@ -65,6 +65,16 @@ std::string DemoCli::lineOf(std::size_t number) const
     return {};
 }
 
+std::vector<nlohmann::json> objectsOf(const std::string& output)
+{
+    std::vector<nlohmann::json> objects;
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);) {
+        objects.push_back(nlohmann::json::parse(line));
+    }
+    return objects;
+}
+
 std::string lineStarting(const std::string& output, const std::string& start)
 {
     std::istringstream lines(output);

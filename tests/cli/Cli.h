@@ -3,6 +3,7 @@
 
 #include "support/Files.h"
 
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,9 @@ struct DemoCli : DemoFolders
     // The line of a sound in sounds.txt as it stands on the disk.
     std::string lineOf(std::size_t number) const;
 };
+
+// Each object of an output in JSON, one a line.
+std::vector<nlohmann::json> objectsOf(const std::string& output);
 
 // A line of the output that starts like this; empty when there is none.
 std::string lineStarting(const std::string& output, const std::string& start);

@@ -51,15 +51,11 @@ protected:
     Files filesOf() const
     {
         Files files;
-        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(cli.root.path())) {
-            const fs::path& file = entry.path();
-            if (entry.is_regular_file() && file.extension() != ".tavrel-lock" &&
-                file.extension() != ".lock") {
-                // A version is named after the second in which it was kept.
-                const bool isVersion = file.parent_path().filename() == "Sounds_versions";
-                const fs::path name = isVersion ? file.parent_path() / "version" : file;
-                files[fs::relative(name, cli.root.path()).string()] = readBytes(file);
-            }
+        for (const auto& [file, bytes] : everyFile(cli.root.path())) {
+            // A version is named after the second in which it was kept.
+            const bool isVersion = file.parent_path().filename() == "Sounds_versions";
+            const fs::path name = isVersion ? file.parent_path() / "version" : file;
+            files[fs::relative(name, cli.root.path()).string()] = bytes;
         }
         return files;
     }

@@ -26,14 +26,12 @@ TEST(CommandLine, WrongUsageEndsWithTwo)
         {{"export", "all", ""}, "file or folder is empty", "est vide"},
         {{"samples", "list", ""}, "file or folder is empty", "est vide"},
         {{"show", "-1"}, "[-1] is not the number of a sound", "[-1] n'est pas un numéro de son"},
-        {{"show", "1x"}, "[1x] is not the number of a sound", "[1x] n'est pas un numéro de son"},
         {{"show", ""}, "[] is not the number of a sound", "[] n'est pas un numéro de son"},
         {{"show", "9999999999"}, "is not the number of a sound", "n'est pas un numéro de son"},
         {{"letters", "add", "ab", "5", "6.0"}, "[6.0] is neither the number", "[6.0] n'est ni un numéro"},
         {{"line", "add-letter", "\u4E00"}, "cannot hold", "ne peuvent pas contenir"},
         {{"line", "replace-letter", "ab"}, "Missing argument: NEW", "Argument manquant : NEW"},
         {{"set", "5", "--vol", "100"}, "at most two digits", "deux chiffres au plus"},
-        {{"set", "5", "--vol", "-1"}, "at most two digits", "deux chiffres au plus"},
         {{"set", "5", "--pit", "1.5"}, "is not a pitch", "n'est pas une hauteur"},
         {{"set", "5", "--flags", "PX"}, "[PX] are not flags", "[PX] ne sont pas des flags"},
         {{"set", "5", "--wad", "../x"}, "cannot be a file's", "ne peut être celui d'un fichier"},
@@ -57,51 +55,46 @@ TEST(CommandLine, WrongUsageEndsWithTwo)
 
 TEST(CommandLine, HelpIsThereForEveryCommandInBothLanguages)
 {
-    const std::vector<std::string> commands[] = {{},
-                                                 {"parse"},
-                                                 {"compose"},
-                                                 {"line"},
-                                                 {"line", "add-letter"},
-                                                 {"line", "remove-letter"},
-                                                 {"line", "replace-letter"},
-                                                 {"line", "erase-letter"},
-                                                 {"list"},
-                                                 {"show"},
-                                                 {"set"},
-                                                 {"letters"},
-                                                 {"letters", "add"},
-                                                 {"letters", "remove"},
-                                                 {"letters", "erase"},
-                                                 {"letters", "replace"},
-                                                 {"refs"},
-                                                 {"refs", "list"},
-                                                 {"refs", "add"},
-                                                 {"refs", "delete"},
-                                                 {"import-sam"},
-                                                 {"import-was"},
-                                                 {"samples"},
-                                                 {"samples", "check"},
-                                                 {"samples", "list"},
-                                                 {"samples", "repair"},
-                                                 {"samples", "info"},
-                                                 {"samples", "add"},
-                                                 {"generate"},
-                                                 {"restore"},
-                                                 {"stats"},
-                                                 {"export"},
-                                                 {"import"}};
-    for (std::vector<std::string> command : commands) {
-        std::string name = "tavrel-cli";
-        for (const std::string& word : command) {
-            name += " " + word;
-        }
-        command.push_back("--help");
-        const CliRun english = runCli(command);
+    const char* const commands[] = {"",
+                                    "parse",
+                                    "compose",
+                                    "line",
+                                    "line add-letter",
+                                    "line remove-letter",
+                                    "line replace-letter",
+                                    "line erase-letter",
+                                    "list",
+                                    "show",
+                                    "set",
+                                    "letters",
+                                    "letters add",
+                                    "letters remove",
+                                    "letters erase",
+                                    "letters replace",
+                                    "refs",
+                                    "refs list",
+                                    "refs add",
+                                    "refs delete",
+                                    "import-sam",
+                                    "import-was",
+                                    "samples",
+                                    "samples check",
+                                    "samples list",
+                                    "samples repair",
+                                    "samples info",
+                                    "samples add",
+                                    "generate",
+                                    "restore",
+                                    "stats",
+                                    "export",
+                                    "import"};
+    for (const std::string command : commands) {
+        const std::string name = "tavrel-cli" + (command.empty() ? "" : " " + command);
+        const CliRun english = runShell("$CLI " + command + " --help");
         EXPECT_EQ(english.status, 0) << name;
         EXPECT_NE(english.output.find("Usage: " + name + " "), std::string::npos) << english.output;
         EXPECT_EQ(english.messages, "");
-        command.insert(command.begin(), "--language=F");
-        const CliRun french = runCli(command);
+        const CliRun french = runShell("$CLI --language=F " + command + " --help");
         EXPECT_EQ(french.status, 0) << name;
         EXPECT_NE(french.output.find("Afficher cette aide"), std::string::npos) << french.output;
         EXPECT_NE(french.output.substr(0, french.output.find('\n')),

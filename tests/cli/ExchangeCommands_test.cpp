@@ -133,18 +133,6 @@ TEST_F(ExchangeCommands, SamplesThatAreLeftOutShowInTheStatus)
         << all.messages;
 }
 
-// They stay where the backup is.
-TEST_F(ExchangeCommands, TheSamplesOfABackupAreNotCopiedBack)
-{
-    ASSERT_EQ(cli.run({"export", "all", at("a.tob"), "--samples"}).status, 4) << "most of them are missing";
-    const std::string before = readBytes(cli.sounds);
-    ASSERT_EQ(cli.agreeing({"letters", "erase", "oa"}).status, 0);
-    const CliRun run = cli.agreeing({"import", at("a.tob"), "--samples"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.messages.find(at("a_Samples")), std::string::npos) << run.messages;
-    EXPECT_NE(readBytes(cli.sounds), before);
-}
-
 TEST_F(ExchangeCommands, ADryRunOnlyTells)
 {
     const std::string before = readBytes(cli.sounds);

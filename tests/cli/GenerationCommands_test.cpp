@@ -22,10 +22,7 @@ TEST(GenerationCommands, StatsPrintsFourRowsWhateverHappens)
     const Case cases[] = {
         {"[Level]\r\nTriggerGroup= 1, $2000, $2000\r\n[Level]\r\ntriggergroup=2\r\norganizer=1,$9000\r\nend\r\n",
          0, "1\t1\t2\n0\t0\t0\n0\t1\t1\n2\t1\t3\n", ""},
-        {"GlobalTrigger=1\n[Level]\n; organizer=1\nTriggerGroup=1", 0, "0\t0\t0\n1\t0\t1\n0\t0\t0\n0\t0\t0\n",
-         ""},
         {"organizer=1\nend\n", 1, nothing, "[Level]"},
-        {"", 1, nothing, "[Level]"},
         {"organizer=1\n[Level]\n[Level]\n[Level]\n[Level]\nend\n", 4, "0\t0\t0\n0\t0\t0\n1\t0\t1\n0\t0\t0\n",
          "4 [Level] sections"},
     };

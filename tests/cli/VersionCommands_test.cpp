@@ -3,23 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 using namespace tavrel;
 
 namespace {
-
-// Each object of the output.
-std::vector<nlohmann::json> objectsOf(const std::string& output)
-{
-    std::vector<nlohmann::json> objects;
-    std::istringstream lines(output);
-    for (std::string line; std::getline(lines, line);) {
-        objects.push_back(nlohmann::json::parse(line));
-    }
-    return objects;
-}
 
 TEST(VersionCommands, DiffTellsEachSoundThatDiffers)
 {

@@ -73,6 +73,14 @@ protected:
         return restoreDefaults(
             choice, {{program, {}, creator, samples, wads}, [this] { ++stops; }, progress, dialogs});
     }
+    // Each disk lists its files in an order of its own.
+    std::string notYetCopied() const
+    {
+        const std::vector<std::string> copied = namesIn(samples.parent_path() / "Samples_incoming");
+        const std::vector<std::string> all = namesIn(program / "samples_orig");
+        return *std::ranges::find_if(
+            all, [&](const std::string& name) { return std::ranges::count(copied, name) == 0; });
+    }
     std::string lastSaid(Language language = Language::English) const
     {
         return dialogs.conversation(language).back();
@@ -248,21 +256,22 @@ TEST_F(RestoreDefaultsTest, AFailureInTheMiddleLeavesTheOldFiles)
         "You must have a \\Samples_ORIG directory installed in Tavrel directory.\n" +
         aborted;
     installSamples();
-    progress.meddle = [this] { fs::remove(program / "samples_orig" / "f300.wav"); };
+    progress.meddle = [this] { fs::remove(program / "samples_orig" / notYetCopied()); };
     EXPECT_FALSE(restore(samplesOnly).complete) << "a source that vanishes";
     EXPECT_EQ(lastSaid(), samplesTrouble);
     expectUntouched();
 
     installSamples();
-    progress.meddle = [this] { writeBytes(program / "samples_orig" / "f300.wav", "shorter"); };
+    progress.meddle = [this] { writeBytes(program / "samples_orig" / notYetCopied(), "shorter"); };
     EXPECT_FALSE(restore(samplesOnly).complete) << "a source that changes";
     expectUntouched();
 
     installSamples();
-    progress.meddle = [this] { fs::create_directory(samples / "f400.wav"); };
+    std::string inTheWay;
+    progress.meddle = [&] { fs::create_directory(samples / (inTheWay = notYetCopied())); };
     EXPECT_FALSE(restore(samplesOnly).complete) << "a target that is in the way";
     EXPECT_EQ(lastSaid(), samplesTrouble);
-    fs::remove(samples / "f400.wav");
+    fs::remove(samples / inTheWay);
     expectUntouched();
 
     installSfx();

@@ -5,6 +5,7 @@
 #include "support/Files.h"
 #include "support/Generation.h"
 #include "support/ScriptedDialogs.h"
+#include "support/ScriptedProgress.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +52,7 @@ protected:
 
     void begin()
     {
-        RecordedProgress progress;
+        ScriptedProgress progress;
         dialogs.prepareAnswer(Answer::Ok);
         ASSERT_EQ(generation.begin(request(), progress, Clock::now()), SfxGeneration::Begun::Started);
     }
@@ -151,7 +152,7 @@ TEST_F(SfxGenerationRun, GoesOnWhenThisProgramEnds)
     {
         ScriptedDialogs yes{Answer::Ok};
         SfxGeneration abandoned(*runner, yes);
-        RecordedProgress progress;
+        ScriptedProgress progress;
         abandoned.begin(request(), progress, Clock::now());
     }
     const Clock::time_point limit = Clock::now() + 60s;

@@ -19,21 +19,11 @@ const std::vector<std::string>& distinctLines()
     static const std::vector<std::string> lines = [] {
         const std::string separator(1, folderSeparator());
         std::vector<std::string> result = {"\"Z:" + separator + "\"",
-                                           "\"" + separator + "caf\xE9 \"x\", y" + separator + "\"",
-                                           "\"a\"",
-                                           "\"oasis\"",
-                                           "\"F\"",
-                                           "\"O\"",
-                                           "\"MAX\"",
-                                           "\"N\"",
-                                           "\"N\"",
-                                           "\"O\"",
-                                           "\"N\"",
-                                           "\"N\"",
-                                           "\"N\"",
-                                           "\"N\"",
-                                           "\"N\"",
-                                           "\"O\""};
+                                           "\"" + separator + "caf\xE9 \"x\", y" + separator + "\""};
+        for (const char* const value :
+             {"a", "oasis", "F", "O", "MAX", "N", "N", "O", "N", "N", "N", "N", "N", "O"}) {
+            result.push_back("\"" + std::string(value) + "\"");
+        }
         for (int i = 1; i <= 12; ++i) {
             result.push_back(std::to_string(i * 1'000));
         }
@@ -41,6 +31,12 @@ const std::vector<std::string>& distinctLines()
     }();
     return lines;
 }
+
+const std::vector<std::string> presetLines = {
+    "\"C:\\\"", "\"\"",  "\"\"",     "\"\"",     "\"E\"",    "\"N\"",    "\"NOR\"",
+    "\"O\"",    "\"O\"", "\"N\"",    "\"O\"",    "\"O\"",    "\"O\"",    "\"O\"",
+    "\"O\"",    "\"N\"", "4210752",  "14680063", "4128",     "14680063", "2097152",
+    "14680063", "8192",  "14680063", "1052672",  "14680063", "14737632", "0"};
 
 class ProgramSettingsTest : public testing::Test
 {
@@ -80,50 +76,23 @@ TEST_F(ProgramSettingsTest, ComeBackByteForByte)
     EXPECT_FALSE(SaveSettings(other.path(), settings));
     EXPECT_EQ(readBytes(other / "Tavrel.par"), textOf(distinctLines()));
     EXPECT_FALSE(SaveSettings(root.path(), ProgramSettings()));
-    EXPECT_EQ(readBytes(root / "Tavrel.par"),
-              textOf({"\"C:\\\"", "\"\"",  "\"\"",     "\"\"",     "\"E\"",    "\"N\"",    "\"NOR\"",
-                      "\"O\"",    "\"O\"", "\"N\"",    "\"O\"",    "\"O\"",    "\"O\"",    "\"O\"",
-                      "\"O\"",    "\"N\"", "4210752",  "14680063", "4128",     "14680063", "2097152",
-                      "14680063", "8192",  "14680063", "1052672",  "14680063", "14737632", "0"}));
-}
-
-// The settings that hold when only the first lines of the file are there.
-ProgramSettings settingsOfFirst(const ProgramSettings& all, std::size_t count)
-{
-    ProgramSettings settings;
-    const auto take = [&, field = std::size_t{0}](auto& to, const auto& from) mutable {
-        if (++field <= count) {
-            to = from;
-        }
-    };
-    auto next = take;
-    next(settings.drive, all.drive);
-    next(settings.LevelEditorFolder, all.LevelEditorFolder);
-    next(settings.lastLetter, all.lastLetter);
-    next(settings.lastWad, all.lastWad);
-    next(settings.language, all.language);
-    next(settings.protectedLinesEditable, all.protectedLinesEditable);
-    next(settings.notepadMode, all.notepadMode);
-    next(settings.loadWadAfterChanges, all.loadWadAfterChanges);
-    for (std::size_t i = 0; i < panelCount; ++i) {
-        next(settings.panels[i], all.panels[i]);
-    }
-    for (std::size_t i = 0; i < ColourScheme::slotCount; ++i) {
-        next(settings.colours.slots[i].back, all.colours.slots[i].back);
-        next(settings.colours.slots[i].text, all.colours.slots[i].text);
-    }
-    return settings;
+    EXPECT_EQ(readBytes(root / "Tavrel.par"), textOf(presetLines));
 }
 
 TEST_F(ProgramSettingsTest, TakeThePresetsBehindTheEndOfTheFile)
 {
-    write(distinctLines());
-    const ProgramSettings all = loadWell();
+    std::vector<std::string> expected = presetLines;
     for (std::size_t count = 0; count <= distinctLines().size(); ++count) {
         SCOPED_TRACE(count);
         write({distinctLines().begin(), distinctLines().begin() + static_cast<std::ptrdiff_t>(count)});
-        EXPECT_EQ(loadWell(), settingsOfFirst(all, count));
+        if (count > 0) {
+            expected[count - 1] = distinctLines()[count - 1];
+        }
+        const TemporaryFolder other;
+        EXPECT_FALSE(SaveSettings(other.path(), loadWell()));
+        EXPECT_EQ(readBytes(other / "Tavrel.par"), textOf(expected));
     }
+    const ProgramSettings all = loadWell();
     std::vector<std::string> longer = distinctLines();
     longer.insert(longer.end(), {"\"never closed", "nonsense", ""});
     write(longer);

@@ -65,6 +65,17 @@ std::vector<std::string> namesIn(const fs::path& folder)
     return names;
 }
 
+std::map<fs::path, std::string> everyFile(const fs::path& folder)
+{
+    std::map<fs::path, std::string> files;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.path().extension() != ".tavrel-lock" && entry.path().extension() != ".lock") {
+            files[entry.path()] = entry.is_directory() ? "folder" : readBytes(entry.path());
+        }
+    }
+    return files;
+}
+
 int runProgram(fs::path program, const std::vector<fs::path>& arguments, const fs::path& output)
 {
     const auto quoted = [](const fs::path& text) {

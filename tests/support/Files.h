@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,9 @@ void writeBytes(const std::filesystem::path& file, std::string_view bytes);
 // The names in a folder, sorted, without the lock files that stay for ever; none when there is no such
 // folder.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
+
+// Every file and folder below this one with its content ("folder" for a folder), without the lock files.
+std::map<std::filesystem::path, std::string> everyFile(const std::filesystem::path& folder);
 
 // Runs a program to its end, with what it says in a file. Returns its exit status.
 int runProgram(std::filesystem::path program, const std::vector<std::filesystem::path>& arguments,

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "base/BatchRunner.h"
-#include "base/Progress.h"
 
 #include <filesystem>
 #include <memory>
@@ -24,20 +23,6 @@ public:
     std::vector<std::string> started; // what the batch files said
     std::filesystem::path output;
     std::shared_ptr<bool> ended; // of the last one
-};
-
-class RecordedProgress : public Progress
-{
-public:
-    bool show(std::size_t done, std::size_t total) override
-    {
-        steps.emplace_back(done, total);
-        return true;
-    }
-    void say(const BilingualText& text) override { said.push_back(text); }
-
-    std::vector<std::pair<std::size_t, std::size_t>> steps;
-    std::vector<BilingualText> said;
 };
 
 // Lets Wine work in a prefix of the tests' own.
