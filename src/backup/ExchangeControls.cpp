@@ -20,15 +20,6 @@ namespace {
 
 constexpr int markSize = 14;
 
-// Dark on a selected row, which is painted with the accent.
-QIcon markIcon(Glyph glyph, const QColor& colour, qreal pixelRatio)
-{
-    const QSize size(markSize, markSize);
-    QIcon icon(glyphIcon(glyph, colour).pixmap(size, pixelRatio));
-    icon.addPixmap(glyphIcon(glyph, theme::accentText).pixmap(size, pixelRatio), QIcon::Selected);
-    return icon;
-}
-
 } // namespace
 
 TickList::TickList(const char* name)
@@ -49,8 +40,8 @@ void TickList::useMarks()
 {
     QPixmap room(markSize, markSize);
     room.fill(Qt::transparent);
-    m_markIcons = {room, markIcon(Glyph::Exclamation, theme::accent, devicePixelRatioF()),
-                   markIcon(Glyph::Critical, theme::alarm, devicePixelRatioF())};
+    m_markIcons = {room, glyphIcon(Glyph::Exclamation, theme::accent),
+                   glyphIcon(Glyph::Critical, theme::alarm)};
 }
 
 void TickList::addRow(const QString& text, Mark mark, const QString& why, bool ticked)
