@@ -7,6 +7,8 @@
 #include "catalogue/PastedLines.h"
 #include "checks/FindingQuestions.h"
 #include "demo/DemoFolder.h"
+#include "samples/FmSplInc.h"
+#include "session/FmRecover.h"
 #include "session/SessionChecks.h"
 #include "ui/FmHelp.h"
 #include "ui/MessageWindow.h"
@@ -282,4 +284,25 @@ TEST_P(EveryWindowTest, WarningsAndPreviewsAreWhole)
         askForHelp(paste);
     });
     QTest::keyClick(&sounds(), Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+// What comes up by itself.
+TEST_P(EveryWindowTest, ListsOfWhatWasLeftAreWhole)
+{
+    open();
+    const auto lookAtWindow = [this](TitledWindow& shown) {
+        shown.show();
+        lookAt(shown);
+        askForHelp(shown);
+        shown.close();
+    };
+    const std::string& line = stockLines()[8];
+    FoundRecovery found;
+    found.content.values = UnacceptedValues{8, line};
+    FmRecover recover(window.get(), found, false, true, {}, GetParam());
+    lookAtWindow(recover);
+    FmMissed missed(window.get(), {{8, line, line}}, {}, GetParam());
+    lookAtWindow(missed);
+    FmSplInc unknown(window.get(), {"my_thunder"}, {}, GetParam());
+    lookAtWindow(unknown);
 }
