@@ -43,7 +43,12 @@ FmLanguage::FmLanguage(HelpOpener openHelp)
     content().addSpacing(4);
     content().addWidget(english);
     content().addWidget(m_french);
-    content().addSpacing(12);
+    content().addSpacing(4);
+    auto* const next = new QLabel("Then choose your level editor: winroomedit.exe or ngle.exe\n"
+                                  "Choisissez ensuite l'éditeur de niveaux : winroomedit.exe ou ngle.exe");
+    next->setProperty("muted", true);
+    content().addWidget(next);
+    content().addSpacing(8);
     auto* const buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(ok);

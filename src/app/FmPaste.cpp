@@ -40,9 +40,16 @@ FmPaste::FmPaste(QWidget* parent, const std::string& source, const SoundLine& li
     layOut(QString::fromStdString(source) +
            inLanguage(BilingualText("\nonto ", "\nsur ") + countedSounds(sounds), language));
     const Caption captions[] = {
-        {"CkValues", withContent({"&Values", "&Valeurs"}, line, SoundColumn::Values), {}},
-        {"CkFlags", withContent({"&Flags", "&Flags"}, line, SoundColumn::Flags), {}},
-        {"CkSamples", withContent({"&Samples", "&Samples"}, line, SoundColumn::Samples), {}},
+        {"CkValues",
+         withContent({"&Values", "&Valeurs"}, line, SoundColumn::Values),
+         {"Give them these values, and none where there is none",
+          "Leur donner ces valeurs, et aucune là où il n'y en a pas"}},
+        {"CkFlags",
+         withContent({"&Flags", "&Flags"}, line, SoundColumn::Flags),
+         {"Set these flags, and clear the others", "Mettre ces flags et enlever les autres"}},
+        {"CkSamples",
+         withContent({"&Samples", "&Samples"}, line, SoundColumn::Samples),
+         {"Replace their samples by these", "Remplacer leurs samples par ceux-ci"}},
         {"CdOK", {"&Paste", "&Coller"}, {"Change the selected sounds", "Modifier les sons sélectionnés"}},
         {"CdCancel", {"C&ancel", "&Annuler"}, {"Change nothing", "Ne rien modifier"}},
     };

@@ -46,6 +46,7 @@ namespace {
 
 constexpr QSize usualSize(1272, 712);
 constexpr int functionColumnWidth = 316;
+constexpr int widestWads = 480;
 
 std::vector<std::filesystem::path> droppedFiles(const QDropEvent& event)
 {
@@ -196,6 +197,9 @@ void FmSFX::layOut()
     wadsColumn->addWidget(m_letters, 1);
     wadsColumn->addWidget(m_wads);
     wadsColumn->addStretch(0);
+    for (QWidget* const panel : std::initializer_list<QWidget*>{m_letters, m_wads}) {
+        panel->setMaximumWidth(widestWads); // their texts are short; list and picture of samples are not
+    }
     auto* const sound = new QHBoxLayout;
     sound->setSpacing(2 * controlGap);
     sound->addWidget(m_sounds, 3); // only as far as its columns need

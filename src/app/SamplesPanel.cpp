@@ -46,6 +46,8 @@ SamplesPanel::SamplesPanel(const PanelContext& context, std::shared_ptr<Waveform
 
 void SamplesPanel::layOut()
 {
+    constexpr int markSize = 12; // no row grows by its mark
+    m_list->setIconSize({markSize, markSize});
     m_waveform->setFixedHeight(waveformHeight);
     selectAllOnClick(*m_name);
     auto* const head = rowOf({makeHeading("LbNames"), m_addFiles, m_play, m_stop});

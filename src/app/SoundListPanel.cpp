@@ -529,7 +529,8 @@ void SoundListPanel::showColumns()
         m_sounds->setColumns(columns);
         // As wide as the window has room for; the rest is scrolled to.
         const int bar = m_list->verticalScrollBar()->sizeHint().width();
-        const int wanted = columnsWidth(m_list->fontMetrics(), columns) + bar;
+        const int frame = 2 * m_list->frameWidth();
+        const int wanted = columnsWidth(m_list->fontMetrics(), columns) + bar + frame;
         setMinimumWidth(usualWidth);
         setMaximumWidth(columns.empty() ? usualWidth : std::max(wanted, usualWidth));
     }

@@ -9,7 +9,7 @@
 #include "ui/Theme.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -79,31 +79,53 @@ ValuesPanel::ValuesPanel(const PanelContext& context) : MainPanel(context)
 
 void ValuesPanel::layOut()
 {
-    static constexpr const char* boxNames[] = {"TxVOL", "TxPIT", "TxRAD", "TxCH"};
-    static constexpr const char* labelNames[] = {"LbVOL", "LbPIT", "LbRAD", "LbCH"};
-    static constexpr const char* flagNames[] = {"CkP", "CkV", "CkR", "CkN", "CkL"};
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(controlGap, 0, controlGap, controlGap);
     layout->setSpacing(controlGap);
     layout->addWidget(makeHeading("LbValues"));
-    auto* const boxes = rowOf({});
+    layout->addWidget(makeBoxes());
+}
+
+// The boxes with the flags below; together however wide the panel is.
+QWidget* ValuesPanel::makeBoxes()
+{
+    static constexpr const char* boxNames[] = {"TxVOL", "TxPIT", "TxRAD", "TxCH"};
+    static constexpr const char* labelNames[] = {"LbVOL", "LbPIT", "LbRAD", "LbCH"};
+    static constexpr const char* flagNames[] = {"CkP", "CkV", "CkR", "CkN", "CkL"};
+    enum Column { Label, Box, Gap, Columns };
+    constexpr int widest = 420;
+    constexpr int smallestGap = 8;
+    auto* const boxes = new QWidget;
+    boxes->setMaximumWidth(widest);
+    auto* const grid = new QGridLayout(boxes);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(controlGap);
     for (std::size_t i = 0; i < valueBoxCount; ++i) {
+        const int column = Columns * static_cast<int>(i);
         auto* const box = named(new ValueEdit(allValueBoxes[i]), boxNames[i]);
         m_values[i] = box;
         auto* const label = named(new QLabel, labelNames[i]);
+        label->setContentsMargins(0, 0, controlGap, 0);
         label->setBuddy(box);
-        boxes->addWidget(label);
-        boxes->addWidget(box);
-        boxes->addStretch(1);
+        grid->addWidget(label, 0, column + Label);
+        grid->addWidget(box, 0, column + Box);
+        if (i + 1 < valueBoxCount) {
+            grid->setColumnMinimumWidth(column + Gap, smallestGap);
+            grid->setColumnStretch(column + Gap, 1);
+        }
     }
-    layout->addLayout(boxes);
-    auto* const flags = rowOf({});
+    auto* const lastFlags = rowOf({}); // below the last box
     for (std::size_t i = 0; i < lineFlagCount; ++i) {
         m_flags[i] = named(new QCheckBox(QString(flagNames[i]).mid(2)), flagNames[i]);
-        flags->addWidget(m_flags[i]);
-        flags->addStretch(1);
+        if (i + 1 < valueBoxCount) {
+            grid->addWidget(m_flags[i], 1, Columns * static_cast<int>(i), 1, Gap);
+        } else {
+            lastFlags->addWidget(m_flags[i]);
+        }
     }
-    layout->addLayout(flags);
+    grid->addLayout(lastFlags, 1, Columns * static_cast<int>(valueBoxCount - 1), 1, Gap);
+    return boxes;
 }
 
 void ValuesPanel::connectControls()

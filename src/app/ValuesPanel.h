@@ -30,6 +30,7 @@ private:
     void objectChosen() override { enable(); }
 
     void layOut();
+    QWidget* makeBoxes();
     void connectControls();
     void fillValue(ValueBox box);
     void fillFlags();

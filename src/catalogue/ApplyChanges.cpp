@@ -157,6 +157,10 @@ private:
         Question dropping{titles::modification, droppedLines(onDisk->linesWithoutSound, whereKept),
                           Buttons::OkCancel};
         dropping.details = BilingualText::same(onDisk->theirText);
+        if (m_dialogs.appliesLater()) { // a window
+            dropping.text += BilingualText("\n\"Parameters\" has an option that writes them back.",
+                                           "\n« Paramètres » a une option qui les réécrit.");
+        }
         if (onDisk->linesWithoutSound > 0 && !m_target.keepComments &&
             m_dialogs.ask(dropping) != Answer::Ok) {
             return false;

@@ -184,6 +184,7 @@ void FmRefW::firstShown()
     for (std::size_t i = 0; !current.empty() && i < references.size(); ++i) {
         if (references.at(i).wadName == current) {
             selectRow(static_cast<int>(i));
+            m_list->scrollToItem(m_list->currentItem(), QAbstractItemView::PositionAtCenter);
             rowClicked();
             break;
         }

@@ -364,6 +364,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     if (!confirmImport(wad, kind, plan, catalogue, dialogs)) {
         return {};
     }
+    const BilingualText getting = listedSounds(catalogue, soundsThatGetLetter(plan, catalogue, wad.letter));
     std::error_code ignored;
     std::filesystem::create_directory(fileIn(places.program, changedLinesFolderName), ignored);
     const Problem problem = [&] {
@@ -375,7 +376,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     }
     const bool isWhole = plan.refusedLetter.empty() && plan.notices.empty();
     dialogs.show({isWhole ? MessageIcon::Information : MessageIcon::Exclamation, texts.title,
-                  whatWasDone(plan, catalogue, dialogs.appliesLater())});
+                  whatWasDone(plan, catalogue, dialogs.appliesLater()), getting});
     return {true, false, std::move(plan.unknownSamples)};
 }
 

@@ -18,7 +18,9 @@ namespace tavrel {
 
 namespace {
 
-constexpr QSize swatchSize(64, 26);
+// Narrow enough to stand beside the list that a preview repaints, on a small screen too.
+constexpr QSize swatchSize(54, 26);
+constexpr int nameWidth = 150;
 
 // Which windows a slot paints.
 const std::array<BilingualText, ColourScheme::slotCount> rowNames = {{
@@ -80,7 +82,7 @@ void FmColors::layOut()
 {
     enum Column { Name, Back, Text, Example, Repeat };
     auto* const grid = new QGridLayout;
-    grid->setHorizontalSpacing(2 * controlGap);
+    grid->setHorizontalSpacing(controlGap);
     grid->setVerticalSpacing(controlGap);
     grid->addWidget(makeHeading("LbWindow"), 0, Name);
     grid->addWidget(makeHeading("LbBack"), 0, Back, Qt::AlignHCenter);
@@ -93,6 +95,8 @@ void FmColors::layOut()
         row.LbExem->setObjectName("LbExem" + QString::number(slot));
         row.CdRepeat->setObjectName("CdRepeat" + QString::number(slot));
         auto* const name = new QLabel(inLanguage(rowNames[slot], m_language));
+        name->setWordWrap(true);
+        name->setFixedWidth(nameWidth);
         grid->addWidget(name, line, Name);
         grid->addWidget(row.PbColB, line, Back);
         grid->addWidget(row.PbColF, line, Text);
@@ -107,13 +111,16 @@ void FmColors::layOut()
     m_warning->setMinimumHeight(2 * m_warning->fontMetrics().lineSpacing()); // nor moves the rows
     m_warning->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_warning->setStyleSheet(QString("color: %1").arg(theme::accent.name()));
-    auto* const buttons = rowOf({m_preview, m_defaults, m_apply, m_close});
-    buttons->insertStretch(2, 1);
+    auto* const trials = rowOf({m_preview, m_defaults});
+    trials->addStretch(1);
+    auto* const buttons = rowOf({m_apply, m_close});
+    buttons->insertStretch(0, 1);
 
     constexpr int margin = 2 * controlGap;
     content().setContentsMargins(margin, margin, margin, margin);
     content().setSpacing(margin);
     content().addLayout(grid);
+    content().addLayout(trials);
     content().addWidget(m_warning);
     content().addStretch(1);
     content().addLayout(buttons);

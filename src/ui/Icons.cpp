@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/Icons.h"
 
+#include "ui/Theme.h"
+
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -256,7 +258,7 @@ private:
 };
 
 // Both kinds of icon paint on the 24 x 24 grid; they are told how many device pixels a unit has.
-using PaintFunction = std::function<void(QPainter& painter, double pixelsPerUnit)>;
+using PaintFunction = std::function<void(QPainter& painter, double pixelsPerUnit, QIcon::Mode mode)>;
 
 class VectorIconEngine final : public QIconEngine
 {
@@ -278,7 +280,7 @@ public:
         if (mode == QIcon::Disabled) {
             painter->setOpacity(painter->opacity() * disabledOpacity);
         }
-        m_paintFunction(*painter, painter->deviceTransform().m11());
+        m_paintFunction(*painter, painter->deviceTransform().m11(), mode);
         painter->restore();
     }
 
@@ -339,14 +341,15 @@ void paintProgram(QPainter& painter)
 QIcon glyphIcon(Glyph glyph, const QColor& colour)
 {
     const Drawing& drawing = drawings[static_cast<std::size_t>(glyph)];
-    return QIcon(new VectorIconEngine([&drawing, colour](QPainter& painter, double pixelsPerUnit) {
-        paintGlyph(painter, pixelsPerUnit, drawing, colour);
-    }));
+    return QIcon(
+        new VectorIconEngine([&drawing, colour](QPainter& painter, double pixelsPerUnit, QIcon::Mode mode) {
+            paintGlyph(painter, pixelsPerUnit, drawing, mode == QIcon::Selected ? theme::accentText : colour);
+        }));
 }
 
 QIcon programIcon()
 {
-    return QIcon(new VectorIconEngine([](QPainter& painter, double) { paintProgram(painter); }));
+    return QIcon(new VectorIconEngine([](QPainter& painter, double, QIcon::Mode) { paintProgram(painter); }));
 }
 
 } // namespace tavrel

@@ -53,7 +53,8 @@ enum class Glyph {
     Critical,
 };
 
-// An icon drawn from vectors: sharp at every size. Disabled controls get it faded.
+// An icon drawn from vectors: sharp at every size. Disabled controls get it faded, selected rows, which are
+// painted with the accent, dark.
 QIcon glyphIcon(Glyph glyph, const QColor& colour);
 
 // The program's own icon, for the window and the task bar.

@@ -18,15 +18,6 @@ namespace {
 
 constexpr int markSize = 14;
 
-// Dark on a selected row, which is painted with the accent.
-QIcon markIcon(Glyph glyph, const QColor& colour, qreal pixelRatio)
-{
-    const QSize size(markSize, markSize);
-    QIcon icon(glyphIcon(glyph, colour).pixmap(size, pixelRatio));
-    icon.addPixmap(glyphIcon(glyph, theme::accentText).pixmap(size, pixelRatio), QIcon::Selected);
-    return icon;
-}
-
 } // namespace
 
 class TickModel : public QAbstractListModel
@@ -132,8 +123,8 @@ void TickList::useMarks()
 {
     QPixmap room(markSize, markSize);
     room.fill(Qt::transparent);
-    m_model->setIcons({room, markIcon(Glyph::Exclamation, theme::accent, devicePixelRatioF()),
-                       markIcon(Glyph::Critical, theme::alarm, devicePixelRatioF())});
+    m_model->setIcons(
+        {room, glyphIcon(Glyph::Exclamation, theme::accent), glyphIcon(Glyph::Critical, theme::alarm)});
     m_hasMarks = true;
 }
 

@@ -169,7 +169,6 @@ void DifferenceView::layOut(const DifferenceSides& sides)
     m_lines->setTabStopDistance(tabWidth * metrics.horizontalAdvance(' '));
     m_lines->setFixedHeight(2 * (metrics.lineSpacing() + above) + controlGap +
                             m_lines->horizontalScrollBar()->sizeHint().height());
-    m_lines->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // or the lines would jump
     m_lines->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* const lines = rowOf({captions, m_lines});
     lines->setStretch(1, 1);

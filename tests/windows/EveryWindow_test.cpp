@@ -3,10 +3,16 @@
 // mnemonic stands twice. With TAVREL_SCREENSHOTS set to a folder, a picture of each is left there.
 #include "MainWindow.h"
 #include "app/FmLanguage.h"
+#include "app/SoundListModel.h"
+#include "catalogue/PastedLines.h"
+#include "checks/FindingQuestions.h"
 #include "demo/DemoFolder.h"
+#include "samples/FmSplInc.h"
 #include "session/FmRecover.h"
+#include "session/SessionChecks.h"
 #include "ui/FmHelp.h"
 #include "ui/MessageWindow.h"
+#include "ui/QtDialogs.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -66,12 +72,13 @@ protected:
         EXPECT_FALSE(SaveSettings(folders.program, chosen));
     }
 
-    void lookAt(QWidget& shown)
+    // The picture's name is the window's own where no other is given.
+    void lookAt(QWidget& shown, const QString& picture = {})
     {
         SCOPED_TRACE(shown.objectName().toStdString());
         QCoreApplication::processEvents();
         seen.insert(shown.objectName());
-        takePicture(shown);
+        takePicture(shown, picture.isEmpty() ? shown.objectName() : picture);
         std::map<QChar, QString> mnemonics;
         for (const QWidget* const found : shown.findChildren<QWidget*>()) {
             if (!found->isVisible() || found->window() != &shown || found->objectName().startsWith("qt_")) {
@@ -139,13 +146,12 @@ protected:
         EXPECT_TRUE(isNamed) << found.objectName().toStdString() << " has no name for who cannot see it";
     }
 
-    static void takePicture(QWidget& shown)
+    static void takePicture(QWidget& shown, const QString& picture)
     {
         const QString folder = qEnvironmentVariable("TAVREL_SCREENSHOTS");
         if (!folder.isEmpty()) {
             const QString name =
-                QString("%1/%2-%3.png")
-                    .arg(folder, shown.objectName(), GetParam() == Language::English ? "en" : "fr");
+                QString("%1/%2-%3.png").arg(folder, picture, GetParam() == Language::English ? "en" : "fr");
             EXPECT_TRUE(shown.grab().save(name)) << name.toStdString();
         }
     }
@@ -225,4 +231,78 @@ TEST_P(EveryWindowTest, MessagesAreWhole)
         message.show();
         lookAt(message);
     }
+}
+
+// What comes up only where something is wrong, or is about to be.
+TEST_P(EveryWindowTest, WarningsAndPreviewsAreWhole)
+{
+    std::vector<std::string> lines = stockLines();
+    lines[1] = "LARA_FEET:\t\tfoot01 lost\t\tVOL150\tP V\tPIT15\t\t#g";
+    lines[360].erase(lines[360].find(':'), 1);
+    lines[8] = "LARA_FIRE:\t\tlara_fir\t\tVOL00\t\t\t\t#oa";
+    writeBytes(folders.sounds, textOf(lines));
+    open();
+    clickRow(1);
+    EXPECT_TRUE(control("TxVOL").property("wrong").toBool());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return sounds().model()->index(1, 0).data(SoundListModel::MarkRole).isValid(); }));
+    lookAt(*window, "FmSFX-marks");
+
+    QtDialogs boxes;
+    boxes.setLanguage(GetParam());
+    const auto lookAtBox = [this](const char* picture) {
+        whenOpened<MessageWindow>([this, picture](MessageWindow& box) { lookAt(box, picture); });
+    };
+    const auto pointers = [](const CheckReport& report) {
+        std::vector<const Finding*> findings;
+        std::ranges::transform(report.findings, std::back_inserter(findings),
+                               [](const Finding& f) { return &f; });
+        return findings;
+    };
+    const CheckReport ofFile = checkFileOf(window->session());
+    ASSERT_FALSE(ofFile.findings.empty());
+    lookAtBox("FmMessage-file-errors");
+    boxes.ask(fileErrorsNotice(pointers(ofFile)));
+
+    SilentProgress progress;
+    const CurrentWad wad{"oasis", "oa", "Oasis"};
+    const CheckReport all = checkSession(window->session(), wad, progress);
+    SoundCatalogue& catalogue = window->session().catalogue();
+    lookAtBox("FmMessage-errors-before-generation");
+    boxes.ask(carriedErrorsQuestion(errorsBeforeGeneration(all, catalogue, wad), catalogue));
+
+    lookAtBox("FmMessage-paste-preview");
+    const std::size_t selected[] = {8};
+    EXPECT_FALSE(pasteLines(catalogue, "LARA_FIRE:\t\tlara_fir\t\tVOL80\t\t\t\t#oa\r\n", selected, boxes));
+
+    QApplication::setActiveWindow(window.get());
+    QTest::keyClick(&sounds(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    clickRow(12);
+    whenOpened<QDialog>([this](QDialog& paste) {
+        EXPECT_EQ(paste.objectName(), "FmPaste");
+        lookAt(paste);
+        askForHelp(paste);
+    });
+    QTest::keyClick(&sounds(), Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+// What comes up by itself.
+TEST_P(EveryWindowTest, ListsOfWhatWasLeftAreWhole)
+{
+    open();
+    const auto lookAtWindow = [this](TitledWindow& shown) {
+        shown.show();
+        lookAt(shown);
+        askForHelp(shown);
+        shown.close();
+    };
+    const std::string& line = stockLines()[8];
+    FoundRecovery found;
+    found.content.values = UnacceptedValues{8, line};
+    FmRecover recover(window.get(), found, false, true, {}, GetParam());
+    lookAtWindow(recover);
+    FmMissed missed(window.get(), {{8, line, line}}, {}, GetParam());
+    lookAtWindow(missed);
+    FmSplInc unknown(window.get(), {"my_thunder"}, {}, GetParam());
+    lookAtWindow(unknown);
 }

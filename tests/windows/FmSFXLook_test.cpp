@@ -125,6 +125,20 @@ TEST_F(MainWindowLookTest, nothingIsClippedAt1280By720)
     });
 }
 
+TEST_F(MainWindowLookTest, ValuesStayTogetherWithTheirFlagsBelow)
+{
+    open();
+    window->resize(1920, 1080);
+    QCoreApplication::processEvents();
+    const auto left = [this](const char* name) { return control(name).mapTo(window.get(), QPoint()).x(); };
+    for (const auto& [label, flag] :
+         {std::pair("LbVOL", "CkP"), {"LbPIT", "CkV"}, {"LbRAD", "CkR"}, {"LbCH", "CkN"}}) {
+        EXPECT_EQ(left(label), left(flag)) << label;
+    }
+    EXPECT_LT(left("TxCH") - left("LbVOL"), 420);
+    EXPECT_GT(control("LiSamp").width(), control("LiWAD").width()) << "the list that can use the room";
+}
+
 TEST_F(MainWindowLookTest, listsTakeTheColoursOfTheirSlot)
 {
     ProgramSettings settings = LoadSettings(folders.program).settings;

@@ -267,6 +267,7 @@ TEST_F(MainWindowTest, closingAsksAboutPendingChangesAndKeepsTheSettings)
     EXPECT_EQ(dialogs.said().back().text,
               BilingualText("Modifications not applied. Would you like to quit anyway",
                             "Des modifications n'ont pas été appliquées. Voulez-vous quitter quand même"));
+    EXPECT_NE(dialogs.said().back().details.french.find("50"), std::string::npos) << "what would be lost";
     QTest::keyClick(window.get(), Qt::Key_Escape);
     EXPECT_TRUE(window->isVisible()) << "Esc never ends the program";
 
@@ -404,4 +405,25 @@ TEST_F(MainWindowTest, TheLineNumberFollowsTheFile)
     dialogs.prepareAnswer(Answer::Yes);
     click("CdApply"); // leaves the comments out
     EXPECT_EQ(text("TxLine"), "81");
+}
+
+TEST_F(MainWindowTest, ErrorsOfTheFileAreToldOnceUntilTheyAreOthers)
+{
+    std::vector<std::string> lines = stockLines();
+    const auto load = [&] {
+        writeBytes(folders.sounds, textOf(lines));
+        const std::size_t before = dialogs.said().size();
+        window->load();
+        return dialogs.said().size() - before;
+    };
+    open();
+    EXPECT_TRUE(dialogs.said().empty()) << "a file without errors";
+    lines[2].erase(lines[2].find(':'), 1);
+    dialogs.prepareAnswer(Answer::Other);
+    EXPECT_EQ(load(), 1U);
+    EXPECT_TRUE(dialogs.said().back().text.english.starts_with("[sounds.txt] itself has errors:\n"));
+    EXPECT_TRUE(control<QDialog>("FmChecks").isVisible()) << "one click away";
+    EXPECT_EQ(load(), 0U) << "the same errors";
+    lines[5].erase(lines[5].find(':'), 1);
+    EXPECT_EQ(load(), 1U);
 }

@@ -126,6 +126,9 @@ void makeLevelEditorFolder(const fs::path& folder, const fs::path& data, DemoSam
             {"LARA", "CROCODILE", "BAT", "DOOR_TYPE1", "WATERFALL1"});
     makeWad(wads, "tomb_of_wind", {"foot01", "sc_scrm", "sc2", "sc6", "l_wind", "dr_bgsto"},
             {"LARA", "SCORPION", "SARCOPHAGUS", "TEETH_SPIKES"});
+    // Without a reference, for the first walk of the help; one of its samples is used by no sound.
+    makeWad(wads, "mylevel", {"foot01", "croc_f1", "l_wind", "dr_bgsto", "my_thunder"},
+            {"LARA", "CROCODILE", "SARCOPHAGUS"});
     write(
         folder / "script" / "script.txt",
         joinedLines({"[Level]", "Name= Oasis", "TriggerGroup= 1, $2000, 45, $11", "GlobalTrigger= 1, IGNORE",

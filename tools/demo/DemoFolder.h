@@ -12,7 +12,7 @@ enum class DemoSamples {
     None
 };
 
-// winroomedit.exe, Sounds.txt with comments between the stock lines, samples, three WADs, a script. `data`
+// winroomedit.exe, Sounds.txt with comments between the stock lines, samples, four WADs, a script. `data`
 // holds the working files.
 void makeLevelEditorFolder(const std::filesystem::path& folder, const std::filesystem::path& data,
                            DemoSamples samples);
