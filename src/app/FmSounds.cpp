@@ -120,7 +120,7 @@ bool FmSounds::eventFilter(QObject* watched, QEvent* event)
         // Once the field has handled it: a click into a selection ends that selection only then.
         QTimer::singleShot(0, this, [this] {
             const int start = m_view->textCursor().selectionStart();
-            m_text.setPosition(m_text.fromFieldOffset(static_cast<std::size_t>(start)));
+            m_text.setPosition(static_cast<std::size_t>(start));
         });
     }
     return TitledWindow::eventFilter(watched, event);
@@ -134,9 +134,8 @@ void FmSounds::search()
         return;
     }
     QTextCursor cursor = m_view->textCursor();
-    cursor.setPosition(static_cast<int>(m_text.toFieldOffset(*found)));
-    cursor.setPosition(static_cast<int>(m_text.toFieldOffset(*found + wanted.size())),
-                       QTextCursor::KeepAnchor);
+    cursor.setPosition(static_cast<int>(*found));
+    cursor.setPosition(static_cast<int>(*found + wanted.size()), QTextCursor::KeepAnchor);
     m_view->setTextCursor(cursor);
     m_view->centerCursor();
 }

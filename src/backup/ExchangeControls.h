@@ -2,13 +2,8 @@
 #pragma once
 
 #include "base/BilingualText.h"
-#include "base/ColourScheme.h"
-#include "base/Dialogs.h"
 #include "base/Progress.h"
-#include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
 #include "samples/SamplePlayer.h"
-#include "settings/Places.h"
 #include "ui/TickList.h"
 
 #include <QLabel>
@@ -20,17 +15,6 @@ class QPushButton;
 
 // What the export and the import window are built of.
 namespace tavrel {
-
-struct ExchangeContext
-{
-    Language language = Language::English;
-    ColourScheme colours;
-    Places places;
-    CurrentWad wad;
-    SoundCatalogue& catalogue;
-    Dialogs& dialogs;
-    SamplePlayer& player;
-};
 
 // The buttons of a list of lines: they tick all of it and play its selected row. What playing means is left
 // to the window.

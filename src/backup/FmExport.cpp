@@ -33,29 +33,22 @@ constexpr std::array<ExportMode, 3> allModes = {ExportMode::Modified, ExportMode
 } // namespace
 
 FmExport::FmExport(QWidget* parent, const ExchangeContext& context)
-    : TitledWindow(parent), m_context(context),
-      m_body(new QWidget), m_modes{named(new QRadioButton, "OpExport0"), named(new QRadioButton, "OpExport1"),
-                                   named(new QRadioButton, "OpExport2")},
+    : ExchangeWindow(
+          parent, context,
+          {"FmExport", linesColourSlot, makeButton("CdSave", Glyph::ExportBackup), QSize(1140, 660)}),
+      m_modes{named(new QRadioButton, "OpExport0"), named(new QRadioButton, "OpExport1"),
+              named(new QRadioButton, "OpExport2")},
       m_description(named(new QLabel, "LbDescription")),
-      m_showObjects(makeButton("CdOBJ", Glyph::ObjectSelection)), m_counts(named(new QLabel, "LbIndic")),
-      m_lines(new TickList("LiLine")), m_buttons(*m_lines, m_context.player),
-      m_titles(new ColumnTitles("Label4", *m_lines)), m_types(makeComboBox("CbType")),
-      m_objectNames(makeFixedPitchList("LiOBJ")), m_objectPanel(makeObjectPanel()),
-      m_withSamples(named(new QCheckBox, "CkSamp")), m_save(makeButton("CdSave", Glyph::ExportBackup)),
-      m_close(makeButton("CdStop", Glyph::Close)), m_status(new CopyStatus)
+      m_showObjects(makeButton("CdOBJ", Glyph::ObjectSelection)), m_types(makeComboBox("CbType")),
+      m_objectNames(makeFixedPitchList("LiOBJ")), m_objectPanel(makeObjectPanel())
 {
-    setObjectName("FmExport");
-    setWindowModality(Qt::ApplicationModal);
-    setSizeGripEnabled(true);
     layOut();
-    paintWith(*m_lines, m_context.colours.slots[linesColourSlot]);
-    paintWith(*m_objectNames, m_context.colours.slots[objectsColourSlot]);
-    m_titles->setLanguage(m_context.language);
+    paintWith(*m_objectNames, context.colours.slots[objectsColourSlot]);
     showCaptions();
     connectControls();
     fillTypes();
     m_modes.back()->setChecked(true);
-    m_lines->setFocus();
+    lines().setFocus();
 }
 
 QWidget* FmExport::makeModes()
@@ -88,40 +81,19 @@ QWidget* FmExport::makeObjectPanel()
 
 void FmExport::layOut()
 {
-    constexpr int margin = 2 * controlGap;
     m_description->setTextFormat(Qt::PlainText);
     m_description->setWordWrap(true);
     m_description->setProperty("muted", true);
     m_description->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_description->setMinimumHeight(2 * m_description->fontMetrics().lineSpacing());
     m_showObjects->setCheckable(true);
-    auto* const ticks = rowOf({m_buttons.tickAll, m_buttons.untickAll, m_showObjects, m_counts});
-    ticks->insertStretch(3, 1);
-    auto* const lines = new QVBoxLayout;
-    lines->setSpacing(2);
-    lines->addWidget(m_titles);
-    lines->addWidget(m_lines, 1);
-    auto* const lists = new QHBoxLayout;
-    lists->setSpacing(margin);
-    lists->addLayout(lines, 1);
-    lists->addWidget(m_objectPanel);
-    auto* const buttons = rowOf({m_buttons.play, m_buttons.stop, m_withSamples, m_save, m_close});
-    buttons->insertSpacing(2, margin);
-    buttons->insertStretch(4, 1);
-    auto* const body = new QVBoxLayout(m_body);
-    body->setContentsMargins(0, 0, 0, 0);
-    body->setSpacing(controlGap);
-    body->addWidget(makeHeading("FrChoice"));
-    body->addWidget(makeModes());
-    body->addWidget(m_description);
-    body->addLayout(ticks);
-    body->addLayout(lists, 1);
-    body->addLayout(buttons);
-    content().setContentsMargins(margin, margin, margin, margin);
-    content().setSpacing(controlGap);
-    content().addWidget(m_body, 1);
-    content().addWidget(m_status);
-    resize(1140, 660);
+    linesRow().addWidget(m_objectPanel);
+    body().addWidget(makeHeading("FrChoice"));
+    body().addWidget(makeModes());
+    body().addWidget(m_description);
+    body().addLayout(makeTicksRow({m_showObjects}));
+    body().addLayout(&linesRow(), 1);
+    addButtons();
 }
 
 void FmExport::connectControls()
@@ -134,15 +106,12 @@ void FmExport::connectControls()
         });
     }
     connect(m_showObjects, &QPushButton::toggled, m_objectPanel, &QWidget::setVisible);
-    connect(m_lines, &TickList::ticksChanged, this, &FmExport::showCounts);
-    connect(m_lines, &TickList::selectedRowChanged, this, &FmExport::selectionChanged);
+    connect(&lines(), &TickList::ticksChanged, this, [this] { showCounts(); });
     connect(m_types, &QComboBox::currentIndexChanged, this, &FmExport::fillObjects);
     connect(m_objectNames, &QListWidget::itemClicked, this, &FmExport::tickObject);
     connect(m_objectNames, &QListWidget::itemActivated, this, &FmExport::tickObject);
-    connect(m_buttons.play, &QPushButton::clicked, this, &FmExport::play);
-    connect(m_withSamples, &QCheckBox::toggled, this, &FmExport::showSamplesHint);
-    connect(m_save, &QPushButton::clicked, this, &FmExport::save);
-    connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
+    connect(&withSamples(), &QCheckBox::toggled, this, &FmExport::showSamplesHint);
+    connect(&action(), &QPushButton::clicked, this, &FmExport::save);
 }
 
 void FmExport::showCaptions()
@@ -152,45 +121,39 @@ void FmExport::showCaptions()
     };
     const BilingualText lines("Lines to save; Space ticks, Enter plays",
                               "Lignes à sauvegarder ; Espace coche, Entrée joue");
-    const Caption captions[] = {
-        {"FrChoice", {"Choose what to save", "Choisissez le type de sauvegarde"}, {}},
-        both("OpExport0", captionOf(ExportMode::Modified)),
-        both("OpExport1", captionOf(ExportMode::ModifiedAndAdded)),
-        both("OpExport2", captionOf(ExportMode::All)),
-        both("CdSelect", {"Select all lines", "Selectionner toutes les lignes"}),
-        both("CdEfface", {"Unselect all lines", "Décocher toutes les lignes"}),
-        both("CdOBJ", {"Show/Hide object selection", "Afficher/Cacher la sélection d'objets"}),
-        {"LiLine", {}, lines},
-        {"LbType", {"Object type", "Type d'objet"}, {}},
-        {"CbType", {}, {"Object type", "Type d'objet"}},
-        {"LbOBJ", {"Object name", "Nom d'objet"}, {}},
-        {"LiOBJ",
-         {},
-         {"A click or Enter ticks the lines of the object", "Un clic ou Entrée coche les lignes de l'objet"}},
-        both("CdPlay2", {"Play sample", "Jouer le sample"}),
-        both("CdStopS2", {"Stop sample", "Stopper le sample"}),
-        {"CkSamp",
-         {"Include Samples Files", "Inclure les Fichiers Samples"},
-         {"Copy the samples of the lines to a folder beside the file",
-          "Copier les samples des lignes dans un répertoire à côté du fichier"}},
-        both("CdSave", {"Save", "Sauvegarder"}),
-        both("CdStop", {"Close", "Fermer"}),
-        {"CdCancelCopy", {"Cancel", "Annuler"}, {"Stop copying the samples", "Arrêter la copie des samples"}},
-    };
-    tavrel::showCaptions(*this, captions, m_context.language);
-    setWindowTitle(inLanguage(titles::exportWindow, m_context.language));
+    ExchangeWindow::showCaptions(
+        {
+            {"FrChoice", {"Choose what to save", "Choisissez le type de sauvegarde"}, {}},
+            both("OpExport0", captionOf(ExportMode::Modified)),
+            both("OpExport1", captionOf(ExportMode::ModifiedAndAdded)),
+            both("OpExport2", captionOf(ExportMode::All)),
+            both("CdOBJ", {"Show/Hide object selection", "Afficher/Cacher la sélection d'objets"}),
+            {"LiLine", {}, lines},
+            {"LbType", {"Object type", "Type d'objet"}, {}},
+            {"CbType", {}, {"Object type", "Type d'objet"}},
+            {"LbOBJ", {"Object name", "Nom d'objet"}, {}},
+            {"LiOBJ",
+             {},
+             {"A click or Enter ticks the lines of the object",
+              "Un clic ou Entrée coche les lignes de l'objet"}},
+            {"CkSamp",
+             {"Include Samples Files", "Inclure les Fichiers Samples"},
+             {"Copy the samples of the lines to a folder beside the file",
+              "Copier les samples des lignes dans un répertoire à côté du fichier"}},
+            both("CdSave", {"Save", "Sauvegarder"}),
+        },
+        titles::exportWindow);
 }
 
 void FmExport::chooseMode(ExportMode mode)
 {
     m_mode = mode;
-    m_rows = listForExport(m_context.catalogue, mode, m_context.wad.letter);
-    m_description->setText(inLanguage(descriptionOf(mode), m_context.language));
-    m_titles->setText(inLanguage(columnTitleOf(mode), m_context.language));
-    m_lines->setRows({m_rows.size(), [this](std::size_t row) { return fromCodePage(m_rows[row].text); }});
-    m_lines->scrollToTop();
+    m_rows = listForExport(context().catalogue, mode, context().wad.letter);
+    m_description->setText(inLanguage(descriptionOf(mode)));
+    columnTitles().setText(inLanguage(columnTitleOf(mode)));
+    lines().setRows({m_rows.size(), [this](std::size_t row) { return fromCodePage(m_rows[row].text); }});
+    lines().scrollToTop();
     showCounts();
-    selectionChanged();
     fillObjects();
     showSamplesHint();
 }
@@ -199,24 +162,19 @@ void FmExport::chooseMode(ExportMode mode)
 void FmExport::showSamplesHint()
 {
     BilingualText hint;
-    if (m_mode == ExportMode::All && m_withSamples->isChecked()) {
+    if (m_mode == ExportMode::All && withSamples().isChecked()) {
         hint = {
             "A restore does not copy the samples of a backup back: copy those that you need yourself.",
             "Une restauration ne recopie pas les samples d'une sauvegarde : copiez vous-même ceux qu'il vous "
             "faut."};
     }
-    m_status->showText(hint, m_context.language);
-}
-
-void FmExport::showCounts()
-{
-    m_counts->setText(inLanguage(countOfLines(m_lines->rows(), m_lines->tickedCount()), m_context.language));
+    say(hint);
 }
 
 void FmExport::fillTypes()
 {
-    for (const ObjectGroup& group : objectGroups(m_context.catalogue.objects())) {
-        m_types->addItem(inLanguage(shippedText(group.type), m_context.language));
+    for (const ObjectGroup& group : objectGroups(context().catalogue.objects())) {
+        m_types->addItem(inLanguage(shippedText(group.type)));
     }
 }
 
@@ -225,7 +183,7 @@ void FmExport::fillObjects()
 {
     m_objects.clear();
     m_objectNames->clear();
-    const std::vector<ObjectGroup> groups = objectGroups(m_context.catalogue.objects());
+    const std::vector<ObjectGroup> groups = objectGroups(context().catalogue.objects());
     const auto chosen = static_cast<std::size_t>(m_types->currentIndex());
     if (chosen >= groups.size()) {
         return;
@@ -253,70 +211,47 @@ void FmExport::tickObject()
             rows.push_back(row);
         }
     }
-    m_lines->tick(rows, true);
-    m_lines->selectRow(rows.front());
-    m_status->showText(
-        BilingualText::same(utf8FromCodePage(object.name)) + BilingualText(": ", " : ") +
-            counted(rows.size(), {"line ticked", "ligne cochée"}, {"lines ticked", "lignes cochées"}),
-        m_context.language);
-}
-
-void FmExport::selectionChanged()
-{
-    // To stop stays possible: a sample may be playing.
-    m_buttons.play->setEnabled(m_lines->selectedRow().has_value());
+    lines().tick(rows, true);
+    lines().selectRow(rows.front());
+    say(BilingualText::same(utf8FromCodePage(object.name)) + BilingualText(": ", " : ") +
+        counted(rows.size(), {"line ticked", "ligne cochée"}, {"lines ticked", "lignes cochées"}));
 }
 
 void FmExport::play()
 {
-    const std::optional<std::size_t> row = m_lines->selectedRow();
-    if (!row || m_rows[*row].record.sampleCount() == 0) {
-        return;
+    const std::optional<std::size_t> row = lines().selectedRow();
+    if (row && m_rows[*row].record.sampleCount() > 0) {
+        playSample(context().places.samples, m_rows[*row].record.Samples.front());
     }
-    const Problem problem = PlaySample(m_context.player, m_context.places.samples,
-                                       m_rows[*row].record.Samples.front(), m_context.dialogs);
-    m_status->showText(problem ? problem->text : BilingualText(), m_context.language);
 }
 
 void FmExport::save()
 {
     const std::optional<std::filesystem::path> file =
-        chooseExportFile(m_mode, m_context.wad.wadName, m_context.places.program, m_context.dialogs);
+        chooseExportFile(m_mode, context().wad.wadName, context().places.program, context().dialogs);
     if (!file) {
         return;
     }
     ExportRequest request{m_mode,
                           {},
                           *file,
-                          m_withSamples->isChecked(),
-                          m_context.places.samples,
-                          m_context.catalogue.file().path,
-                          m_context.places.program};
-    for (const std::size_t row : m_lines->tickedRows()) {
+                          withSamples().isChecked(),
+                          context().places.samples,
+                          context().catalogue.file().path,
+                          context().places.program};
+    for (const std::size_t row : lines().tickedRows()) {
         request.rows.push_back(m_rows[row]);
     }
-    if (!confirmExport(request, m_context.dialogs)) {
+    if (!confirmExport(request, context().dialogs)) {
         return;
     }
-    const ExportOutcome outcome = [&] {
-        CopyProgress progress(*m_status, *m_body, m_context.language);
-        return saveExport(request, progress);
-    }();
+    const ExportOutcome outcome = copying([&](Progress& progress) { return saveExport(request, progress); });
     if (outcome.report) {
-        m_context.dialogs.show(*outcome.report);
+        context().dialogs.show(*outcome.report);
     }
     if (outcome.saved) {
         m_savedLines = request.rows.size();
         accept();
-    }
-}
-
-void FmExport::reject()
-{
-    if (m_body->isEnabled()) {
-        TitledWindow::reject();
-    } else {
-        m_status->cancel->click();
     }
 }
 

@@ -80,36 +80,24 @@ BilingualText whyMarked(const ImportFile& file, std::size_t row)
 } // namespace
 
 FmImport::FmImport(QWidget* parent, const ExchangeContext& context)
-    : TitledWindow(parent), m_context(context), m_body(new QWidget),
+    : ExchangeWindow(
+          parent, context,
+          {"FmImport", newLinesColourSlot, makeButton("CdOpen", Glyph::ImportBackup), QSize(1140, 700)}),
       m_chooseFile(makeButton("CdFile", Glyph::ChooseFile)), m_path(makeElidedLabel("LbRep")),
       m_mode(makeHeading("Label5")), m_target(named(new QLabel, "LbTarget")),
-      m_counts(named(new QLabel, "LbIndic")), m_lines(new TickList("LiLine")),
-      m_buttons(*m_lines, m_context.player), m_titles(new ColumnTitles("Label4", *m_lines)),
       m_remark(makePaperLabel("LbRemark")), m_samples(new TickList("LiIncluS")),
       m_sampleCounts(named(new QLabel, "LbIncluS")), m_samplesPanel(makeSamplesPanel()),
-      m_comparison(new FoldingPanel("ImPlus", nullptr)), m_table(makeComparisonTable()),
-      m_withSamples(named(new QCheckBox, "CkSamp")), m_apply(makeButton("CdOpen", Glyph::ImportBackup)),
-      m_close(makeButton("CdStop", Glyph::Close)), m_status(new CopyStatus)
+      m_comparison(new FoldingPanel("ImPlus", nullptr)), m_table(makeComparisonTable())
 {
-    setObjectName("FmImport");
-    setWindowModality(Qt::ApplicationModal);
-    setSizeGripEnabled(true);
-    m_lines->useMarks();
+    lines().useMarks();
     m_samples->useMarks();
     layOut();
-    paintWith(*m_lines, m_context.colours.slots[newLinesColourSlot]);
-    paintWith(*m_table, m_context.colours.slots[newLinesColourSlot]);
-    paintWith(*m_samples, m_context.colours.slots[samplesColourSlot]);
-    m_titles->setLanguage(m_context.language);
+    paintWith(*m_table, context.colours.slots[newLinesColourSlot]);
+    paintWith(*m_samples, context.colours.slots[samplesColourSlot]);
     showCaptions();
     connectControls();
     showNothing();
     m_chooseFile->setFocus();
-}
-
-QString FmImport::inLanguage(const BilingualText& text) const
-{
-    return tavrel::inLanguage(text, m_context.language);
 }
 
 QWidget* FmImport::makeSamplesPanel()
@@ -126,7 +114,6 @@ QWidget* FmImport::makeSamplesPanel()
 
 void FmImport::layOut()
 {
-    constexpr int margin = 2 * controlGap;
     auto* const warning = named(new QLabel, "LbWarning");
     warning->setTextFormat(Qt::PlainText);
     warning->setWordWrap(true);
@@ -135,49 +122,27 @@ void FmImport::layOut()
     m_remark->setSizePolicy(remarkSize);
     auto* const fileRow = rowOf({m_chooseFile, m_path, m_mode, m_target});
     fileRow->setStretch(1, 1);
-    auto* const ticks = rowOf({m_buttons.tickAll, m_buttons.untickAll, m_counts});
-    ticks->insertStretch(2, 1);
-    auto* const lines = new QVBoxLayout;
-    lines->setSpacing(2);
-    lines->addWidget(m_titles);
-    lines->addWidget(m_lines, 1);
-    auto* const lists = new QHBoxLayout;
-    lists->setSpacing(margin);
-    lists->addLayout(lines, 1);
-    lists->addWidget(m_samplesPanel);
-    auto* const buttons = rowOf({m_buttons.play, m_buttons.stop, m_withSamples, m_apply, m_close});
-    buttons->insertSpacing(2, margin);
-    buttons->insertStretch(4, 1);
+    linesRow().addWidget(m_samplesPanel);
     m_comparison->content().addWidget(m_table);
     m_comparison->setOpen(false);
-    auto* const body = new QVBoxLayout(m_body);
-    body->setContentsMargins(0, 0, 0, 0);
-    body->setSpacing(controlGap);
-    body->addLayout(fileRow);
-    body->addLayout(ticks);
-    body->addLayout(lists, 1);
-    body->addWidget(m_remark);
-    body->addWidget(m_comparison);
-    body->addWidget(warning);
-    body->addLayout(buttons);
-    content().setContentsMargins(margin, margin, margin, margin);
-    content().setSpacing(controlGap);
-    content().addWidget(m_body, 1);
-    content().addWidget(m_status);
-    resize(1140, 700);
+    body().addLayout(fileRow);
+    body().addLayout(makeTicksRow({}));
+    body().addLayout(&linesRow(), 1);
+    body().addWidget(m_remark);
+    body().addWidget(m_comparison);
+    body().addWidget(warning);
+    addButtons();
 }
 
 void FmImport::connectControls()
 {
     connect(m_chooseFile, &QPushButton::clicked, this, &FmImport::chooseFile);
-    connect(m_lines, &TickList::ticksChanged, this, &FmImport::linesTicked);
-    connect(m_lines, &TickList::selectedRowChanged, this, &FmImport::selectionChanged);
+    connect(&lines(), &TickList::ticksChanged, this, &FmImport::linesTicked);
+    connect(&lines(), &TickList::selectedRowChanged, this, &FmImport::selectionChanged);
     connect(m_samples, &TickList::ticksChanged, this, &FmImport::samplesTicked);
-    connect(m_withSamples, &QCheckBox::toggled, this, &FmImport::fillSamples);
+    connect(&withSamples(), &QCheckBox::toggled, this, &FmImport::fillSamples);
     connect(m_comparison, &FoldingPanel::openChanged, this, &FmImport::compare);
-    connect(m_buttons.play, &QPushButton::clicked, this, &FmImport::play);
-    connect(m_apply, &QPushButton::clicked, this, &FmImport::apply);
-    connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
+    connect(&action(), &QPushButton::clicked, this, &FmImport::apply);
 }
 
 void FmImport::showCaptions()
@@ -185,38 +150,35 @@ void FmImport::showCaptions()
     const auto both = [](const char* control, const BilingualText& text) {
         return Caption{control, text, text};
     };
-    const Caption captions[] = {
-        both("CdFile", {"Choose File to Import/Restore", "Choisir le fichier à Importer/Restaurer"}),
-        both("CdSelect", {"Select all lines", "Selectionner toutes les lignes"}),
-        both("CdEfface", {"Unselect all lines", "Décocher toutes les lignes"}),
-        {"Label4", {"      ID    Line", "      ID    Ligne"}, {}},
-        {"LiLine",
-         {},
-         {"Lines of the file; Space ticks, Enter plays", "Lignes du fichier ; Espace coche, Entrée joue"}},
-        {"LiIncluS",
-         {},
-         {"Samples to copy from the folder of the file", "Samples à copier depuis le répertoire du fichier"}},
-        {"ImPlus",
-         {"The file's line and the catalogue's line", "La ligne du fichier et la ligne du catalogue"},
-         {"Show or hide the comparison of the selected line",
-          "Afficher ou cacher la comparaison de la ligne choisie"}},
-        {"TbCompare",
-         {},
-         {"Fields that differ are marked with *", "Les champs qui diffèrent sont marqués d'un *"}},
-        {"LbWarning",
-         {"All selected lines above will replace lines in the current main window. All modifications on these "
-          "lines will be lost.",
-          "Toutes les lignes sélectionnées ci-dessus vont remplacer les lignes dans la fenêtre principale. Toutes "
-          "les modifications déjà effectuées sur ces lignes seront perdues."},
-         {}},
-        both("CdPlay2", {"Play sample", "Jouer le sample"}),
-        both("CdStopS2", {"Stop sample", "Stopper le sample"}),
-        both("CkSamp", {"Include and Replace Samples Files", "Inclure et Remplacer les Fichiers Samples"}),
-        both("CdStop", {"Close", "Fermer"}),
-        {"CdCancelCopy", {"Cancel", "Annuler"}, {"Stop copying the samples", "Arrêter la copie des samples"}},
-    };
-    tavrel::showCaptions(*this, captions, m_context.language);
-    setWindowTitle(inLanguage(titles::importWindow));
+    ExchangeWindow::showCaptions(
+        {
+            both("CdFile", {"Choose File to Import/Restore", "Choisir le fichier à Importer/Restaurer"}),
+            {"Label4", {"      ID    Line", "      ID    Ligne"}, {}},
+            {"LiLine",
+             {},
+             {"Lines of the file; Space ticks, Enter plays",
+              "Lignes du fichier ; Espace coche, Entrée joue"}},
+            {"LiIncluS",
+             {},
+             {"Samples to copy from the folder of the file",
+              "Samples à copier depuis le répertoire du fichier"}},
+            {"ImPlus",
+             {"The file's line and the catalogue's line", "La ligne du fichier et la ligne du catalogue"},
+             {"Show or hide the comparison of the selected line",
+              "Afficher ou cacher la comparaison de la ligne choisie"}},
+            {"TbCompare",
+             {},
+             {"Fields that differ are marked with *", "Les champs qui diffèrent sont marqués d'un *"}},
+            {"LbWarning",
+             {"All selected lines above will replace lines in the current main window. All modifications on these "
+              "lines will be lost.",
+              "Toutes les lignes sélectionnées ci-dessus vont remplacer les lignes dans la fenêtre principale. Toutes "
+              "les modifications déjà effectuées sur ces lignes seront perdues."},
+             {}},
+            both("CkSamp",
+                 {"Include and Replace Samples Files", "Inclure et Remplacer les Fichiers Samples"}),
+        },
+        titles::importWindow);
     m_table->setVerticalHeaderLabels({inLanguage({"File", "Fichier"}), inLanguage({"Catalogue", "Catalogue"}),
                                       inLanguage({"Result", "Résultat"})});
 }
@@ -224,15 +186,15 @@ void FmImport::showCaptions()
 void FmImport::chooseFile()
 {
     const std::optional<std::filesystem::path> file =
-        chooseImportFile(m_context.places.program, m_context.dialogs);
+        chooseImportFile(context().places.program, context().dialogs);
     if (!file) {
         return;
     }
     showNothing();
     m_path->setText(QString::fromStdString(displayPath(*file)));
-    Result<ImportFile> read = readImportFile(*file, m_context.catalogue, m_context.wad.letter);
+    Result<ImportFile> read = readImportFile(*file, context().catalogue, context().wad.letter);
     if (!read) {
-        m_context.dialogs.show({MessageIcon::Exclamation, titles::importWindow, read.failure().text});
+        context().dialogs.show({MessageIcon::Exclamation, titles::importWindow, read.failure().text});
         return;
     }
     m_file = std::move(*read);
@@ -241,17 +203,17 @@ void FmImport::chooseFile()
 
 void FmImport::showNothing()
 {
-    m_lines->clear(); // before the file that its rows are read from
+    lines().clear(); // before the file that its rows are read from
     m_file.reset();
     m_declined.clear();
-    m_withSamples->setChecked(false);
-    m_withSamples->hide();
+    withSamples().setChecked(false);
+    withSamples().hide();
     m_mode->clear();
     m_target->clear();
     m_path->clear();
-    m_apply->setText(inLanguage(actionOf(ExchangeKind::Exchange)));
-    m_apply->setToolTip(m_apply->text());
-    m_apply->setEnabled(false);
+    action().setText(inLanguage(actionOf(ExchangeKind::Exchange)));
+    action().setToolTip(action().text());
+    action().setEnabled(false);
     showCounts();
     fillSamples();
     selectionChanged();
@@ -259,24 +221,24 @@ void FmImport::showNothing()
 
 void FmImport::showFile()
 {
-    const QString action = inLanguage(actionOf(m_file->kind()));
-    m_mode->setText(action.toUpper());
-    m_target->setText(inLanguage(targetOf(*m_file, m_context.wad)));
-    m_apply->setText(action);
-    m_apply->setToolTip(action);
-    m_apply->setEnabled(true);
-    m_withSamples->setVisible(m_file->samplesFolder().has_value());
-    m_lines->setRows({m_file->rows(),
-                      [this](std::size_t row) { return fromCodePage(listedText(*m_file, row)); },
-                      [this](std::size_t row) { return markOf(*m_file, row); },
-                      [this](std::size_t row) { return inLanguage(whyMarked(*m_file, row)); }});
+    const QString caption = inLanguage(actionOf(m_file->kind()));
+    m_mode->setText(caption.toUpper());
+    m_target->setText(inLanguage(targetOf(*m_file, context().wad)));
+    action().setText(caption);
+    action().setToolTip(caption);
+    action().setEnabled(true);
+    withSamples().setVisible(m_file->samplesFolder().has_value());
+    lines().setRows({m_file->rows(),
+                     [this](std::size_t row) { return fromCodePage(listedText(*m_file, row)); },
+                     [this](std::size_t row) { return markOf(*m_file, row); },
+                     [this](std::size_t row) { return inLanguage(whyMarked(*m_file, row)); }});
     if (const std::vector<Failure> notices = m_file->notices(); !notices.empty()) {
-        m_context.dialogs.show({MessageIcon::Information, actionOf(m_file->kind()), listOf(notices)});
+        context().dialogs.show({MessageIcon::Information, actionOf(m_file->kind()), listOf(notices)});
     }
-    m_lines->scrollToTop();
+    lines().scrollToTop();
     showCounts();
     selectionChanged();
-    m_lines->setFocus();
+    lines().setFocus();
 }
 
 void FmImport::linesTicked()
@@ -284,7 +246,7 @@ void FmImport::linesTicked()
     if (!m_file) {
         return;
     }
-    m_file->tick(m_lines->tickedRows());
+    m_file->tick(lines().tickedRows());
     showMarks();
     showCounts();
     fillSamples();
@@ -292,14 +254,9 @@ void FmImport::linesTicked()
 
 void FmImport::showMarks()
 {
-    m_lines->showMarks();
+    lines().showMarks();
     showRemarks();
     compare();
-}
-
-void FmImport::showCounts()
-{
-    m_counts->setText(inLanguage(countOfLines(m_lines->rows(), m_lines->tickedCount())));
 }
 
 // About the selected line; without one, about all of them.
@@ -309,12 +266,12 @@ void FmImport::showRemarks()
     if (!m_file) {
         return;
     }
-    const auto say = [this](const BilingualText& text, bool alarming) {
+    const auto sayAbout = [this](const BilingualText& text, bool alarming) {
         setPaperText(*m_remark, inLanguage(text), alarming);
         m_remark->setVisible(!text.empty());
     };
-    if (const std::optional<std::size_t> row = m_lines->selectedRow()) {
-        say(whyMarked(*m_file, *row), !m_file->isApplicable(*row));
+    if (const std::optional<std::size_t> row = lines().selectedRow()) {
+        sayAbout(whyMarked(*m_file, *row), !m_file->isApplicable(*row));
         return;
     }
     std::size_t refused = 0;
@@ -332,19 +289,19 @@ void FmImport::showRemarks()
         text += counted(remarked, {"line should be checked.", "ligne à vérifier."},
                         {"lines should be checked.", "lignes à vérifier."});
     }
-    say(text, refused > 0);
+    sayAbout(text, refused > 0);
 }
 
 // What the user unticked stays unticked.
 void FmImport::fillSamples()
 {
-    m_samplesPanel->setVisible(m_withSamples->isChecked());
+    m_samplesPanel->setVisible(withSamples().isChecked());
     m_samples->clear();
     m_offered.clear();
-    if (!m_withSamples->isChecked()) {
+    if (!withSamples().isChecked()) {
         return;
     }
-    for (const std::size_t row : m_lines->tickedRows()) {
+    for (const std::size_t row : lines().tickedRows()) {
         const std::size_t names = offeredSamples(*m_file, row).size();
         for (std::size_t i = 0; i < names; ++i) {
             m_offered.emplace_back(row, i);
@@ -389,8 +346,6 @@ void FmImport::showSampleCounts()
 
 void FmImport::selectionChanged()
 {
-    const bool selected = m_lines->selectedRow().has_value();
-    m_buttons.play->setEnabled(selected); // to stop stays possible: a sample may be playing
     showRemarks();
     compare();
 }
@@ -400,9 +355,9 @@ void FmImport::compare()
     if (!m_comparison->isOpen()) {
         return;
     }
-    const std::optional<std::size_t> row = m_lines->selectedRow();
+    const std::optional<std::size_t> row = lines().selectedRow();
     const std::vector<FieldComparison> fields =
-        compareWithCatalogue(m_file ? &*m_file : nullptr, row, m_context.catalogue);
+        compareWithCatalogue(m_file ? &*m_file : nullptr, row, context().catalogue);
     m_table->setColumnCount(static_cast<int>(fields.size()));
     for (int column = 0; column < m_table->columnCount(); ++column) {
         const FieldComparison& field = fields[static_cast<std::size_t>(column)];
@@ -422,7 +377,7 @@ void FmImport::compare()
 // As the user would hear it after the import.
 void FmImport::play()
 {
-    const std::optional<std::size_t> row = m_lines->selectedRow();
+    const std::optional<std::size_t> row = lines().selectedRow();
     if (!row) {
         return;
     }
@@ -433,46 +388,34 @@ void FmImport::play()
     const std::string& name = record->Samples.front();
     const std::filesystem::path folder = m_file->samplesFolder() && findSample(*m_file->samplesFolder(), name)
                                              ? *m_file->samplesFolder()
-                                             : m_context.places.samples;
-    const Problem problem = PlaySample(m_context.player, folder, name, m_context.dialogs);
-    m_status->showText(problem ? problem->text : BilingualText(), m_context.language);
+                                             : context().places.samples;
+    playSample(folder, name);
 }
 
 void FmImport::apply()
 {
-    ImportRequest request{*m_file, m_context.wad, m_withSamples->isChecked(), {}, m_context.places.samples};
+    ImportRequest request{*m_file, context().wad, withSamples().isChecked(), {}, context().places.samples};
     for (const std::size_t sample : m_samples->tickedRows()) {
         request.samples.push_back(offeredName(sample));
     }
-    if (!confirmImport(request, m_context.dialogs)) {
+    if (!confirmImport(request, context().dialogs)) {
         return;
     }
-    const ImportOutcome outcome = [&] {
-        CopyProgress progress(*m_status, *m_body, m_context.language);
-        return applyImport(m_context.catalogue, request, progress);
-    }();
+    const ImportOutcome outcome =
+        copying([&](Progress& progress) { return applyImport(context().catalogue, request, progress); });
     m_importDone = m_importDone || outcome.linesApplied;
     if (outcome.linesApplied) {
         m_importedLines += m_file->tickedRows();
         m_file->markApplied();
     }
     if (outcome.report) {
-        m_context.dialogs.show(*outcome.report);
+        context().dialogs.show(*outcome.report);
     }
     if (outcome.complete) {
         accept();
         return;
     }
     showMarks();
-}
-
-void FmImport::reject()
-{
-    if (m_body->isEnabled()) {
-        TitledWindow::reject();
-    } else {
-        m_status->cancel->click();
-    }
 }
 
 } // namespace tavrel

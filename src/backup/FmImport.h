@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "backup/ExchangeControls.h"
+#include "backup/ExchangeWindow.h"
 #include "backup/ImportCommands.h"
-#include "ui/TitledWindow.h"
 
 #include <optional>
 #include <set>
 #include <utility>
 #include <vector>
 
-class QCheckBox;
 class QTableWidget;
 
 namespace tavrel {
@@ -19,14 +17,12 @@ class FoldingPanel;
 
 // Puts lines of an exchange file or a backup into the catalogue, and samples into their folder. Accepted when
 // all was done.
-class FmImport : public TitledWindow
+class FmImport : public ExchangeWindow
 {
     Q_OBJECT
 
 public:
     FmImport(QWidget* parent, const ExchangeContext& context);
-
-    void reject() override;
 
     // Lines were put into the catalogue, be it none: the user's lists must be made anew.
     bool importDone() const { return m_importDone; }
@@ -43,7 +39,6 @@ private:
     void showFile();
     void linesTicked();
     void showMarks();
-    void showCounts();
     void showRemarks();
     void fillSamples();
     std::string offeredName(std::size_t sample) const;
@@ -51,11 +46,9 @@ private:
     void samplesTicked();
     void selectionChanged();
     void compare();
-    void play();
+    void play() override;
     void apply();
-    QString inLanguage(const BilingualText& text) const;
 
-    ExchangeContext m_context;
     std::optional<ImportFile> m_file;
     bool m_importDone = false;
     std::size_t m_importedLines = 0;
@@ -64,25 +57,16 @@ private:
     std::vector<OfferedSample> m_offered; // of the sample list
     std::set<OfferedSample> m_declined;   // unticked by the user
 
-    QWidget* m_body; // all but the status line
     QPushButton* m_chooseFile;
     QLabel* m_path;
     QLabel* m_mode;
     QLabel* m_target;
-    QLabel* m_counts;
-    TickList* m_lines;
-    LineButtons m_buttons;
-    ColumnTitles* m_titles;
     QLabel* m_remark;
     TickList* m_samples;
     QLabel* m_sampleCounts;
     QWidget* m_samplesPanel;
     FoldingPanel* m_comparison;
     QTableWidget* m_table;
-    QCheckBox* m_withSamples;
-    QPushButton* m_apply;
-    QPushButton* m_close;
-    CopyStatus* m_status;
 };
 
 } // namespace tavrel

@@ -153,18 +153,18 @@ std::string shortened(const std::string& text)
 } // namespace
 
 FmChecks::FmChecks(QWidget* parent, ChecksContext context)
-    : TitledWindow(parent), m_context(std::move(context)), m_counts(makeHeading("LbCounts")),
-      m_scope(makeComboBox("CbScope")), m_search(named(new QLineEdit, "TxSearch")),
-      m_progress(named(new QProgressBar, "PbChecks")), m_cancel(makeButton("CdCancelCheck", Glyph::Close)),
-      m_pages(new QStackedWidget), m_tree(named(new QTreeWidget, "LiFindings")),
-      m_emptyTitle(makeHeading("LbEmptyTitle")), m_emptyText(makeWrappedText("LbEmptyText")),
-      m_text(makeWrappedText("LbFinding")), m_preview(makeTextView("TxPreview")),
-      m_fix(makeButton("CdFix", Glyph::Accept)), m_fixAll(makeButton("CdFixAll", Glyph::Apply)),
-      m_show(makeButton("CdShow", Glyph::ToStart)), m_copy(makeButton("CdCopyList", Glyph::CopyLine)),
-      m_save(makeButton("CdSave", Glyph::ExportBackup)), m_close(makeButton("CdClose", Glyph::Close))
+    : WatchingWindow(parent, context.language, std::chrono::milliseconds(150)), m_context(std::move(context)),
+      m_counts(makeHeading("LbCounts")), m_scope(makeComboBox("CbScope")),
+      m_search(named(new QLineEdit, "TxSearch")), m_progress(named(new QProgressBar, "PbChecks")),
+      m_cancel(makeButton("CdCancelCheck", Glyph::Close)), m_pages(new QStackedWidget),
+      m_tree(named(new QTreeWidget, "LiFindings")), m_emptyTitle(makeHeading("LbEmptyTitle")),
+      m_emptyText(makeWrappedText("LbEmptyText")), m_text(makeWrappedText("LbFinding")),
+      m_preview(makeTextView("TxPreview")), m_fix(makeButton("CdFix", Glyph::Accept)),
+      m_fixAll(makeButton("CdFixAll", Glyph::Apply)), m_show(makeButton("CdShow", Glyph::ToStart)),
+      m_copy(makeButton("CdCopyList", Glyph::CopyLine)), m_save(makeButton("CdSave", Glyph::ExportBackup)),
+      m_close(makeButton("CdClose", Glyph::Close))
 {
     setObjectName("FmChecks");
-    setSizeGripEnabled(true);
     layOut();
     paintWith(*m_tree, m_context.colours.slots[colourSlot]);
     paintWith(*m_preview, m_context.colours.slots[colourSlot]);
@@ -230,18 +230,10 @@ void FmChecks::layOut()
 
 void FmChecks::connectControls()
 {
-    m_soon.setSingleShot(true);
-    m_soon.setInterval(150);
-    connect(&m_soon, &QTimer::timeout, this, &FmChecks::run);
     connect(m_scope, &QComboBox::currentIndexChanged, this, &FmChecks::fill);
     connect(m_search, &QLineEdit::textChanged, this, &FmChecks::fill);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &FmChecks::showSelected);
-    connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &FmChecks::activate);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* const enter = new QShortcut(QKeySequence(key), m_tree);
-        enter->setContext(Qt::WidgetShortcut);
-        connect(enter, &QShortcut::activated, this, &FmChecks::activate);
-    }
+    activateFrom(*m_tree);
     auto* const find = new QShortcut(QKeySequence::Find, this);
     connect(find, &QShortcut::activated, m_search, [this] { m_search->setFocus(); });
     auto* const again = new QShortcut(QKeySequence(Qt::Key_F5), this);
@@ -252,18 +244,6 @@ void FmChecks::connectControls()
     connect(m_copy, &QPushButton::clicked, this, &FmChecks::copyList);
     connect(m_save, &QPushButton::clicked, this, &FmChecks::saveFindings);
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);
-}
-
-QString FmChecks::in(const BilingualText& text) const
-{
-    return inLanguage(text, m_context.language);
-}
-
-void FmChecks::setLanguage(Language language)
-{
-    m_context.language = language;
-    showCaptions();
-    fill();
 }
 
 void FmChecks::showCaptions()
@@ -297,7 +277,7 @@ void FmChecks::showCaptions()
          {"Save the list as a text or a table", "Enregistrer la liste comme texte ou tableau"}},
         {"CdClose", close, close},
     };
-    tavrel::showCaptions(*this, captions, m_context.language);
+    tavrel::showCaptions(*this, captions, language());
     setWindowTitle(in(titles::checkProject));
     m_search->setPlaceholderText(in({"Search", "Rechercher"}));
     m_tree->setHeaderLabels(
@@ -319,22 +299,6 @@ void FmChecks::showScopes()
     m_scope->setEnabled(m_scope->count() > 1);
 }
 
-void FmChecks::showEvent(QShowEvent* event)
-{
-    TitledWindow::showEvent(event);
-    if (!m_hasReport) {
-        m_soon.start(0);
-    }
-}
-
-void FmChecks::refresh()
-{
-    m_hasReport = m_hasReport && isVisible(); // a hidden window looks when it is shown again
-    if (isVisible()) {
-        m_soon.start();
-    }
-}
-
 void FmChecks::run()
 {
     if (m_isRunning) {
@@ -348,7 +312,7 @@ void FmChecks::run()
         report = m_context.check(progress);
     }
     m_isRunning = false;
-    m_hasReport = true;
+    setHasLooked(true);
     if (report.cancelled) {
         m_counts->setText(
             in({"Check not finished (F5 starts it again)", "Contrôle inachevé (F5 le relance)"}));
@@ -617,8 +581,8 @@ void FmChecks::mendFiles(const std::vector<const Finding*>& findings)
 
 void FmChecks::copyList()
 {
-    QString text = QString::fromStdString(textOf(listed(), m_context.catalogue(), m_context.language))
-                       .replace("\r\n", "\n");
+    QString text =
+        QString::fromStdString(textOf(listed(), m_context.catalogue(), language())).replace("\r\n", "\n");
     QApplication::clipboard()->setText(text);
 }
 
@@ -627,8 +591,8 @@ void FmChecks::saveFindings()
     saveList(
         in({"findings.txt", "constats.txt"}).toStdString(), false,
         [this](bool asTable) {
-            return asTable ? csvOf(listed(), m_context.catalogue(), m_context.language)
-                           : textOf(listed(), m_context.catalogue(), m_context.language);
+            return asTable ? csvOf(listed(), m_context.catalogue(), language())
+                           : textOf(listed(), m_context.catalogue(), language());
         },
         m_context.dialogs);
 }

@@ -5,9 +5,7 @@
 #include "base/Dialogs.h"
 #include "base/Progress.h"
 #include "checks/Checks.h"
-#include "ui/TitledWindow.h"
-
-#include <QTimer>
+#include "checks/WatchingWindow.h"
 
 #include <functional>
 #include <string>
@@ -44,29 +42,22 @@ struct ChecksContext
 
 // What is wrong with the project, and how to mend it. The window stays open beside the main window and
 // follows what is done there.
-class FmChecks : public TitledWindow
+class FmChecks : public WatchingWindow
 {
     Q_OBJECT
 
 public:
     FmChecks(QWidget* parent, ChecksContext context);
 
-    // Something has changed: the checks run again in a moment.
-    void refresh();
-    void setLanguage(Language language);
-
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void layOut();
     void connectControls();
-    void showCaptions();
+    void showCaptions() override;
     void showScopes();
-    void run();
+    void run() override;
     void take(const CheckReport& report);
     bool isWanted(const Finding& finding) const;
-    void fill();
+    void fill() override;
     void fillGroup(Severity severity);
     void showEmptyPage();
     void selectRow(const Finding* wanted);
@@ -75,20 +66,17 @@ private:
     std::vector<const Finding*> fixableLike(const Finding& finding) const;
 
     void showSelected();
-    void activate();
+    void activate() override;
     void fixSelected();
     void fixAllOfKind();
     void mend(const std::vector<const Finding*>& findings, const BilingualText& label);
     void mendFiles(const std::vector<const Finding*>& findings);
     void copyList();
     void saveFindings();
-    QString in(const BilingualText& text) const;
 
     ChecksContext m_context;
     CheckReport m_report;
-    bool m_hasReport = false;
     bool m_isRunning = false;
-    QTimer m_soon;
 
     QLabel* m_counts;
     QComboBox* m_scope;

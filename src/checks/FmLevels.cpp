@@ -17,7 +17,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
-#include <QShortcut>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -117,7 +116,8 @@ QTreeWidget* makeTable(const char* name, const ColourPair& colours)
 } // namespace
 
 FmLevels::FmLevels(QWidget* parent, LevelsContext context)
-    : TitledWindow(parent), m_context(std::move(context)), m_heading(makeHeading("LbLevels")),
+    : WatchingWindow(parent, context.language, std::chrono::milliseconds(200)), m_context(std::move(context)),
+      m_heading(makeHeading("LbLevels")),
       m_list(makeTable("LiLevels", m_context.colours.slots[levelsColourSlot])),
       m_samplesHeading(makeHeading("LbLevelSamples")),
       m_samples(makeTable("LiLevelSamples", m_context.colours.slots[levelsColourSlot])),
@@ -125,7 +125,6 @@ FmLevels::FmLevels(QWidget* parent, LevelsContext context)
       m_close(makeButton("CdClose", Glyph::Close))
 {
     setObjectName("FmLevels");
-    setSizeGripEnabled(true);
     layOut();
     connectControls();
     showCaptions();
@@ -160,35 +159,15 @@ void FmLevels::layOut()
 
 void FmLevels::connectControls()
 {
-    m_soon.setSingleShot(true);
-    m_soon.setInterval(200);
-    connect(&m_soon, &QTimer::timeout, this, &FmLevels::run);
     connect(m_list, &QTreeWidget::currentItemChanged, this, &FmLevels::showSamples);
-    connect(m_list, &QTreeWidget::itemDoubleClicked, this, &FmLevels::activate);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* const enter = new QShortcut(QKeySequence(key), m_list);
-        enter->setContext(Qt::WidgetShortcut);
-        connect(enter, &QShortcut::activated, this, &FmLevels::activate);
-    }
+    activateFrom(*m_list);
     connect(m_show, &QPushButton::clicked, this, &FmLevels::activate);
     connect(m_save, &QPushButton::clicked, this, [this] {
         saveList(
             in({"levels.csv", "niveaux.csv"}).toStdString(), true,
-            [this](bool) { return csvOf(m_levels, m_context.language); }, m_context.dialogs);
+            [this](bool) { return csvOf(m_levels, language()); }, m_context.dialogs);
     });
     connect(m_close, &QPushButton::clicked, this, &QWidget::close);
-}
-
-QString FmLevels::in(const BilingualText& text) const
-{
-    return inLanguage(text, m_context.language);
-}
-
-void FmLevels::setLanguage(Language language)
-{
-    m_context.language = language;
-    showCaptions();
-    fill();
 }
 
 void FmLevels::showCaptions()
@@ -210,7 +189,7 @@ void FmLevels::showCaptions()
          {"Save the levels as a table", "Enregistrer les niveaux comme tableau"}},
         {"CdClose", close, close},
     };
-    tavrel::showCaptions(*this, captions, m_context.language);
+    tavrel::showCaptions(*this, captions, language());
     setWindowTitle(in(titles::levels));
     m_list->setHeaderLabels({"WAD", in({"Letter", "Lettre"}), in({"Title", "Titre"}), in({"Own", "Propres"}),
                              "#g", "Samples", in({"Size", "Taille"}), in({"Missing", "Manquants"}),
@@ -230,29 +209,13 @@ void FmLevels::showCaptions()
     m_samples->setHeaderLabels({"Sample", in({"Size", "Taille"})});
 }
 
-void FmLevels::showEvent(QShowEvent* event)
-{
-    TitledWindow::showEvent(event);
-    if (!m_isCurrent) {
-        m_soon.start(0);
-    }
-}
-
-void FmLevels::refresh()
-{
-    m_isCurrent = false;
-    if (isVisible()) {
-        m_soon.start();
-    }
-}
-
 void FmLevels::run()
 {
     Result<std::vector<LevelSurvey>> levels = [this] {
         const BusyPointer busy;
         return m_context.survey();
     }();
-    m_isCurrent = true;
+    setHasLooked(true);
     if (!levels) {
         m_context.dialogs.show({MessageIcon::Exclamation, titles::levels, levels.failure().text});
         return;

@@ -4,9 +4,7 @@
 #include "base/ColourScheme.h"
 #include "base/Dialogs.h"
 #include "checks/Levels.h"
-#include "ui/TitledWindow.h"
-
-#include <QTimer>
+#include "checks/WatchingWindow.h"
 
 #include <functional>
 #include <vector>
@@ -30,35 +28,25 @@ struct LevelsContext
 
 // The user's levels in numbers, and the samples of the selected one by their sizes. The window stays open
 // beside the main window.
-class FmLevels : public TitledWindow
+class FmLevels : public WatchingWindow
 {
     Q_OBJECT
 
 public:
     FmLevels(QWidget* parent, LevelsContext context);
 
-    // Something has changed: the numbers are taken again in a moment.
-    void refresh();
-    void setLanguage(Language language);
-
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     void layOut();
     void connectControls();
-    void showCaptions();
-    void run();
-    void fill();
+    void showCaptions() override;
+    void run() override;
+    void fill() override;
     void showSamples();
     const LevelSurvey* selected() const;
-    void activate();
-    QString in(const BilingualText& text) const;
+    void activate() override;
 
     LevelsContext m_context;
     std::vector<LevelSurvey> m_levels;
-    bool m_isCurrent = false;
-    QTimer m_soon;
 
     QLabel* m_heading;
     QTreeWidget* m_list;

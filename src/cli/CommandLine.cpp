@@ -134,9 +134,21 @@ void describe(CLI::App& app, Language language)
     nameTheParts(app, language);
 }
 
-std::string before(const std::string& text, const std::string& mark)
+// Of the commands that were named, and of tavrel-cli itself.
+std::vector<const CLI::Option*> optionsOf(const CLI::App& app)
 {
-    return text.substr(0, text.find(mark));
+    std::vector<const CLI::Option*> options = app.get_options();
+    for (const CLI::App* const command : app.get_subcommands()) {
+        const std::vector<const CLI::Option*> further = optionsOf(*command);
+        options.insert(options.end(), further.begin(), further.end());
+    }
+    return options;
+}
+
+bool lacksCommand(const CLI::App& app)
+{
+    const std::vector<CLI::App*> named = app.get_subcommands();
+    return named.empty() ? app.get_require_subcommand_min() > 0 : lacksCommand(*named.front());
 }
 
 BilingualText commandMissing(const std::vector<std::string>& unknown)
@@ -159,36 +171,57 @@ BilingualText unexpected(const std::vector<std::string>& arguments)
                : BilingualText("Unexpected arguments:" + list, "Arguments inattendus :" + list);
 }
 
-// An option has one value.
-BilingualText wrongValueCount(const std::string& option, bool isMissing)
+BilingualText argumentMissing(const CLI::App& app)
 {
-    return isMissing
-               ? BilingualText("The value of " + option + " is missing", "Il manque la valeur de " + option)
-               : BilingualText(option + " is given more than once", option + " est indiqué plus d'une fois");
+    for (const CLI::Option* const option : optionsOf(app)) {
+        if (option->get_required() && option->empty()) {
+            const std::string name = option->get_name();
+            return {"Missing argument: " + name, "Argument manquant : " + name};
+        }
+    }
+    return {"An argument is missing", "Il manque un argument"};
 }
 
-// The library speaks English, and of kinds of trouble that there cannot be here.
-BilingualText usageText(const CLI::ParseError& error, const std::vector<std::string>& unknown)
+// An option has one value. Where none has several, the last one that was given stands without its value.
+BilingualText wrongValueCount(const CLI::App& app, const std::vector<std::string>& arguments)
 {
-    const std::string english = error.what();
+    std::string given;
+    std::size_t place = 0;
+    for (const CLI::Option* const option : optionsOf(app)) {
+        const std::string name = option->get_name();
+        if (static_cast<int>(option->results().size()) > option->get_expected_max()) {
+            return {name + " is given more than once", name + " est indiqué plus d'une fois"};
+        }
+        const auto last = std::find(arguments.rbegin(), arguments.rend(), name);
+        const auto at = static_cast<std::size_t>(arguments.rend() - last);
+        if (option->get_expected_max() > 0 && at > place) {
+            given = name;
+            place = at;
+        }
+    }
+    return {"The value of " + given + " is missing", "Il manque la valeur de " + given};
+}
+
+BilingualText usageText(const CLI::App& app, const CLI::ParseError& error,
+                        const std::vector<std::string>& arguments)
+{
+    const std::vector<std::string> unknown = app.remaining(true);
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return unexpected(unknown);
     }
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
-        return wrongValueCount(before(english, ":"), english.ends_with("missing"));
+        return wrongValueCount(app, arguments);
     }
     if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-        const std::string name = before(english, " is required");
-        return english.starts_with("A subcommand")
-                   ? commandMissing(unknown)
-                   : BilingualText("Missing argument: " + name, "Argument manquant : " + name);
+        return lacksCommand(app) ? commandMissing(unknown) : argumentMissing(app);
     }
-    return BilingualText::same(english); // what our own checks say is in the language already
+    return BilingualText::same(error.what()); // what our own checks say is in the language already
 }
 
-ExitStatus refuseUsage(const CLI::App& app, const CLI::ParseError& error, ConsoleDialogs& dialogs)
+ExitStatus refuseUsage(const CLI::App& app, const CLI::ParseError& error,
+                       const std::vector<std::string>& arguments, ConsoleDialogs& dialogs)
 {
-    dialogs.say(usageText(error, app.remaining(true)) +
+    dialogs.say(usageText(app, error, arguments) +
                 BilingualText("\nThe option --help tells how a command is used.",
                               "\nL'option --help indique comment utiliser une commande."));
     return ExitStatus::WrongUsage;
@@ -208,7 +241,7 @@ std::optional<ExitStatus> read(CLI::App& app, const std::vector<std::string>& ar
         output.writeLine(version.what());
         return ExitStatus::Done;
     } catch (const CLI::ParseError& error) {
-        return refuseUsage(app, error, dialogs);
+        return refuseUsage(app, error, arguments, dialogs);
     }
     return std::nullopt;
 }

@@ -9,7 +9,7 @@
 #include "demo/DemoFolder.h"
 #include "samples/FmSplInc.h"
 #include "session/FmRecover.h"
-#include "session/SessionChecks.h"
+#include "checks/SessionChecks.h"
 #include "ui/FmHelp.h"
 #include "ui/MessageWindow.h"
 #include "ui/QtDialogs.h"
