@@ -149,10 +149,7 @@ TEST_F(CatalogueLoading, RefusesWhatIsNo8BitText)
 
 TEST_F(CatalogueLoading, NamesFileAndLineOfTooManySamples)
 {
-    std::string line = "B:\t";
-    for (int i = 0; i < 51; ++i) {
-        line += "s ";
-    }
+    const std::string line = withSamples("B:", 51);
     for (const fs::path& file : {sounds, program / "Tavrel.tos"}) {
         const std::string before = readBytes(file);
         writeBytes(file, "; remark\r\nA:\ta\t\r\n\r\n" + line + "\r\n");

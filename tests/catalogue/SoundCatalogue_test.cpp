@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/SoundCatalogue.h"
+#include "support/Files.h"
 
 #include <gtest/gtest.h>
 
@@ -54,10 +55,7 @@ TEST(SoundCatalogue, ProtectsElevenSounds)
 
 TEST(SoundCatalogue, RefusesTextThatWouldShiftOrBreakTheLinesBehindIt)
 {
-    std::string fifty = "N:\t";
-    for (int i = 0; i < 50; ++i) {
-        fifty += "s ";
-    }
+    const std::string fifty = withSamples("N:", 50);
     const struct
     {
         const char* what;

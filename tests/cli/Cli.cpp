@@ -53,6 +53,13 @@ CliRun DemoCli::agreeing(std::vector<std::string> arguments) const
     return run(std::move(arguments));
 }
 
+void DemoCli::changeSettings(const std::function<void(ProgramSettings&)>& change) const
+{
+    ProgramSettings settings = LoadSettings(program).settings;
+    change(settings);
+    static_cast<void>(SaveSettings(program, settings));
+}
+
 std::string DemoCli::lineOf(std::size_t number) const
 {
     std::istringstream text(readBytes(sounds));

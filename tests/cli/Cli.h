@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "settings/ProgramSettings.h"
 #include "support/Files.h"
 
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -28,6 +30,8 @@ struct DemoCli : DemoFolders
     // With --yes.
     CliRun agreeing(std::vector<std::string> arguments) const;
     CliRun run(std::vector<std::string> arguments) const;
+
+    void changeSettings(const std::function<void(ProgramSettings&)>& change) const;
 
     // The line of a sound in sounds.txt as it stands on the disk.
     std::string lineOf(std::size_t number) const;

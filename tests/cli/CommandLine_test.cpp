@@ -108,16 +108,11 @@ TEST(CommandLine, HelpIsThereForEveryCommandInBothLanguages)
 
 TEST(CommandLine, SpeaksTheLanguageOfTheSettings)
 {
-    const DemoFolders folders;
-    std::string settings = readBytes(folders.program / "Tavrel.par");
-    const std::size_t language = settings.find("\"E\"");
-    ASSERT_NE(language, std::string::npos);
-    writeBytes(folders.program / "Tavrel.par", settings.replace(language, 3, "\"F\""));
-    const std::vector<std::string> arguments = {"--program-folder", folders.program.string(), "show", "999"};
-    EXPECT_NE(runCli(arguments).messages.find("Il n'y a pas de son 999"), std::string::npos);
-    std::vector<std::string> english = arguments;
-    english.push_back("--language=E");
-    EXPECT_NE(runCli(english).messages.find("There is no sound 999"), std::string::npos);
+    const DemoCli cli;
+    cli.changeSettings([](ProgramSettings& settings) { settings.language = Language::French; });
+    EXPECT_NE(cli.run({"show", "999"}).messages.find("Il n'y a pas de son 999"), std::string::npos);
+    EXPECT_NE(cli.run({"show", "999", "--language=E"}).messages.find("There is no sound 999"),
+              std::string::npos);
 }
 
 TEST(CommandLine, AFileThatCannotBeReadEndsWithThree)

@@ -183,10 +183,7 @@ TEST_F(ExchangeCommands, AnImportBringsLinesAndSamplesWithTheLetter)
 
 TEST_F(ExchangeCommands, AnImportNeedsAReference)
 {
-    std::string settings = readBytes(cli.program / "Tavrel.par");
-    const std::size_t wad = settings.find("\"oasis\"");
-    ASSERT_NE(wad, std::string::npos);
-    writeBytes(cli.program / "Tavrel.par", settings.replace(wad, 7, "\"\""));
+    cli.changeSettings([](ProgramSettings& settings) { settings.lastWad.clear(); });
     const CliRun run = cli.agreeing({"import", at("missing.tox")});
     EXPECT_EQ(run.status, 1) << "before the file is looked for";
     EXPECT_NE(run.messages.find("Select a WAD/Letter reference first: --letter X"), std::string::npos)

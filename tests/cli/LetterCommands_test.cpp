@@ -73,14 +73,6 @@ TEST_F(LetterCommandsTest, ChangeWhatIsNamed)
         readBytes(cli.program / "Tavrel.paw").starts_with("\"The oasis of Amun\",\"ob\",\"oasis\"\r\n"));
 }
 
-TEST_F(LetterCommandsTest, AProtectedSoundKeepsAllAsTheyAre)
-{
-    const DemoCli stock;
-    const std::string before = readBytes(stock.sounds);
-    EXPECT_EQ(stock.agreeing({"letters", "add", "oa", "63", "62"}).status, 1);
-    EXPECT_EQ(readBytes(stock.sounds), before);
-}
-
 TEST_F(LetterCommandsTest, WithoutAnAnswerNothingChanges)
 {
     const std::string lines = readBytes(cli.sounds);

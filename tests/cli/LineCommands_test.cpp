@@ -10,13 +10,7 @@ using namespace tavrel;
 
 namespace {
 
-const std::string manySamples = withTabs("MANY:>" + [] {
-    std::string names;
-    for (int i = 0; i < 51; ++i) {
-        names += "s ";
-    }
-    return names;
-}() + ">VOL08");
+const std::string manySamples = withSamples("MANY:", 51) + "\tVOL08";
 
 } // namespace
 

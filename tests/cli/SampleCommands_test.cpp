@@ -59,8 +59,6 @@ TEST(SampleCommandsOfFolder, RepairConvertsAndKeepsTheOriginals)
 {
     const TemporaryFolder root;
     const std::string path = (root / "Samples").string();
-    writeBytes(root / "Samples" / "good.wav", wavBytes({.seconds = 0.01}));
-    EXPECT_EQ(runCli({"samples", "repair", path}).output, "No problem found\n");
     writeBytes(root / "Samples" / "eight.wav", wavBytes({.bitsPerSample = 8}));
     writeBytes(root / "Samples" / "stereo.wav", wavBytes({.channels = 2}));
     writeBytes(root / "Samples" / "fast.wav", wavBytes({.sampleRate = 44100}));

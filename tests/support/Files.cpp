@@ -102,6 +102,15 @@ std::string withTabs(std::string text)
     return text;
 }
 
+std::string withSamples(const std::string& name, int count)
+{
+    std::string line = name + "\t";
+    for (; count > 0; --count) {
+        line += "s ";
+    }
+    return line;
+}
+
 std::string textOf(const std::vector<std::string>& lines)
 {
     std::string text;

@@ -43,6 +43,9 @@ int runProgram(std::filesystem::path program, const std::vector<std::filesystem:
 // Spells a TAB as ">", so that tables of lines stay readable.
 std::string withTabs(std::string text);
 
+// The name and so many samples "s", a blank behind each.
+std::string withSamples(const std::string& name, int count);
+
 // Lines, CR LF after each.
 std::string textOf(const std::vector<std::string>& lines);
 

@@ -80,10 +80,7 @@ TEST(LineDifference, TellsFieldsAndWords)
 
 TEST(LineDifference, ReadsNoMoreThanTheNameOfALineWithTooManySamples)
 {
-    std::string line = "N:\t";
-    for (int i = 0; i < 51; ++i) {
-        line += "s ";
-    }
+    const std::string line = withSamples("N:", 51);
     EXPECT_EQ(differingFields(line, line + "\t"), LineFields{LineField::Text});
     EXPECT_TRUE(differingFields(line, "M:\ta\t").has(LineField::Name));
     EXPECT_FALSE(describeDifference(line, "N:\ta\t").empty());

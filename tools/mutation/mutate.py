@@ -17,7 +17,7 @@ import sys
 import time
 from pathlib import Path
 
-from faults import faults_of
+from faults import Fault, faults_of
 
 ROOT = Path(__file__).resolve().parents[2]
 
@@ -175,20 +175,14 @@ class Laboratory:
             pass
         running.wait()
 
-    def measure(self):
+    def measure(self, suites, links):
         """Without a fault every test passes, and takes a time from which the limits follow."""
         record = self.folder / "limits.json"
-        if record.exists():
-            self.limits = json.loads(record.read_text())
-            return
-        first = next(iter(self.compile_commands))
-        self.object.unlink(missing_ok=True)
-        text = (self.tree / first).read_text().split("\n")[0]
-        unchanged = type("Unchanged", (), {"file": first, "line": 1, "after": text})
-        if not self.compiles(unchanged):
-            sys.exit(f"{first} does not compile")
-        self.link(self.quick_links + self.other_links)
-        for tests in [self.all_core_tests()] + REST:
+        self.limits = json.loads(record.read_text()) if record.exists() else {}
+        missing = [tests for tests in suites if " ".join(tests) not in self.limits]
+        if missing:
+            self._link_without_fault(links)
+        for tests in missing:
             before = resource.getrusage(resource.RUSAGE_CHILDREN)
             began = time.monotonic()
             reason = self.why_caught(tests, (600, 1200))
@@ -198,8 +192,15 @@ class Laboratory:
             spent = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
             wall = time.monotonic() - began
             print(f"{' '.join(tests)}: {spent:.1f} s of processor time, {wall:.1f} s", flush=True)
-            self.limits[" ".join(tests)] = (int(4 * spent) + 20, 8 * wall + 120)
-        record.write_text(json.dumps(self.limits))
+            self.limits[" ".join(tests)] = (int(2 * spent) + 5, 8 * wall + 120)
+            record.write_text(json.dumps(self.limits))
+
+    def _link_without_fault(self, links):
+        file = next(iter(self.compile_commands))
+        first_line = (self.tree / file).read_text().split("\n")[0]
+        if not self.compiles(Fault(file, 1, "none", first_line, first_line)):
+            sys.exit(f"{file} does not compile")
+        self.link(links)
 
 
 def chosen_faults(laboratory, seed):
@@ -214,35 +215,46 @@ def chosen_faults(laboratory, seed):
 
 
 def tried(laboratory, fault):
+    """With the core tests."""
     began = time.monotonic()
-    result = {"file": fault.file, "line": fault.line, "kind": fault.kind, "before": fault.before.strip(),
-              "after": fault.after.strip(), "compiles": laboratory.compiles(fault), "caught": None}
+    result = {"file": fault.file, "line": fault.line, "kind": fault.kind, "before": fault.before, "after": fault.after,
+              "compiles": laboratory.compiles(fault), "caught": None, "all tests": False}
     if result["compiles"]:
         laboratory.link(laboratory.quick_links)
         limits = laboratory.limits[" ".join(laboratory.all_core_tests())]
         tests = laboratory.core_tests(fault.file)
         result["caught"] = next(filter(None, (laboratory.why_caught(each, limits) for each in tests)), None)
-        if not result["caught"]:
-            laboratory.link(laboratory.other_links)
-            reasons = (laboratory.why_caught(each, laboratory.limits[" ".join(each)]) for each in REST)
-            result["caught"] = next(filter(None, reasons), None)
     result["seconds"] = round(time.monotonic() - began, 1)
     return result
+
+
+def try_the_rest(laboratory, result):
+    """With the tests that take longer."""
+    began = time.monotonic()
+    fault = Fault(*(result[field] for field in ("file", "line", "kind", "before", "after")))
+    laboratory.compiles(fault)
+    laboratory.link(laboratory.quick_links + laboratory.other_links)
+    reasons = (laboratory.why_caught(each, laboratory.limits[" ".join(each)]) for each in REST)
+    result["caught"] = next(filter(None, reasons), None)
+    result["all tests"] = True
+    result["seconds"] += round(time.monotonic() - began, 1)
 
 
 def report(results, commit, seed):
     counted = [each for each in results if each["compiles"]]
     caught = [each for each in counted if each["caught"]]
-    seconds = sum(each["seconds"] for each in results)
-    share = 100 * len(caught) / max(1, len(counted))
+    waiting = [each for each in counted if not each["caught"] and not each["all tests"]]
+    seconds = sum(each["seconds"] for each in results) / max(1, len(counted))
     text = [f"# Faults in the core at {commit[:12]}, seed {seed}", "",
-            f"{len(caught)} of {len(counted)} faults caught: {share:.1f} %. "
-            f"{len(results) - len(counted)} more did not compile. {seconds / max(1, len(counted)):.1f} s a fault.", "",
-            "## Survivors", ""]
+            f"{len(caught)} of {len(counted)} faults caught: {100 * len(caught) / max(1, len(counted)):.1f} %. "
+            f"{len(results) - len(counted)} more did not compile. {seconds:.1f} s a fault.", ""]
+    if waiting:
+        text += [f"{len(waiting)} passed the core tests and have not met the others yet.", ""]
+    text += ["## Survivors", ""]
     for each in sorted(counted, key=lambda each: (each["file"], each["line"])):
         if not each["caught"]:
-            text += [f"{each['file']}:{each['line']}: {each['kind']}", "", f"    {each['before']}", f"    {each['after']}",
-                     ""]
+            text += [f"{each['file']}:{each['line']}: {each['kind']}" + ("" if each["all tests"] else " (core tests)"), "",
+                     f"    {each['before'].strip()}", f"    {each['after'].strip()}", ""]
     return "\n".join(text)
 
 
@@ -270,23 +282,29 @@ def main():
         for fault in faults[:options.faults]:
             print(f"{fault.file}:{fault.line}: {fault.kind}\n    {fault.before.strip()}\n    {fault.after.strip()}")
         return
-    laboratory.measure()
-
     # What was tried before is not tried again, so that a run can be stopped and go on.
     record = laboratory.folder / f"results-{options.seed}.jsonl"
     results = [json.loads(line) for line in record.read_text().splitlines()] if record.exists() else []
-    for fault in faults[len(results):]:
+
+    def keep(result):
+        record.write_text("".join(json.dumps(each) + "\n" for each in results))
+        (laboratory.folder / f"report-{options.seed}.md").write_text(report(results, commit, options.seed))
+        state = (result["caught"] or "passes") if result["compiles"] else "does not compile"
         compiled = sum(each["compiles"] for each in results)
-        if compiled >= options.faults:
+        print(f"{compiled}/{options.faults} {result['file']}:{result['line']} {result['kind']}: {state} "
+              f"({result['seconds']} s)", flush=True)
+
+    laboratory.measure([laboratory.all_core_tests()], laboratory.quick_links)
+    for fault in faults[len(results):]:
+        if sum(each["compiles"] for each in results) >= options.faults:
             break
         results.append(tried(laboratory, fault))
-        with record.open("a") as file:
-            file.write(json.dumps(results[-1]) + "\n")
-        (laboratory.folder / f"report-{options.seed}.md").write_text(report(results, commit, options.seed))
-        last = results[-1]
-        state = (last["caught"] or "SURVIVES") if last["compiles"] else "does not compile"
-        print(f"{compiled + last['compiles']}/{options.faults} {last['file']}:{last['line']} {last['kind']}: {state} "
-              f"({last['seconds']} s)", flush=True)
+        keep(results[-1])
+    laboratory.measure(REST, laboratory.quick_links + laboratory.other_links)
+    for result in results:
+        if result["compiles"] and not result["caught"] and not result["all tests"]:
+            try_the_rest(laboratory, result)
+            keep(result)
     print(report(results, commit, options.seed))
 
 
