@@ -5,9 +5,30 @@
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "session/FmRecover.h"
+#include "session/PendingChanges.h"
 #include "session/RecoverCommands.h"
 
 namespace tavrel {
+
+namespace {
+
+std::optional<std::string> lineUnlessEmpty(const std::string& line)
+{
+    return line.empty() ? std::nullopt : std::optional(line);
+}
+
+BilingualText listOfChanges(const FoundRecovery& found)
+{
+    BilingualText rows;
+    for (const RecoveredLine& line : netChanges(found.content.track)) {
+        rows += rows.empty() ? "" : "\n";
+        rows +=
+            describe(PendingChange{line.number, lineUnlessEmpty(line.before), lineUnlessEmpty(line.after)});
+    }
+    return rows;
+}
+
+} // namespace
 
 void FmSFX::offerRecovery()
 {
@@ -64,11 +85,12 @@ void FmSFX::bringBack(const FoundRecovery& found)
 
 void FmSFX::discard(const FoundRecovery& found, bool isOfFile)
 {
-    const Question question{titles::recovery,
-                            {"Give up the changes that were not applied?",
-                             "Renoncer aux modifications qui n'ont pas été appliquées ?"},
-                            Buttons::YesNo,
-                            true};
+    Question question{titles::recovery,
+                      {"Give up the changes that were not applied?",
+                       "Renoncer aux modifications qui n'ont pas été appliquées ?"},
+                      Buttons::YesNo,
+                      true};
+    question.details = listOfChanges(found);
     if (m_context.dialogs.ask(question) != Answer::Yes) {
         return;
     }

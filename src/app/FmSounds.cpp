@@ -25,7 +25,6 @@ namespace tavrel {
 namespace {
 
 constexpr QSize usualSize(900, 640);
-constexpr int tabWidth = 8;
 
 } // namespace
 
@@ -65,7 +64,6 @@ void FmSounds::layOut()
     auto* const info = named(new QLabel, "LbInfo");
     info->setWordWrap(true);
     info->setTextFormat(Qt::PlainText);
-    m_view->setTabStopDistance(tabWidth * m_view->fontMetrics().horizontalAdvance(' '));
     m_wanted->setClearButtonEnabled(true);
     auto* const searching = rowOf({makeHeading("FrSearch"), named(new QLabel, "LbText"), m_wanted, m_search,
                                    m_matchCase, m_start, m_close});

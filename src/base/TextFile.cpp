@@ -126,12 +126,14 @@ Result<TextFile> asTextFile(const fs::path& file, FileContent content)
 {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     TextFile result{file, std::move(content.bytes), false, content.stamp};
-    if (result.text.starts_with("\xFF\xFE") || result.text.starts_with("\xFE\xFF")) {
+    const bool holdsZeros = result.text.find('\0') != std::string::npos;
+    const bool hasWideMark = result.text.starts_with("\xFF\xFE") || result.text.starts_with("\xFE\xFF");
+    if (hasWideMark && holdsZeros) { // without, these are two letters of the code page
         return wrongContent(file,
                             {"The file is written in Unicode (UTF-16). Save it as ANSI text.",
                              "Le fichier est écrit en Unicode (UTF-16). Enregistrez-le en texte ANSI."});
     }
-    if (result.text.find('\0') != std::string::npos) {
+    if (holdsZeros) {
         return wrongContent(file, {"The file contains bytes of zero: it is damaged or not a text file.",
                                    "Le fichier contient des octets nuls : il est endommagé ou n'est pas un "
                                    "fichier texte."});

@@ -162,7 +162,13 @@ void FmRecover::showLines()
         return;
     }
     const RecoveredLine& line = m_lines[static_cast<std::size_t>(row)];
-    m_texts->setPlainText(fromCodePage(line.before) + "\n" + fromCodePage(line.after));
+    QStringList texts;
+    for (const std::string* const text : {&line.before, &line.after}) {
+        if (!text->empty()) {
+            texts += fromCodePage(*text);
+        }
+    }
+    m_texts->setPlainText(texts.join('\n'));
 }
 
 void FmRecover::choose(Choice choice)

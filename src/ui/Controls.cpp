@@ -226,6 +226,8 @@ QPlainTextEdit* makeTextView(const char* name)
     view->setTabChangesFocus(true);
     view->setLineWrapMode(QPlainTextEdit::NoWrap);
     view->setFont(fixedPitchFont());
+    constexpr int tabStop = 8; // the columns of sounds.txt
+    view->setTabStopDistance(tabStop * QFontMetricsF(view->font()).horizontalAdvance(' '));
     return view;
 }
 

@@ -32,7 +32,6 @@ namespace {
 constexpr int rowPadding = 5;
 constexpr int cellMargin = 8;
 constexpr int nameCharacters = 24;
-constexpr int tabWidth = 8;
 
 // The button of a row.
 class RowButtonDelegate : public QStyledItemDelegate
@@ -166,7 +165,6 @@ void DifferenceView::layOut(const DifferenceSides& sides)
     const int above = m_lines->frameWidth() + static_cast<int>(m_lines->document()->documentMargin());
     captions->setContentsMargins(0, above, 0, 0);
     const QFontMetrics metrics(m_lines->font());
-    m_lines->setTabStopDistance(tabWidth * metrics.horizontalAdvance(' '));
     m_lines->setFixedHeight(2 * (metrics.lineSpacing() + above) + controlGap +
                             m_lines->horizontalScrollBar()->sizeHint().height());
     m_lines->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

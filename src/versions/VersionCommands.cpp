@@ -33,6 +33,16 @@ BilingualText listOfNames(std::span<const std::string> names)
     return BilingualText::same(names.size() > mostListed ? list + " ..." : list);
 }
 
+// All of them, for the details of a question whose text names only the first.
+BilingualText beyondThoseListed(std::span<const std::string> names)
+{
+    std::string rows;
+    for (std::size_t i = 0; names.size() > mostListed && i < names.size(); ++i) {
+        rows += (i == 0 ? "" : "\n") + shownText(names[i]);
+    }
+    return BilingualText::same(rows);
+}
+
 bool agreesToRefused(const TakenLines& taken, Dialogs& dialogs)
 {
     if (taken.refused.empty()) {
@@ -84,10 +94,11 @@ std::optional<std::vector<std::string>> agreeOnSamples(const TakeRequest& reques
     const std::vector<std::string> found =
         request.theirSamples ? thoseIn(*request.theirSamples, missing) : std::vector<std::string>();
     if (found.empty()) {
-        const Question all{titles::compare,
-                           lacking + BilingualText("\n\nTake the lines over anyway?",
-                                                   "\n\nReprendre les lignes quand même ?"),
-                           Buttons::YesNo, true};
+        Question all{titles::compare,
+                     lacking + BilingualText("\n\nTake the lines over anyway?",
+                                             "\n\nReprendre les lignes quand même ?"),
+                     Buttons::YesNo, true};
+        all.details = beyondThoseListed(missing);
         return dialogs.ask(all) == Answer::Yes ? std::optional(found) : std::nullopt;
     }
     const std::string count = std::to_string(found.size());
@@ -95,7 +106,9 @@ std::optional<std::vector<std::string>> agreeOnSamples(const TakeRequest& reques
         lacking +
         BilingualText("\n\nCopy " + count + " of them from\n", "\n\nEn copier " + count + " depuis\n") +
         displayPath(*request.theirSamples) + BilingualText("?", " ?");
-    const Answer answer = dialogs.ask({titles::compare, copying, Buttons::YesNoCancel});
+    Question question{titles::compare, copying, Buttons::YesNoCancel};
+    question.details = beyondThoseListed(missing);
+    const Answer answer = dialogs.ask(question);
     if (answer == Answer::Cancel) {
         return std::nullopt;
     }

@@ -71,6 +71,8 @@ TEST_F(ApplyChanges, WritesEveryLineAndKeepsTheFileOfTheFirstTime)
     ASSERT_EQ(dialogs.said().size(), 2U); // the comment lines of the demo file come first
     EXPECT_EQ(dialogs.conversation(Language::English)[0].find("OK/Cancel | Modification | 4 lines"), 0U);
     EXPECT_EQ(dialogs.conversation(Language::French)[0].find("OK/Cancel | Modification | 4 lignes"), 0U);
+    EXPECT_EQ(dialogs.said()[0].details.english,
+              "1: ; Sounds of the level editor\n77: ; Animals and enemies");
     EXPECT_EQ(dialogs.conversation(Language::English)[1], confirmation);
     EXPECT_EQ(dialogs.conversation(Language::French)[1], confirmationFrench);
     EXPECT_EQ(firstDifference(readBytes(demo.sounds), textOf(lines)), "");

@@ -242,6 +242,9 @@ std::vector<std::string_view> soundLinesOf(std::string_view bytes)
 // Three catalogues: what both started from, mine, theirs.
 void feedVersions(std::string_view bytes)
 {
+    if (bytes.find('\0') != std::string_view::npos) {
+        return; // no reader lets them through
+    }
     std::vector<std::string_view> pieces = piecesOf(bytes);
     pieces.resize(3);
     const std::vector<std::string_view> base = soundLinesOf(pieces[0]);

@@ -173,6 +173,20 @@ TEST_F(HistoryWindowTest, ACrashIsOfferedToBeRecovered)
     EXPECT_EQ(line(1), fileLine(1));
 }
 
+TEST_F(HistoryWindowTest, WhatWasLeftIsNamedBeforeItIsGivenUp)
+{
+    open();
+    setVolume(1, "31");
+    window.reset(); // without a word
+    open();
+    whenOpened<FmRecover>([](FmRecover& recover) {
+        QTest::mouseClick(recover.findChild<QPushButton*>("CdDiscard"), Qt::LeftButton);
+    });
+    dialogs.prepareAnswer(Answer::No);
+    window->offerRecovery();
+    EXPECT_EQ(dialogs.said().back().details.english, "1: LARA_CLIMB2: VOL 70 \u2192 31");
+}
+
 TEST_F(HistoryWindowTest, TheSystemMayEndTheProgramWithoutAQuestion)
 {
     open();
