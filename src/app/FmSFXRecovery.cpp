@@ -5,7 +5,7 @@
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "session/FmRecover.h"
-#include "session/PendingChanges.h"
+#include "versions/PendingChanges.h"
 #include "session/RecoverCommands.h"
 
 namespace tavrel {

@@ -122,13 +122,23 @@ Result<TextFile> readTextFile(const fs::path& file, std::uintmax_t largest)
     return content ? asTextFile(file, std::move(*content)) : content.failure();
 }
 
+namespace {
+
+// Of UTF-16, which has zeros, too. Without any, these are two letters of the code page.
+bool hasWideMark(std::string_view text)
+{
+    const std::string_view mark = text.substr(0, 2);
+    return mark == "\xFF\xFE" || mark == "\xFE\xFF";
+}
+
+} // namespace
+
 Result<TextFile> asTextFile(const fs::path& file, FileContent content)
 {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     TextFile result{file, std::move(content.bytes), false, content.stamp};
     const bool holdsZeros = result.text.find('\0') != std::string::npos;
-    const bool hasWideMark = result.text.starts_with("\xFF\xFE") || result.text.starts_with("\xFE\xFF");
-    if (hasWideMark && holdsZeros) { // without, these are two letters of the code page
+    if (holdsZeros && hasWideMark(result.text)) {
         return wrongContent(file,
                             {"The file is written in Unicode (UTF-16). Save it as ANSI text.",
                              "Le fichier est écrit en Unicode (UTF-16). Enregistrez-le en texte ANSI."});
