@@ -2,7 +2,7 @@
 // The import of a list of samples from its files: so many samples against so many lines.
 #include "base/SafeFile.h"
 #include "catalogue/ChangedLines.h"
-#include "references/WadImport.h"
+#include "references/WadListImport.h"
 
 #include <benchmark/benchmark.h>
 

@@ -155,7 +155,7 @@ void FmSFX::makePanels()
         context,
         {[this] { generate(); }, [this](WadListKind kind) { importList(kind); }, [this] { viewWadLists(); },
          [this] { openRegister(); }, [this] { openStatistics(); }, [this] { checkSamplesFolder(); },
-         [this] { importLines(); }, [this] { exportLines(); }, [this] { editSounds(); },
+         [this] { openImport(); }, [this] { openExport(); }, [this] { editSounds(); },
          [this] { m_sounds->showOrHideGlobals(); }, [this] { showChanges(); },
          [this](const std::filesystem::path& file) { return compareWithFile(file); }});
     m_sounds = new SoundListPanel(context);

@@ -170,8 +170,8 @@ private:
     void importList(WadListKind kind);
     void showUnknownSamples(const std::vector<std::string>& names);
     void viewWadLists();
-    void exportLines();
-    void importLines();
+    void openExport();
+    void openImport();
     ExchangeContext exchangeContext();
     void openStatistics();
     void openPreferences();

@@ -50,7 +50,7 @@ void FmSFX::lookForResults()
         m_results.start(SfxGeneration::nextLook); // what there is to say can wait
         return;
     }
-    const SfxGeneration::Phase phase = m_generation.look(SfxGeneration::Clock::now());
+    const SfxGeneration::Phase phase = m_generation.poll(SfxGeneration::Clock::now());
     if (phase != SfxGeneration::Phase::Waiting) {
         m_busy.reset();
     }

@@ -21,7 +21,7 @@
 #include "references/FmRefW.h"
 #include "references/FmView.h"
 #include "references/LetterCommands.h"
-#include "references/WadImport.h"
+#include "references/WadListImport.h"
 #include "samples/FmCheck.h"
 #include "samples/FmDoub.h"
 #include "samples/FmSamp.h"
@@ -164,7 +164,7 @@ ExchangeContext FmSFX::exchangeContext()
             m_session.catalogue(), m_context.dialogs,  m_context.player};
 }
 
-void FmSFX::exportLines()
+void FmSFX::openExport()
 {
     if (!m_selection.mayLeave(m_context.dialogs)) {
         return;
@@ -177,7 +177,7 @@ void FmSFX::exportLines()
 }
 
 // What comes in is only in memory; the file is written when the user applies the changes.
-void FmSFX::importLines()
+void FmSFX::openImport()
 {
     if (!m_selection.mayLeave(m_context.dialogs)) {
         return;

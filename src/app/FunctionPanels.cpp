@@ -7,7 +7,7 @@
 #include "catalogue/ChangedLines.h"
 #include "catalogue/LineEditor.h"
 #include "catalogue/PastedLines.h"
-#include "references/WadImport.h"
+#include "references/WadListImport.h"
 #include "ui/Captions.h"
 #include "ui/Controls.h"
 #include "ui/FoldingPanel.h"
@@ -99,8 +99,8 @@ void FunctionPanels::connectControls(const FunctionDoors& doors)
         {m_register, doors.openRegister},
         {m_statistics, doors.openStatistics},
         {m_checkSamples, doors.checkSamplesFolder},
-        {m_import, doors.importLines},
-        {m_export, doors.exportLines},
+        {m_import, doors.openImport},
+        {m_export, doors.openExport},
         {m_edit, doors.editSounds},
         {m_globals, doors.showOrHideGlobals},
     };

@@ -27,8 +27,8 @@ struct FunctionDoors
     std::function<void()> openRegister;
     std::function<void()> openStatistics;
     std::function<void()> checkSamplesFolder;
-    std::function<void()> importLines;
-    std::function<void()> exportLines;
+    std::function<void()> openImport;
+    std::function<void()> openExport;
     std::function<void()> editSounds;
     std::function<void()> showOrHideGlobals;
     // What an apply would write, to be read before its question is answered.

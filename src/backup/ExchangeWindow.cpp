@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/ExchangeWindow.h"
 
-#include "backup/ExportCommands.h"
+#include "backup/ExchangeExport.h"
 #include "ui/Colours.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"

@@ -242,7 +242,7 @@ void FmExport::save()
     for (const std::size_t row : lines().tickedRows()) {
         request.rows.push_back(m_rows[row]);
     }
-    if (!confirmExport(request, context().dialogs)) {
+    if (!confirmExchangeExport(request, context().dialogs)) {
         return;
     }
     const ExportOutcome outcome = copying([&](Progress& progress) { return saveExport(request, progress); });

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "backup/ExchangeExport.h"
 #include "backup/ExchangeWindow.h"
-#include "backup/ExportCommands.h"
 
 #include <array>
 #include <vector>

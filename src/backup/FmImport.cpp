@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/FmImport.h"
 
-#include "backup/ExportCommands.h"
+#include "backup/ExchangeExport.h"
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
 #include "base/Counted.h"
@@ -398,7 +398,7 @@ void FmImport::apply()
     for (const std::size_t sample : m_samples->tickedRows()) {
         request.samples.push_back(offeredName(sample));
     }
-    if (!confirmImport(request, context().dialogs)) {
+    if (!confirmExchangeImport(request, context().dialogs)) {
         return;
     }
     const ImportOutcome outcome =

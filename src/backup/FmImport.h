@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "backup/ExchangeImport.h"
 #include "backup/ExchangeWindow.h"
-#include "backup/ImportCommands.h"
 
 #include <optional>
 #include <set>

@@ -30,7 +30,7 @@ CheckWatch::CheckWatch(Look look) : m_look(std::move(look))
     constexpr int moment = 400;
     m_soon.setSingleShot(true);
     m_soon.setInterval(moment);
-    connect(&m_soon, &QTimer::timeout, this, &CheckWatch::look);
+    connect(&m_soon, &QTimer::timeout, this, &CheckWatch::checkNow);
 }
 
 void CheckWatch::restart()
@@ -48,7 +48,7 @@ void CheckWatch::refresh()
     }
 }
 
-void CheckWatch::look()
+void CheckWatch::checkNow()
 {
     UnfeltProgress progress;
     const CheckReport report = m_look(progress);

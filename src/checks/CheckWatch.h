@@ -35,7 +35,7 @@ Q_SIGNALS:
     void marksChanged();
 
 private:
-    void look();
+    void checkNow();
 
     Look m_look;
     QTimer m_soon;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "backup/ExportCommands.h"
-#include "backup/ImportCommands.h"
+#include "backup/ExchangeExport.h"
+#include "backup/ExchangeImport.h"
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
@@ -82,7 +82,7 @@ ExitStatus exportLines(const ExchangeArguments& arguments, Console& console)
                                 session->places().samples,
                                 session->catalogue().file().path,
                                 console.programFolder};
-    if (!confirmExport(request, console.dialogs)) {
+    if (!confirmExchangeExport(request, console.dialogs)) {
         return ExitStatus::Refused;
     }
     SilentProgress progress;
@@ -153,7 +153,7 @@ std::vector<std::string> offeredSamples(const ImportFile& file)
 ExitStatus importInto(Session& session, const ImportRequest& request,
                       const std::optional<std::string>& wadName, Console& console)
 {
-    const ImportOutcome lines = importLines(session.catalogue(), request);
+    const ImportOutcome lines = importTickedLines(session.catalogue(), request);
     tell(lines.report, console);
     if (!lines.linesApplied) {
         return ExitStatus::Refused;
@@ -177,7 +177,7 @@ ExitStatus importInto(Session& session, const ImportRequest& request,
 // What would change, in memory alone.
 ExitStatus tellImport(Session& session, const ImportRequest& request, Console& console)
 {
-    if (const ImportOutcome lines = importLines(session.catalogue(), request); !lines.linesApplied) {
+    if (const ImportOutcome lines = importTickedLines(session.catalogue(), request); !lines.linesApplied) {
         tell(lines.report, console);
         return ExitStatus::Refused;
     }
@@ -258,7 +258,7 @@ ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
     if (arguments.dryRun) {
         return tellImport(*session, request, console);
     }
-    if (!agreesToTheOthers(*file, console) || !confirmImport(request, console.dialogs)) {
+    if (!agreesToTheOthers(*file, console) || !confirmExchangeImport(request, console.dialogs)) {
         return ExitStatus::Refused;
     }
     // The WAD of the letter is the one that is worked on, whatever the settings say.

@@ -37,7 +37,7 @@ ExitStatus waitForResults(SfxGeneration& generation, Console& console)
     do {
         std::this_thread::sleep_for(step);
         step = SfxGeneration::nextLook;
-    } while (generation.look(SfxGeneration::Clock::now()) != SfxGeneration::Phase::Idle);
+    } while (generation.poll(SfxGeneration::Clock::now()) != SfxGeneration::Phase::Idle);
     if (generation.hasResults()) {
         console.dialogs.say(generation.summary());
         return ExitStatus::Done;

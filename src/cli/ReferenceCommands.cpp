@@ -6,7 +6,7 @@
 #include "cli/Opening.h"
 #include "references/LetterCommands.h"
 #include "references/RegisterEditor.h"
-#include "references/WadImport.h"
+#include "references/WadListImport.h"
 #include "references/WadLists.h"
 
 #include <memory>

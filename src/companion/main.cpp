@@ -45,7 +45,7 @@ bool unpackInto(const fs::path& folder)
 bool takeCopies(const fs::path& levelEditor, const fs::path& folder)
 {
     const tavrel::TakenCopies taken = tavrel::takeReferenceCopies(levelEditor, folder);
-    for (const tavrel::BilingualText& text : taken.said) {
+    for (const tavrel::BilingualText& text : taken.notes) {
         say(text);
     }
     return taken.complete;

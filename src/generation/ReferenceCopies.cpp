@@ -28,25 +28,25 @@ BilingualText sizeText(const FolderSize& size)
     return {files + " files and " + bytes + " bytes", files + " fichiers et " + bytes + " octets"};
 }
 
-void left(TakenCopies& taken, std::string_view name, const BilingualText& why)
+void noteLeftOut(TakenCopies& taken, std::string_view name, const BilingualText& why)
 {
     taken.complete = false;
-    taken.said.push_back(BilingualText("[" + std::string(name) + "] is not filled: ",
-                                       "[" + std::string(name) + "] n'est pas rempli : ") +
-                         why);
+    taken.notes.push_back(BilingualText("[" + std::string(name) + "] is not filled: ",
+                                        "[" + std::string(name) + "] n'est pas rempli : ") +
+                          why);
 }
 
-void tookFrom(TakenCopies& taken, std::string_view name, const fs::path& source)
+void noteTaken(TakenCopies& taken, std::string_view name, const fs::path& source)
 {
-    taken.said.push_back(BilingualText("[" + std::string(name) + "] is taken from ",
-                                       "[" + std::string(name) + "] est pris dans ") +
-                         displayPath(source));
+    taken.notes.push_back(BilingualText("[" + std::string(name) + "] is taken from ",
+                                        "[" + std::string(name) + "] est pris dans ") +
+                          displayPath(source));
 }
 
 void wasThere(TakenCopies& taken, std::string_view name)
 {
-    taken.said.emplace_back("[" + std::string(name) + "] is complete and was left as it is",
-                            "[" + std::string(name) + "] est complet et reste tel quel");
+    taken.notes.emplace_back("[" + std::string(name) + "] is complete and was left as it is",
+                             "[" + std::string(name) + "] est complet et reste tel quel");
 }
 
 bool isComplete(const fs::path& folder, const FolderSize& wanted)
@@ -61,7 +61,7 @@ void takeFolder(TakenCopies& taken, const ReferenceFolder& reference, const fs::
 {
     const Result<fs::path> found = fileToWrite(programFolder, reference.name);
     if (!found) {
-        left(taken, reference.name, found.failure().text);
+        noteLeftOut(taken, reference.name, found.failure().text);
         return;
     }
     const fs::path& target = *found;
@@ -75,25 +75,25 @@ void takeFolder(TakenCopies& taken, const ReferenceFolder& reference, const fs::
     }
     const Result<FolderSize> size = files ? sizeOf(*files) : Result<FolderSize>(files.failure());
     if (!size) {
-        left(taken, reference.name, size.failure().text);
+        noteLeftOut(taken, reference.name, size.failure().text);
         return;
     }
     if (*size != reference.size) {
-        left(taken, reference.name,
-             BilingualText::same(displayPath(source)) + BilingualText(" holds ", " contient ") +
-                 sizeText(*size) +
-                 BilingualText(", an untouched installation ", ", une installation intacte ") +
-                 sizeText(reference.size));
+        noteLeftOut(taken, reference.name,
+                    BilingualText::same(displayPath(source)) + BilingualText(" holds ", " contient ") +
+                        sizeText(*size) +
+                        BilingualText(", an untouched installation ", ", une installation intacte ") +
+                        sizeText(reference.size));
         return;
     }
     const Result<std::vector<FolderEntry>> oldFiles = filesIn(target);
     SilentProgress progress;
     const Problem problem = oldFiles ? replaceFiles(*files, target, *oldFiles, progress) : oldFiles.failure();
     if (problem) {
-        left(taken, reference.name, problem->text);
+        noteLeftOut(taken, reference.name, problem->text);
         return;
     }
-    tookFrom(taken, reference.name, source);
+    noteTaken(taken, reference.name, source);
 }
 
 void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::path& creatorFolder)
@@ -101,7 +101,7 @@ void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::
     const Result<std::optional<FolderEntry>> backup = lookUp(creatorFolder, firstBackupName);
     const Result<std::optional<FolderEntry>> present = lookUp(programFolder, originalLinesFileName);
     if (!backup || !present) {
-        left(taken, originalLinesFileName, !backup ? backup.failure().text : present.failure().text);
+        noteLeftOut(taken, originalLinesFileName, !backup ? backup.failure().text : present.failure().text);
         return;
     }
     const fs::path source =
@@ -109,15 +109,15 @@ void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::
     const Result<TextFile> text = readTextFile(source, largestLines);
     const Result<std::size_t> sounds = text ? countSounds(*text) : Result<std::size_t>(text.failure());
     if (!sounds) {
-        left(taken, originalLinesFileName, sounds.failure().text);
+        noteLeftOut(taken, originalLinesFileName, sounds.failure().text);
         return;
     }
     if (*sounds != stockSounds) {
         const std::string count = std::to_string(*sounds);
-        left(taken, originalLinesFileName,
-             BilingualText::same(displayPath(source)) +
-                 BilingualText(" has " + count + " sounds, an untouched one 370",
-                               " contient " + count + " sons, un fichier intact 370"));
+        noteLeftOut(taken, originalLinesFileName,
+                    BilingualText::same(displayPath(source)) +
+                        BilingualText(" has " + count + " sounds, an untouched one 370",
+                                      " contient " + count + " sons, un fichier intact 370"));
         return;
     }
     const fs::path target = *present ? (*present)->path : programFolder / nativePath(originalLinesFileName);
@@ -139,10 +139,10 @@ void takeCatalogue(TakenCopies& taken, const fs::path& programFolder, const fs::
         problem = writeFileSafely(target, bytes->bytes);
     }
     if (problem) {
-        left(taken, originalLinesFileName, problem->text);
+        noteLeftOut(taken, originalLinesFileName, problem->text);
         return;
     }
-    tookFrom(taken, originalLinesFileName, source);
+    noteTaken(taken, originalLinesFileName, source);
 }
 
 } // namespace

@@ -27,8 +27,8 @@ std::vector<FolderEntry> stockLevelFiles(const std::vector<FolderEntry>& files);
 
 struct TakenCopies
 {
-    std::vector<BilingualText> said; // what was taken, and what was left and why
-    bool complete = true;            // every reference copy is in place now
+    std::vector<BilingualText> notes; // what was taken, and what was left and why
+    bool complete = true;             // every reference copy is in place now
 };
 // Takes the reference copies out of a level editor folder: each only when it is untouched, which its number
 // of files and bytes tell, or its number of sounds.

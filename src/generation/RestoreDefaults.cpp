@@ -171,7 +171,7 @@ Refusal restoreSfx(const RestoreContext& context)
 }
 
 // True when it is done; else the user knows why not.
-bool said(const Refusal& refusal, Dialogs& dialogs)
+bool wasDone(const Refusal& refusal, Dialogs& dialogs)
 {
     if (refusal) {
         dialogs.show({MessageIcon::Critical, titles::restore, *refusal + "\n" + aborted});
@@ -225,13 +225,13 @@ RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext&
 {
     RestoreResult result;
     if (choice.catalogue) {
-        result.catalogueReplaced = said(restoreCatalogue(context), context.dialogs);
+        result.catalogueReplaced = wasDone(restoreCatalogue(context), context.dialogs);
         if (!result.catalogueReplaced) {
             return result;
         }
     }
-    if ((choice.samples && !said(restoreSamples(context), context.dialogs)) ||
-        (choice.sfx && !said(restoreSfx(context), context.dialogs))) {
+    if ((choice.samples && !wasDone(restoreSamples(context), context.dialogs)) ||
+        (choice.sfx && !wasDone(restoreSfx(context), context.dialogs))) {
         return result;
     }
     result.complete = true;

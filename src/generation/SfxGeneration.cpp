@@ -178,7 +178,7 @@ SfxGeneration::~SfxGeneration()
 SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Progress& progress,
                                           Clock::time_point now)
 {
-    look(now); // the console of the last one may have been closed just now
+    poll(now); // the console of the last one may have been closed just now
     if (!mayBegin(request) || !request.acceptsErrors() || !confirm(request) || !mayMoveOtherFiles(request)) {
         return Begun::NotStarted;
     }
@@ -350,7 +350,7 @@ BilingualText SfxGeneration::waitText() const
     return {};
 }
 
-SfxGeneration::Phase SfxGeneration::look(Clock::time_point now)
+SfxGeneration::Phase SfxGeneration::poll(Clock::time_point now)
 {
     if (m_phase == Phase::Waiting) {
         // The batch file deletes the .sfx file only after it was copied.

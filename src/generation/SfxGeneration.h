@@ -77,7 +77,7 @@ public:
     };
     Phase phase() const { return m_phase; }
     // Called again and again until the phase is Idle; asks the user when the waiting seems to be in vain.
-    Phase look(Clock::time_point now);
+    Phase poll(Clock::time_point now);
     // What the user waits for, for a status line: empty when nothing runs.
     BilingualText waitText() const;
     // How it ended, for a status line.

@@ -27,7 +27,7 @@ bool refuse(const BilingualText& title, const BilingualText& text, Dialogs& dial
     return false;
 }
 
-bool reported(const Problem& problem, const BilingualText& title, Dialogs& dialogs)
+bool showIfFailed(const Problem& problem, const BilingualText& title, Dialogs& dialogs)
 {
     return problem && !refuse(title, problem->text, dialogs);
 }
@@ -291,7 +291,7 @@ bool removeLetterEverywhere(SoundCatalogue& catalogue, const CurrentWad& wad, Di
         const Step step(catalogue, removedLetterLabel(wad.letter));
         return eraseLetterFromAllLines(catalogue, wad.letter);
     }();
-    return !reported(problem, removeAllTitle, dialogs);
+    return !showIfFailed(problem, removeAllTitle, dialogs);
 }
 
 BilingualText replacedLetterLabel(std::string_view oldLetter, std::string_view newLetter)
@@ -344,7 +344,7 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
         }
         return refusal;
     }();
-    return reported(problem, replaceTitle, dialogs) ? ReplacedLetter::Refused : ReplacedLetter::Replaced;
+    return showIfFailed(problem, replaceTitle, dialogs) ? ReplacedLetter::Refused : ReplacedLetter::Replaced;
 }
 
 Problem replaceLetterOnAllLines(SoundCatalogue& catalogue, std::string_view oldLetter,

@@ -74,7 +74,7 @@ bool RegisterEditor::refuse(ReferenceField field, const BilingualText& title, co
     return false;
 }
 
-bool RegisterEditor::reported(const Problem& problem, const BilingualText& title)
+bool RegisterEditor::showIfFailed(const Problem& problem, const BilingualText& title)
 {
     return problem && !refuse(ReferenceField::None, title, problem->text);
 }
@@ -257,7 +257,7 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
         }
     }
     const std::string letterBefore = m_selectedLetter;
-    if (reported(store(fields), title)) {
+    if (showIfFailed(store(fields), title)) {
         return Modified::Refused;
     }
     if (fields.letter != letterBefore) {
@@ -320,7 +320,7 @@ bool RegisterEditor::remove()
         }
         return refusal;
     }();
-    if (reported(problem, titles::deleteReference)) {
+    if (showIfFailed(problem, titles::deleteReference)) {
         return false;
     }
     m_linesChanged = true;

@@ -72,7 +72,7 @@ private:
     bool isFreeWadName(const std::string& wadName, const BilingualText& caption);
     bool isFreeLetter(const std::string& letter, const BilingualText& caption);
     bool refuse(ReferenceField field, const BilingualText& title, const BilingualText& text);
-    bool reported(const Problem& problem, const BilingualText& title);
+    bool showIfFailed(const Problem& problem, const BilingualText& title);
     // For the details of a question.
     BilingualText soundsWith(const std::string& letter) const;
     // The letter is one that no walk over the lines looks for.

@@ -3,7 +3,7 @@
 
 #include "catalogue/SoundCatalogue.h"
 #include "references/LetterList.h"
-#include "references/WadImport.h"
+#include "references/WadListImport.h"
 
 #include <cstddef>
 #include <optional>

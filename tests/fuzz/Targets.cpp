@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzz/Targets.h"
 
-#include "backup/ImportCommands.h"
+#include "backup/ExchangeImport.h"
 #include "base/CodePage.h"
 #include "base/QuotedRecords.h"
 #include "catalogue/CatalogueLoading.h"
@@ -166,7 +166,7 @@ void feedExchange(std::string_view bytes)
         }
         const ImportRequest request{*file, {"oasis", "oa", ""}, false, {}, {}};
         SoundCatalogue catalogue = before;
-        require(importLines(catalogue, request).linesApplied, "rows that can be ticked can be applied");
+        require(importTickedLines(catalogue, request).linesApplied, "rows that can be ticked can be applied");
         require(catalogue.size() == before.size(), "no sound comes or goes");
     }
 }

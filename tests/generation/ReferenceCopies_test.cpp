@@ -67,7 +67,7 @@ protected:
         const TakenCopies taken = takeReferenceCopies(editor, program);
         complete = taken.complete;
         std::vector<std::string> said;
-        for (const BilingualText& text : taken.said) {
+        for (const BilingualText& text : taken.notes) {
             EXPECT_NE(text.english, text.french);
             said.push_back(text.english);
         }

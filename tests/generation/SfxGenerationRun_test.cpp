@@ -61,7 +61,7 @@ protected:
     void lookUntil(Phase phase)
     {
         const Clock::time_point limit = Clock::now() + 60s;
-        while (generation.look(Clock::now()) != phase && Clock::now() < limit) {
+        while (generation.poll(Clock::now()) != phase && Clock::now() < limit) {
             std::this_thread::sleep_for(20ms);
         }
         ASSERT_EQ(generation.phase(), phase);
@@ -104,7 +104,7 @@ TEST_F(SfxGenerationRun, WaitsForASlowTool)
     const ToolSetting slow("TAVREL_TOOL_TAKES", "4500");
     begin();
     std::this_thread::sleep_for(SfxGeneration::firstLook);
-    EXPECT_EQ(generation.look(Clock::now()), Phase::Waiting);
+    EXPECT_EQ(generation.poll(Clock::now()), Phase::Waiting);
     EXPECT_TRUE(fs::exists(creator / "CreateSFX.bat"));
     lookUntil(Phase::Idle);
     expectResults();
@@ -116,7 +116,7 @@ TEST_F(SfxGenerationRun, LeavesTheBatchFileToATardyTool)
     const ToolSetting tardy("TAVREL_TOOL_STARTS_AFTER", "4500");
     begin();
     std::this_thread::sleep_for(SfxGeneration::firstLook);
-    EXPECT_EQ(generation.look(Clock::now()), Phase::ConsoleOpen);
+    EXPECT_EQ(generation.poll(Clock::now()), Phase::ConsoleOpen);
     EXPECT_TRUE(fs::exists(creator / "CreateSFX.bat"));
     lookUntil(Phase::Idle);
     expectResults();

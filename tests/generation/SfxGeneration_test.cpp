@@ -48,7 +48,7 @@ protected:
         }
         return begin();
     }
-    Phase lookAfter(std::chrono::milliseconds time) { return generation.look(start + time); }
+    Phase pollAfter(std::chrono::milliseconds time) { return generation.poll(start + time); }
     std::string lastSaid() const { return dialogs.conversation(Language::English).back(); }
 
     TemporaryFolder root;
@@ -129,7 +129,7 @@ TEST_F(SfxGenerationTest, CancelChangesNothing)
     EXPECT_EQ(dialogs.said()[0].text.french, "Modifications non appliquées.");
     EXPECT_TRUE(progress.steps.empty());
     EXPECT_TRUE(namesIn(creator).empty());
-    EXPECT_EQ(lookAfter(10s), Phase::Idle);
+    EXPECT_EQ(pollAfter(10s), Phase::Idle);
 }
 
 TEST_F(SfxGenerationTest, AWrongSampleEndsItBeforeAnythingIsWritten)
@@ -235,7 +235,7 @@ TEST_F(SfxGenerationTest, AsksBeforeFilesOfOtherLevelsAreMoved)
 TEST_F(SfxGenerationTest, TheBatchFileStaysUntilTheConsoleIsClosed)
 {
     ASSERT_EQ(beginWith({Answer::Ok}), Begun::Started);
-    EXPECT_EQ(lookAfter(3s), Phase::ConsoleOpen);
+    EXPECT_EQ(pollAfter(3s), Phase::ConsoleOpen);
     EXPECT_TRUE(fs::exists(batchFile));
     EXPECT_EQ(begin(), Begun::NotStarted);
     EXPECT_TRUE(lastSaid().starts_with(
@@ -252,20 +252,20 @@ TEST_F(SfxGenerationTest, OffersToStopWaitingInVain)
     ASSERT_EQ(beginWith({Answer::Ok}), Begun::Started);
     const fs::path bank = creator / "Oasis.SFX";
     writeBytes(bank, "first");
-    EXPECT_EQ(lookAfter(3s), Phase::Waiting);
-    EXPECT_EQ(lookAfter(30s), Phase::Waiting);
+    EXPECT_EQ(pollAfter(3s), Phase::Waiting);
+    EXPECT_EQ(pollAfter(30s), Phase::Waiting);
     writeBytes(bank, "it grows");
-    EXPECT_EQ(lookAfter(33s), Phase::Waiting) << "not in vain: it has changed";
-    EXPECT_EQ(lookAfter(62s), Phase::Waiting);
+    EXPECT_EQ(pollAfter(33s), Phase::Waiting) << "not in vain: it has changed";
+    EXPECT_EQ(pollAfter(62s), Phase::Waiting);
     dialogs.prepareAnswer(Answer::No);
-    EXPECT_EQ(lookAfter(63s), Phase::Waiting);
+    EXPECT_EQ(pollAfter(63s), Phase::Waiting);
     EXPECT_NE(lastSaid().find(bank.string()), std::string::npos);
-    EXPECT_EQ(lookAfter(95s), Phase::Waiting) << "the time for the answer does not count";
+    EXPECT_EQ(pollAfter(95s), Phase::Waiting) << "the time for the answer does not count";
     *runner.ended = true;
-    EXPECT_EQ(lookAfter(97s), Phase::Waiting);
+    EXPECT_EQ(pollAfter(97s), Phase::Waiting);
     EXPECT_EQ(dialogs.said().size(), 2U);
     dialogs.prepareAnswer(Answer::Yes);
-    EXPECT_EQ(lookAfter(98s), Phase::Idle) << "sooner, when nothing runs any more";
+    EXPECT_EQ(pollAfter(98s), Phase::Idle) << "sooner, when nothing runs any more";
     EXPECT_EQ(namesIn(creator), std::vector<std::string>{"Oasis.SFX"});
     EXPECT_EQ(generation.summary().english, "No new .SAM and .SFX files of [oasis]");
 }
@@ -285,7 +285,7 @@ TEST_F(SfxGenerationTest, OneAtATimeEvenInTwoWindows)
     dialogs.prepareAnswer(Answer::Ok);
     EXPECT_EQ(second.begin(fromElsewhere, progress, start), Begun::NotStarted);
     *runner.ended = true;
-    EXPECT_EQ(lookAfter(3s), Phase::Idle);
+    EXPECT_EQ(pollAfter(3s), Phase::Idle);
     dialogs.prepareAnswer(Answer::Ok);
     EXPECT_EQ(second.begin(request(), progress, start), Begun::Started);
 }
@@ -305,7 +305,7 @@ TEST_F(SfxGenerationTest, FilesThatAnEarlierRunLeftAreNoResults)
             fs::rename(creator / name, wads / name); // keeps the time, as the copies of the batch file do
         }
         *runner.ended = true;
-        EXPECT_EQ(lookAfter(3s), Phase::Idle);
+        EXPECT_EQ(pollAfter(3s), Phase::Idle);
         EXPECT_EQ(generation.hasResults(), isNew);
     }
 }
@@ -314,13 +314,13 @@ TEST_F(SfxGenerationTest, AFolderThatCannotBeListedIsNoResult)
 {
     ASSERT_EQ(beginWith({Answer::Ok}), Begun::Started);
     fs::rename(creator, root / "away");
-    EXPECT_EQ(lookAfter(3s), Phase::Waiting);
+    EXPECT_EQ(pollAfter(3s), Phase::Waiting);
     dialogs.prepareAnswer(Answer::No);
-    EXPECT_EQ(lookAfter(34s), Phase::Waiting);
-    EXPECT_EQ(lookAfter(35s), Phase::Waiting) << "asked anew only after a while";
+    EXPECT_EQ(pollAfter(34s), Phase::Waiting);
+    EXPECT_EQ(pollAfter(35s), Phase::Waiting) << "asked anew only after a while";
     EXPECT_EQ(dialogs.said().size(), 2U);
     fs::rename(root / "away", creator);
-    EXPECT_EQ(lookAfter(36s), Phase::ConsoleOpen);
+    EXPECT_EQ(pollAfter(36s), Phase::ConsoleOpen);
 }
 
 TEST_F(SfxGenerationTest, QuittingTakesTheBatchFileAwayWhenItHasDoneItsWork)

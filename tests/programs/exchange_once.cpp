@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Exports all sounds and their samples to a file, or imports that file, without a question. The tests watch
 // what its system calls leave behind when they fail.
-#include "backup/ExportCommands.h"
-#include "backup/ImportCommands.h"
+#include "backup/ExchangeExport.h"
+#include "backup/ExchangeImport.h"
 #include "catalogue/CatalogueLoading.h"
 
 #include <cstdio>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "references/WadImport.h"
+#include "references/WadListImport.h"
 
 #include "base/CodePage.h"
 #include "base/Counted.h"
@@ -172,8 +172,8 @@ BilingualText whatImportDoes(const ImportPlan& plan, const SoundCatalogue& catal
     return text;
 }
 
-bool confirmImport(const CurrentWad& wad, WadListKind kind, const ImportPlan& plan,
-                   const SoundCatalogue& catalogue, Dialogs& dialogs)
+bool confirmListImport(const CurrentWad& wad, WadListKind kind, const ImportPlan& plan,
+                       const SoundCatalogue& catalogue, Dialogs& dialogs)
 {
     const KindTexts texts = textsOf(kind);
     const std::string file = "[" + shownText(wad.wadName) + std::string(endingOf(kind)) + "]";
@@ -361,7 +361,7 @@ ImportResult importWadList(SoundCatalogue& catalogue, const CurrentWad& wad, Wad
     }
     ImportPlan plan = kind == WadListKind::Samples ? planSamplesImport(catalogue, *saved, *list, wad.letter)
                                                    : planObjectsImport(catalogue, *saved, *list, wad.letter);
-    if (!confirmImport(wad, kind, plan, catalogue, dialogs)) {
+    if (!confirmListImport(wad, kind, plan, catalogue, dialogs)) {
         return {};
     }
     const BilingualText getting = listedSounds(catalogue, soundsThatGetLetter(plan, catalogue, wad.letter));

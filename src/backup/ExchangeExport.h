@@ -71,7 +71,7 @@ struct ExportRequest
 // whatever path they are reached. Then asks whatever there is to ask: lines that would be cut, lines that a
 // backup would not keep as they are, a name that will be read as the other kind of file, a file that exists,
 // or without one a samples folder with samples of something else. True when saveExport() may follow.
-bool confirmExport(const ExportRequest& request, Dialogs& dialogs);
+bool confirmExchangeExport(const ExportRequest& request, Dialogs& dialogs);
 
 struct ExportOutcome
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "backup/ImportCommands.h"
+#include "backup/ExchangeImport.h"
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
@@ -89,7 +89,7 @@ BilingualText listedSounds(const ImportFile& file)
 
 } // namespace
 
-bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
+bool confirmExchangeImport(const ImportRequest& request, Dialogs& dialogs)
 {
     Question question{actionOf(request.file.kind()),
                       {"Restore all lines.", "Restaurer toutes les lignes."},
@@ -115,7 +115,7 @@ bool confirmImport(const ImportRequest& request, Dialogs& dialogs)
 
 ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress)
 {
-    ImportOutcome outcome = importLines(catalogue, request);
+    ImportOutcome outcome = importTickedLines(catalogue, request);
     return outcome.complete ? copyImportedSamples(catalogue, request, progress) : outcome;
 }
 
@@ -133,7 +133,7 @@ BilingualText stepLabelOf(const ImportRequest& request)
 
 } // namespace
 
-ImportOutcome importLines(SoundCatalogue& catalogue, const ImportRequest& request)
+ImportOutcome importTickedLines(SoundCatalogue& catalogue, const ImportRequest& request)
 {
     const Problem problem = [&] {
         const Step step(catalogue, stepLabelOf(request));

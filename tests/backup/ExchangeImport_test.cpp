@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "backup/ExportCommands.h"
-#include "backup/ImportCommands.h"
+#include "backup/ExchangeExport.h"
+#include "backup/ExchangeImport.h"
 #include "base/CodePage.h"
 #include "catalogue/ApplyChanges.h"
 #include "catalogue/CatalogueLoading.h"
@@ -191,7 +191,7 @@ TEST_F(ImportFiles, WhatIsShownIsWhatAnImportRowByRowMakes)
             }
         }
         SoundCatalogue imported = catalogue;
-        ASSERT_TRUE(importLines(imported, request(file)).linesApplied);
+        ASSERT_TRUE(importTickedLines(imported, request(file)).linesApplied);
         for (std::size_t i = 0; i < expected.size(); ++i) {
             EXPECT_EQ(imported.currentLine(i), expected.currentLine(i));
         }
@@ -213,10 +213,10 @@ TEST_F(ImportFiles, WhatIsAppliedIsNotMergedAgain)
     const std::vector<std::size_t> first = {0};
     const std::vector<std::size_t> both = {0, 1};
     file.tick(first);
-    ASSERT_TRUE(importLines(catalogue, request(file)).linesApplied);
+    ASSERT_TRUE(importTickedLines(catalogue, request(file)).linesApplied);
     file.markApplied();
     file.tick(both);
-    ASSERT_TRUE(importLines(catalogue, request(file)).linesApplied);
+    ASSERT_TRUE(importTickedLines(catalogue, request(file)).linesApplied);
     EXPECT_EQ(catalogue.currentLine(2), withTabs("C:>x>VOL10>P #oa"));
     EXPECT_EQ(file.result(0), catalogue.currentLine(2));
     EXPECT_EQ(catalogue.currentLine(1), withTabs("B:>y>VOL20>#b #oa")) << "what was ticked later comes in";
@@ -229,7 +229,7 @@ TEST_F(ImportFiles, AsksFirst)
     const auto conversation = [](const ImportRequest& asked, Answer answer, bool expected,
                                  Language language) {
         ScriptedDialogs dialogs{answer};
-        EXPECT_EQ(confirmImport(asked, dialogs), expected);
+        EXPECT_EQ(confirmExchangeImport(asked, dialogs), expected);
         EXPECT_EQ(dialogs.said().front().details.english, "1: B");
         return dialogs.conversation(language).front();
     };
@@ -248,7 +248,7 @@ TEST_F(ImportFiles, AsksFirst)
     EXPECT_EQ(conversation(request(backup), Answer::Yes, true, Language::English),
               "Yes/No | Restore | Restore all lines.");
     ScriptedDialogs dialogs;
-    EXPECT_FALSE(confirmImport(request(exchange), dialogs));
+    EXPECT_FALSE(confirmExchangeImport(request(exchange), dialogs));
     EXPECT_EQ(dialogs.conversation(Language::English),
               Names{"exclamation | Import | Select a WAD/Letter reference first"});
 }
@@ -364,7 +364,7 @@ TEST(ExchangeRoundTrip, ABackupBringsEveryByteBack)
     const ExportRequest all{
         ExportMode::All, listForExport(catalogue, ExportMode::All, ""), file, false, {}, {}, {}};
     ScriptedDialogs dialogs{Answer::Yes, Answer::Yes};
-    ASSERT_TRUE(confirmExport(all, dialogs));
+    ASSERT_TRUE(confirmExchangeExport(all, dialogs));
     ASSERT_TRUE(saveExport(all, progress).saved);
     EXPECT_TRUE(dialogs.said().empty()) << "nothing is dropped, nothing to ask";
 

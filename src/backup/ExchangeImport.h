@@ -38,7 +38,7 @@ std::vector<std::string> offeredSamples(const ImportFile& file, std::size_t row)
 BilingualText samplesOfBackup(const std::filesystem::path& backup);
 
 // An import needs a current WAD with a letter; then the user is asked. True when applyImport() may follow.
-bool confirmImport(const ImportRequest& request, Dialogs& dialogs);
+bool confirmExchangeImport(const ImportRequest& request, Dialogs& dialogs);
 
 struct ImportOutcome
 {
@@ -49,7 +49,7 @@ struct ImportOutcome
 
 ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress);
 // Both parts of it, for a caller that writes the lines to sounds.txt in between.
-ImportOutcome importLines(SoundCatalogue& catalogue, const ImportRequest& request);
+ImportOutcome importTickedLines(SoundCatalogue& catalogue, const ImportRequest& request);
 // Tells the samples, too, that the lines name and the level editor lacks after that.
 ImportOutcome copyImportedSamples(const SoundCatalogue& catalogue, const ImportRequest& request,
                                   Progress& progress);

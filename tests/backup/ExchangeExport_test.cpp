@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "backup/ExportCommands.h"
+#include "backup/ExchangeExport.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
 #include "support/ScriptedProgress.h"
@@ -148,7 +148,7 @@ TEST_F(ExportFile, AsksBeforeItReplacesOrDropsOrMisnames)
         for (const Answer answer : answers) {
             dialogs.prepareAnswer(answer);
         }
-        EXPECT_EQ(confirmExport(request(mode, name), dialogs), confirmed) << name;
+        EXPECT_EQ(confirmExchangeExport(request(mode, name), dialogs), confirmed) << name;
         EXPECT_EQ(dialogs.conversation(Language::English), conversation);
     }
 }
@@ -159,7 +159,7 @@ TEST_F(ExportFile, AsksBeforeItReplacesAFileWhoseNameTheCodePageLacks)
     const fs::path name = u8"\u03A9.tox";
     writeBytes(root / name, "old");
     ScriptedDialogs dialogs{Answer::No};
-    EXPECT_FALSE(confirmExport(request(ExportMode::Modified, name), dialogs));
+    EXPECT_FALSE(confirmExchangeExport(request(ExportMode::Modified, name), dialogs));
     EXPECT_EQ(dialogs.conversation(Language::French),
               Names{"Yes/No | Exporter uniquement les lignes modifiées | Le fichier \u03A9.tox existe "
                     "déjà.\n\rLe remplacer."});
@@ -175,7 +175,7 @@ TEST_F(ExportFile, AsksBeforeItDeletesForeignSamples)
     ExportRequest asked = request(ExportMode::Modified, "city.tox");
     const auto conversation = [&asked](std::initializer_list<Answer> answers, bool confirmed) {
         ScriptedDialogs dialogs(answers);
-        EXPECT_EQ(confirmExport(asked, dialogs), confirmed);
+        EXPECT_EQ(confirmExchangeExport(asked, dialogs), confirmed);
         for (const ScriptedDialogs::Said& said : dialogs.said()) {
             EXPECT_TRUE(said.refusalIsDefault);
         }
@@ -206,7 +206,7 @@ TEST_F(ExportFile, NamesTheLinesThatAreCut)
     for (const ExportMode mode : {ExportMode::Modified, ExportMode::ModifiedAndAdded, ExportMode::All}) {
         const ExportRequest asked{mode, listForExport(cut, mode, "oa"), root / "a.tox", false, {}, {}, {}};
         ScriptedDialogs dialogs{Answer::No};
-        EXPECT_FALSE(confirmExport(asked, dialogs));
+        EXPECT_FALSE(confirmExchangeExport(asked, dialogs));
         EXPECT_EQ(
             dialogs.conversation(Language::English),
             Names{"Yes/No | " + captionOf(mode).english +

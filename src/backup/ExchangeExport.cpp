@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "backup/ExportCommands.h"
+#include "backup/ExchangeExport.h"
 
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
@@ -377,7 +377,7 @@ std::optional<fs::path> chooseExportFile(ExportMode mode, std::string_view wadNa
                                true});
 }
 
-bool confirmExport(const ExportRequest& request, Dialogs& dialogs)
+bool confirmExchangeExport(const ExportRequest& request, Dialogs& dialogs)
 {
     if (isOwnFile(request)) {
         const Failure refusal =

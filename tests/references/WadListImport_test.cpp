@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/ChangedLines.h"
-#include "references/WadImport.h"
+#include "references/WadListImport.h"
 #include "references/WadView.h"
 #include "support/Files.h"
 #include "support/ScriptedDialogs.h"
