@@ -18,10 +18,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextBlock>
 #include <QToolButton>
-#include <QTreeWidget>
 
 #include <set>
 
@@ -105,8 +106,8 @@ protected:
         }
         QString section;
         whenOpened<FmHelp>([&section](FmHelp& help) {
-            const auto* const contents = help.findChild<QTreeWidget*>("LiContents");
-            section = contents->currentItem() == nullptr ? QString() : contents->currentItem()->text(0);
+            QTest::qWait(20);
+            section = help.findChild<QPlainTextEdit*>("TxHlp")->cursorForPosition({2, 2}).block().text();
         });
         QApplication::setActiveWindow(&shown);
         QTest::keyClick(&shown, Qt::Key_F1);

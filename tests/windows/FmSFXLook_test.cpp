@@ -82,26 +82,6 @@ TEST_F(MainWindowLookTest, switchesEveryCaptionAtOnce)
     });
 }
 
-TEST_F(MainWindowLookTest, everyControlHasAToolTip)
-{
-    open();
-    inBothLanguages([this](Language language) {
-        std::set<QString> without = {"CkN"};
-        if (language == Language::English) {
-            without.insert({"TxPIT", "TxRAD"});
-        }
-        for (const QWidget* const found : window->findChildren<QWidget*>()) {
-            const bool isOurs = !found->objectName().isEmpty() && !found->objectName().startsWith("qt_");
-            const bool isControl =
-                isOurs && found->focusPolicy() != Qt::NoFocus && !qobject_cast<const QLabel*>(found);
-            if (isControl) {
-                EXPECT_EQ(found->toolTip().isEmpty(), without.contains(found->objectName()))
-                    << found->objectName().toStdString();
-            }
-        }
-    });
-}
-
 TEST_F(MainWindowLookTest, nothingIsClippedAt1280By720)
 {
     open();

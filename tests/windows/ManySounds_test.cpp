@@ -5,7 +5,6 @@
 #include "app/SoundListPanel.h"
 #include "references/FmObject.h"
 #include "settings/Options.h"
-#include "ui/FmHelp.h"
 #include "ui/Text.h"
 
 #include <QAction>
@@ -18,12 +17,10 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTextBlock>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QWheelEvent>
 
-#include <map>
 #include <set>
 
 using namespace tavrel;
@@ -496,32 +493,13 @@ TEST_P(ManySoundsTest, EverythingIsReachedByKeys)
     EXPECT_EQ(homes.size(), 8U) << "one place in each panel";
     EXPECT_TRUE(homes.contains("LiSamp") && homes.contains("LiWAD")) << "where Insert and Delete work";
 
-    std::map<QChar, QString> mnemonics;
     for (const QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
         const QString text = button->text();
         const bool isButton = button->inherits("QPushButton") || button->inherits("QToolButton");
         if (isButton && button->isVisible() && !text.isEmpty()) {
             EXPECT_TRUE(text.contains('&')) << text.toStdString();
         }
-        if (const auto at = text.indexOf('&'); at >= 0) {
-            const auto [other, isNew] = mnemonics.emplace(text.at(at + 1).toUpper(), text);
-            EXPECT_TRUE(isNew) << text.toStdString() << " / " << other->second.toStdString();
-        }
     }
-    EXPECT_GT(mnemonics.size(), 15U);
-}
-
-TEST_P(ManySoundsTest, F1OpensTheListOfKeys)
-{
-    openInLanguage();
-    QString top;
-    whenOpened<FmHelp>([&top](FmHelp& help) {
-        QTest::qWait(20);
-        auto* const view = help.findChild<QPlainTextEdit*>("TxHlp");
-        top = view->cursorForPosition(QPoint(2, 2)).block().text();
-    });
-    press(Qt::Key_F1);
-    EXPECT_EQ(top, in("8. KEYS", "8. LES TOUCHES"));
 }
 
 TEST_P(ManySoundsTest, ColumnsAreRememberedAndMarksAreShown)

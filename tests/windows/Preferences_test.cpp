@@ -307,29 +307,17 @@ TEST_F(PreferencesTest, PendingChangesMakeSoundsTxtAFileToRead)
     EXPECT_EQ(dialogs.said().back().kind, "exclamation") << "no window without a file";
 }
 
-TEST_F(PreferencesTest, F1OpensTheHelpFromEveryWindow)
+TEST_F(PreferencesTest, TheHelpFollowsTheLanguageAndOpensOnce)
 {
-    writeBytes(folders.program / "SFX_Eng1.txt", "English help");
     writeBytes(folders.program / "SFX_Fra1.txt", "L'aide\r\n");
     open();
-    const auto expectHelp = [](const char* text) {
-        whenOpened<FmHelp>([text](FmHelp& help) {
-            EXPECT_EQ(in<QPlainTextEdit>(help, "TxHlp").toPlainText().toStdString(), text);
-            QTest::keyClick(&help, Qt::Key_F1); // no second one
-            press(help, "CdClose");
-        });
-    };
-    expectHelp("English help\n");
-    click("CdHlp");
     tick("OpLangF");
-    expectHelp("L'aide\n");
-    QApplication::setActiveWindow(window.get());
-    QTest::keyClick(window.get(), Qt::Key_F1);
-    preferences([&expectHelp](FmPreferences& options) {
-        QApplication::setActiveWindow(&options);
-        expectHelp("L'aide\n");
-        QTest::keyClick(&options, Qt::Key_F1);
+    whenOpened<FmHelp>([](FmHelp& help) {
+        EXPECT_EQ(in<QPlainTextEdit>(help, "TxHlp").toPlainText(), "L'aide\n");
+        QTest::keyClick(&help, Qt::Key_F1); // no second one
+        press(help, "CdClose");
     });
+    click("CdHlp");
 
     std::filesystem::remove(folders.program / "SFX_Fra1.txt");
     click("CdHlp");
