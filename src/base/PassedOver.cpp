@@ -10,7 +10,7 @@ namespace tavrel {
 
 namespace {
 
-constexpr std::size_t mostShown = 30; // of a line
+constexpr std::size_t longestPiece = 30; // of a line
 
 BilingualText shownPiece(std::string content)
 {
@@ -18,8 +18,8 @@ BilingualText shownPiece(std::string content)
         return {" (blank)", " (vide)"};
     }
     std::ranges::replace(content, '\t', ' ');
-    const bool cut = content.size() > mostShown;
-    return BilingualText::same(" [" + shownText(content.substr(0, mostShown)) + (cut ? "...]" : "]"));
+    const bool cut = content.size() > longestPiece;
+    return BilingualText::same(" [" + shownText(content.substr(0, longestPiece)) + (cut ? "...]" : "]"));
 }
 
 } // namespace
@@ -28,7 +28,7 @@ void PassedOver::add(std::size_t line, std::string_view content)
 {
     constexpr std::size_t mostNamed = 8;
     if (m_named.size() < mostNamed) {
-        m_named.push_back({line, std::string(content.substr(0, mostShown + 1))});
+        m_named.push_back({line, std::string(content.substr(0, longestPiece + 1))});
     }
     ++m_count;
 }
