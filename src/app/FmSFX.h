@@ -146,7 +146,7 @@ private:
     void editInNotepad();
     bool mayClose();
     bool mayCloseWithoutRegister();
-    void saveSettings(const BilingualText& title);
+    void saveSettings(const Title& title);
     void goWhereItWas();
     void rememberPlace();
 

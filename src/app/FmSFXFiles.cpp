@@ -66,7 +66,7 @@ void FmSFX::tellRegisterNotices()
     m_context.dialogs.show({MessageIcon::Information, titles::references, listOf(notices)});
 }
 
-// The same sound stays selected.
+// The selected sound stays selected.
 bool FmSFX::reload()
 {
     const std::optional<std::size_t> selected = m_selection.number();
@@ -304,7 +304,7 @@ void FmSFX::rememberPlace()
     m_session.options().setFlag(options::mainWindowMaximised, isMaximized());
 }
 
-void FmSFX::saveSettings(const BilingualText& title)
+void FmSFX::saveSettings(const Title& title)
 {
     ProgramSettings& settings = m_session.settings();
     if (m_session.isLoaded()) { // else the WAD is only not known

@@ -305,7 +305,7 @@ std::vector<ExportRow> listForExport(const SoundCatalogue& catalogue, ExportMode
     return rows;
 }
 
-BilingualText captionOf(ExportMode mode)
+const Title& captionOf(ExportMode mode)
 {
     switch (mode) {
     case ExportMode::Modified:

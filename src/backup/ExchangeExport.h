@@ -47,7 +47,7 @@ std::vector<ExportRow> listForExport(const SoundCatalogue& catalogue, ExportMode
                                      std::string_view letter);
 
 // What the window says about a mode.
-BilingualText captionOf(ExportMode mode);
+const Title& captionOf(ExportMode mode);
 BilingualText descriptionOf(ExportMode mode);
 BilingualText columnTitleOf(ExportMode mode);
 

@@ -68,7 +68,7 @@ FirstHash firstHashOf(std::string_view line);
 // The line as both windows list it, in fixed columns.
 std::string exchangeRow(std::string_view id, const SoundLine& record, std::string_view letters);
 
-// Nothing for a line with more samples than a record takes.
+// What the line holds; empty for one with more samples than a record takes.
 std::optional<SoundLine> tryParse(std::string_view line);
 
 // Where the file dialogs start. Creates it when it is missing.

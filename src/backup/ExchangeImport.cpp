@@ -4,6 +4,7 @@
 #include "backup/SampleTransfer.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FilledText.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
 #include "references/LetterCommands.h"
@@ -63,14 +64,17 @@ BilingualText samplesOfBackup(const fs::path& backup)
     std::error_code ignored;
     const std::optional<fs::path> folder =
         samplesFolderToRead(samplesFolderOf(fs::absolute(backup, ignored)));
-    const BilingualText text("The samples of a backup are not copied back.",
-                             "Les samples d'une sauvegarde ne sont pas recopiés.");
-    return folder ? text +
-                        BilingualText("\nCopy those that you need yourself; they are in ",
-                                      "\nCopiez vous-même ceux qu'il vous faut ; ils sont dans ") +
-                        displayPath(*folder)
-                  : text + BilingualText("\nThere are none beside this one.",
-                                         "\nIl n'y en a pas à côté de celle-ci.");
+    return folder
+               ? filled(
+                     {"The samples of a backup are not copied back.\nCopy those that you need yourself; they "
+                      "are in {}",
+                      "Les samples d'une sauvegarde ne sont pas recopiés.\nCopiez vous-même ceux qu'il vous "
+                      "faut ; ils sont dans {}"},
+                     {displayPath(*folder)})
+               : BilingualText(
+                     "The samples of a backup are not copied back.\nThere are none beside this one.",
+                     "Les samples d'une sauvegarde ne sont pas recopiés.\nIl n'y en a pas à côté de "
+                     "celle-ci.");
 }
 
 namespace {
@@ -207,7 +211,7 @@ ImportOutcome copyImportedSamples(const SoundCatalogue& catalogue, const ImportR
                               copies.refused.empty() ? BilingualText() : unsafeSampleNames(copies.refused));
 }
 
-BilingualText actionOf(ExchangeKind kind)
+const Title& actionOf(ExchangeKind kind)
 {
     return kind == ExchangeKind::Backup ? titles::restore : titles::importLines;
 }

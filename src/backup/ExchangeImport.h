@@ -55,6 +55,6 @@ ImportOutcome copyImportedSamples(const SoundCatalogue& catalogue, const ImportR
                                   Progress& progress);
 
 // "Import" or "Restore".
-BilingualText actionOf(ExchangeKind kind);
+const Title& actionOf(ExchangeKind kind);
 
 } // namespace tavrel

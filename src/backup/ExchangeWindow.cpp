@@ -70,7 +70,7 @@ void ExchangeWindow::addButtons()
     m_bodyLayout->addLayout(row);
 }
 
-void ExchangeWindow::showCaptions(std::vector<Caption> own, const BilingualText& title)
+void ExchangeWindow::showCaptions(std::vector<Caption> own, const Title& title)
 {
     const auto both = [](const char* control, const BilingualText& text) {
         return Caption{control, text, text};

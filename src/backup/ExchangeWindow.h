@@ -61,7 +61,7 @@ protected:
     QBoxLayout* makeTicksRow(std::initializer_list<QWidget*> further);
     void addButtons();
     // Together with those of the shared parts.
-    void showCaptions(std::vector<Caption> own, const BilingualText& title);
+    void showCaptions(std::vector<Caption> own, const Title& title);
 
     QString inLanguage(const BilingualText& text) const;
     const ExchangeContext& context() const { return m_context; }

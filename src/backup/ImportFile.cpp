@@ -5,6 +5,7 @@
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
+#include "base/FilledText.h"
 #include "base/QuotedRecords.h"
 
 #include <algorithm>
@@ -180,12 +181,10 @@ BilingualText ImportFile::whyRefused(std::size_t row) const
     switch (m_rows.at(row).refusal) {
     case Refusal::None:
         break;
-    case Refusal::NoSuchLine: {
-        const std::string id = idText(row);
-        return BilingualText("The catalogue has no line " + id + ": it has ",
-                             "Le catalogue n'a pas de ligne " + id + " : il contient ") +
-               countedLines(m_linesWhenRead) + BilingualText(", from 0.", ", à partir de 0.");
-    }
+    case Refusal::NoSuchLine:
+        return filled({"The catalogue has no line {}: it has {}, from 0.",
+                       "Le catalogue n'a pas de ligne {} : il contient {}, à partir de 0."},
+                      {idText(row), countedLines(m_linesWhenRead)});
     case Refusal::NoSoundLine:
         return SoundCatalogue::refusal(line(row)).value_or(BilingualText());
     case Refusal::ControlCharacters:

@@ -12,12 +12,13 @@ namespace tavrel {
 
 std::string utf8FromCodePage(std::string_view bytes);
 
-// Text that a message takes from a file: control characters show as "?", for a terminal would obey them. The
-// last is for whole lines and ends after 120 characters.
+// Text that a message takes from a file: control characters show as "?", for a terminal would obey them.
 std::string shownText(std::string_view bytes);
-std::string bracketed(std::string_view bytes); // "[foot01]", as messages name what is in a file
+// "[foot01]", as messages name what is in a file.
+std::string bracketed(std::string_view bytes);
+// A whole line as a message shows it, up to 120 characters.
 std::string shownLine(std::string_view bytes);
-// The same for a message as a whole, in UTF-8; its line ends and TABs stay.
+// A message as a whole, in UTF-8, with "?" for control characters but line ends and TABs.
 std::string withoutControls(std::string_view utf8);
 
 struct CodePageText

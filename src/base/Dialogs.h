@@ -13,7 +13,7 @@ namespace tavrel {
 
 struct OpenFileQuestion
 {
-    BilingualText title;
+    Title title;
     BilingualText filterName;           // as it is shown
     std::vector<std::string> fileNames; // the names or patterns the filter lets through
     std::filesystem::path folder;       // where the dialog starts
@@ -35,7 +35,7 @@ public:
     virtual void show(const Message& message) = 0;
     // Closing the box without a choice is Cancel where there is one, else the refusal (No).
     virtual Answer ask(const Question& question) = 0;
-    // Nothing when the user cancels.
+    // Empty when the user cancels.
     virtual std::optional<std::filesystem::path> chooseFile(const OpenFileQuestion& question) = 0;
     // Several at once, where that is possible; none when the user cancels.
     virtual std::vector<std::filesystem::path> chooseFiles(const OpenFileQuestion& question)

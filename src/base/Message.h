@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/BilingualText.h"
+#include "base/Title.h"
 
 namespace tavrel {
 
@@ -11,7 +11,7 @@ enum class MessageIcon { Information, Question, Exclamation, Critical };
 struct Message
 {
     MessageIcon icon = MessageIcon::Information;
-    BilingualText title;
+    Title title;
     BilingualText text;
     // What not everybody wants to read, line by line: a window folds it out, a console writes it below.
     BilingualText details = {};
@@ -22,7 +22,7 @@ enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 
 struct Question
 {
-    BilingualText title;
+    Title title;
     BilingualText text;
     Buttons buttons = Buttons::YesNo;
     // Set where a thoughtless Enter would cost the user something.

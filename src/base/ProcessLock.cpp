@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/FileNames.h"
+#include "base/FilledText.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 
@@ -29,15 +30,13 @@ Failure atWorkElsewhere()
 
 Failure ofSomebodyElse(const fs::path& file)
 {
-    return {
-        BilingualText(
-            "This lock file belongs to another user and cannot be opened:\n",
-            "Ce fichier de verrou appartient à un autre utilisateur et ne peut pas être ouvert :\n") +
-        displayPath(file) +
-        BilingualText("\nNothing was changed. Ask for the right to write it, or delete it when nobody is at "
-                      "work with Tavrel.",
-                      "\nRien n'a été modifié. Demandez le droit de l'écrire, ou supprimez-le quand personne "
-                      "ne travaille avec Tavrel.")};
+    return {filled(
+        {"This lock file belongs to another user and cannot be opened:\n{}\nNothing was changed. Ask for "
+         "the right to write it, or delete it when nobody is at work with Tavrel.",
+         "Ce fichier de verrou appartient à un autre utilisateur et ne peut pas être ouvert :\n{}\nRien "
+         "n'a été modifié. Demandez le droit de l'écrire, ou supprimez-le quand personne ne travaille "
+         "avec Tavrel."},
+        {displayPath(file)})};
 }
 
 struct Attempt

@@ -34,7 +34,7 @@ private:
     std::variant<Value, Failure> m_content;
 };
 
-// Nothing when it went well.
+// What went wrong; empty when all went well.
 using Problem = std::optional<Failure>;
 
 } // namespace tavrel

@@ -17,16 +17,16 @@ namespace tavrel {
 // is no file; one that another program holds is tried again for a moment.
 [[nodiscard]] Problem writeFileSafely(const std::filesystem::path& target, std::string_view bytes);
 
-// The same, but asks in the last moment, when nothing but the step itself is left. False when the answer was
-// no: the target was not touched.
+// Writes as writeFileSafely() does, but asks in the last moment, when nothing but the step itself is left.
+// False when the answer was no: the target was not touched.
 Result<bool> writeFileIf(const std::filesystem::path& target, std::string_view bytes,
                          const std::function<bool()>& mayReplace);
 
-// The same in the place of a link: what it leads to stays as it is.
+// Puts a file in the place of a link: what the link leads to stays as it is.
 [[nodiscard]] Problem replaceLinkSafely(const std::filesystem::path& link, std::string_view bytes);
 
-// The same for a file that must not exist yet: whatever stands there under that name is never replaced. A
-// copy of a file has the rights of that file.
+// Writes a file that must not exist yet: whatever stands there under that name is never replaced. A copy of a
+// file has the rights of that file.
 [[nodiscard]] Problem createFileSafely(const std::filesystem::path& target, std::string_view bytes,
                                        const std::optional<std::filesystem::path>& copied = std::nullopt);
 

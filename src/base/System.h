@@ -32,7 +32,7 @@ std::error_code giveSecondName(const std::filesystem::path& file, const std::fil
 // Puts `from` in the place of `to` in one step: at every moment `to` is the old file or the new one.
 std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
-// The same, but fails when there is a `to` already.
+// Gives `from` the name `to` in one step; fails when there is a `to` already.
 std::error_code moveToNewName(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // One process at a time has the lock of a file. The system ends it with the process, however that ends; the

@@ -40,7 +40,7 @@ struct LoadedCatalogue
 // then stays empty with a notice.
 Result<LoadedCatalogue> loadCatalogue(const CatalogueSources& sources);
 
-// The same from files that were read before.
+// The files of a catalogue once they were read.
 struct CatalogueTexts
 {
     TextFile sounds;

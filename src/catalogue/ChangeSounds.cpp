@@ -80,7 +80,7 @@ SoundsChanged changeSounds(SoundCatalogue& catalogue, std::span<const std::size_
     return result;
 }
 
-void tellRefused(const SoundsChanged& changed, const BilingualText& title, Dialogs& dialogs)
+void tellRefused(const SoundsChanged& changed, const Title& title, Dialogs& dialogs)
 {
     constexpr std::size_t mostShown = 200;
     if (changed.refused.empty()) {
@@ -129,7 +129,7 @@ Result<std::string> composeEdited(const SoundLine& record)
 }
 
 SoundsChanged editSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
-                         const LineEdit& edit, const BilingualText& title, Dialogs& dialogs)
+                         const LineEdit& edit, const Title& title, Dialogs& dialogs)
 {
     const auto changes = [&](std::size_t number) {
         const SoundLine before = ParseSoundLine(catalogue.currentLine(number));

@@ -20,7 +20,7 @@ namespace tavrel {
 struct SoundsChange
 {
     BilingualText label; // of the step
-    BilingualText title; // of messages and the question
+    Title title; // of messages and the question
     // The line as it shall be, or why it stays as it is. Not called for protected lines.
     std::function<Result<std::string>(std::size_t number)> rewrite;
     // The lines are read and written anew, and may lose words that the grammar does not read: the user is
@@ -49,7 +49,7 @@ SoundsChanged changeSounds(SoundCatalogue& catalogue, std::span<const std::size_
                            const SoundsChange& change, Dialogs& dialogs);
 
 // The lines that refused, in a message; nothing when there are none.
-void tellRefused(const SoundsChanged& changed, const BilingualText& title, Dialogs& dialogs);
+void tellRefused(const SoundsChanged& changed, const Title& title, Dialogs& dialogs);
 
 // What the details of a question list: "12: METAL_SCRAPE_LOOP", a row for each.
 BilingualText listedSounds(const SoundCatalogue& catalogue, std::span<const std::size_t> numbers);
@@ -60,7 +60,7 @@ Result<std::string> composeEdited(const SoundLine& record);
 // The edit on all of the sounds. Those that it leaves as they are keep their lines byte for byte, unless it
 // changes none: then all are written anew.
 SoundsChanged editSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
-                         const LineEdit& edit, const BilingualText& title, Dialogs& dialogs);
+                         const LineEdit& edit, const Title& title, Dialogs& dialogs);
 
 // "Accept values, 12: METAL_SCRAPE_LOOP" or "Accept values, 10 sounds"
 BilingualText stepLabel(const BilingualText& command, const SoundCatalogue& catalogue,

@@ -20,9 +20,9 @@ struct FileText
 // The current lines alone, CR LF after each.
 FileText soundsAlone(const SoundCatalogue& catalogue);
 
-// The same with the lines of the file that are no sounds where they stood, before the same sounds. With the
-// very file that was loaded, lines that are as they were keep their bytes, line ends and blanks behind the
-// letters included.
+// The current lines, and the lines of the file that are no sounds where they stood, before the same sounds.
+// With the very file that was loaded, lines that are as they were keep their bytes, line ends and blanks
+// behind the letters included.
 FileText soundsWithComments(const SoundCatalogue& catalogue, std::string_view file, bool isLoadedFile);
 
 } // namespace tavrel

@@ -160,7 +160,7 @@ bool LineEditor::storeLetters(std::string letters, Dialogs& dialogs)
     return store(record, titles::letter, dialogs);
 }
 
-bool LineEditor::store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs)
+bool LineEditor::store(const SoundLine& record, const Title& title, Dialogs& dialogs)
 {
     const std::size_t number = m_selected.value();
     const SoundsChange change{stepLabel(title, *m_catalogue, number), title,

@@ -32,9 +32,9 @@ public:
     bool isSeveral() const { return m_numbers.size() > 1; }
     // The current sound is there and is not one of the protected ones.
     bool canEdit() const;
-    // The same of any selected sound.
+    // Any of the selected sounds is one that can be edited.
     bool canEditAny() const { return !m_lines.empty(); }
-    // Of those, as the catalogue has them.
+    // The selected sounds that can be edited, as the catalogue has them.
     const std::vector<SoundLine>& lines() const { return m_lines; }
     const SoundCatalogue& catalogue() const { return *m_catalogue; }
     SoundCatalogue& catalogue() { return *m_catalogue; }
@@ -67,14 +67,14 @@ public:
     // Composes the record with other samples into the current line, after confirmComposing(). False when the
     // catalogue refused it.
     bool storeSamples(std::vector<std::string> samples, Dialogs& dialogs);
-    // The same with other letters ("#g #ab").
+    // Composes the record with other letters ("#g #ab") into the current line, after confirmComposing().
     bool storeLetters(std::string letters, Dialogs& dialogs);
     // Before the line is left: asks about values that were not accepted. False when the user stays.
     bool mayLeave(Dialogs& dialogs);
 
 private:
     void editChanged();
-    bool store(const SoundLine& record, const BilingualText& title, Dialogs& dialogs);
+    bool store(const SoundLine& record, const Title& title, Dialogs& dialogs);
 
     SoundCatalogue* m_catalogue;
     std::optional<std::size_t> m_selected;

@@ -56,11 +56,10 @@ struct ComposedLine
     std::string_view text;
 };
 
-// The same for a command over many lines: asks once, with the sounds' numbers, about the lines that would
-// lose or gain words. True when the command may go on with all of them.
-bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs);
-
 // Asks before a command recomposes a line that would lose or gain words. True when the command may go on.
 bool confirmComposing(std::string_view line, Dialogs& dialogs);
+// Asks once, with the sounds' numbers, before a command recomposes many lines. True when the command may go
+// on with all of them.
+bool confirmComposing(std::span<const ComposedLine> lines, Dialogs& dialogs);
 
 } // namespace tavrel

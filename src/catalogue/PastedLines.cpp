@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/Counted.h"
+#include "base/FilledText.h"
 #include "base/TextFile.h"
 #include "base/Titles.h"
 #include "catalogue/LineWords.h"
@@ -144,9 +145,9 @@ std::optional<SoundsChanged> pasteLines(SoundCatalogue& catalogue, std::string_v
         return std::nullopt;
     }
     Question question{titles::lines,
-                      BilingualText("Paste ", "Coller ") + countedLines(pasted.lines.size()) +
-                          BilingualText(" onto the sounds of the same number or name?",
-                                        " sur les sons du même numéro ou du même nom ?"),
+                      filled({"Paste {} onto the sounds of the same number or name?",
+                              "Coller {} sur les sons du même numéro ou du même nom ?"},
+                             {countedLines(pasted.lines.size())}),
                       Buttons::YesNo};
     if (!homeless.empty()) {
         question.text = homeless + BilingualText::same("\n") + question.text;

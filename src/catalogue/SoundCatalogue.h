@@ -83,9 +83,9 @@ public:
     [[nodiscard]] Problem setCurrentLine(std::size_t number, std::string text);
 
     static bool accepts(std::string_view text) { return !refusal(text); }
-    // Why not; nothing for a text that a line may have.
+    // Why a line cannot have the text; nothing for one that it may have.
     static std::optional<BilingualText> refusal(std::string_view text);
-    // The same for several lines: all of them or, on the first refusal, none.
+    // Changes several lines: all of them or, on the first refusal, none.
     struct LineChange
     {
         std::size_t number;

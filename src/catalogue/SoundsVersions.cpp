@@ -40,7 +40,7 @@ struct VersionName
     }
 };
 
-// Nothing for a file of another origin.
+// Empty for a file of another origin.
 std::optional<VersionName> readVersionName(std::string_view file)
 {
     constexpr std::string_view form = "0000-00-00_00-00-00";

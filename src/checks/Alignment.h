@@ -28,7 +28,7 @@ public:
 
     const std::vector<ShiftedRun>& runs() const { return m_runs; }
     bool isShifted(std::size_t sound) const;
-    // Nothing where the catalogue is too short to hold it.
+    // Empty where the catalogue is too short to hold it.
     std::optional<std::string_view> installedLine(std::size_t sound) const;
 
 private:

@@ -32,7 +32,7 @@ constexpr int sortRole = Qt::UserRole;      // a number behind the text
 constexpr int barRole = Qt::UserRole + 1;   // from 0 to 1
 constexpr int indexRole = Qt::UserRole + 2; // of the level
 
-enum Column { Wad, Letter, Title, Own, Global, Samples, Bytes, Missing, Findings, Made, ColumnCount };
+enum Column { Wad, Letter, LevelTitle, Own, Global, Samples, Bytes, Missing, Findings, Made, ColumnCount };
 
 // Sorts numbers as numbers.
 class Row : public QTreeWidgetItem
@@ -240,8 +240,8 @@ void FmLevels::fill()
         row->setText(Wad, fromCodePage(level.reference.wadName));
         row->setText(Letter, "#" + fromCodePage(level.reference.letter));
         const QString title = in(shippedText(level.reference.title));
-        row->setText(Title, title);
-        row->setToolTip(Title, plainToolTip(title));
+        row->setText(LevelTitle, title);
+        row->setToolTip(LevelTitle, plainToolTip(title));
         setNumber(*row, Own, level.ownSounds);
         setNumber(*row, Global, level.globalSounds);
         setNumber(*row, Samples, level.samples.size());

@@ -208,7 +208,7 @@ std::optional<BilingualText> refusalOf(const ExchangeArguments& arguments, const
     return std::nullopt;
 }
 
-// Nothing, and a message, when it cannot be used.
+// Shows a message, and returns no file, when it cannot be used.
 std::optional<ImportFile> fileToImport(const ExchangeArguments& arguments, const Session& session,
                                        const CurrentWad& wad, Console& console)
 {

@@ -117,7 +117,7 @@ void writeCounts(const ScriptStatistics& counts, Console& console)
     }
 }
 
-// Nothing, and a status, when the script cannot be counted.
+// Without figures, and with a status, when the script cannot be counted.
 ExitStatus count(const std::filesystem::path& file, ScriptStatistics& counts, Console& console)
 {
     const auto say = [&console](MessageIcon icon, const BilingualText& text) {

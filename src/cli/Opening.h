@@ -20,7 +20,7 @@ std::optional<ProgramSettings> openSettings(Console& console);
 enum class SamplesToo { No, Yes };
 std::unique_ptr<ChangeLocks> lockForChanges(Console& console, const Places& places, SamplesToo samples);
 
-// Nothing, and a message, when a file cannot be used.
+// The session of the program folder. Shows a message, and returns none, when a file cannot be used.
 std::unique_ptr<Session> openSession(Console& console);
 // For a command that writes what it has read: others wait for it. Nothing also when no reference has the name
 // of the WAD whose record is to be written.
@@ -40,7 +40,7 @@ bool hasSound(const Session& session, std::size_t number, Console& console);
 
 // The reference with the name as it is, else without regard to letter case; or null.
 const WadReference* referenceNamed(const ReferenceRegister& references, std::string_view wadName);
-// The same among the user's own.
+// Such a reference among the user's own; or null.
 const WadReference* userReferenceNamed(const ReferenceRegister& references, std::string_view wadName);
 
 // One of the user's own WADs, by its letter (without "#") or its name; else a message.

@@ -30,7 +30,7 @@ struct SoundsArgument
     bool isGiven() const { return !ranges.empty() || where; }
 };
 
-// Nothing for a text that is no number and no range.
+// Empty for a text that is no number and no range.
 std::optional<std::vector<SoundsArgument::Range>> parseRanges(std::string_view text);
 
 // In the order of the argument, each once. Nothing, and a message, when there is no such sound.

@@ -57,7 +57,7 @@ struct Options
     std::optional<fs::path> levelEditor;   // what to take copies from
 };
 
-// Nothing when they cannot be understood.
+// Empty when they cannot be understood.
 std::optional<Options> readOptions(const std::vector<std::string>& arguments)
 {
     Options options;

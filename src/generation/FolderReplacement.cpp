@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
+#include "base/FilledText.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
 #include "generation/FolderFiles.h"
@@ -260,12 +261,12 @@ Problem cutShortReplacement(const fs::path& folder)
         !fs::is_directory(replaced, ignored)) {
         return std::nullopt;
     }
-    return Failure{BilingualText("A restore of the original files was cut short:\n",
-                                 "Une restauration des fichiers d'origine a été interrompue :\n") +
-                   displayPath(folder) +
-                   BilingualText("\nRestore them again. What was taken away lies in\n",
-                                 "\nRelancez-la. Ce qui avait été retiré se trouve dans\n") +
-                   displayPath(replaced)};
+    return Failure{
+        filled({"A restore of the original files was cut short:\n{}\nRestore them again. What was taken "
+                "away lies in\n{}",
+                "Une restauration des fichiers d'origine a été interrompue :\n{}\nRelancez-la. Ce qui "
+                "avait été retiré se trouve dans\n{}"},
+               {displayPath(folder), displayPath(replaced)})};
 }
 
 } // namespace tavrel

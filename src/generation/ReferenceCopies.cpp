@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FileNames.h"
+#include "base/FilledText.h"
 #include "base/Progress.h"
 #include "base/SafeFile.h"
 #include "base/TextFile.h"
@@ -80,10 +81,9 @@ void takeFolder(TakenCopies& taken, const ReferenceFolder& reference, const fs::
     }
     if (*size != reference.size) {
         noteLeftOut(taken, reference.name,
-                    BilingualText::same(displayPath(source)) + BilingualText(" holds ", " contient ") +
-                        sizeText(*size) +
-                        BilingualText(", an untouched installation ", ", une installation intacte ") +
-                        sizeText(reference.size));
+                    filled({"{} holds {}, an untouched installation {}",
+                            "{} contient {}, une installation intacte {}"},
+                           {displayPath(source), sizeText(*size), sizeText(reference.size)}));
         return;
     }
     const Result<std::vector<FolderEntry>> oldFiles = filesIn(target);

@@ -111,7 +111,7 @@ std::vector<Failure> noticesAbout(const std::vector<EntryCounts>& levels)
 
 } // namespace
 
-BilingualText statisticsTitle()
+const Title& statisticsTitle()
 {
     return titles::statistics;
 }

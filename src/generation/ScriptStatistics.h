@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/Title.h"
 
 #include <array>
 #include <cstdint>
@@ -13,7 +14,7 @@
 namespace tavrel {
 
 // "Statistiques Projet". These texts exist in French only.
-BilingualText statisticsTitle();
+const Title& statisticsTitle();
 
 // What is counted, in the order of the window's rows.
 constexpr std::size_t countedEntries = 4;

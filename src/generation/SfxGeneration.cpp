@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/FileNames.h"
+#include "base/FilledText.h"
 #include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
@@ -49,11 +50,11 @@ bool canBeCurrentFolder(const fs::path& folder)
 
 BilingualText impossible(const fs::path& folder)
 {
-    return BilingualText("Impossible to create SFX files from folder\n",
-                         "Impossible de créer les SFX à partir du répertoire\n") +
-           displayPath(folder / "") +
-           BilingualText("\nCheck your user authorizations for this folder",
-                         "\nVérifiez vos autorisations utilisateur concernant ce répertoire");
+    return filled(
+        {"Impossible to create SFX files from folder\n{}\nCheck your user authorizations for this folder",
+         "Impossible de créer les SFX à partir du répertoire\n{}\nVérifiez vos autorisations utilisateur "
+         "concernant ce répertoire"},
+        {displayPath(folder / "")});
 }
 
 struct SampleOfWad
@@ -383,12 +384,12 @@ bool SfxGeneration::wantsToStop(FileStates files, Clock::time_point now)
     }
     const Question question{
         titles::generate,
-        BilingualText(
-            "These files wait to be copied to the WADs, and nothing happens to them. Was the console "
-            "window closed too early?",
-            "Ces fichiers attendent d'être copiés dans le répertoire des WADs et rien ne se passe. "
-            "La fenêtre de console a-t-elle été fermée trop tôt ?") +
-            names + BilingualText("\nStop waiting?", "\nArrêter d'attendre ?"),
+        filled(
+            {"These files wait to be copied to the WADs, and nothing happens to them. Was the console window "
+             "closed too early?{}\nStop waiting?",
+             "Ces fichiers attendent d'être copiés dans le répertoire des WADs et rien ne se passe. La fenêtre de "
+             "console a-t-elle été fermée trop tôt ?{}\nArrêter d'attendre ?"},
+            {names}),
         Buttons::YesNo};
     const bool stops = m_dialogs.ask(question) == Answer::Yes;
     m_lastSeen.reset(); // the patience begins anew, and the time for the answer does not count

@@ -16,18 +16,18 @@ namespace {
 
 using LineChanges = std::vector<SoundCatalogue::LineChange>;
 
-const BilingualText& addTitle = titles::addLetter;
-const BilingualText& removeTitle = titles::removeLetter;
-const BilingualText& removeAllTitle = titles::removeAllLetters;
-const BilingualText& replaceTitle = titles::replaceLetter;
+const Title& addTitle = titles::addLetter;
+const Title& removeTitle = titles::removeLetter;
+const Title& removeAllTitle = titles::removeAllLetters;
+const Title& replaceTitle = titles::replaceLetter;
 
-bool refuse(const BilingualText& title, const BilingualText& text, Dialogs& dialogs)
+bool refuse(const Title& title, const BilingualText& text, Dialogs& dialogs)
 {
     dialogs.show({MessageIcon::Exclamation, title, text});
     return false;
 }
 
-bool showIfFailed(const Problem& problem, const BilingualText& title, Dialogs& dialogs)
+bool showIfFailed(const Problem& problem, const Title& title, Dialogs& dialogs)
 {
     return problem && !refuse(title, problem->text, dialogs);
 }
@@ -124,7 +124,7 @@ std::vector<std::size_t> soundsOf(const SoundCatalogue& catalogue, std::span<con
     return sounds;
 }
 
-BilingualText objectsLabel(const BilingualText& title, std::span<const std::string> objects)
+BilingualText objectsLabel(const Title& title, std::span<const std::string> objects)
 {
     std::string names;
     for (const std::string& object : objects) {
@@ -200,7 +200,7 @@ SoundsChanged addLetter(SoundCatalogue& catalogue, std::span<const std::size_t> 
 
 } // namespace
 
-bool RequireCurrentReference(const CurrentWad& wad, const BilingualText& title, Dialogs& dialogs)
+bool RequireCurrentReference(const CurrentWad& wad, const Title& title, Dialogs& dialogs)
 {
     return (!wad.letter.empty() && !wad.wadName.empty()) ||
            refuse(title,

@@ -18,7 +18,7 @@
 namespace tavrel {
 
 // Every command on letters needs a current WAD with a letter; a message when there is none.
-bool RequireCurrentReference(const CurrentWad& wad, const BilingualText& title, Dialogs& dialogs);
+bool RequireCurrentReference(const CurrentWad& wad, const Title& title, Dialogs& dialogs);
 // A command over all lines takes no letter that would hit other levels; a message when it is such a one.
 bool requireLetterOfOneLevel(std::string_view letter, Dialogs& dialogs);
 
@@ -58,13 +58,13 @@ std::vector<std::size_t> soundsWithLetter(const SoundCatalogue& catalogue, std::
 std::size_t linesWithLetter(const SoundCatalogue& catalogue, std::string_view letter);
 // What to know before a reference takes a letter that lines carry.
 BilingualText alreadyCarried(std::size_t lines, std::string_view letter);
-// The same while the letter is typed, or that the line grammar can mistake it. Empty when there is nothing to
-// know.
+// What to know of a letter while it is typed: that lines carry it, or that the line grammar can mistake it.
+// Empty when there is nothing to know.
 BilingualText hintOnNewLetter(const SoundCatalogue& catalogue, std::string_view letter);
 
-// The same for many sounds at once. The letter goes in front of each line's others, which composes the line;
-// where that would lose or change words, it goes behind the line instead. Lines that have it stay as they
-// are, and so do those of all levels.
+// Gives many sounds the letter in one step. The letter goes in front of each line's others, which composes
+// the line; where that would lose or change words, it goes behind the line instead. Lines that have it stay
+// as they are, and so do those of all levels.
 SoundsChanged addLetterToSounds(SoundCatalogue& catalogue, std::span<const std::size_t> numbers,
                                 const CurrentWad& wad, Dialogs& dialogs);
 // Takes exactly this letter off the sounds that carry it.

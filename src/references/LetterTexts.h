@@ -6,7 +6,7 @@
 // Messages that the register and the commands on letters share.
 namespace tavrel::letterTexts {
 
-inline const BilingualText& letterTitle = titles::letter;
+inline const Title& letterTitle = titles::letter;
 inline const BilingualText twoCharacters("The letter must be 2 characters long",
                                          "La lettre doit faire 2 caractères");
 inline const BilingualText startsWithG("Letter starting by [#g] not authorized",

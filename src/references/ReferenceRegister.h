@@ -91,7 +91,7 @@ struct LoadedRegister
 // The installed references must be there; the user's file may be missing.
 Result<LoadedRegister> loadRegister(const std::filesystem::path& programFolder);
 
-// The same from files that were read before; the second may be missing.
+// Takes files that were read before; the user's may be missing.
 LoadedRegister parseRegister(const TextFile& builtIn, const std::optional<Result<TextFile>>& user);
 
 // Writes the user's own references. What another window or command has written since they were read stays: as

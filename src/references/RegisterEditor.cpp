@@ -67,19 +67,19 @@ std::optional<std::string> wadNameFromPath(std::string_view path)
     return std::string(name.substr(0, ending));
 }
 
-bool RegisterEditor::refuse(ReferenceField field, const BilingualText& title, const BilingualText& text)
+bool RegisterEditor::refuse(ReferenceField field, const Title& title, const BilingualText& text)
 {
     m_focus = field;
     m_context.dialogs.show({MessageIcon::Exclamation, title, text});
     return false;
 }
 
-bool RegisterEditor::showIfFailed(const Problem& problem, const BilingualText& title)
+bool RegisterEditor::showIfFailed(const Problem& problem, const Title& title)
 {
     return problem && !refuse(ReferenceField::None, title, problem->text);
 }
 
-void RegisterEditor::tellLinesLeft(const std::string& letter, const BilingualText& title)
+void RegisterEditor::tellLinesLeft(const std::string& letter, const Title& title)
 {
     const std::size_t lines = linesWithLetter(m_context.catalogue, letter);
     if (isLetterOfOneLevel(letter) || lines == 0) {
@@ -116,7 +116,7 @@ WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announc
 }
 
 bool RegisterEditor::hasWadFile(std::string_view wadName, std::string_view ending,
-                                const BilingualText& caption)
+                                const Title& caption)
 {
     if (findFile(m_context.wadFolder, std::string(wadName).append(lowerCase(ending)))) {
         return true;
@@ -127,7 +127,7 @@ bool RegisterEditor::hasWadFile(std::string_view wadName, std::string_view endin
                   {"No " + file + " File\nin " + folder, "Aucun Fichier " + file + "\ndans " + folder});
 }
 
-bool RegisterEditor::isFreeWadName(const std::string& wadName, const BilingualText& caption)
+bool RegisterEditor::isFreeWadName(const std::string& wadName, const Title& caption)
 {
     for (const WadReference& reference : m_context.references.all()) {
         const WadReference row = fieldsOfRow(referenceRow(reference));
@@ -142,7 +142,7 @@ bool RegisterEditor::isFreeWadName(const std::string& wadName, const BilingualTe
     return true;
 }
 
-bool RegisterEditor::isFreeLetter(const std::string& letter, const BilingualText& caption)
+bool RegisterEditor::isFreeLetter(const std::string& letter, const Title& caption)
 {
     for (const WadReference& reference : m_context.references.all()) {
         const WadReference row = fieldsOfRow(referenceRow(reference));
@@ -156,7 +156,7 @@ bool RegisterEditor::isFreeLetter(const std::string& letter, const BilingualText
     return true;
 }
 
-bool RegisterEditor::ValidateReference(const WadReference& fields, bool adding, const BilingualText& caption)
+bool RegisterEditor::ValidateReference(const WadReference& fields, bool adding, const Title& caption)
 {
     m_focus = ReferenceField::None;
     if (isMissing(fields.wadName)) {
@@ -241,7 +241,7 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
     if (!ValidateReference(fields, false, titles::modifyReference)) {
         return Modified::Refused;
     }
-    const BilingualText& title = titles::modifySelectedReference;
+    const Title& title = titles::modifySelectedReference;
     if (fields.letter != m_selectedLetter) {
         const std::string before = "[#" + shownText(m_selectedLetter) + "]";
         const std::string after = "[#" + shownText(fields.letter) + "]";

@@ -67,16 +67,16 @@ public:
 private:
     Problem store(const WadReference& fields);
     bool isUnused(const std::string& letter) const;
-    bool ValidateReference(const WadReference& fields, bool adding, const BilingualText& caption);
-    bool hasWadFile(std::string_view wadName, std::string_view ending, const BilingualText& caption);
-    bool isFreeWadName(const std::string& wadName, const BilingualText& caption);
-    bool isFreeLetter(const std::string& letter, const BilingualText& caption);
-    bool refuse(ReferenceField field, const BilingualText& title, const BilingualText& text);
-    bool showIfFailed(const Problem& problem, const BilingualText& title);
+    bool ValidateReference(const WadReference& fields, bool adding, const Title& caption);
+    bool hasWadFile(std::string_view wadName, std::string_view ending, const Title& caption);
+    bool isFreeWadName(const std::string& wadName, const Title& caption);
+    bool isFreeLetter(const std::string& letter, const Title& caption);
+    bool refuse(ReferenceField field, const Title& title, const BilingualText& text);
+    bool showIfFailed(const Problem& problem, const Title& title);
     // For the details of a question.
     BilingualText soundsWith(const std::string& letter) const;
     // The letter is one that no walk over the lines looks for.
-    void tellLinesLeft(const std::string& letter, const BilingualText& title);
+    void tellLinesLeft(const std::string& letter, const Title& title);
 
     Context m_context;
     std::optional<std::size_t> m_selected;

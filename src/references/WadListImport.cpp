@@ -117,8 +117,8 @@ private:
 // Texts that differ between the two lists.
 struct KindTexts
 {
-    BilingualText button;
-    BilingualText title;
+    Title button; // and of what keeps it from its work
+    Title title;
     BilingualText objects; // what gets the letter
     std::string_view gap;  // the blank before "will", doubled in one of the questions
 };

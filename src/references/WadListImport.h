@@ -43,7 +43,8 @@ struct ImportPlan
 // register lets take part, gets the letter.
 ImportPlan planSamplesImport(const SoundCatalogue& catalogue, const ChangedLines& saved, const WadList& list,
                              const std::string& letter);
-// The same for every sound of a listed object. The sound of being under water always gets the letter.
+// The saved lines of the WAD come back first; then every sound of a listed object gets the letter. The sound
+// of being under water always gets the letter.
 ImportPlan planObjectsImport(const SoundCatalogue& catalogue, const ChangedLines& saved, const WadList& list,
                              const std::string& letter);
 

@@ -21,7 +21,7 @@ namespace tavrel {
 
 namespace {
 
-const BilingualText& title = titles::manageDoubles;
+const Title& title = titles::manageDoubles;
 
 } // namespace
 

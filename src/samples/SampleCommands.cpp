@@ -25,7 +25,7 @@ constexpr std::size_t sampleFieldWidth = 32;
 
 const BilingualText selectFirst("Select a sample first", "Selectionnez d'abord un sample");
 
-// The same title for adding and renaming.
+// Adding and renaming share their title.
 bool refuse(const BilingualText& text, Dialogs& dialogs)
 {
     dialogs.show({MessageIcon::Exclamation, titles::renameSample, text});
@@ -172,7 +172,7 @@ SampleResult renameSample(LineEditor& editor, const SampleInput& input, Dialogs&
 SampleResult removeSample(LineEditor& editor, const SampleInput& input, Dialogs& dialogs)
 {
     std::vector<std::string> names = namesOf(editor);
-    const BilingualText& title = titles::removeSample;
+    const Title& title = titles::removeSample;
     if (!mayChange(editor, dialogs)) {
         return {};
     }

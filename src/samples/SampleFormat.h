@@ -28,7 +28,7 @@ struct SampleFormatVerdict
 // fails everything.
 SampleFormatVerdict CheckSampleFormatDetailed(const std::filesystem::path& file);
 
-// The same of a file's first bytes.
+// The verdict on a file that begins with these bytes.
 SampleFormatVerdict verdictOf(std::span<const char> start);
 
 // The sample of that name (without ".wav", letter case aside) in the folder. False when there is none.
@@ -44,7 +44,7 @@ BilingualText wrongSampleFormat(std::string_view name);
 BilingualText anomalyTitle();
 BilingualText anomalyColumns();
 std::string anomalyRow(std::string_view fileName, const SampleFormatVerdict& verdict, Language language);
-// The same, or why the file cannot be opened.
+// The row of a file that was looked at; for one that cannot be opened, why.
 std::string checkedRow(const std::filesystem::path& file, std::string_view fileName,
                        const SampleFormatVerdict& verdict, Language language);
 // Under the rows, how many there are.

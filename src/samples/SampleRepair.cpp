@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
+#include "base/FilledText.h"
 #include "base/Message.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
@@ -400,11 +401,10 @@ SampleReport runOnSamples(SampleTask task, std::vector<fs::path> samples, Progre
 Question repairQuestion(std::span<const fs::path> samples)
 {
     Question question{titles::repairSamples,
-                      BilingualText("Convert ", "Convertir ") +
-                          counted(samples.size(), {"sample", "sample"}, {"samples", "samples"}) +
-                          BilingualText(" to the right format?\nThe originals are kept in ",
-                                        " au bon format ?\nLes originaux sont conservés dans ") +
-                          displayPath(originalsFolder(samples.front().parent_path()))};
+                      filled({"Convert {} to the right format?\nThe originals are kept in {}",
+                              "Convertir {} au bon format ?\nLes originaux sont conservés dans {}"},
+                             {counted(samples.size(), {"sample", "sample"}, {"samples", "samples"}),
+                              displayPath(originalsFolder(samples.front().parent_path()))})};
     question.details = listedFiles(samples);
     return question;
 }
@@ -413,10 +413,11 @@ Question putBackQuestion(std::span<const fs::path> samples)
 {
     Question question{
         titles::putBackOriginals,
-        BilingualText("Put ", "Remettre ") +
-            counted(samples.size(),
-                    {"original back in the place of the sample?", "original à la place du sample ?"},
-                    {"originals back in the place of the samples?", "originaux à la place des samples ?"})};
+        filled({"Put {}", "Remettre {}"},
+               {counted(
+                   samples.size(),
+                   {"original back in the place of the sample?", "original à la place du sample ?"},
+                   {"originals back in the place of the samples?", "originaux à la place des samples ?"})})};
     question.details = listedFiles(samples);
     return question;
 }

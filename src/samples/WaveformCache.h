@@ -28,7 +28,7 @@ public:
     WaveformCache& operator=(const WaveformCache&) = delete;
     ~WaveformCache() override;
 
-    // Nothing while it is being read; ready() tells.
+    // The waveform of the file; null while it is being read, and ready() tells when it is there.
     Entry get(const std::filesystem::path& file);
 
 Q_SIGNALS:

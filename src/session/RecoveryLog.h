@@ -70,7 +70,7 @@ public:
     Problem moved(const HistoryTrack& track);
     Problem valuesLeft(const UnacceptedValues& values);
 
-    // Nothing is left to be recovered.
+    // Ends the log: there are no changes left to be recovered.
     void end();
     // The changes were given up on purpose; the log stays for a while, among those that were discarded. A
     // problem leaves it for the next start to find.

@@ -88,7 +88,7 @@ public:
     // the first load that is an empty catalogue. With lines that are read otherwise than they stand in the
     // file, the result waits to be applied.
     Result<std::vector<Failure>> load(std::vector<LineReadOtherwise> readOtherwise = {});
-    // The same with another level editor.
+    // Loads as load() does, with another level editor than that of the settings.
     Result<std::vector<Failure>> loadFrom(const std::string& drive, const std::string& levelEditorFolder);
     bool isLoaded() const { return m_loaded; }
     // What there is to know about the register that was loaded. A state of its files is to be told once:

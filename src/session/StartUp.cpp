@@ -5,6 +5,7 @@
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/FileNames.h"
+#include "base/FilledText.h"
 #include "base/Folder.h"
 #include "base/ProcessLock.h"
 #include "base/SafeFile.h"
@@ -94,10 +95,10 @@ void reportUnlessWarned(const Problem& problem, const StartContext& context, con
 // The folder may be on a disk that is not connected just now, so the user decides.
 bool wantsAnotherFolder(const std::string& folder, Dialogs& dialogs)
 {
-    const BilingualText text = BilingualText("There is no level editor in this folder:\n",
-                                             "Il n'y a pas d'éditeur de niveaux dans ce répertoire :\n") +
-                               utf8FromCodePage(folder) +
-                               BilingualText("\nChoose another one?", "\nEn choisir un autre ?");
+    const BilingualText text =
+        filled({"There is no level editor in this folder:\n{}\nChoose another one?",
+                "Il n'y a pas d'éditeur de niveaux dans ce répertoire :\n{}\nEn choisir un autre ?"},
+               {utf8FromCodePage(folder)});
     return dialogs.ask({titles::program, text, Buttons::YesNo}) == Answer::Yes;
 }
 

@@ -68,7 +68,7 @@ LoadedSettings parseSettings(const TextFile& file);
 // The file of the first start: where the level editor is.
 [[nodiscard]] Problem saveFirstSettings(const std::filesystem::path& programFolder,
                                         const ProgramSettings& settings);
-// The same, in the place of a damaged file, which is kept under another name first.
+// Writes all fields in the place of a damaged file, which is kept under another name first.
 [[nodiscard]] Problem replaceDamagedSettings(const std::filesystem::path& programFolder,
                                              const ProgramSettings& settings);
 

@@ -18,7 +18,7 @@ void paintWith(QWidget& area, const ColourPair& pair);
 
 // What stands out in a list of these colours: amber, light or dark, or else the list's own text colour.
 QColor markColour(const ColourPair& pair);
-// The same in red, for icons and dots.
+// A red that can be told from both of these colours, for icons and dots.
 QColor alarmColour(const ColourPair& pair);
 
 // A row that is out of use: between text and ground.

@@ -331,7 +331,7 @@ void FmCompare::showPossibilities()
     m_untickAll->setEnabled(m_view->shownRows() > 0);
 }
 
-// Nothing, and a message, for a text that maps no letters.
+// Shows a message, and returns no map, for a text that maps no letters.
 std::optional<TakenParts> FmCompare::parts()
 {
     Result<LetterMap> map =

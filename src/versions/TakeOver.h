@@ -46,7 +46,7 @@ struct TakenLines
     std::vector<Failure> refused;                    // why a line was not taken
 };
 
-// Nothing is changed yet.
+// The catalogue itself stays as it is.
 TakenLines takeLines(const SoundCatalogue& catalogue, std::span<const TakenLine> lines,
                      const TakenParts& parts);
 

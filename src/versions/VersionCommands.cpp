@@ -5,6 +5,7 @@
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"
+#include "base/FilledText.h"
 #include "base/SafeFile.h"
 #include "base/Titles.h"
 #include "catalogue/ChangeSounds.h"
@@ -233,10 +234,9 @@ agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version,
 bool bringSetBack(const KeptVersion& set, const KeptPlaces& places, Progress& progress, Dialogs& dialogs)
 {
     const BilingualText text =
-        BilingualText("Bring back ", "Remettre en place ") +
-        counted(set.files, {"file of\n", "fichier de\n"}, {"files of\n", "fichiers de\n"}) +
-        displayPath(set.path) +
-        BilingualText("\nWhat is there now is put aside.", "\nCe qui s'y trouve est mis de côté.");
+        filled({"Bring back {} of\n{}\nWhat is there now is put aside.",
+                "Remettre en place {} de\n{}\nCe qui s'y trouve est mis de côté."},
+               {counted(set.files, {"file", "fichier"}, {"files", "fichiers"}), displayPath(set.path)});
     Question question{titles::versions, text};
     if (const Result<std::vector<FolderEntry>> files = listFolder(set.path)) {
         for (const FolderEntry& file : *files) {

@@ -55,14 +55,14 @@ TEST(HelpFiles, EveryTitleLeadsToItsSection)
         SCOPED_TRACE(file.name);
         const std::string text = readBytes(dataFolder() / file.name);
         const std::vector<HelpSection> sections = helpSections(text);
-        for (const BilingualText* const title : titles::all()) {
-            if (title == &titles::mainWindow) {
+        for (const BilingualText& title : Title::all()) {
+            if (title == titles::mainWindow) {
                 continue; // its own chapter
             }
             for (const HelpAbout about : {HelpAbout::Window, HelpAbout::Message}) {
-                const std::string wanted = codePageFromUtf8(title->in(file.language)).bytes;
+                const std::string wanted = codePageFromUtf8(title.in(file.language)).bytes;
                 EXPECT_NE(findHelpSection(text, sections, wanted, about), nullptr)
-                    << title->in(file.language);
+                    << title.in(file.language);
             }
         }
     }

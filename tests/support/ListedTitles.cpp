@@ -9,19 +9,13 @@
 
 namespace tavrel {
 
-void expectListedTitle(const BilingualText& title)
-{
-    EXPECT_TRUE(std::ranges::any_of(titles::all(), [&](const auto* listed) { return *listed == title; }))
-        << "not in the table of titles: " << title.english << " / " << title.french;
-}
-
 void expectListedWindowTitle(std::string_view title)
 {
     const auto fits = [title](std::string_view listed) {
         return title == listed || (listed.ends_with(" - ") && title.starts_with(listed));
     };
     EXPECT_TRUE(std::ranges::any_of(
-        titles::all(), [&](const auto* listed) { return fits(listed->english) || fits(listed->french); }))
+        Title::all(), [&](const BilingualText& listed) { return fits(listed.english) || fits(listed.french); }))
         << "not in the table of titles: " << title;
 }
 

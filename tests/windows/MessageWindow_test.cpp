@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Titles.h"
 #include "ui/MessageWindow.h"
 #include "ui/QtDialogs.h"
 
@@ -95,7 +96,7 @@ TEST(QtDialogs, AFilterIsShownAsItIsWritten)
         shown = dialog->findChild<QComboBox*>("fileTypeCombo")->currentText();
         dialog->reject();
     });
-    EXPECT_FALSE(dialogs.chooseFile({{"T", "T"}, {"Files (*.tox,*.tob)", ""}, {"*.tox", "*.tob"}, {}}));
+    EXPECT_FALSE(dialogs.chooseFile({titles::program, {"Files (*.tox,*.tob)", ""}, {"*.tox", "*.tob"}, {}}));
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
     EXPECT_EQ(shown, "Files (*.tox,*.tob)");
 }
