@@ -374,22 +374,6 @@ TEST_F(ApplyChanges, TakesTheLocksWhenAllQuestionsAreAnswered)
 }
 
 #ifndef _WIN32
-TEST_F(ApplyChanges, WritesThroughALink)
-{
-    const fs::path real = demo.root / "elsewhere" / "real.txt";
-    fs::create_directory(real.parent_path());
-    fs::rename(demo.sounds, real);
-    fs::create_symlink("../../../elsewhere/real.txt", demo.sounds);
-    reload();
-    change(3, "N:>other>");
-    ScriptedDialogs dialogs{Answer::Ok, Answer::Yes};
-    EXPECT_TRUE(apply(dialogs));
-    EXPECT_TRUE(fs::is_symlink(demo.sounds));
-    EXPECT_EQ(firstDifference(readBytes(real), textOf(lines)), "");
-    EXPECT_FALSE(fs::is_symlink(firstBackup));
-    EXPECT_EQ(namesIn(real.parent_path()), std::vector<std::string>{"real.txt"});
-}
-
 // In a child process, as a user who may not write there: ends with 0 when the apply said so and failed.
 void applyAsAnotherUser(SoundCatalogue& catalogue, const fs::path& program)
 {

@@ -225,6 +225,8 @@ TEST_F(SeveralLinesTest, TakeOneEditInOneStep)
 // A step that no line can take is none, or the way back would begin with steps that change nothing.
 TEST_F(SeveralLinesTest, StepsEndWithTheLastLineThatCanTakeThem)
 {
+    editor.select(0);
+    EXPECT_FALSE(editor.stepValue(ValueBox::Ch, 1)) << "an empty one is the highest";
     editor.select(1);
     EXPECT_TRUE(editor.stepValue(ValueBox::Vol, 10));
     EXPECT_EQ(editor.commonText(ValueBox::Vol), "");

@@ -46,11 +46,4 @@ TEST(LineSearch, LooksThroughTheListedLinesOnce)
     }
 }
 
-TEST(LineSearch, FindsNothingInAnEmptyList)
-{
-    const SoundCatalogue catalogue;
-    EXPECT_EQ(findNextLine(catalogue, {}, {}, {"a", Down, false}), Number());
-    EXPECT_EQ(findNextLine(catalogue, {}, 3, {"a", Up, false}), Number());
-}
-
 } // namespace

@@ -75,12 +75,4 @@ TEST(ValueBoxes, ShowTheDigitsOfTheFieldAsTheyStand)
     }
 }
 
-TEST(ValueBoxes, TakeTwoDigitsAndASignForThePitch)
-{
-    EXPECT_EQ(maximumLength(Vol), 2U);
-    EXPECT_EQ(maximumLength(Rad), 2U);
-    EXPECT_EQ(maximumLength(Ch), 2U);
-    EXPECT_EQ(maximumLength(Pit), 3U);
-}
-
 } // namespace

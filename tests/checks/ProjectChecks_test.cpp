@@ -255,6 +255,13 @@ TEST(ReferenceChecks, CompareTheListsOfAWad)
     EXPECT_EQ(project.line(1), withTabs("S1:>b>>VOL50>#oa"));
     EXPECT_EQ(project.line(4), withTabs("S4:>b>>VOL50>>>>>#xx #oa"));
     EXPECT_TRUE(project.check("list-object").empty());
+
+    while (project.catalogue.size() < 28) { // 27 is protected
+        project.addLine("N:>a>>VOL50");
+    }
+    project.catalogue.setObjects({{"", "BAT", {27}}});
+    ASSERT_EQ(project.check("list-object").size(), 1U);
+    EXPECT_FALSE(project.check("list-object").front().fix);
 }
 
 TEST(GenerationChecks, LookAtTheToolAndItsResults)
