@@ -5,8 +5,8 @@
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "session/FmRecover.h"
-#include "versions/PendingChanges.h"
 #include "session/RecoverCommands.h"
+#include "versions/PendingChanges.h"
 
 namespace tavrel {
 

@@ -20,7 +20,7 @@ namespace tavrel {
 struct SoundsChange
 {
     BilingualText label; // of the step
-    Title title; // of messages and the question
+    Title title;         // of messages and the question
     // The line as it shall be, or why it stays as it is. Not called for protected lines.
     std::function<Result<std::string>(std::size_t number)> rewrite;
     // The lines are read and written anew, and may lose words that the grammar does not read: the user is

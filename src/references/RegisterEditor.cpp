@@ -115,8 +115,7 @@ WadReference RegisterEditor::select(std::optional<std::size_t> row, bool announc
     return fields;
 }
 
-bool RegisterEditor::hasWadFile(std::string_view wadName, std::string_view ending,
-                                const Title& caption)
+bool RegisterEditor::hasWadFile(std::string_view wadName, std::string_view ending, const Title& caption)
 {
     if (findFile(m_context.wadFolder, std::string(wadName).append(lowerCase(ending)))) {
         return true;

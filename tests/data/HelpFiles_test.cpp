@@ -61,8 +61,7 @@ TEST(HelpFiles, EveryTitleLeadsToItsSection)
             }
             for (const HelpAbout about : {HelpAbout::Window, HelpAbout::Message}) {
                 const std::string wanted = codePageFromUtf8(title.in(file.language)).bytes;
-                EXPECT_NE(findHelpSection(text, sections, wanted, about), nullptr)
-                    << title.in(file.language);
+                EXPECT_NE(findHelpSection(text, sections, wanted, about), nullptr) << title.in(file.language);
             }
         }
     }

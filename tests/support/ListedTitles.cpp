@@ -15,7 +15,8 @@ void expectListedWindowTitle(std::string_view title)
         return title == listed || (listed.ends_with(" - ") && title.starts_with(listed));
     };
     EXPECT_TRUE(std::ranges::any_of(
-        Title::all(), [&](const BilingualText& listed) { return fits(listed.english) || fits(listed.french); }))
+        Title::all(),
+        [&](const BilingualText& listed) { return fits(listed.english) || fits(listed.french); }))
         << "not in the table of titles: " << title;
 }
 

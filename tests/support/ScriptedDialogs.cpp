@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/ScriptedDialogs.h"
 
-
 #include <gtest/gtest.h>
 
 namespace tavrel {
