@@ -47,10 +47,10 @@ public:
 protected:
     struct Look
     {
-        const char* name;
-        std::size_t linesColourSlot;
-        QPushButton* action; // what the window is opened for
-        QSize size;
+        const char* name = nullptr;
+        std::size_t linesColourSlot = 0;
+        QPushButton* action = nullptr; // what the window is opened for
+        QSize size = {};
     };
     ExchangeWindow(QWidget* parent, const ExchangeContext& context, const Look& look);
 

@@ -169,7 +169,7 @@ FmChecks::FmChecks(QWidget* parent, ChecksContext context)
     paintWith(*m_tree, m_context.colours.slots[colourSlot]);
     paintWith(*m_preview, m_context.colours.slots[colourSlot]);
     connectControls();
-    showCaptions();
+    FmChecks::showCaptions(); // no window derives from this one
     showSelected();
     m_tree->setFocus();
 }

@@ -127,7 +127,7 @@ FmLevels::FmLevels(QWidget* parent, LevelsContext context)
     setObjectName("FmLevels");
     layOut();
     connectControls();
-    showCaptions();
+    FmLevels::showCaptions(); // no window derives from this one
 }
 
 void FmLevels::layOut()

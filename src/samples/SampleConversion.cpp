@@ -137,8 +137,8 @@ public:
     {
         constexpr float range = 4294967296.0F;
         const std::uint64_t number = m_numbers();
-        const float first = static_cast<float>(static_cast<std::uint32_t>(number));
-        const float second = static_cast<float>(static_cast<std::uint32_t>(number >> 32));
+        const auto first = static_cast<float>(static_cast<std::uint32_t>(number));
+        const auto second = static_cast<float>(static_cast<std::uint32_t>(number >> 32));
         return (first - second) / range;
     }
 

@@ -102,8 +102,8 @@ Problem copyWhole(const fs::path& from, const fs::path& to)
     return std::nullopt;
 }
 
-// The sample's bytes under a second name, before another file takes the first. Where the file system has no
-// second names, they are copied.
+// The sample's bytes under a second name, before another file takes the first. They are copied where the file
+// system has no second names, and where the sample has one already: somebody may write to it there.
 Problem keepWhole(fs::path sample, const fs::path& place)
 {
     std::error_code error;
@@ -111,7 +111,8 @@ Problem keepWhole(fs::path sample, const fs::path& place)
     if (error) {
         return cannotWrite(place.parent_path(), error);
     }
-    if (!followLinks(sample) && !system::giveSecondName(sample, place)) {
+    const bool hasOneName = !followLinks(sample) && fs::hard_link_count(sample, error) == 1;
+    if (hasOneName && !system::giveSecondName(sample, place)) {
         return std::nullopt;
     }
     return copyWhole(sample, place);

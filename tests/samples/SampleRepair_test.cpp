@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 using namespace tavrel;
 namespace fs = std::filesystem;
 
@@ -68,6 +70,15 @@ TEST_F(SampleRepair, KeepsEachOriginalAndPutsTheLastOneBack)
     }
     EXPECT_EQ(fs::last_write_time(foot), time);
     EXPECT_FALSE(putOriginalBack(foot).done);
+}
+
+TEST_F(SampleRepair, AnOriginalIsNoFileThatAnotherNameLeadsTo)
+{
+    const fs::path foot = sample("foot.wav", chunked);
+    fs::create_hard_link(foot, root / "elsewhere.wav");
+    EXPECT_TRUE(repairSample(foot).done);
+    std::ofstream(root / "elsewhere.wav", std::ios::binary) << "written in place";
+    EXPECT_EQ(readBytes(originals / "foot.wav"), chunked);
 }
 
 TEST_F(SampleRepair, WhatWasChangedSinceIsKeptToo)
