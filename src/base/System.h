@@ -26,7 +26,7 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
 // Returns once the bytes of an existing file are on the disk.
 std::error_code flushFile(const std::filesystem::path& file);
 // A hard link: the file's bytes can be reached by both names, on the disk too once this returns. Fails where
-// the name is taken or the file system has no such links.
+// the name is taken, the file has a second name already, or the file system has no such links.
 std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name);
 
 // Puts `from` in the place of `to` in one step: at every moment `to` is the old file or the new one.

@@ -193,6 +193,10 @@ std::error_code flushFile(const std::filesystem::path& file)
 
 std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name)
 {
+    struct stat status = {};
+    if (::stat(file.c_str(), &status) == 0 && status.st_nlink > 1) {
+        return std::make_error_code(std::errc::too_many_links);
+    }
     if (::link(file.c_str(), name.c_str()) != 0) {
         return lastError();
     }

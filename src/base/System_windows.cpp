@@ -158,6 +158,17 @@ std::error_code flushFile(const std::filesystem::path& file)
 
 std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name)
 {
+    const HANDLE handle = CreateFileW(file.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return lastError();
+    }
+    BY_HANDLE_FILE_INFORMATION information = {};
+    const bool isKnown = GetFileInformationByHandle(handle, &information) != 0;
+    CloseHandle(handle);
+    if (!isKnown || information.nNumberOfLinks > 1) {
+        return std::make_error_code(std::errc::too_many_links);
+    }
     return CreateHardLinkW(name.c_str(), file.c_str(), nullptr) != 0 ? std::error_code() : lastError();
 }
 

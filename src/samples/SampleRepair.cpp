@@ -111,8 +111,7 @@ Problem keepWhole(fs::path sample, const fs::path& place)
     if (error) {
         return cannotWrite(place.parent_path(), error);
     }
-    const bool hasOneName = !followLinks(sample) && fs::hard_link_count(sample, error) == 1;
-    if (hasOneName && !system::giveSecondName(sample, place)) {
+    if (!followLinks(sample) && !system::giveSecondName(sample, place)) {
         return std::nullopt;
     }
     return copyWhole(sample, place);
