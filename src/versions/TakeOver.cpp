@@ -135,7 +135,8 @@ Result<std::string> takeOver(std::string_view mine, std::string_view theirs, con
         return std::string(mine);
     }
     std::string line = ComposeSoundLine(record);
-    return ParseSoundLine(line) == record ? Result<std::string>(std::move(line)) : unreadable();
+    const bool isRead = SoundCatalogue::accepts(line) && ParseSoundLine(line) == record;
+    return isRead ? Result<std::string>(std::move(line)) : unreadable();
 }
 
 TakenLines takeLines(const SoundCatalogue& catalogue, std::span<const TakenLine> lines,
