@@ -7,6 +7,7 @@
 #include "base/FilledText.h"
 #include "base/Folder.h"
 #include "base/Titles.h"
+#include "catalogue/ChangeSounds.h"
 #include "references/LetterCommands.h"
 #include "samples/SamplesFolder.h"
 
@@ -77,28 +78,12 @@ BilingualText samplesOfBackup(const fs::path& backup)
                      "celle-ci.");
 }
 
-namespace {
-
-// The sounds whose lines become others.
-BilingualText listedSounds(const ImportFile& file)
-{
-    std::string rows;
-    for (const std::size_t number : file.tickedLines()) {
-        const std::string_view line = file.catalogue().currentLine(number);
-        rows += (rows.empty() ? "" : "\n") + std::to_string(number) + ": " +
-                shownText(line.substr(0, line.find(':')));
-    }
-    return BilingualText::same(rows);
-}
-
-} // namespace
-
 bool confirmExchangeImport(const ImportRequest& request, Dialogs& dialogs)
 {
     Question question{actionOf(request.file.kind()),
                       {"Restore all lines.", "Restaurer toutes les lignes."},
                       Buttons::YesNo};
-    question.details = listedSounds(request.file);
+    question.details = listedSounds(request.file.catalogue(), request.file.tickedLines());
     if (request.file.kind() == ExchangeKind::Backup) {
         return dialogs.ask(question) == Answer::Yes;
     }
@@ -120,7 +105,7 @@ bool confirmExchangeImport(const ImportRequest& request, Dialogs& dialogs)
 ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& request, Progress& progress)
 {
     ImportOutcome outcome = importTickedLines(catalogue, request);
-    return outcome.complete ? copyImportedSamples(catalogue, request, progress) : outcome;
+    return outcome.complete ? copyImportedSamples(request, progress) : outcome;
 }
 
 namespace {
@@ -152,7 +137,7 @@ ImportOutcome importTickedLines(SoundCatalogue& catalogue, const ImportRequest& 
 namespace {
 
 // Files that the imported lines name, each once.
-std::vector<std::string> missingSamples(const ImportRequest& request, const SoundCatalogue& catalogue)
+std::vector<std::string> missingSamples(const ImportRequest& request)
 {
     std::vector<std::string> missing;
     const Result<FolderIndex> folder = FolderIndex::of(request.samplesFolder);
@@ -161,7 +146,7 @@ std::vector<std::string> missingSamples(const ImportRequest& request, const Soun
     }
     std::unordered_set<std::string> looked;
     for (const std::size_t number : request.file.tickedLines()) {
-        const std::optional<SoundLine> line = tryParse(catalogue.currentLine(number));
+        const std::optional<SoundLine> line = tryParse(request.file.catalogue().currentLine(number));
         for (const std::string& name : line ? sampleNamesOf(*line) : std::vector<std::string>()) {
             const std::string file = name + ".wav";
             if (!isSafeSampleName(name) || !looked.insert(upperCase(file)).second) {
@@ -176,25 +161,23 @@ std::vector<std::string> missingSamples(const ImportRequest& request, const Soun
     return missing;
 }
 
-ImportOutcome withMissingSamples(const ImportRequest& request, const SoundCatalogue& catalogue,
-                                 const BilingualText& text)
+ImportOutcome withMissingSamples(const ImportRequest& request, const BilingualText& text)
 {
     Message told = report(request, MessageIcon::Information, text);
     addListedFiles({"sample of the lines is not in the level editor's samples folder:",
                     "sample des lignes est absent du répertoire des samples de l'éditeur de niveaux :"},
                    {"samples of the lines are not in the level editor's samples folder:",
                     "samples des lignes sont absents du répertoire des samples de l'éditeur de niveaux :"},
-                   missingSamples(request, catalogue), told);
+                   missingSamples(request), told);
     return {true, true, told.text.empty() ? std::nullopt : std::optional(std::move(told))};
 }
 
 } // namespace
 
-ImportOutcome copyImportedSamples(const SoundCatalogue& catalogue, const ImportRequest& request,
-                                  Progress& progress)
+ImportOutcome copyImportedSamples(const ImportRequest& request, Progress& progress)
 {
     if (!request.withSamples) {
-        return withMissingSamples(request, catalogue, {});
+        return withMissingSamples(request, {});
     }
     if (!request.file.samplesFolder()) {
         return {true, false,
@@ -207,7 +190,7 @@ ImportOutcome copyImportedSamples(const SoundCatalogue& catalogue, const ImportR
     if (copies.end != CopyEnd::Complete) {
         return {true, false, incomplete(request, copies)};
     }
-    return withMissingSamples(request, catalogue,
+    return withMissingSamples(request,
                               copies.refused.empty() ? BilingualText() : unsafeSampleNames(copies.refused));
 }
 

@@ -51,8 +51,7 @@ ImportOutcome applyImport(SoundCatalogue& catalogue, const ImportRequest& reques
 // Both parts of it, for a caller that writes the lines to sounds.txt in between.
 ImportOutcome importTickedLines(SoundCatalogue& catalogue, const ImportRequest& request);
 // Tells the samples, too, that the lines name and the level editor lacks after that.
-ImportOutcome copyImportedSamples(const SoundCatalogue& catalogue, const ImportRequest& request,
-                                  Progress& progress);
+ImportOutcome copyImportedSamples(const ImportRequest& request, Progress& progress);
 
 // "Import" or "Restore".
 const Title& actionOf(ExchangeKind kind);

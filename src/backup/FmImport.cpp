@@ -356,8 +356,7 @@ void FmImport::compare()
         return;
     }
     const std::optional<std::size_t> row = lines().selectedRow();
-    const std::vector<FieldComparison> fields =
-        compareWithCatalogue(m_file ? &*m_file : nullptr, row, context().catalogue);
+    const std::vector<FieldComparison> fields = compareWithCatalogue(m_file ? &*m_file : nullptr, row);
     m_table->setColumnCount(static_cast<int>(fields.size()));
     for (int column = 0; column < m_table->columnCount(); ++column) {
         const FieldComparison& field = fields[static_cast<std::size_t>(column)];

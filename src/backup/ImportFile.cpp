@@ -134,6 +134,12 @@ const std::string& ImportFile::currentLine(const Row& row) const
     return m_catalogue->currentLine(static_cast<std::size_t>(row.id));
 }
 
+std::optional<std::string_view> ImportFile::lineToReplace(std::size_t row) const
+{
+    const Row& found = m_rows.at(row);
+    return isInCatalogue(found.id) ? std::optional<std::string_view>(currentLine(found)) : std::nullopt;
+}
+
 std::string ImportFile::merged(const Row& row, std::string_view currentLine) const
 {
     return kind() == ExchangeKind::Backup ? std::string(lineOf(row))
@@ -220,7 +226,7 @@ BilingualText ImportFile::remark(std::size_t row) const
     case Remark::None:
         break;
     case Remark::OtherName: {
-        const std::string name = "[" + shownText(nameOf(currentLine(m_rows[row]))) + "]";
+        const std::string name = bracketed(nameOf(currentLine(m_rows[row])));
         return {"The catalogue has " + name + " here: the file comes from another sounds.txt.",
                 "Le catalogue a " + name + " ici : le fichier provient d'un autre sounds.txt."};
     }
@@ -318,8 +324,7 @@ void ImportFile::markApplied()
     mergeTicked();
 }
 
-std::vector<FieldComparison> compareWithCatalogue(const ImportFile* file, std::optional<std::size_t> row,
-                                                  const SoundCatalogue& catalogue)
+std::vector<FieldComparison> compareWithCatalogue(const ImportFile* file, std::optional<std::size_t> row)
 {
     const auto allSamples = [](const SoundLine& line) {
         std::string samples;
@@ -352,11 +357,9 @@ std::vector<FieldComparison> compareWithCatalogue(const ImportFile* file, std::o
     std::optional<SoundLine> current;
     std::optional<SoundLine> result;
     if (file != nullptr && row) {
-        const std::int64_t id = file->id(*row);
         held = file->record(*row);
-        if (id >= 0 && static_cast<std::uint64_t>(id) < catalogue.size()) {
-            current = tryParse(catalogue.currentLine(static_cast<std::size_t>(id)));
-        }
+        const std::optional<std::string_view> line = file->lineToReplace(*row);
+        current = line ? tryParse(*line) : std::nullopt;
         result = file->isApplicable(*row) ? tryParse(file->result(*row)) : std::nullopt;
     }
     std::vector<FieldComparison> comparison;

@@ -47,6 +47,9 @@ public:
     // What the line holds; nothing for one with more samples than a record takes.
     std::optional<SoundLine> record(std::size_t row) const { return tryParse(line(row)); }
 
+    // Of the catalogue; none for a row whose number it does not have.
+    std::optional<std::string_view> lineToReplace(std::size_t row) const;
+
     bool isApplicable(std::size_t row) const { return m_rows.at(row).refusal == Refusal::None; }
     BilingualText whyRefused(std::size_t row) const;
     // What to look at before the row is imported.
@@ -136,7 +139,6 @@ struct FieldComparison
     bool changes() const { return values[result] != values[catalogue]; }
 };
 // Without a file and a row, the fields alone.
-std::vector<FieldComparison> compareWithCatalogue(const ImportFile* file, std::optional<std::size_t> row,
-                                                  const SoundCatalogue& catalogue);
+std::vector<FieldComparison> compareWithCatalogue(const ImportFile* file, std::optional<std::size_t> row);
 
 } // namespace tavrel

@@ -84,7 +84,7 @@ Failure cannotWrite(const std::filesystem::path& file, const std::error_code& er
 
 Failure fileMissing(const std::filesystem::path& folder, std::string_view name)
 {
-    const std::string file = bracketedPath(name);
+    const std::string file = bracketed(name);
     return {BilingualText("No " + file + " file\nin ", "Aucun fichier " + file + "\ndans ") +
             displayPath(folder)};
 }

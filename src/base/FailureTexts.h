@@ -16,7 +16,7 @@ namespace tavrel {
 // What the system says, in both languages where it is one of the usual errors.
 BilingualText errorText(const std::error_code& error);
 
-// "[C:\\TRLE\\Sounds.txt]", as messages name a file.
+// "[C:\TRLE\Sounds.txt]", as messages name a file.
 std::string bracketedPath(const std::filesystem::path& file);
 
 Failure cannotRead(const std::filesystem::path& file, const std::error_code& error);

@@ -12,9 +12,8 @@ namespace tavrel {
 // What takes a place in a message: a name that is the same in both languages, or words of each.
 struct TextPart
 {
-    TextPart(const std::string& name)
-        : text(BilingualText::same(name)) {}                  // NOLINT(google-explicit-constructor)
-    TextPart(BilingualText words) : text(std::move(words)) {} // NOLINT(google-explicit-constructor)
+    TextPart(const std::string& name) : text(BilingualText::same(name)) {}
+    TextPart(BilingualText words) : text(std::move(words)) {}
 
     BilingualText text;
 };

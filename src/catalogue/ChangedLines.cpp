@@ -48,7 +48,7 @@ bool fits(const ChangedLine& line, const SoundCatalogue& catalogue)
 }
 
 // Whatever it is on the disk; nothing when there is none.
-Result<std::optional<fs::path>> findRecord(const fs::path& programFolder, std::string_view wadName)
+Result<std::optional<fs::path>> findChangedLines(const fs::path& programFolder, std::string_view wadName)
 {
     const fs::path folder = fileIn(programFolder, changedLinesFolderName);
     std::error_code error;
@@ -105,7 +105,7 @@ Problem writeText(const fs::path& programFolder, const std::string& wadName, con
 Result<ChangedLines> readChangedLines(const fs::path& programFolder, std::string_view wadName,
                                       const SoundCatalogue& catalogue)
 {
-    const Result<std::optional<fs::path>> path = findRecord(programFolder, wadName);
+    const Result<std::optional<fs::path>> path = findChangedLines(programFolder, wadName);
     if (!path) {
         return path.failure();
     }
@@ -139,7 +139,7 @@ ChangedLines parseChangedLines(const TextFile& file, const SoundCatalogue& catal
 
 bool hasChangedLines(const fs::path& programFolder, std::string_view wadName)
 {
-    const Result<std::optional<fs::path>> path = findRecord(programFolder, wadName);
+    const Result<std::optional<fs::path>> path = findChangedLines(programFolder, wadName);
     return !path || path->has_value();
 }
 

@@ -312,7 +312,7 @@ void FmChecks::run()
         report = m_context.check(progress);
     }
     m_isRunning = false;
-    setHasLooked(true);
+    markCurrent();
     if (report.cancelled) {
         m_counts->setText(
             in({"Check not finished (F5 starts it again)", "Contrôle inachevé (F5 le relance)"}));

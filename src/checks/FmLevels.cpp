@@ -215,7 +215,7 @@ void FmLevels::run()
         const BusyPointer busy;
         return m_context.survey();
     }();
-    setHasLooked(true);
+    markCurrent();
     if (!levels) {
         m_context.dialogs.show({MessageIcon::Exclamation, titles::levels, levels.failure().text});
         return;

@@ -30,14 +30,14 @@ void WatchingWindow::activateFrom(QTreeWidget& list)
 void WatchingWindow::showEvent(QShowEvent* event)
 {
     TitledWindow::showEvent(event);
-    if (!m_hasLooked) {
-        lookNow();
+    if (!m_isCurrent) {
+        m_soon.start(0);
     }
 }
 
 void WatchingWindow::refresh()
 {
-    m_hasLooked = m_hasLooked && isVisible();
+    m_isCurrent = m_isCurrent && isVisible();
     if (isVisible()) {
         m_soon.start();
     }

@@ -29,9 +29,8 @@ protected:
     void showEvent(QShowEvent* event) override;
     // A double click or Enter on a row calls activate().
     void activateFrom(QTreeWidget& list);
-    void lookNow() { m_soon.start(0); }
-    bool hasLooked() const { return m_hasLooked; }
-    void setHasLooked(bool hasLooked) { m_hasLooked = hasLooked; }
+    // What is shown is true until the next change.
+    void markCurrent() { m_isCurrent = true; }
     Language language() const { return m_language; }
     QString in(const BilingualText& text) const;
 
@@ -42,7 +41,7 @@ private:
     virtual void activate() = 0;
 
     Language m_language;
-    bool m_hasLooked = false;
+    bool m_isCurrent = false;
     QTimer m_soon;
 };
 

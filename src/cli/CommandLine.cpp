@@ -182,24 +182,17 @@ BilingualText argumentMissing(const CLI::App& app)
     return {"An argument is missing", "Il manque un argument"};
 }
 
-// An option has one value. Where none has several, the last one that was given stands without its value.
+// An option has one value, whatever follows it; only the last argument can be one without.
 BilingualText wrongValueCount(const CLI::App& app, const std::vector<std::string>& arguments)
 {
-    std::string given;
-    std::size_t place = 0;
     for (const CLI::Option* const option : optionsOf(app)) {
-        const std::string name = option->get_name();
         if (static_cast<int>(option->results().size()) > option->get_expected_max()) {
+            const std::string name = option->get_name();
             return {name + " is given more than once", name + " est indiqué plus d'une fois"};
         }
-        const auto last = std::find(arguments.rbegin(), arguments.rend(), name);
-        const auto at = static_cast<std::size_t>(arguments.rend() - last);
-        if (option->get_expected_max() > 0 && at > place) {
-            given = name;
-            place = at;
-        }
     }
-    return {"The value of " + given + " is missing", "Il manque la valeur de " + given};
+    const std::string& last = arguments.back();
+    return {"The value of " + last + " is missing", "Il manque la valeur de " + last};
 }
 
 BilingualText usageText(const CLI::App& app, const CLI::ParseError& error,

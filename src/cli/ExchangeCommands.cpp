@@ -169,7 +169,7 @@ ExitStatus importInto(Session& session, const ImportRequest& request,
                             : counted(count, {"line imported.", "ligne importée."},
                                       {"lines imported.", "lignes importées."}));
     SilentProgress progress;
-    const ImportOutcome samples = copyImportedSamples(session.catalogue(), request, progress);
+    const ImportOutcome samples = copyImportedSamples(request, progress);
     const ExitStatus status = tell(samples.report, console);
     return samples.complete ? status : ExitStatus::FileFailure;
 }

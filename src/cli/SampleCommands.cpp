@@ -107,7 +107,7 @@ samplesToRepair(const std::vector<SampleFile>& samples, const RepairArguments& a
             return sameName(sample.name, name) || sameName(sample.name, name + ".wav");
         });
         if (found == samples.end()) {
-            const std::string shown = "[" + utf8FromCodePage(name) + "]";
+            const std::string shown = bracketed(name);
             console.dialogs.refuse({"The folder has no sample " + shown + ".",
                                     "Le répertoire n'a pas de sample " + shown + "."});
             return std::nullopt;

@@ -255,7 +255,7 @@ std::optional<KeptVersion> versionNamed(const Session& session, const std::strin
     const auto found =
         std::ranges::find_if(*kept, [&](const KeptVersion& version) { return sameName(version.name, name); });
     if (found == kept->end()) {
-        const std::string shown = "[" + utf8FromCodePage(name) + "]";
+        const std::string shown = bracketed(name);
         console.dialogs.refuse({"Nothing that is kept has the name " + shown + ".",
                                 "Rien de ce qui est conservé ne porte le nom " + shown + "."});
         return std::nullopt;

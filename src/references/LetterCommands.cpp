@@ -79,7 +79,7 @@ bool ValidateReplaceLetter(std::string_view newLetter, const CurrentWad& wad,
     }
     if (const WadReference* const user = references.findLetter(newLetter)) {
         const std::string letter = "[#" + shownText(newLetter) + "]";
-        const std::string name = "[" + shownText(user->wadName) + "]";
+        const std::string name = bracketed(user->wadName);
         return refuse(replaceTitle,
                       {"The letter " + letter + " is already used for " + name,
                        "La lettre " + letter + " est déjà assignée à " + name},
@@ -321,7 +321,7 @@ ReplacedLetter replaceLetterEverywhere(SoundCatalogue& catalogue, ReferenceRegis
     }
     const std::string oldShown = "#" + shownText(wad.letter);
     const std::string newShown = "#" + shownText(newLetter);
-    const std::string name = "[" + shownText(wad.wadName) + "]";
+    const std::string name = bracketed(wad.wadName);
     BilingualText text(
         "Replace " + oldShown + " letter by " + newShown + " for all the sounds of the wad " + name,
         "Remplacer la lettre " + oldShown + " par " + newShown + " pour tous les sons du wad " + name);

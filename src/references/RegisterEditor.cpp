@@ -131,7 +131,7 @@ bool RegisterEditor::isFreeWadName(const std::string& wadName, const Title& capt
     for (const WadReference& reference : m_context.references.all()) {
         const WadReference row = fieldsOfRow(referenceRow(reference));
         if (row.wadName == wadName) {
-            const std::string name = "[" + shownText(wadName) + "]";
+            const std::string name = bracketed(wadName);
             // The English text ends without its bracket.
             return refuse(ReferenceField::WadName, caption,
                           {"Wad Name " + name + " already assigned to [#" + shownText(row.letter),
@@ -146,7 +146,7 @@ bool RegisterEditor::isFreeLetter(const std::string& letter, const Title& captio
     for (const WadReference& reference : m_context.references.all()) {
         const WadReference row = fieldsOfRow(referenceRow(reference));
         if (row.letter == letter) {
-            const std::string name = "[" + shownText(row.wadName) + "]";
+            const std::string name = bracketed(row.wadName);
             return refuse(ReferenceField::Letter, caption,
                           {"Letter #" + shownText(letter) + " already assigned to " + name,
                            "Lettre #" + shownText(letter) + " déjà assignée à " + name});
@@ -244,7 +244,7 @@ RegisterEditor::Modified RegisterEditor::modify(const WadReference& fields)
     if (fields.letter != m_selectedLetter) {
         const std::string before = "[#" + shownText(m_selectedLetter) + "]";
         const std::string after = "[#" + shownText(fields.letter) + "]";
-        const std::string name = "[" + shownText(m_selectedWadName) + "]";
+        const std::string name = bracketed(m_selectedWadName);
         Question question{
             title,
             {"Replace letter " + before + " by " + after + "\n for all the sounds of " + name + " Wad",

@@ -110,6 +110,9 @@ void FmDoub::showCaptions(Language language)
 
 void FmDoub::fillList(std::span<const std::size_t> protectedNumbers, Language language)
 {
+    if (!m_register) {
+        return;
+    }
     const QString neverTakesPart =
         inLanguage(BilingualText("Protected sound: it never takes part, ticked or not",
                                  "Son protégé : il ne participe jamais, coché ou non"),
@@ -120,9 +123,6 @@ void FmDoub::fillList(std::span<const std::size_t> protectedNumbers, Language la
         return std::ranges::find(numbers, m_register->number(row)) != numbers.end() ? neverTakesPart
                                                                                     : QString();
     };
-    if (!m_register) {
-        return;
-    }
     m_list->setRows({m_register->size(),
                      [this](std::size_t row) { return fromCodePage(m_register->row(row)); },
                      {},

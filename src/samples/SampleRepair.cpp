@@ -158,7 +158,7 @@ Failure noOriginal(const fs::path& sample)
 // A report names the sample itself.
 SampleOutcome failed(const fs::path& sample, const Failure& failure)
 {
-    const std::string name = "[" + displayPath(sample) + "]\n";
+    const std::string name = bracketedPath(sample) + "\n";
     BilingualText text = failure.text;
     for (std::string* const words : {&text.english, &text.french}) {
         words->erase(0, words->starts_with(name) ? name.size() : 0);
@@ -411,13 +411,13 @@ Question repairQuestion(std::span<const fs::path> samples)
 
 Question putBackQuestion(std::span<const fs::path> samples)
 {
-    Question question{
-        titles::putBackOriginals,
-        filled({"Put {}", "Remettre {}"},
-               {counted(
-                   samples.size(),
-                   {"original back in the place of the sample?", "original à la place du sample ?"},
-                   {"originals back in the place of the samples?", "originaux à la place des samples ?"})})};
+    Question question{titles::putBackOriginals,
+                      filled(agreeing(samples.size(),
+                                      {"Put {} original back in the place of the sample?",
+                                       "Remettre {} original à la place du sample ?"},
+                                      {"Put {} originals back in the place of the samples?",
+                                       "Remettre {} originaux à la place des samples ?"}),
+                             {std::to_string(samples.size())})};
     question.details = listedFiles(samples);
     return question;
 }

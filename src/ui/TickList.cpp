@@ -48,7 +48,7 @@ public:
         case Qt::CheckStateRole:
             return m_ticked[row] ? Qt::Checked : Qt::Unchecked;
         case Qt::DecorationRole:
-            return m_icons.front().isNull() ? QVariant() : m_icons.at(static_cast<std::size_t>(markOf(row)));
+            return hasMarks() ? m_icons.at(static_cast<std::size_t>(markOf(row))) : QVariant();
         case Qt::ForegroundRole:
             return isTickable(row) ? QVariant() : mutedColour(paintedWith(m_list.palette()));
         case Qt::ToolTipRole:
@@ -91,6 +91,7 @@ public:
     }
 
     void setIcons(std::array<QIcon, 3> icons) { m_icons = std::move(icons); }
+    bool hasMarks() const { return !noMark().isNull(); }
     const QIcon& noMark() const { return m_icons.front(); }
     const std::vector<bool>& ticked() const { return m_ticked; }
 
@@ -125,7 +126,6 @@ void TickList::useMarks()
     room.fill(Qt::transparent);
     m_model->setIcons(
         {room, glyphIcon(Glyph::Exclamation, theme::accent), glyphIcon(Glyph::Critical, theme::alarm)});
-    m_hasMarks = true;
 }
 
 void TickList::setRows(Rows rows)
@@ -232,7 +232,7 @@ int TickList::textStart() const
     QStyleOptionViewItem option;
     initViewItemOption(&option);
     option.features |= QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
-    if (m_hasMarks) {
+    if (m_model->hasMarks()) {
         option.features |= QStyleOptionViewItem::HasDecoration;
         option.decorationSize = iconSize();
         option.icon = m_model->noMark();

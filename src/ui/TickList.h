@@ -65,7 +65,6 @@ protected:
 
 private:
     TickModel* m_model;
-    bool m_hasMarks = false;
 };
 
 } // namespace tavrel

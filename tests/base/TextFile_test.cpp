@@ -89,7 +89,9 @@ TEST(TextFile, SaysWhyItCannotBeRead)
         EXPECT_NE(content.failure().text.english.find((root / name).string()), std::string::npos);
         EXPECT_NE(content.failure().text.french.find((root / name).string()), std::string::npos);
     }
-    EXPECT_FALSE(readTextFile(root.path(), "missing"));
+    const Result<TextFile> missing = readTextFile(root.path(), "caf\xE9.tod"); // a name of the code page
+    ASSERT_FALSE(missing);
+    EXPECT_TRUE(missing.failure().text.english.starts_with("No [caf\xC3\xA9.tod] file\nin "));
     writeBytes(root / "Name.TXT", "\xEF\xBB\xBFtext");
     const Result<TextFile> file = readTextFile(root.path(), "name.txt");
     ASSERT_TRUE(file);

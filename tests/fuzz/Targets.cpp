@@ -161,7 +161,7 @@ void feedExchange(std::string_view bytes)
         show(file->notices());
         for (std::size_t i = 0; i < file->rows(); ++i) {
             listedText(*file, i);
-            compareWithCatalogue(&*file, i, before);
+            compareWithCatalogue(&*file, i);
             show({{file->whyRefused(i)}, {file->remark(i)}});
         }
         const ImportRequest request{*file, {"oasis", "oa", ""}, false, {}, {}};
