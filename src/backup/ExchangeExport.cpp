@@ -2,6 +2,7 @@
 #include "backup/ExchangeExport.h"
 
 #include "backup/SampleTransfer.h"
+#include "backup/SamplesFolderSwap.h"
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"

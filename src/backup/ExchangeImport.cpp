@@ -2,6 +2,7 @@
 #include "backup/ExchangeImport.h"
 
 #include "backup/SampleTransfer.h"
+#include "backup/SamplesFolderSwap.h"
 #include "base/CodePage.h"
 #include "base/FailureTexts.h"
 #include "base/FilledText.h"

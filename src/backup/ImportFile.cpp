@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/ImportFile.h"
 
-#include "backup/SampleTransfer.h"
+#include "backup/SamplesFolderSwap.h"
 #include "base/CodePage.h"
 #include "base/Counted.h"
 #include "base/FailureTexts.h"

@@ -11,10 +11,9 @@
 #include "samples/SamplesFolder.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
-#include <tuple>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace tavrel {
 
@@ -22,156 +21,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// For certain: what cannot be looked at may be there.
-bool isMissing(const fs::path& path)
-{
-    std::error_code ignored;
-    return fs::symlink_status(path, ignored).type() == fs::file_type::not_found;
-}
-
-bool isTrueFolder(const fs::path& path)
-{
-    std::error_code ignored;
-    return fs::is_directory(path, ignored) && !system::isLink(path);
-}
-
-// Where a samples folder waits while the new one takes its place. A further one has a number.
-std::string oldEnding(std::size_t number)
-{
-    return ".tavrel-old" + (number == 1 ? std::string() : std::to_string(number));
-}
-
-struct OldFolder
-{
-    std::size_t number;
-    fs::path path;
-    fs::path name; // that it had before, in its own letter case
-};
-
-// The number in such an ending; nothing in any other.
-std::optional<std::size_t> numberOfOld(std::string_view ending)
-{
-    const std::string first = oldEnding(1);
-    std::size_t number = 1;
-    if (ending.size() > first.size()) {
-        std::from_chars(ending.data() + first.size(), ending.data() + ending.size(), number);
-    }
-    return sameName(ending, oldEnding(number)) ? std::optional(number) : std::nullopt;
-}
-
-bool sameFileName(const fs::path& left, const fs::path& right)
-{
-    const CodePageText first = codePagePath(left);
-    const CodePageText second = codePagePath(right);
-    return first.exact && second.exact ? sameName(first.bytes, second.bytes) : left == right;
-}
-
-// What earlier swaps left beside the folder, the oldest first.
-std::vector<OldFolder> oldFoldersOf(const fs::path& folder)
-{
-    std::vector<OldFolder> found;
-    if (const Result<std::vector<FolderEntry>> entries = listFolder(folder.parent_path())) {
-        for (const FolderEntry& entry : *entries) {
-            const std::optional<std::size_t> number = numberOfOld(codePagePath(entry.path.extension()).bytes);
-            if (number && sameFileName(entry.path.stem(), folder.filename())) {
-                found.push_back({*number, entry.path, folder.parent_path() / entry.path.stem()});
-            }
-        }
-    }
-    std::ranges::sort(found, {}, [](const OldFolder& old) { return std::tie(old.number, old.path); });
-    return found;
-}
-
-const OldFolder* newestOf(const std::vector<OldFolder>& old)
-{
-    const auto newest =
-        std::find_if(old.rbegin(), old.rend(), [](const OldFolder& each) { return isTrueFolder(each.path); });
-    return newest == old.rend() ? nullptr : &*newest;
-}
-
-// Behind all others, so that their order stays that of their age.
-fs::path freeOldFolder(const fs::path& folder)
-{
-    const std::vector<OldFolder> old = oldFoldersOf(folder);
-    return withEnding(folder, oldEnding(old.empty() ? 1 : old.back().number + 1));
-}
-
 constexpr std::size_t mostNamed = 8; // in a text
-
-using FileNames = std::unordered_set<std::string>; // in capitals
-
-std::string fileOf(const std::string& sample)
-{
-    return sample + ".wav";
-}
-
-FileNames filesOf(std::span<const std::string> samples)
-{
-    FileNames files;
-    for (const std::string& sample : samples) {
-        files.insert(upperCase(fileOf(sample)));
-    }
-    return files;
-}
-
-// The samples of the folder that are none of these files.
-std::vector<fs::path> otherSamples(const std::vector<FolderEntry>& folder, const FileNames& files)
-{
-    std::vector<fs::path> others;
-    for (const FolderEntry& entry : folder) {
-        if (isSample(entry) && !(entry.exactName && files.contains(upperCase(entry.name)))) {
-            others.push_back(entry.path);
-        }
-    }
-    return others;
-}
-
-void removeSamples(const fs::path& folder, const FileNames& kept)
-{
-    if (const Result<std::vector<FolderEntry>> entries = listFolder(folder)) {
-        for (const fs::path& sample : otherSamples(*entries, kept)) {
-            std::error_code ignored;
-            fs::remove(sample, ignored);
-        }
-    }
-}
-
-// What the folder lacks; nothing is replaced. The old folder goes when nothing is left in it. True when
-// something was moved.
-bool moveOver(const fs::path& old, const fs::path& folder)
-{
-    const Result<std::vector<FolderEntry>> entries = listFolder(old);
-    const Result<FolderIndex> there = FolderIndex::of(folder);
-    if (!entries || !there) {
-        return false;
-    }
-    bool moved = false;
-    for (const FolderEntry& entry : *entries) {
-        if (!entry.exactName || there->find(entry.name) == nullptr) {
-            moved |= !moveSafely(entry.path, folder / entry.path.filename()); // else it stays where it is
-        }
-    }
-    std::error_code ignored;
-    fs::remove(old, ignored);
-    return moved;
-}
-
-void copyPermissions(const fs::path& from, const fs::path& to)
-{
-    std::error_code error;
-    const fs::perms permissions = fs::status(from, error).permissions();
-    if (!error) {
-        fs::permissions(to, permissions, error); // else it has those of any new folder
-    }
-}
-
-SampleCopies failed(Failure failure)
-{
-    SampleCopies copies;
-    copies.end = CopyEnd::Failed;
-    copies.failure = std::move(failure);
-    return copies;
-}
 
 Problem copyFile(const fs::path& source, const fs::path& target)
 {
@@ -199,51 +49,6 @@ std::unordered_map<std::string, std::string> lastSpellings(std::span<const std::
     return spellings;
 }
 
-SampleCopies copyAll(std::span<const std::string> names, const FolderIndex& source,
-                     const fs::path& targetFolder, const FolderIndex& target, Progress& progress)
-{
-    SampleCopies copies;
-    std::unordered_set<std::string> done;
-    std::unordered_map<std::string, std::string> spellings = lastSpellings(names);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (!progress.show(i, names.size())) {
-            copies.end = CopyEnd::Cancelled;
-            return copies;
-        }
-        if (!isSafeSampleName(names[i])) {
-            copies.refused.push_back(names[i]);
-            continue;
-        }
-        const std::string file = fileOf(spellings[upperCase(names[i])]);
-        const FolderEntry* const sample = sampleIn(source, file);
-        if (sample == nullptr) {
-            if (done.insert(file).second) {
-                copies.missing.push_back(file);
-            }
-            continue;
-        }
-        const std::string shown = shownText(file);
-        progress.say({"Copying sample [" + shown + "]...", "Copie du sample [" + shown + "] en cours..."});
-        if (!done.insert(file).second) {
-            continue; // the same bytes again
-        }
-        const fs::path written = targetFolder / nativePath(file);
-        Problem problem = checkOtherSpellings(target, written);
-        if (!problem) {
-            problem = copyFile(sample->path, written);
-        }
-        if (problem) {
-            copies.end = CopyEnd::Failed;
-            copies.failure = std::move(problem);
-            return copies;
-        }
-        removeOtherSpellings(target, written);
-        copies.copied.push_back(file);
-    }
-    progress.show(names.size(), names.size());
-    return copies;
-}
-
 } // namespace
 
 std::vector<std::string> sampleNamesOf(const SoundLine& record)
@@ -254,9 +59,14 @@ std::vector<std::string> sampleNamesOf(const SoundLine& record)
     return names;
 }
 
+std::string fileNameOf(const std::string& sample)
+{
+    return sample + ".wav";
+}
+
 bool isSafeSampleName(std::string_view name)
 {
-    return isPlainFileName(name) && isPlainFileName(fileOf(std::string(name)));
+    return isPlainFileName(name) && isPlainFileName(fileNameOf(std::string(name)));
 }
 
 BilingualText unsafeSampleNames(std::span<const std::string> names)
@@ -314,169 +124,77 @@ BilingualText keptSamples(std::span<const std::string> files)
            listOfFiles(files);
 }
 
+SampleCopies failedCopies(Failure failure)
+{
+    SampleCopies copies;
+    copies.end = CopyEnd::Failed;
+    copies.failure = std::move(failure);
+    return copies;
+}
+
+SampleCopies copySamples(std::span<const std::string> names, const FolderIndex& source, const PutSample& put,
+                         Progress& progress)
+{
+    SampleCopies copies;
+    std::unordered_set<std::string> done;
+    std::unordered_map<std::string, std::string> spellings = lastSpellings(names);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (!progress.show(i, names.size())) {
+            copies.end = CopyEnd::Cancelled;
+            return copies;
+        }
+        if (!isSafeSampleName(names[i])) {
+            copies.refused.push_back(names[i]);
+            continue;
+        }
+        const std::string file = fileNameOf(spellings[upperCase(names[i])]);
+        const FolderEntry* const sample = sampleIn(source, file);
+        if (sample == nullptr) {
+            if (done.insert(file).second) {
+                copies.missing.push_back(file);
+            }
+            continue;
+        }
+        const std::string shown = shownText(file);
+        progress.say({"Copying sample [" + shown + "]...", "Copie du sample [" + shown + "] en cours..."});
+        if (!done.insert(file).second) {
+            continue; // the same bytes again
+        }
+        if (Problem problem = put(sample->path, file)) {
+            copies.end = CopyEnd::Failed;
+            copies.failure = std::move(problem);
+            return copies;
+        }
+        copies.copied.push_back(file);
+    }
+    progress.show(names.size(), names.size());
+    return copies;
+}
+
 SampleCopies replaceSamples(std::span<const std::string> names, const fs::path& source,
                             const fs::path& target, Progress& progress)
 {
     removeUnfinishedWrites(target, Unfinished::OlderThanADay);
     const Result<FolderIndex> from = FolderIndex::of(source);
     if (!from) {
-        return failed(from.failure());
+        return failedCopies(from.failure());
     }
     const Result<FolderIndex> to = FolderIndex::of(target);
     if (!to) {
-        return failed(to.failure());
+        return failedCopies(to.failure());
     }
-    return copyAll(names, *from, target, *to, progress);
-}
-
-SamplesFolderSwap::SamplesFolderSwap(const fs::path& folder) : m_folder(folder)
-{
-    if (!system::isLink(m_folder)) {
-        repair();
-    }
-    m_new = asOnDisk(withEnding(m_folder, ".tavrel-new"));
-}
-
-SamplesFolderSwap::~SamplesFolderSwap()
-{
-    if (m_hasNew) {
-        std::error_code ignored;
-        fs::remove_all(m_new, ignored);
-    }
-}
-
-// Whoever cut it short, nothing is deleted: what lies in an old folder may be the last copy.
-void SamplesFolderSwap::repair()
-{
-    const std::vector<OldFolder> old = oldFoldersOf(m_folder);
-    if (isMissing(m_folder)) {
-        if (const OldFolder* const newest = newestOf(old)) {
-            if (!moveSafely(newest->path, newest->name)) {
-                m_folder = newest->name;
-                m_repaired = true;
-            }
+    const auto put = [&](const fs::path& sample, const std::string& file) {
+        const fs::path written = target / nativePath(file);
+        Problem problem = checkOtherSpellings(*to, written);
+        if (!problem) {
+            problem = copyFile(sample, written);
         }
-    }
-    for (const OldFolder& left : old) {
-        if (isTrueFolder(left.path) && isTrueFolder(m_folder)) {
-            m_repaired |= moveOver(left.path, m_folder);
-        }
-    }
-}
-
-std::vector<fs::path> SamplesFolderSwap::leftovers() const
-{
-    std::vector<fs::path> paths;
-    for (const OldFolder& old : oldFoldersOf(m_folder)) {
-        paths.push_back(old.path);
-    }
-    return paths;
-}
-
-SampleCopies SamplesFolderSwap::copy(std::span<const std::string> names, const fs::path& source,
-                                     Progress& progress)
-{
-    std::error_code error;
-    for (const fs::path& written : {m_folder, m_new}) {
-        if (system::isLink(written)) {
-            return failed(wrongContent(written, {"Samples are not written through a link to another folder.",
-                                                 "Les samples ne sont pas écrits à travers un lien vers un "
-                                                 "autre répertoire."}));
-        }
-    }
-    if (!isMissing(m_folder) && !isTrueFolder(m_folder)) {
-        return failed(cannotWrite(m_folder, std::make_error_code(std::errc::not_a_directory)));
-    }
-    if (fs::equivalent(m_folder, source, error)) {
-        return failed(wrongContent(m_folder, {"This is the folder of the level editor's own samples.",
-                                              "C'est le répertoire des samples de l'éditeur de niveaux."}));
-    }
-    m_hasSource = !isMissing(source);
-    const Result<FolderIndex> from = m_hasSource ? FolderIndex::of(source) : FolderIndex();
-    if (!from) {
-        return failed(from.failure());
-    }
-    fs::remove_all(m_new, error);
-    m_hasNew = fs::create_directory(m_new, error);
-    if (!m_hasNew) {
-        return failed(cannotWrite(m_new, error));
-    }
-    SampleCopies copies = copyAll(names, *from, m_new, FolderIndex(), progress);
-    const Problem problem = copies.end == CopyEnd::Complete ? keepWhatIsLacking(names, copies) : std::nullopt;
-    return problem ? failed(*problem) : copies;
-}
-
-// The old folder may hold the only copy of a sample that the level editor has no more.
-Problem SamplesFolderSwap::keepWhatIsLacking(std::span<const std::string> names, SampleCopies& copies)
-{
-    m_kept = filesOf(names);
-    for (const std::string& file : copies.copied) {
-        m_kept.erase(upperCase(file));
-    }
-    if (isMissing(m_folder)) {
-        return std::nullopt;
-    }
-    const Result<std::vector<FolderEntry>> old = listFolder(m_folder);
-    if (!old) {
-        return old.failure();
-    }
-    for (const FolderEntry& entry : *old) {
-        if (isSample(entry) && entry.exactName && m_kept.contains(upperCase(entry.name))) {
-            copies.kept.push_back(entry.name);
-        }
-    }
-    std::ranges::sort(copies.kept);
-    std::erase_if(copies.missing, [&copies](const std::string& file) {
-        return std::ranges::any_of(copies.kept,
-                                   [&file](const std::string& kept) { return sameName(kept, file); });
-    });
-    return std::nullopt;
-}
-
-Problem SamplesFolderSwap::putInPlace()
-{
-    const bool replaces = !isMissing(m_folder);
-    if (replaces && !m_hasSource) {
-        return std::nullopt; // the old samples go only for new ones
-    }
-    const fs::path old = freeOldFolder(m_folder);
-    if (replaces) {
-        copyPermissions(m_folder, m_new);
-        if (Problem problem = moveSafely(m_folder, old)) {
-            return problem;
-        }
-    }
-    if (Problem problem = moveSafely(m_new, m_folder)) {
-        if (replaces) {
-            (void)moveSafely(old, m_folder); // else it is a leftover, and the next swap tries again
+        if (!problem) {
+            removeOtherSpellings(*to, written);
         }
         return problem;
-    }
-    m_hasNew = false;
-    if (replaces) {
-        removeSamples(old, m_kept);
-        (void)moveOver(old, m_folder);
-    }
-    return std::nullopt;
-}
-
-std::vector<fs::path> samplesLostToSwap(std::span<const std::string> names, const fs::path& source,
-                                        const fs::path& folder)
-{
-    const std::optional<fs::path> old = isMissing(source) ? std::nullopt : samplesFolderToRead(folder);
-    const Result<std::vector<FolderEntry>> entries = old ? listFolder(*old) : std::vector<FolderEntry>();
-    return entries ? otherSamples(*entries, filesOf(names)) : std::vector<fs::path>();
-}
-
-std::optional<fs::path> samplesFolderToRead(const fs::path& folder)
-{
-    std::error_code ignored;
-    if (fs::is_directory(folder, ignored)) {
-        return folder;
-    }
-    const std::vector<OldFolder> old = oldFoldersOf(folder);
-    const OldFolder* const newest = isMissing(folder) ? newestOf(old) : nullptr;
-    return newest != nullptr ? std::optional(newest->path) : std::nullopt;
+    };
+    return copySamples(names, *from, put, progress);
 }
 
 } // namespace tavrel

@@ -25,6 +25,8 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
 
 // Returns once the bytes of an existing file are on the disk.
 std::error_code flushFile(const std::filesystem::path& file);
+// Makes new names in a folder last. Some file systems cannot; the files themselves are safe by then.
+void flushFolder(const std::filesystem::path& folder);
 // A hard link: the file's bytes can be reached by both names, on the disk too once this returns. Fails where
 // the name is taken, the file has a second name already, or the file system has no such links.
 std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name);

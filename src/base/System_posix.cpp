@@ -63,15 +63,6 @@ std::error_code writeAll(int descriptor, std::string_view bytes)
     return {};
 }
 
-// Makes a rename in the folder last. Some file systems cannot; the file itself is safe by then.
-void flushFolder(const std::filesystem::path& folder)
-{
-    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor.isOpen()) {
-        ::fsync(descriptor.number());
-    }
-}
-
 constexpr mode_t rightsOfMode = 07777;
 
 // False where the access list cannot be carried over; without one there is nothing to carry.
@@ -189,6 +180,14 @@ std::error_code flushFile(const std::filesystem::path& file)
 {
     const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
     return descriptor.isOpen() && ::fsync(descriptor.number()) == 0 ? std::error_code() : lastError();
+}
+
+void flushFolder(const std::filesystem::path& folder)
+{
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor.isOpen()) {
+        ::fsync(descriptor.number());
+    }
 }
 
 std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name)

@@ -156,6 +156,8 @@ std::error_code flushFile(const std::filesystem::path& file)
     return error;
 }
 
+void flushFolder(const std::filesystem::path& /*folder*/) {} // moves are written through
+
 std::error_code giveSecondName(const std::filesystem::path& file, const std::filesystem::path& name)
 {
     const HANDLE handle = CreateFileW(file.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,

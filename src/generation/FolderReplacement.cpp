@@ -5,7 +5,7 @@
 #include "base/FailureTexts.h"
 #include "base/FilledText.h"
 #include "base/SafeFile.h"
-#include "base/System.h"
+#include "base/StagedFolder.h"
 #include "generation/FolderFiles.h"
 
 #include <algorithm>
@@ -32,21 +32,6 @@ fs::path freeName(const fs::path& folder)
     return name;
 }
 
-// With the read-only files in it.
-void removeFolder(const fs::path& folder)
-{
-    std::error_code ignored;
-    for (fs::directory_iterator it(folder, ignored); it != fs::directory_iterator(); it.increment(ignored)) {
-        if (ignored) {
-            break;
-        }
-        if (!it->is_symlink(ignored)) { // what it leads to is not ours
-            fs::permissions(it->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
-        }
-    }
-    fs::remove_all(folder, ignored);
-}
-
 bool isAmong(const std::vector<FolderEntry>& entries, const std::string& name)
 {
     return std::ranges::any_of(entries, [&](const FolderEntry& entry) { return sameName(entry.name, name); });
@@ -57,12 +42,8 @@ class Replacement
 {
 public:
     Replacement(const std::vector<FolderEntry>& files, const fs::path& folder)
-        : m_files(files), m_folder(folder), m_incoming(withEnding(folder, incomingSuffix)),
-          m_replaced(withEnding(folder, replacedSuffix))
+        : m_files(files), m_folder(folder), m_replaced(withEnding(folder, replacedSuffix))
     {}
-    Replacement(const Replacement&) = delete;
-    Replacement& operator=(const Replacement&) = delete;
-    ~Replacement() { removeFolder(m_incoming); }
 
     Problem stage(Progress& progress)
     {
@@ -70,27 +51,18 @@ public:
         if (!wanted) {
             return wanted.failure();
         }
-        std::error_code error;
-        if (holdsOnlyOurs(m_incoming)) {
-            removeFolder(m_incoming); // of a run that was cut short
-        } else if (fs::exists(fs::symlink_status(m_incoming, error))) {
-            m_incoming = freeName(m_incoming);
+        if (Problem problem = m_incoming.create(freeIncoming())) {
+            return problem;
         }
-        fs::create_directory(m_incoming, error);
-        if (error) {
-            return cannotWrite(m_incoming, error);
-        }
-        for (std::size_t i = 0; i < m_files.size() && !error; ++i) {
+        for (std::size_t i = 0; i < m_files.size(); ++i) {
             progress.show(i, steps());
-            error = copyIn(m_files[i].path);
+            if (Problem problem = m_incoming.copyIn(m_files[i].path, m_files[i].path.filename())) {
+                return problem;
+            }
         }
-        // All in a row: one after each copy would take many times as long.
-        for (std::size_t i = 0; i < m_files.size() && !error; ++i) {
-            progress.show(m_files.size() + i, steps());
-            error = system::flushFile(m_incoming / m_files[i].path.filename());
-        }
-        if (error) {
-            return cannotWrite(m_incoming, error);
+        const auto showLeft = [&](std::size_t left) { progress.show(steps() - left, steps()); };
+        if (Problem problem = m_incoming.flush(showLeft)) {
+            return problem;
         }
         return checkCopies(*wanted);
     }
@@ -108,6 +80,15 @@ public:
     }
 
 private:
+    // That of a run that was cut short, or a new one.
+    fs::path freeIncoming() const
+    {
+        const fs::path incoming = withEnding(m_folder, incomingSuffix);
+        std::error_code ignored;
+        const bool isTaken = fs::exists(fs::symlink_status(incoming, ignored)) && !holdsOnlyOurs(incoming);
+        return isTaken ? freeName(incoming) : incoming;
+    }
+
     // Copies of the files that are to come in, and nothing that somebody else put there.
     bool holdsOnlyOurs(const fs::path& folder) const
     {
@@ -121,27 +102,15 @@ private:
                });
     }
 
-    // Without the read-only mark that the file may have.
-    std::error_code copyIn(const fs::path& file) const
-    {
-        const fs::path copy = m_incoming / file.filename();
-        std::error_code error;
-        fs::copy_file(file, copy, error);
-        if (!error) {
-            fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add, error);
-        }
-        return error;
-    }
-
     Problem checkCopies(const FolderSize& wanted) const
     {
-        const Result<std::vector<FolderEntry>> copies = filesIn(m_incoming);
+        const Result<std::vector<FolderEntry>> copies = filesIn(m_incoming.path());
         if (!copies) {
             return copies.failure();
         }
         const Result<FolderSize> size = sizeOf(*copies);
         if (!size || *size != wanted) {
-            return cannotWrite(m_incoming, std::make_error_code(std::errc::io_error));
+            return cannotWrite(m_incoming.path(), std::make_error_code(std::errc::io_error));
         }
         return std::nullopt;
     }
@@ -165,29 +134,18 @@ private:
         }
         Problem problem;
         for (std::size_t i = 0; i < oldFiles.size() && !problem; ++i) {
-            problem = move(oldFiles[i].path, m_replaced / oldFiles[i].path.filename());
+            problem = m_moves.move(oldFiles[i].path, m_replaced / oldFiles[i].path.filename());
         }
         for (std::size_t i = 0; i < m_files.size() && !problem; ++i) {
             const fs::path name = m_files[i].path.filename();
-            problem = move(m_incoming / name, m_folder / name);
-        }
-        return problem;
-    }
-
-    Problem move(const fs::path& from, const fs::path& to)
-    {
-        Problem problem = moveSafely(from, to);
-        if (!problem) {
-            m_moved.push_back({from, to});
+            problem = m_moves.move(m_incoming.path() / name, m_folder / name);
         }
         return problem;
     }
 
     void moveBack()
     {
-        for (; !m_moved.empty(); m_moved.pop_back()) {
-            static_cast<void>(moveSafely(m_moved.back().to, m_moved.back().from)); // else it stays aside
-        }
+        m_moves.takeBack(); // what cannot stays aside
         std::error_code ignored;
         fs::remove(m_replaced, ignored); // stays when something is left in it
         if (!m_setAside.empty() && !fs::exists(m_replaced, ignored)) {
@@ -195,18 +153,12 @@ private:
         }
     }
 
-    struct Move
-    {
-        fs::path from;
-        fs::path to;
-    };
-
     const std::vector<FolderEntry>& m_files;
     fs::path m_folder;
-    fs::path m_incoming;
+    StagedFolder m_incoming;
     fs::path m_replaced;
     fs::path m_setAside; // what was replaced the time before
-    std::vector<Move> m_moved;
+    Moves m_moves;
 };
 
 // The old files, and whatever else has the name of a new one: hidden files, too, must not be written over.

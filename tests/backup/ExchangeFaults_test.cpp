@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A full disk, or the plug pulled, at every system call of an export and an import with samples.
-#include "backup/SampleTransfer.h"
+#include "backup/SamplesFolderSwap.h"
 #include "base/SafeFile.h"
 #include "support/FaultyProgram.h"
 #include "support/Files.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "backup/SampleTransfer.h"
+#include "backup/SamplesFolderSwap.h"
 #include "base/CodePage.h"
 #include "support/Files.h"
 #include "support/ScriptedProgress.h"
