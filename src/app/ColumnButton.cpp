@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ColumnButton.h"
 
-#include "app/SoundListHeader.h"
 #include "base/CodePage.h"
 #include "ui/Icons.h"
 #include "ui/Text.h"

@@ -4,13 +4,13 @@
 #include "app/ColumnButton.h"
 #include "app/FilterBox.h"
 #include "app/SoundListDelegate.h"
-#include "app/SoundListHeader.h"
 #include "base/Counted.h"
 #include "base/Titles.h"
 #include "catalogue/LineSearch.h"
 #include "samples/SampleUsers.h"
 #include "ui/Captions.h"
 #include "ui/Colours.h"
+#include "ui/ColumnTitles.h"
 #include "ui/Controls.h"
 #include "ui/Text.h"
 #include "ui/Theme.h"
@@ -47,9 +47,9 @@ SoundListPanel::SoundListPanel(const PanelContext& context)
       m_down(named(new QRadioButton, "OpDown")), m_up(named(new QRadioButton, "OpUp")),
       m_matchCase(named(new QCheckBox, "CkCase")), m_count(makeElidedLabel("LbCount")),
       m_number(named(new QLineEdit, "TxNumber")), m_filter(new FilterBox),
-      m_columns(new ColumnButton(session().options())), m_header(new SoundListHeader(fixedPitchFont())),
-      m_list(named(new QListView, "LiSFX")), m_play(makeIconButton("CdPlay2", Glyph::Play)),
-      m_stop(makeIconButton("CdStopS2", Glyph::Stop))
+      m_columns(new ColumnButton(session().options())), m_list(named(new QListView, "LiSFX")),
+      m_titles(new ColumnTitles("LbColumns", *m_list, [this] { return titlesOfColumns(); })),
+      m_play(makeIconButton("CdPlay2", Glyph::Play)), m_stop(makeIconButton("CdStopS2", Glyph::Stop))
 {
     layOut();
     connectControls();
@@ -99,9 +99,12 @@ QWidget* SoundListPanel::makeList()
     auto* const column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(m_header);
+    constexpr int padding = 6;
+    m_titles->setFixedHeight(m_titles->fontMetrics().height() + padding);
+    m_titles->setContextMenuPolicy(Qt::CustomContextMenu);
+    column->addWidget(m_titles);
     column->addWidget(m_list, 1);
-    m_header->hide();
+    m_titles->hide();
     return box;
 }
 
@@ -133,9 +136,8 @@ void SoundListPanel::connectList()
         shortcut->setContext(Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, signal);
     }
-    connect(m_list->horizontalScrollBar(), &QScrollBar::valueChanged, m_header, &SoundListHeader::scrollTo);
-    connect(m_header, &QWidget::customContextMenuRequested, this,
-            [this](const QPoint& place) { m_columns->menu()->popup(m_header->mapToGlobal(place)); });
+    connect(m_titles, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { m_columns->menu()->popup(m_titles->mapToGlobal(place)); });
     // The current row is told before its mark or after it, depending on the key; the second of the two
     // counts.
     const QItemSelectionModel* const rows = m_list->selectionModel();
@@ -523,7 +525,8 @@ void SoundListPanel::showMarks(const FindingMarks& marks)
 void SoundListPanel::showColumns()
 {
     const std::set<SoundColumn> columns = m_columns->columns();
-    m_header->show(columns, language());
+    m_titles->setVisible(!columns.empty());
+    m_titles->update();
     m_list->setHorizontalScrollBarPolicy(columns.empty() ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     if (columns != m_sounds->columns()) {
         m_sounds->setColumns(columns);
@@ -534,6 +537,19 @@ void SoundListPanel::showColumns()
         setMinimumWidth(usualWidth);
         setMaximumWidth(columns.empty() ? usualWidth : std::max(wanted, usualWidth));
     }
+}
+
+std::vector<ColumnTitle> SoundListPanel::titlesOfColumns() const
+{
+    const std::set<SoundColumn> columns = m_columns->columns();
+    std::vector<ColumnTitle> titles;
+    const auto add = [&](SoundColumn column) {
+        titles.push_back({static_cast<double>(columnLeft(m_titles->fontMetrics(), columns, column)),
+                          inLanguage(columnTitle(column), language())});
+    };
+    add(SoundColumn::Sound);
+    std::ranges::for_each(columns, add);
+    return titles;
 }
 
 // Following

@@ -20,8 +20,9 @@ class QRadioButton;
 namespace tavrel {
 
 class ColumnButton;
+class ColumnTitles;
+struct ColumnTitle;
 class FilterBox;
-class SoundListHeader;
 
 // The sounds with their search and their filter. Whoever goes to other sounds here is asked about values that
 // were not accepted, and told when a sound may not be edited.
@@ -106,6 +107,7 @@ private:
     void findMissingSamples();
 
     void showColumns();
+    std::vector<ColumnTitle> titlesOfColumns() const;
 
     void searchElsewhere(const QString& text);
     void enableButtons();
@@ -122,8 +124,8 @@ private:
     QLineEdit* m_number; // to go to
     FilterBox* m_filter;
     ColumnButton* m_columns;
-    SoundListHeader* m_header;
     QListView* m_list;
+    ColumnTitles* m_titles;
     QPushButton* m_play;
     QPushButton* m_stop;
     QTimer m_leaving;         // for questions that wait until a click or key is done with

@@ -3,14 +3,11 @@
 
 #include "ui/Controls.h"
 #include "ui/Text.h"
-#include "ui/Theme.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScrollBar>
 
 namespace tavrel {
 
@@ -22,43 +19,6 @@ LineButtons::LineButtons(TickList& lines, SamplePlayer& player)
     QObject::connect(untickAll, &QPushButton::clicked, &lines, [&lines] { lines.tickAll(false); });
     QObject::connect(stop, &QPushButton::clicked, &lines, [&player] { StopSample(player); });
     QObject::connect(&lines, &TickList::enterPressed, play, &QPushButton::click);
-}
-
-ColumnTitles::ColumnTitles(const char* name, const TickList& list) : m_list(list)
-{
-    setObjectName(name);
-    setTextFormat(Qt::PlainText);
-    setFont(fixedPitchFont());
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    connect(list.horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { update(); });
-}
-
-void ColumnTitles::paintEvent(QPaintEvent* /*event*/)
-{
-    constexpr int blanksBeforeId = 6; // of the title, which has its own room for the tick
-    const std::pair<qreal, BilingualText> columns[] = {{29, {"Samples", "Samples"}},
-                                                       {61, {"VOL", "VOL"}},
-                                                       {69, {"P", "P"}},
-                                                       {71, {"V", "V"}},
-                                                       {72.5, {"RN", "RN"}}, // clear of its neighbours
-                                                       {75, {"L", "L"}},
-                                                       {77, {"CH", "CH"}},
-                                                       {85, {"PIT", "PIT"}},
-                                                       {93, {"RAD", "RAD"}},
-                                                       {101, {"Letters", "Lettres"}}};
-    QPainter painter(this);
-    const int start = m_list.textStart() - m_list.horizontalScrollBar()->value();
-    const qreal characterWidth = QFontMetricsF(font()).horizontalAdvance('0');
-    const int baseline = (height() + fontMetrics().ascent() - fontMetrics().descent()) / 2;
-    const auto drawAt = [&](qreal column, const QString& title) {
-        painter.drawText(QPointF(start + column * characterWidth, baseline), title);
-    };
-    painter.setPen(palette().color(QPalette::WindowText));
-    drawAt(-blanksBeforeId, text());
-    painter.setPen(theme::mutedText);
-    for (const auto& [column, title] : columns) {
-        drawAt(column, inLanguage(title, m_language));
-    }
 }
 
 CopyStatus::CopyStatus()

@@ -28,24 +28,6 @@ struct LineButtons
     QPushButton* stop;
 };
 
-// The titles over the columns of the lines; they scroll with the list.
-class ColumnTitles : public QLabel
-{
-    Q_OBJECT
-
-public:
-    ColumnTitles(const char* name, const TickList& list);
-
-    void setLanguage(Language language) { m_language = language; }
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    const TickList& m_list;
-    Language m_language = Language::English;
-};
-
 // The bottom line of both windows: what is being copied, how far, and a button to stop.
 class CopyStatus : public QWidget
 {

@@ -4,7 +4,7 @@
 #include "backup/ImportFile.h"
 #include "base/Dialogs.h"
 #include "base/Progress.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -17,12 +17,25 @@ namespace {
 
 constexpr int margin = 2 * controlGap;
 
+// Where each column of a line begins, in characters. "RN" stands clear of its neighbours.
+const std::pair<double, BilingualText> columns[] = {{29, {"Samples", "Samples"}},
+                                                    {61, {"VOL", "VOL"}},
+                                                    {69, {"P", "P"}},
+                                                    {71, {"V", "V"}},
+                                                    {72.5, {"RN", "RN"}},
+                                                    {75, {"L", "L"}},
+                                                    {77, {"CH", "CH"}},
+                                                    {85, {"PIT", "PIT"}},
+                                                    {93, {"RAD", "RAD"}},
+                                                    {101, {"Letters", "Lettres"}}};
+
 } // namespace
 
 ExchangeWindow::ExchangeWindow(QWidget* parent, const ExchangeContext& context, const Look& look)
     : TitledWindow(parent), m_context(context), m_body(new QWidget), m_bodyLayout(new QVBoxLayout(m_body)),
       m_linesRow(new QHBoxLayout), m_counts(named(new QLabel, "LbIndic")), m_lines(new TickList("LiLine")),
-      m_buttons(*m_lines, m_context.player), m_titles(new ColumnTitles("Label4", *m_lines)),
+      m_buttons(*m_lines, m_context.player),
+      m_titles(new ColumnTitles("Label4", *m_lines, [this] { return titlesOfColumns(); })),
       m_withSamples(named(new QCheckBox, "CkSamp")), m_action(look.action),
       m_close(makeButton("CdStop", Glyph::Close)), m_status(new CopyStatus)
 {
@@ -30,7 +43,6 @@ ExchangeWindow::ExchangeWindow(QWidget* parent, const ExchangeContext& context, 
     setWindowModality(Qt::ApplicationModal);
     setSizeGripEnabled(true);
     paintWith(*m_lines, m_context.colours.slots[look.linesColourSlot]);
-    m_titles->setLanguage(m_context.language);
     m_bodyLayout->setContentsMargins(0, 0, 0, 0);
     m_bodyLayout->setSpacing(controlGap);
     auto* const lines = new QVBoxLayout;
@@ -91,6 +103,18 @@ void ExchangeWindow::showCaptions(std::vector<Caption> own, const Title& title)
 QString ExchangeWindow::inLanguage(const BilingualText& text) const
 {
     return tavrel::inLanguage(text, m_context.language);
+}
+
+std::vector<ColumnTitle> ExchangeWindow::titlesOfColumns() const
+{
+    constexpr int blanksBeforeId = 6; // of the first title, which has its own room for the tick
+    const double character = QFontMetricsF(m_titles->font()).horizontalAdvance('0');
+    const double start = m_lines->textStart();
+    std::vector<ColumnTitle> titles = {{start - blanksBeforeId * character, m_titles->text(), true}};
+    for (const auto& [column, title] : columns) {
+        titles.push_back({start + column * character, inLanguage(title)});
+    }
+    return titles;
 }
 
 void ExchangeWindow::showCounts()

@@ -5,9 +5,10 @@
 #include "base/ColourScheme.h"
 #include "base/Dialogs.h"
 #include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "settings/Places.h"
 #include "ui/Captions.h"
+#include "ui/ColumnTitles.h"
 #include "ui/TitledWindow.h"
 
 #include <QSize>
@@ -83,6 +84,8 @@ protected:
 private:
     // What a press on the button, or Enter in the list, plays.
     virtual void play() = 0;
+
+    std::vector<ColumnTitle> titlesOfColumns() const;
 
     ExchangeContext m_context;
     QWidget* m_body; // all but the status line

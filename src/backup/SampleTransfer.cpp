@@ -167,7 +167,6 @@ SampleCopies copySamples(std::span<const std::string> names, const FolderIndex& 
         }
         copies.copied.push_back(file);
     }
-    progress.show(names.size(), names.size());
     return copies;
 }
 
@@ -194,7 +193,11 @@ SampleCopies replaceSamples(std::span<const std::string> names, const fs::path& 
         }
         return problem;
     };
-    return copySamples(names, *from, put, progress);
+    SampleCopies copies = copySamples(names, *from, put, progress);
+    if (copies.end == CopyEnd::Complete) {
+        progress.show(names.size(), names.size());
+    }
+    return copies;
 }
 
 } // namespace tavrel

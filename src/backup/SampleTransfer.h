@@ -53,7 +53,7 @@ struct SampleCopies
 
 // Puts the named samples of a folder where they go, each under the file name that it is to have; a name that
 // is there twice is said twice and put once. Samples that the folder does not hold are passed over. It stops
-// at a failure or a cancel.
+// at a failure or a cancel. That all is done is for the caller to show.
 using PutSample = std::function<Problem(const std::filesystem::path& sample, const std::string& file)>;
 SampleCopies copySamples(std::span<const std::string> names, const FolderIndex& source, const PutSample& put,
                          Progress& progress);

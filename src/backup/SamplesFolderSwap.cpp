@@ -227,6 +227,7 @@ SampleCopies SamplesFolderSwap::copy(std::span<const std::string> names, const f
     SampleCopies copies = copySamples(names, *from, put, progress);
     if (copies.end == CopyEnd::Complete) {
         problem = m_new.flush();
+        progress.show(names.size(), names.size());
         if (!problem) {
             problem = keepWhatIsLacking(names, copies);
         }

@@ -59,6 +59,23 @@ void forEachPlace(std::string_view text, std::string_view wanted, std::size_t fr
 
 } // namespace
 
+BilingualText columnTitle(SoundColumn column)
+{
+    switch (column) {
+    case SoundColumn::Samples:
+        return {"Samples", "Samples"};
+    case SoundColumn::Values:
+        return {"Values", "Valeurs"};
+    case SoundColumn::Flags:
+        return {"Flags", "Flags"};
+    case SoundColumn::Letters:
+        return {"Letters", "Lettres"};
+    case SoundColumn::Sound:
+        break;
+    }
+    return {"Sound", "Son"};
+}
+
 std::string columnText(const SoundLine& record, SoundColumn column)
 {
     const auto present = [](std::initializer_list<std::string_view> fields) {

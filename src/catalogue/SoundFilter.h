@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/BilingualText.h"
 #include "catalogue/LineEdit.h"
 
 #include <array>
@@ -16,6 +17,7 @@ namespace tavrel {
 // What the list shows of a sound, each in a column of its own.
 enum class SoundColumn { Sound, Samples, Values, Flags, Letters };
 constexpr std::size_t soundColumnCount = 5;
+BilingualText columnTitle(SoundColumn column);
 // Of all but the first, which is the catalogue's list entry.
 std::string columnText(const SoundLine& record, SoundColumn column);
 

@@ -4,7 +4,7 @@
 #include "base/TextFile.h"
 #include "catalogue/SoundCatalogue.h"
 #include "checks/SampleReading.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "references/ReferenceRegister.h"
 
 #include <filesystem>

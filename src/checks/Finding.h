@@ -3,7 +3,7 @@
 
 #include "catalogue/CatalogueLoading.h"
 #include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 
 #include <cstddef>
 #include <functional>

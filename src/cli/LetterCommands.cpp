@@ -5,6 +5,7 @@
 #include "catalogue/LineEditor.h"
 #include "cli/Commands.h"
 #include "cli/Opening.h"
+#include "references/LetterList.h"
 #include "references/LetterReplacementNote.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 
 #include "base/ProcessLock.h"
 #include "cli/Console.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "session/Session.h"
 #include "settings/ProgramSettings.h"
 

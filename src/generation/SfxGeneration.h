@@ -6,7 +6,7 @@
 #include "base/ProcessLock.h"
 #include "base/Progress.h"
 #include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "settings/Places.h"
 
 #include <array>

@@ -3,7 +3,7 @@
 
 #include "base/BilingualText.h"
 #include "catalogue/Step.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "references/ReferenceRegister.h"
 
 #include <chrono>

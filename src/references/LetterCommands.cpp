@@ -5,6 +5,7 @@
 #include "base/FailureTexts.h"
 #include "base/Titles.h"
 #include "catalogue/SoundLine.h"
+#include "references/LetterList.h"
 #include "references/LetterTexts.h"
 #include "references/LineLetters.h"
 

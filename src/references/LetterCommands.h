@@ -5,7 +5,7 @@
 #include "catalogue/ChangeSounds.h"
 #include "catalogue/LineEditor.h"
 #include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "references/ReferenceRegister.h"
 
 #include <cstddef>

@@ -19,11 +19,6 @@ std::string readableName(std::string_view letter, const ReferenceRegister& refer
 
 } // namespace
 
-CurrentWad currentWad(const WadReference* reference)
-{
-    return reference ? CurrentWad{reference->wadName, reference->letter, reference->title} : CurrentWad();
-}
-
 std::vector<std::string> lettersOf(const SoundLine& line)
 {
     std::vector<std::string> found;

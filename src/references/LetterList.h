@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/SoundLine.h"
+#include "references/CurrentWad.h"
 #include "references/ReferenceRegister.h"
 
 #include <string>
@@ -9,25 +10,12 @@
 
 namespace tavrel {
 
-// The WAD whose level the user works on, as the main window's boxes hold it. All empty when none is chosen.
-struct CurrentWad
-{
-    std::string wadName;
-    std::string letter;
-    std::string title;
-
-    friend bool operator==(const CurrentWad&, const CurrentWad&) = default;
-};
-
-CurrentWad currentWad(const WadReference* reference);
-
 // The letters of a line, without "#".
 std::vector<std::string> lettersOf(const SoundLine& line);
 
 // The levels that a line belongs to, an entry a letter: "#ab - My level". The letter that was added last
 // shows the WAD's name, and so does the current letter when no reference holds it; any other letter without a
-// reference shows
-// "**NO REF**".
+// reference shows "**NO REF**".
 std::vector<std::string> letterEntries(const SoundLine& line, const ReferenceRegister& references,
                                        const CurrentWad& current, Language language,
                                        std::string_view justAdded = {});

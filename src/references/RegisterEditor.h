@@ -3,7 +3,7 @@
 
 #include "base/Dialogs.h"
 #include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "references/ReferenceRegister.h"
 
 #include <cstddef>

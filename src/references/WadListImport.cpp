@@ -12,6 +12,7 @@
 #include "catalogue/ChangedLines.h"
 #include "catalogue/SoundLine.h"
 #include "references/LetterCommands.h"
+#include "references/LetterList.h"
 #include "references/LineLetters.h"
 
 #include <algorithm>

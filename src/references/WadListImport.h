@@ -4,7 +4,7 @@
 #include "base/Dialogs.h"
 #include "catalogue/ChangedLines.h"
 #include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "references/WadLists.h"
 #include "settings/Places.h"
 

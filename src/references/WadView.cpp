@@ -3,6 +3,7 @@
 
 #include "catalogue/ChangedLines.h"
 #include "catalogue/SoundLine.h"
+#include "references/LetterList.h"
 
 #include <algorithm>
 #include <set>

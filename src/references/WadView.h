@@ -2,7 +2,7 @@
 #pragma once
 
 #include "catalogue/SoundCatalogue.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "references/WadListImport.h"
 
 #include <cstddef>

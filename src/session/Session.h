@@ -7,7 +7,7 @@
 #include "catalogue/CatalogueLoading.h"
 #include "catalogue/SoundCatalogue.h"
 #include "history/ChangeHistory.h"
-#include "references/LetterList.h"
+#include "references/CurrentWad.h"
 #include "references/ReferenceRegister.h"
 #include "session/RecoveryLog.h"
 #include "settings/Options.h"
