@@ -86,7 +86,7 @@ public:
     void openRestore(QWidget* parent);
     // When that window has closed: a restored sounds.txt is not the one that was loaded.
     // False when the user declines.
-    bool offerReload();
+    bool reloadIfReplaced();
 
     // The system is about to end the program, and may still change its mind: what could not be recovered is
     // kept.

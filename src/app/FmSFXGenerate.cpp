@@ -88,14 +88,14 @@ void FmSFX::openRestore(QWidget* parent)
     m_busy.reset();
 }
 
-bool FmSFX::offerReload()
+bool FmSFX::reloadIfReplaced()
 {
     if (!m_session.wasReplaced()) {
         return true;
     }
     m_session.setReplaced(false);
     const bool hasWork = m_session.pending() || m_selection.edited();
-    return wantsReload(hasWork, listOfPendingChanges(catalogue()), m_context.dialogs) && reload();
+    return confirmReload(hasWork, listOfPendingChanges(catalogue()), m_context.dialogs) && reload();
 }
 
 } // namespace tavrel

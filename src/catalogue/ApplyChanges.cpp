@@ -128,7 +128,7 @@ public:
         }
         Outcome outcome = Outcome::Changed;
         while (outcome == Outcome::Changed) {
-            outcome = agreeOnFile() ? write() : Outcome::Refused;
+            outcome = confirmFile() ? write() : Outcome::Refused;
         }
         return outcome == Outcome::Written;
     }
@@ -171,7 +171,7 @@ private:
 
     // The user agrees to overwrite just that file, which may change while a question is on the screen. Nobody
     // waits for an answer with the locks.
-    bool agreeOnFile()
+    bool confirmFile()
     {
         while (true) {
             const Result<FileOnDisk> onDisk = lookAtDisk(m_file);

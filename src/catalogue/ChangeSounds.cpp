@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::size_t mostNumbers = 20;
 
-bool mayCompose(const SoundCatalogue& catalogue, std::span<const SoundCatalogue::LineChange> changes,
-                bool single, Dialogs& dialogs)
+bool confirmComposing(const SoundCatalogue& catalogue, std::span<const SoundCatalogue::LineChange> changes,
+                      bool single, Dialogs& dialogs)
 {
     if (single) {
         return changes.empty() || confirmComposing(catalogue.currentLine(changes.front().number), dialogs);
@@ -66,7 +66,7 @@ SoundsChanged changeSounds(SoundCatalogue& catalogue, std::span<const std::size_
             changes.push_back({number, std::move(*line)});
         }
     }
-    if (change.composes && !mayCompose(catalogue, changes, numbers.size() == 1, dialogs)) {
+    if (change.composes && !confirmComposing(catalogue, changes, numbers.size() == 1, dialogs)) {
         SoundsChanged nothing;
         nothing.agreed = false;
         return nothing;

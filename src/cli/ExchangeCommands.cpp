@@ -126,7 +126,7 @@ void tellRows(const ImportFile& file, Console& console)
     }
 }
 
-bool agreesToTheOthers(const ImportFile& file, Console& console)
+bool confirmApplyingTheOthers(const ImportFile& file, Console& console)
 {
     const std::size_t applicable = file.tickedRows();
     const Question question{
@@ -258,7 +258,7 @@ ExitStatus importFile(const ExchangeArguments& arguments, Console& console)
     if (arguments.dryRun) {
         return tellImport(*session, request, console);
     }
-    if (!agreesToTheOthers(*file, console) || !confirmExchangeImport(request, console.dialogs)) {
+    if (!confirmApplyingTheOthers(*file, console) || !confirmExchangeImport(request, console.dialogs)) {
         return ExitStatus::Refused;
     }
     // The WAD of the letter is the one that is worked on, whatever the settings say.

@@ -298,7 +298,7 @@ ExitStatus restoreVersion(const VersionArguments& arguments, Console& console)
                                                                                      : ExitStatus::Refused;
     }
     std::optional<std::vector<SoundCatalogue::LineChange>> changes =
-        agreeOnBringingBack(session->catalogue(), *version, console.dialogs);
+        confirmBringingBack(session->catalogue(), *version, console.dialogs);
     if (!changes) {
         return ExitStatus::Refused;
     }

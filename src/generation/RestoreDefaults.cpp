@@ -207,7 +207,7 @@ bool requireChoice(const RestoreChoice& choice, Dialogs& dialogs)
     return choice.any();
 }
 
-bool wantsReload(bool hasUnappliedChanges, const BilingualText& listOfThem, Dialogs& dialogs)
+bool confirmReload(bool hasUnappliedChanges, const BilingualText& listOfThem, Dialogs& dialogs)
 {
     BilingualText text("[Sounds.txt] was restored; the sounds that you see are still those of before.\n",
                        "[Sounds.txt] a été restauré ; les sons affichés sont encore ceux d'avant.\n");

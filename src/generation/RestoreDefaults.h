@@ -42,6 +42,6 @@ struct RestoreResult
 RestoreResult restoreDefaults(const RestoreChoice& choice, const RestoreContext& context);
 
 // Offers to load the restored catalogue, which loses changes that were not applied.
-bool wantsReload(bool hasUnappliedChanges, const BilingualText& listOfThem, Dialogs& dialogs);
+bool confirmReload(bool hasUnappliedChanges, const BilingualText& listOfThem, Dialogs& dialogs);
 
 } // namespace tavrel

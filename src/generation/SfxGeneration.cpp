@@ -180,7 +180,8 @@ SfxGeneration::Begun SfxGeneration::begin(const GenerationRequest& request, Prog
                                           Clock::time_point now)
 {
     poll(now); // the console of the last one may have been closed just now
-    if (!mayBegin(request) || !request.acceptsErrors() || !confirm(request) || !mayMoveOtherFiles(request)) {
+    if (!mayBegin(request) || !request.acceptsErrors() || !confirm(request) ||
+        !confirmMovingOtherFiles(request)) {
         return Begun::NotStarted;
     }
     if (findWrongSample(request.catalogue, request.wad, request.places.samples, progress)) {
@@ -265,7 +266,7 @@ bool SfxGeneration::confirm(const GenerationRequest& request)
 }
 
 // The batch file moves whatever lies beside it.
-bool SfxGeneration::mayMoveOtherFiles(const GenerationRequest& request)
+bool SfxGeneration::confirmMovingOtherFiles(const GenerationRequest& request)
 {
     std::string others;
     for (const std::string_view ending : {".sam", ".sfx"}) {

@@ -100,7 +100,7 @@ private:
 
     bool mayBegin(const GenerationRequest& request);
     bool confirm(const GenerationRequest& request);
-    bool mayMoveOtherFiles(const GenerationRequest& request);
+    bool confirmMovingOtherFiles(const GenerationRequest& request);
     [[nodiscard]] Problem takeLocks(const Places& places);
     bool start(const GenerationRequest& request, Clock::time_point now);
     bool wantsToStop(FileStates files, Clock::time_point now);

@@ -116,7 +116,7 @@ void FmRefW::connectControls()
     connect(m_letter, &QLineEdit::textChanged, this, &FmRefW::correctLetter);
     m_wad->setMaxLength(longestWadName);
     for (QLineEdit* const box : {m_wad, m_letter, m_title}) {
-        connect(box, &QLineEdit::returnPressed, this, &FmRefW::confirmFields);
+        connect(box, &QLineEdit::returnPressed, this, &FmRefW::addOrModify);
     }
 }
 
@@ -346,7 +346,7 @@ void FmRefW::eraseInputs()
 }
 
 // Enter in a field.
-void FmRefW::confirmFields()
+void FmRefW::addOrModify()
 {
     m_editor.selected() ? modifyReference() : addReference();
 }

@@ -57,7 +57,7 @@ private:
     void modifyReference();
     void deleteReference();
     void eraseInputs();
-    void confirmFields();
+    void addOrModify();
     void correctLetter();
 
     FmRefWContext m_context;

@@ -331,7 +331,7 @@ std::optional<std::vector<Newcomer>> nameNewcomers(const std::vector<std::filesy
 }
 
 // A sample of another content is never replaced unasked, and is kept.
-bool mayReplace(const std::filesystem::path& sample, Dialogs& dialogs)
+bool confirmReplacing(const std::filesystem::path& sample, Dialogs& dialogs)
 {
     const std::string shown = bracketedPath(sample.filename());
     const Question question{
@@ -376,7 +376,7 @@ bool bringIn(const Newcomer& newcomer, const std::filesystem::path& folder, Bili
         if (there && there->bytes == converted->bytes) {
             return true;
         }
-        if (!mayReplace(target, dialogs)) {
+        if (!confirmReplacing(target, dialogs)) {
             return false;
         }
     }

@@ -93,7 +93,7 @@ void reportUnlessWarned(const Problem& problem, const StartContext& context, con
 }
 
 // The folder may be on a disk that is not connected just now, so the user decides.
-bool wantsAnotherFolder(const std::string& folder, Dialogs& dialogs)
+bool confirmAnotherFolder(const std::string& folder, Dialogs& dialogs)
 {
     const BilingualText text =
         filled({"There is no level editor in this folder:\n{}\nChoose another one?",
@@ -147,7 +147,7 @@ std::optional<StartedSession> laterStart(const StartContext& context)
                            "choisir."})
                  .text);
     } else if (isFolder(derivePlaces(context.programFolder, folder).creator) ||
-               !wantsAnotherFolder(folder, context.dialogs)) {
+               !confirmAnotherFolder(folder, context.dialogs)) {
         return session;
     }
     if (chooseInto(session.settings, context)) {

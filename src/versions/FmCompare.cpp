@@ -358,7 +358,7 @@ void FmCompare::takeOver()
     }
     const TakeRequest request{m_context.catalogue, lines, *taken, m_context.places.samplesFolder,
                               m_other->samplesFolder};
-    std::optional<AgreedTake> agreed = agreeOnTaking(request, m_context.dialogs);
+    std::optional<AgreedTake> agreed = confirmTaking(request, m_context.dialogs);
     if (!agreed) {
         return;
     }

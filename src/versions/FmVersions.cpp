@@ -178,7 +178,7 @@ void FmVersions::bringBack()
         return;
     }
     std::optional<std::vector<SoundCatalogue::LineChange>> changes =
-        agreeOnBringingBack(m_context.catalogue, *version, m_context.dialogs);
+        confirmBringingBack(m_context.catalogue, *version, m_context.dialogs);
     const BilingualText step =
         BilingualText("Bring back the version of ", "Remise de la version du ") + version->time;
     if (changes && m_context.change(std::move(*changes), step)) {

@@ -44,7 +44,7 @@ BilingualText beyondThoseListed(std::span<const std::string> names)
     return BilingualText::same(rows);
 }
 
-bool agreesToRefused(const TakenLines& taken, Dialogs& dialogs)
+bool confirmRefused(const TakenLines& taken, Dialogs& dialogs)
 {
     if (taken.refused.empty()) {
         return true;
@@ -60,7 +60,7 @@ bool agreesToRefused(const TakenLines& taken, Dialogs& dialogs)
 }
 
 // My lines that are composed anew.
-bool agreesToComposing(const TakeRequest& request, const TakenLines& taken, Dialogs& dialogs)
+bool confirmComposing(const TakeRequest& request, const TakenLines& taken, Dialogs& dialogs)
 {
     std::vector<ComposedLine> composed;
     for (const SoundCatalogue::LineChange& change : taken.changes) {
@@ -80,7 +80,7 @@ std::vector<std::string> thoseIn(const fs::path& folder, const std::vector<std::
 }
 
 // The samples to copy; nothing when the user cancels.
-std::optional<std::vector<std::string>> agreeOnSamples(const TakeRequest& request, const TakenLines& taken,
+std::optional<std::vector<std::string>> confirmSamples(const TakeRequest& request, const TakenLines& taken,
                                                        Dialogs& dialogs)
 {
     const bool takesSamples = request.parts.wholeLine || request.parts.samples;
@@ -118,10 +118,10 @@ std::optional<std::vector<std::string>> agreeOnSamples(const TakeRequest& reques
 
 } // namespace
 
-std::optional<AgreedTake> agreeOnTaking(const TakeRequest& request, Dialogs& dialogs)
+std::optional<AgreedTake> confirmTaking(const TakeRequest& request, Dialogs& dialogs)
 {
     TakenLines taken = takeLines(request.catalogue, request.lines, request.parts);
-    if (!agreesToRefused(taken, dialogs)) {
+    if (!confirmRefused(taken, dialogs)) {
         return std::nullopt;
     }
     if (taken.changes.empty()) {
@@ -130,10 +130,10 @@ std::optional<AgreedTake> agreeOnTaking(const TakeRequest& request, Dialogs& dia
                       {"These lines have nothing to take over.", "Ces lignes n'ont rien à reprendre."}});
         return std::nullopt;
     }
-    if (!agreesToComposing(request, taken, dialogs)) {
+    if (!confirmComposing(request, taken, dialogs)) {
         return std::nullopt;
     }
-    std::optional<std::vector<std::string>> samples = agreeOnSamples(request, taken, dialogs);
+    std::optional<std::vector<std::string>> samples = confirmSamples(request, taken, dialogs);
     return samples ? std::optional(AgreedTake{std::move(taken.changes), std::move(*samples)}) : std::nullopt;
 }
 
@@ -183,7 +183,7 @@ std::optional<Message> copyMissingSamples(std::span<const std::string> names, co
 }
 
 std::optional<std::vector<SoundCatalogue::LineChange>>
-agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version, Dialogs& dialogs)
+confirmBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version, Dialogs& dialogs)
 {
     const Result<OtherCatalogue> other = readOtherCatalogue(version.path);
     if (!other) {

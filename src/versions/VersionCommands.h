@@ -34,7 +34,7 @@ struct AgreedTake
 
 // Names lines that cannot be taken and samples that are missing, and asks what is to be asked. Changes
 // nothing.
-std::optional<AgreedTake> agreeOnTaking(const TakeRequest& request, Dialogs& dialogs);
+std::optional<AgreedTake> confirmTaking(const TakeRequest& request, Dialogs& dialogs);
 
 // Copies samples that the folder does not have yet. What there is to say about it; nothing when all is well.
 std::optional<Message> copyMissingSamples(std::span<const std::string> names,
@@ -44,7 +44,7 @@ std::optional<Message> copyMissingSamples(std::span<const std::string> names,
 // The lines that a kept file changes, once the user agrees; protected ones, too, for the file had them so.
 // Sounds that one side lacks are told. Nothing when no line differs.
 std::optional<std::vector<SoundCatalogue::LineChange>>
-agreeOnBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version, Dialogs& dialogs);
+confirmBringingBack(const SoundCatalogue& catalogue, const KeptVersion& version, Dialogs& dialogs);
 
 // Asks, and brings a set back. True when it was done.
 bool bringSetBack(const KeptVersion& set, const KeptPlaces& places, Progress& progress, Dialogs& dialogs);

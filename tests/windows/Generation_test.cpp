@@ -161,7 +161,7 @@ TEST_F(MainWindowGenerationTest, AWrongSampleLeadsToTheCheckOfTheFolder)
 TEST_F(MainWindowGenerationTest, ARestoredCatalogueIsOfferedToBeLoaded)
 {
     open();
-    window->offerReload(); // nothing was restored, nothing is asked
+    window->reloadIfReplaced(); // nothing was restored, nothing is asked
     type("TxVOL", "12");
     click("CdValidW");
     const std::string changed = window->catalogue().currentLine(0);
@@ -182,12 +182,12 @@ TEST_F(MainWindowGenerationTest, ARestoredCatalogueIsOfferedToBeLoaded)
     EXPECT_FALSE(isBusy());
 
     dialogs.prepareAnswer(Answer::No);
-    window->offerReload();
+    window->reloadIfReplaced();
     EXPECT_NE(dialogs.said().back().text.english.find("not applied would be lost"), std::string::npos);
     EXPECT_TRUE(dialogs.said().back().refusalIsDefault);
     EXPECT_EQ(window->catalogue().currentLine(0), changed);
     const std::size_t said = dialogs.said().size();
-    window->offerReload();
+    window->reloadIfReplaced();
     EXPECT_EQ(dialogs.said().size(), said) << "asked once";
 
     whenOpened<FmDefault>([](FmDefault& chooser) {
@@ -203,7 +203,7 @@ TEST_F(MainWindowGenerationTest, ARestoredCatalogueIsOfferedToBeLoaded)
     window->openRestore(window.get());
     EXPECT_EQ(dialogs.said().back().kind, "information");
     dialogs.prepareAnswer(Answer::Yes);
-    window->offerReload();
+    window->reloadIfReplaced();
     EXPECT_EQ(window->catalogue().currentLine(0), stockLines()[0]);
     EXPECT_FALSE(window->session().pending());
 }
