@@ -75,6 +75,8 @@ protected:
             break;
         case 3:
             if (references.size() > references.userBegin()) {
+                references.replaceLetter(references.at(references.userBegin()).letter,
+                                         std::to_string(random()));
                 references.remove(references.userBegin() + below(references.size() - references.userBegin()));
             }
             break;

@@ -149,6 +149,10 @@ TEST_F(ReferenceRegisterTest, WritesTheUsersRowsAndWhatItCouldNotReadInPlace)
     };
     EXPECT_EQ(saved(), textOf({"; mine", "\"A\",\"aa\",\"a\"", "\"broken\",\"x", "only,two",
                                "\"B \"x\"\",\"bb\",\"b\"", "; end"}));
+    references.insertUser(0, {"n", "nn", "N"});
+    EXPECT_EQ(saved(), textOf({"; mine", "\"N\",\"nn\",\"n\"", "\"A\",\"aa\",\"a\"", "\"broken\",\"x",
+                               "only,two", "\"B \"x\"\",\"bb\",\"b\"", "; end"}));
+    references.remove(42);
     references.appendUser({"c", "cc", "C"});
     references.remove(42);
     references.replaceLetter("bb", "zz");

@@ -101,7 +101,7 @@ protected:
             catalogue.append(line, line, catalogue.size() + 1);
         }
         catalogue.setDoubles(doubles);
-        catalogue.setObjects({{"A", "BAT", {1, 2, 99}}, {"A", "BATTLE", {3}}});
+        catalogue.setObjects({{"A", "BAT", {1, 2, lines.size(), 99}}, {"A", "BATTLE", {3}}});
     }
     ImportResult import(WadListKind kind, const std::string& list, Dialogs& dialogs)
     {
