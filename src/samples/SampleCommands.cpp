@@ -76,10 +76,6 @@ SampleResult store(LineEditor& editor, const BilingualText& command, std::vector
     return {true, selected, input.typedName};
 }
 
-} // namespace
-
-namespace {
-
 // The rules for the name itself, whatever its file is.
 bool fitsLine(SampleChange change, const std::vector<std::string>& names, const SampleInput& input,
               Dialogs& dialogs)
