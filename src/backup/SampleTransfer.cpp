@@ -133,13 +133,13 @@ SampleCopies failedCopies(Failure failure)
 }
 
 SampleCopies copySamples(std::span<const std::string> names, const FolderIndex& source, const PutSample& put,
-                         Progress& progress)
+                         std::size_t steps, Progress& progress)
 {
     SampleCopies copies;
     std::unordered_set<std::string> done;
     std::unordered_map<std::string, std::string> spellings = lastSpellings(names);
     for (std::size_t i = 0; i < names.size(); ++i) {
-        if (!progress.show(i, names.size())) {
+        if (!progress.show(i, steps)) {
             copies.end = CopyEnd::Cancelled;
             return copies;
         }
@@ -193,7 +193,7 @@ SampleCopies replaceSamples(std::span<const std::string> names, const fs::path& 
         }
         return problem;
     };
-    SampleCopies copies = copySamples(names, *from, put, progress);
+    SampleCopies copies = copySamples(names, *from, put, names.size(), progress);
     if (copies.end == CopyEnd::Complete) {
         progress.show(names.size(), names.size());
     }

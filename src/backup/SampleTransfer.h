@@ -7,6 +7,7 @@
 #include "base/Result.h"
 #include "catalogue/SoundLine.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -53,10 +54,10 @@ struct SampleCopies
 
 // Puts the named samples of a folder where they go, each under the file name that it is to have; a name that
 // is there twice is said twice and put once. Samples that the folder does not hold are passed over. It stops
-// at a failure or a cancel. That all is done is for the caller to show.
+// at a failure or a cancel. Each is one of the steps; that all are done is for the caller to show.
 using PutSample = std::function<Problem(const std::filesystem::path& sample, const std::string& file)>;
 SampleCopies copySamples(std::span<const std::string> names, const FolderIndex& source, const PutSample& put,
-                         Progress& progress);
+                         std::size_t steps, Progress& progress);
 SampleCopies failedCopies(Failure failure);
 
 // Puts samples of one folder into the place of those of another, one after the other, each complete before

@@ -158,6 +158,7 @@ void copyPermissions(const fs::path& from, const fs::path& to)
 
 SamplesFolderSwap::SamplesFolderSwap(const fs::path& folder) : m_folder(folder)
 {
+    removeUnfinishedFolders(m_folder);
     if (!system::isLink(m_folder)) {
         repair();
     }
@@ -194,14 +195,11 @@ std::vector<fs::path> SamplesFolderSwap::leftovers() const
 SampleCopies SamplesFolderSwap::copy(std::span<const std::string> names, const fs::path& source,
                                      Progress& progress)
 {
-    const fs::path newFolder = asOnDisk(withEnding(m_folder, ".tavrel-new"));
-    for (const fs::path& written : {m_folder, newFolder}) {
-        if (system::isLink(written)) {
-            return failedCopies(
-                wrongContent(written, {"Samples are not written through a link to another folder.",
-                                       "Les samples ne sont pas écrits à travers un lien vers un "
-                                       "autre répertoire."}));
-        }
+    if (system::isLink(m_folder)) {
+        return failedCopies(
+            wrongContent(m_folder, {"Samples are not written through a link to another folder.",
+                                    "Les samples ne sont pas écrits à travers un lien vers un "
+                                    "autre répertoire."}));
     }
     if (!isMissing(m_folder) && !isTrueFolder(m_folder)) {
         return failedCopies(cannotWrite(m_folder, std::make_error_code(std::errc::not_a_directory)));
@@ -217,21 +215,27 @@ SampleCopies SamplesFolderSwap::copy(std::span<const std::string> names, const f
     if (!from) {
         return failedCopies(from.failure());
     }
-    Problem problem = m_new.create(newFolder);
-    if (problem) {
+    if (Problem problem = m_new.create(unfinishedName(m_folder), m_folder)) {
         return failedCopies(*problem);
     }
+    const std::size_t steps = 2 * names.size(); // a copy and a flush for each
     const auto put = [this](const fs::path& sample, const std::string& file) {
         return m_new.copyIn(sample, nativePath(file));
     };
-    SampleCopies copies = copySamples(names, *from, put, progress);
-    if (copies.end == CopyEnd::Complete) {
-        problem = m_new.flush();
-        progress.show(names.size(), names.size());
-        if (!problem) {
-            problem = keepWhatIsLacking(names, copies);
-        }
+    SampleCopies copies = copySamples(names, *from, put, steps, progress);
+    if (copies.end != CopyEnd::Complete) {
+        return copies;
     }
+    const Result<bool> flushed =
+        m_new.flush([&](std::size_t left) { return progress.show(steps - left, steps); });
+    if (!flushed) {
+        return failedCopies(flushed.failure());
+    }
+    if (!*flushed || !progress.show(steps, steps)) {
+        copies.end = CopyEnd::Cancelled;
+        return copies;
+    }
+    const Problem problem = keepWhatIsLacking(names, copies);
     return problem ? failedCopies(*problem) : copies;
 }
 

@@ -11,6 +11,7 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace tavrel {
 
@@ -31,17 +32,6 @@ fs::path::string_type beginningOf(const fs::path& file)
     return file.filename().native().substr(0, longest);
 }
 
-// A name that no other write has, of this process or of another, on this machine or on another.
-fs::path unfinishedName(const fs::path& target)
-{
-    std::random_device random;
-    std::array<char, 40> own = {};
-    std::snprintf(own.data(), own.size(), ".%lx-%08x%08x", system::processNumber(), random(), random());
-    fs::path name = target.parent_path() / beginningOf(target);
-    name += own.data();
-    return name += unfinishedEnding;
-}
-
 template <typename Step>
 std::error_code withRetries(Step step)
 {
@@ -51,6 +41,13 @@ std::error_code withRetries(Step step)
         error = step();
     }
     return error;
+}
+
+bool isOldEnough(const fs::path& file)
+{
+    std::error_code error;
+    const fs::file_time_type written = fs::last_write_time(file, error);
+    return !error && fs::file_time_type::clock::now() - written > oldEnough;
 }
 
 // Writes the bytes beside the target, then lets `putInPlace` move them there. Once more when the file beside
@@ -120,13 +117,6 @@ fs::path copyBeside(const fs::path& file, int number)
     return copy += file.extension();
 }
 
-bool isOldEnough(const fs::path& file)
-{
-    std::error_code error;
-    const fs::file_time_type written = fs::last_write_time(file, error);
-    return !error && fs::file_time_type::clock::now() - written > oldEnough;
-}
-
 void removeUnfinished(const fs::path& file, Unfinished which)
 {
     std::error_code ignored;
@@ -151,6 +141,16 @@ void removeUnfinishedIn(const fs::path& folder, const std::optional<fs::path>& w
 }
 
 } // namespace
+
+fs::path unfinishedName(const fs::path& target)
+{
+    std::random_device random;
+    std::array<char, 40> own = {};
+    std::snprintf(own.data(), own.size(), ".%lx-%08x%08x", system::processNumber(), random(), random());
+    fs::path name = target.parent_path() / beginningOf(target);
+    name += own.data();
+    return name += unfinishedEnding;
+}
 
 Problem writeFileSafely(const fs::path& target, std::string_view bytes)
 {
@@ -212,6 +212,11 @@ fs::path nextCopyBeside(const fs::path& file)
     return copyBeside(file, number);
 }
 
+std::error_code flushSafely(const fs::path& file)
+{
+    return withRetries([&] { return system::flushFile(file); });
+}
+
 Problem moveSafely(const fs::path& from, const fs::path& to)
 {
     if (const std::error_code error = withRetries([&] { return system::moveToNewName(from, to); })) {
@@ -248,6 +253,25 @@ void removeUnfinishedWrites(const fs::path& folder, Unfinished which)
         if (it->is_symlink(ignored) && !followLinks(file)) {
             removeUnfinishedIn(file.parent_path(), file, which);
         }
+    }
+}
+
+void removeUnfinishedFolders(const fs::path& target)
+{
+    const fs::path::string_type beginning = beginningOf(target) + dot;
+    std::error_code error;
+    std::error_code ignored;
+    std::vector<fs::path> left;
+    for (fs::directory_iterator it(target.parent_path(), error); !error && it != fs::directory_iterator();
+         it.increment(error)) {
+        const fs::path& folder = it->path();
+        if (folder.extension() == unfinishedEnding && folder.filename().native().starts_with(beginning) &&
+            it->is_directory(ignored) && !system::isLink(folder) && isOldEnough(folder)) {
+            left.push_back(folder);
+        }
+    }
+    for (const fs::path& folder : left) {
+        fs::remove_all(folder, ignored);
     }
 }
 

@@ -35,6 +35,16 @@ Result<std::filesystem::path> keepCopyBeside(const std::filesystem::path& file, 
 // The name that the next such copy gets, as far as anybody can know.
 std::filesystem::path nextCopyBeside(const std::filesystem::path& file);
 
+// Returns once the file's bytes are on the disk. Whoever looks at the fresh file just now is waited for.
+std::error_code flushSafely(const std::filesystem::path& file);
+
+// A name beside the target that nobody else takes, of this machine or another. What is left under such a name
+// is from a run that was cut short.
+std::filesystem::path unfinishedName(const std::filesystem::path& target);
+// Folders beside the target under such names, none of them a link, that are old enough to be left over for
+// certain.
+void removeUnfinishedFolders(const std::filesystem::path& target);
+
 // Gives a file or folder a name that must be free.
 [[nodiscard]] Problem moveSafely(const std::filesystem::path& from, const std::filesystem::path& to);
 

@@ -4,8 +4,7 @@
 #include "base/FailureTexts.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
-
-#include <fstream>
+#include "base/TextFile.h"
 
 namespace tavrel {
 
@@ -13,19 +12,28 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// With the read-only files in it.
+// With the read-only files in it, for systems that keep these.
 void removeFolder(const fs::path& folder)
 {
-    std::error_code ignored;
-    for (fs::directory_iterator it(folder, ignored); it != fs::directory_iterator(); it.increment(ignored)) {
-        if (ignored) {
-            break;
-        }
+    std::error_code error;
+    fs::remove_all(folder, error);
+    if (!error) {
+        return;
+    }
+    for (fs::directory_iterator it(folder, error); !error && it != fs::directory_iterator();
+         it.increment(error)) {
+        std::error_code ignored;
         if (!it->is_symlink(ignored)) { // what it leads to is not ours
             fs::permissions(it->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
         }
     }
-    fs::remove_all(folder, ignored);
+    fs::remove_all(folder, error);
+}
+
+bool isOwnFolder(const fs::path& path)
+{
+    std::error_code ignored;
+    return fs::is_directory(fs::symlink_status(path, ignored)) && !system::isLink(path);
 }
 
 } // namespace
@@ -37,51 +45,52 @@ StagedFolder::~StagedFolder()
     }
 }
 
-Problem StagedFolder::create(const fs::path& path)
+Problem StagedFolder::create(const fs::path& path, const fs::path& target)
 {
-    std::error_code error;
-    if (fs::is_directory(fs::symlink_status(path, error)) && !system::isLink(path)) {
+    if (!m_path.empty()) {
+        removeFolder(m_path);
+    }
+    if (isOwnFolder(path)) {
         removeFolder(path);
     }
-    if (!fs::create_directory(path, error)) {
-        return cannotWrite(path, error ? error : std::make_error_code(std::errc::file_exists));
+    std::error_code error;
+    std::error_code ignored;
+    // One that cannot go, because somebody has it open, may be empty all the same.
+    if (!fs::create_directory(path, error) && !(isOwnFolder(path) && fs::is_empty(path, ignored))) {
+        return cannotWrite(target, error ? error : std::make_error_code(std::errc::file_exists));
     }
     m_path = path;
+    m_target = target;
     m_names.clear();
     return std::nullopt;
 }
 
 Problem StagedFolder::copyIn(const fs::path& file, const fs::path& name)
 {
-    const fs::path copy = m_path / name;
-    std::error_code error;
-    fs::copy_file(file, copy, error);
-    std::error_code ignored;
-    if (error && !(fs::is_regular_file(file, ignored) && std::ifstream(file))) {
-        return cannotRead(file, error);
+    const Result<FileContent> content = readFile(file);
+    if (!content) {
+        return content.failure();
     }
-    if (!error) {
-        fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add, error);
-    }
-    if (error) {
-        return cannotWrite(copy, error);
+    if (const std::error_code error =
+            system::writeNewFile(m_path / name, content->bytes, std::nullopt, system::Flush::Later)) {
+        return cannotWrite(m_target / name, error);
     }
     m_names.push_back(name);
     return std::nullopt;
 }
 
-Problem StagedFolder::flush(const std::function<void(std::size_t)>& told)
+Result<bool> StagedFolder::flush(const std::function<bool(std::size_t)>& goOn)
 {
     for (std::size_t i = 0; i < m_names.size(); ++i) {
-        if (told) {
-            told(m_names.size() - i);
+        if (!goOn(m_names.size() - i)) {
+            return false;
         }
-        if (const std::error_code error = system::flushFile(m_path / m_names[i])) {
-            return cannotWrite(m_path / m_names[i], error);
+        if (const std::error_code error = flushSafely(m_path / m_names[i])) {
+            return cannotWrite(m_target / m_names[i], error);
         }
     }
     system::flushFolder(m_path);
-    return std::nullopt;
+    return true;
 }
 
 Problem Moves::move(const fs::path& from, const fs::path& to)

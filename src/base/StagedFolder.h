@@ -21,15 +21,17 @@ public:
     StagedFolder& operator=(const StagedFolder&) = delete;
     ~StagedFolder();
 
-    // In the place of a folder that an earlier run has left there. The caller is sure that it is one.
-    [[nodiscard]] Problem create(const std::filesystem::path& path);
+    // In the place of a folder that an earlier run has left there; the caller is sure that it is one.
+    // Messages name the target, where the files are to go.
+    [[nodiscard]] Problem create(const std::filesystem::path& path, const std::filesystem::path& target);
 
-    // Without the read-only mark that the file may have. An error leaves the folder unfit for use.
+    // The copy has the rights of any new file. What readFile() refuses is refused. After an error the folder
+    // is of no use.
     [[nodiscard]] Problem copyIn(const std::filesystem::path& file, const std::filesystem::path& name);
 
     // After the last copy: all of them reach the disk. In a row, since one flush behind each copy takes many
-    // times as long. Tells how many have not yet.
-    [[nodiscard]] Problem flush(const std::function<void(std::size_t left)>& told = {});
+    // times as long. False when `goOn`, which is told how many are left, ends it.
+    Result<bool> flush(const std::function<bool(std::size_t left)>& goOn);
 
     const std::filesystem::path& path() const { return m_path; }
     // It has become somebody's folder under another name.
@@ -37,6 +39,7 @@ public:
 
 private:
     std::filesystem::path m_path;
+    std::filesystem::path m_target;
     std::vector<std::filesystem::path> m_names;
 };
 

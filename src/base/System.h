@@ -18,10 +18,13 @@ namespace tavrel::system {
 // False when the file cannot be opened or read.
 bool readStart(const std::filesystem::path& file, std::span<char> buffer);
 
-// Creates a file that must not exist yet, and returns once its bytes are on the disk. With a model, the file
-// has the model's rights in the end, and wider ones at no moment.
+// Creates a file that must not exist yet, and returns once its bytes are on the disk; or earlier, when the
+// caller flushes it himself. With a model, the file has the model's rights in the end, and wider ones at no
+// moment.
+enum class Flush { Now, Later };
 std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes,
-                             const std::optional<std::filesystem::path>& model = std::nullopt);
+                             const std::optional<std::filesystem::path>& model = std::nullopt,
+                             Flush flush = Flush::Now);
 
 // Returns once the bytes of an existing file are on the disk.
 std::error_code flushFile(const std::filesystem::path& file);

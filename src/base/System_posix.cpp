@@ -152,7 +152,7 @@ bool readStart(const std::filesystem::path& file, std::span<char> buffer)
 }
 
 std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes,
-                             const std::optional<std::filesystem::path>& model)
+                             const std::optional<std::filesystem::path>& model, Flush flush)
 {
     struct stat rights = {};
     if (model && ::stat(model->c_str(), &rights) != 0) {
@@ -170,7 +170,7 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
     if (const std::error_code error = writeAll(descriptor.number(), bytes)) {
         return error;
     }
-    if (::fsync(descriptor.number()) != 0) {
+    if (flush == Flush::Now && ::fsync(descriptor.number()) != 0) {
         return lastError();
     }
     return descriptor.close();

@@ -80,7 +80,7 @@ private:
 };
 
 std::error_code createFile(const std::filesystem::path& file, std::string_view bytes, DWORD attributes,
-                           PSECURITY_DESCRIPTOR rights)
+                           PSECURITY_DESCRIPTOR rights, Flush flush)
 {
     SECURITY_ATTRIBUTES security = {sizeof(SECURITY_ATTRIBUTES), rights, FALSE};
     const HANDLE handle =
@@ -89,7 +89,7 @@ std::error_code createFile(const std::filesystem::path& file, std::string_view b
         return lastError();
     }
     std::error_code error = writeAll(handle, bytes);
-    if (!error && FlushFileBuffers(handle) == 0) {
+    if (!error && flush == Flush::Now && FlushFileBuffers(handle) == 0) {
         error = lastError();
     }
     CloseHandle(handle);
@@ -124,10 +124,10 @@ bool readStart(const std::filesystem::path& file, std::span<char> buffer)
 }
 
 std::error_code writeNewFile(const std::filesystem::path& file, std::string_view bytes,
-                             const std::optional<std::filesystem::path>& model)
+                             const std::optional<std::filesystem::path>& model, Flush flush)
 {
     if (!model) {
-        return createFile(file, bytes, FILE_ATTRIBUTE_NORMAL, nullptr);
+        return createFile(file, bytes, FILE_ATTRIBUTE_NORMAL, nullptr, flush);
     }
     constexpr DWORD keptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     const DWORD attributes = GetFileAttributesW(model->c_str());
@@ -137,7 +137,7 @@ std::error_code writeNewFile(const std::filesystem::path& file, std::string_view
     const AccessList rights(*model);
     const DWORD kept = attributes & keptAttributes;
     const std::error_code error =
-        createFile(file, bytes, kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, rights.descriptor());
+        createFile(file, bytes, kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, rights.descriptor(), flush);
     if (!error) {
         rights.letInheritAlike(file);
     }

@@ -51,7 +51,7 @@ public:
         if (!wanted) {
             return wanted.failure();
         }
-        if (Problem problem = m_incoming.create(freeIncoming())) {
+        if (Problem problem = m_incoming.create(freeIncoming(), m_folder)) {
             return problem;
         }
         for (std::size_t i = 0; i < m_files.size(); ++i) {
@@ -60,9 +60,12 @@ public:
                 return problem;
             }
         }
-        const auto showLeft = [&](std::size_t left) { progress.show(steps() - left, steps()); };
-        if (Problem problem = m_incoming.flush(showLeft)) {
-            return problem;
+        const Result<bool> flushed = m_incoming.flush([&](std::size_t left) {
+            progress.show(steps() - left, steps());
+            return true;
+        });
+        if (!flushed) {
+            return flushed.failure();
         }
         return checkCopies(*wanted);
     }

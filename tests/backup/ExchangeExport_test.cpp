@@ -324,18 +324,18 @@ TEST_F(ExportFile, SaysThatItRepairedThoughNothingWasSaved)
 class LosesTheNewFolder : public ScriptedProgress
 {
 public:
-    explicit LosesTheNewFolder(fs::path folder) : m_folder(std::move(folder)) {}
+    explicit LosesTheNewFolder(fs::path parent) : m_parent(std::move(parent)) {}
 
     bool show(std::size_t done, std::size_t total) override
     {
         if (done == total) {
-            fs::remove_all(m_folder);
+            removeStagedFolders(m_parent);
         }
         return true;
     }
 
 private:
-    fs::path m_folder;
+    fs::path m_parent;
 };
 
 TEST_F(ExportFile, SaysWhenTheSamplesDoNotReachTheirPlace)
@@ -344,7 +344,7 @@ TEST_F(ExportFile, SaysWhenTheSamplesDoNotReachTheirPlace)
     writeBytes(root / "city_Samples" / "old.wav", "old");
     ExportRequest modified = request(ExportMode::Modified, "city.tox");
     modified.withSamples = true;
-    LosesTheNewFolder losing(root / "city_Samples.tavrel-new");
+    LosesTheNewFolder losing(root.path());
     const ExportOutcome outcome = saveExport(modified, losing);
     EXPECT_FALSE(outcome.saved);
     const std::string& text = outcome.report->text.english;

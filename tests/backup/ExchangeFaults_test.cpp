@@ -56,7 +56,7 @@ TEST_P(ExchangeFaults, AnExportLeavesTheOldFilesOrTheNewOnes)
         {
             const SamplesFolderSwap next(samples); // brings the folder in order
         }
-        fs::remove_all(work / "all_Samples.tavrel-new");
+        removeStagedFolders(work);
         removeUnfinishedWrites(work);
         const bool hasNewSamples = readBytes(samples / "foot.wav") == "new foot";
         if (hasNewSamples) {

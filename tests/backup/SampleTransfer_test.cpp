@@ -145,6 +145,9 @@ TEST_F(SampleTransfer, KeepsTheOldFolderWhenTheNewOneIsNotComplete)
         ScriptedProgress stopping(1);
         SamplesFolderSwap swap(target);
         EXPECT_EQ(swap.copy(Names{"step", "bell"}, source, stopping).end, CopyEnd::Cancelled);
+        ScriptedProgress stoppingLater(3);
+        EXPECT_EQ(swap.copy(Names{"step", "bell"}, source, stoppingLater).end, CopyEnd::Cancelled)
+            << "while the copies reach the disk";
     }
     expectOldTarget();
     ScriptedProgress progress;
@@ -160,28 +163,33 @@ TEST_F(SampleTransfer, KeepsTheOldFolderWhenTheNewOneIsNotComplete)
     expectOldTarget();
 }
 
-#ifndef _WIN32 // where links take a right that users lack
+#ifndef _WIN32 // where links take a right that users lack, and folders keep their times
+TEST_F(SampleTransfer, ClearsUpWhatARunLeftADayAgo)
+{
+    const fs::path leftover = root / "target.1-2.tavrel-new";
+    writeBytes(leftover / "step.wav", "of a run that was cut short");
+    writeBytes(root / "target.3-4.tavrel-new" / "step.wav", "of one that is under way");
+    fs::last_write_time(leftover, fs::file_time_type::clock::now() - std::chrono::hours(25));
+    const SamplesFolderSwap swap(target);
+    EXPECT_EQ(namesIn(root.path()), (Names{"evil.wav", "source", "target", "target.3-4.tavrel-new"}));
+}
+
 TEST_F(SampleTransfer, NeverWritesThroughALink)
 {
     fs::create_directory_symlink(target, root / "link");
     fs::create_directory_symlink(target, root / "other.tavrel-old");
-    fs::create_directory_symlink(target, root / "third.tavrel-new");
     ScriptedProgress progress;
-    for (const char* name : {"link", "third"}) {
-        SamplesFolderSwap swap(root / name);
-        const SampleCopies copies = swap.copy(Names{"step"}, source, progress);
-        EXPECT_EQ(copies.end, CopyEnd::Failed);
-        EXPECT_TRUE(copies.failure->text.english.find("through a link") != std::string::npos);
-    }
+    SamplesFolderSwap link(root / "link");
+    const SampleCopies copies = link.copy(Names{"step"}, source, progress);
+    EXPECT_EQ(copies.end, CopyEnd::Failed);
+    EXPECT_TRUE(copies.failure->text.english.find("through a link") != std::string::npos);
     EXPECT_FALSE(samplesFolderToRead(root / "other"));
     SamplesFolderSwap other(root / "other");
     EXPECT_EQ(other.copy(Names{"step"}, source, progress).end, CopyEnd::Complete);
     EXPECT_FALSE(other.putInPlace());
     EXPECT_EQ(namesIn(root / "other"), Names{"step.wav"});
     EXPECT_EQ(other.leftovers(), std::vector<fs::path>{root / "other.tavrel-old"});
-    for (const char* link : {"link", "other.tavrel-old", "third.tavrel-new"}) {
-        EXPECT_TRUE(fs::remove(root / link));
-    }
+    EXPECT_TRUE(fs::remove(root / "link") && fs::remove(root / "other.tavrel-old"));
     fs::remove_all(root / "other");
     expectOldTarget();
 }
@@ -221,6 +229,20 @@ TEST_F(SampleTransfer, NeverDeletesWhatAnotherRunLeft)
     EXPECT_EQ(readBytes(target / "notes.txt"), "the user's");
     EXPECT_EQ(swap.leftovers(), std::vector<fs::path>{old});
     EXPECT_EQ(namesIn(old), (Names{"door.wav", "notes.txt"}));
+}
+
+TEST_F(SampleTransfer, TheLastOfTwoAtOnceWinsWhole)
+{
+    ScriptedProgress progress;
+    SamplesFolderSwap first(target);
+    SamplesFolderSwap second(target);
+    EXPECT_EQ(first.copy(Names{"step", "door"}, source, progress).end, CopyEnd::Complete);
+    EXPECT_EQ(second.copy(Names{"bell"}, source, progress).end, CopyEnd::Complete);
+    const SamplesFolderSwap third(target); // takes nobody's new folder for a leftover
+    EXPECT_FALSE(first.putInPlace());
+    EXPECT_FALSE(second.putInPlace());
+    EXPECT_EQ(namesIn(target), (Names{"bell.wav", "more", "notes.txt"}));
+    EXPECT_EQ(namesIn(root.path()), (Names{"evil.wav", "source", "target"}));
 }
 
 TEST_F(SampleTransfer, OldFoldersAreOrderedByTheirNumbers)

@@ -65,6 +65,15 @@ std::vector<std::string> namesIn(const fs::path& folder)
     return names;
 }
 
+void removeStagedFolders(const fs::path& folder)
+{
+    for (const std::string& name : namesIn(folder)) {
+        if (name.ends_with(".tavrel-new")) {
+            fs::remove_all(folder / name);
+        }
+    }
+}
+
 std::map<fs::path, std::string> everyFile(const fs::path& folder)
 {
     std::map<fs::path, std::string> files;

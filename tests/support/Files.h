@@ -33,6 +33,9 @@ void writeBytes(const std::filesystem::path& file, std::string_view bytes);
 // folder.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
+// New folders that were to take the place of others in this one.
+void removeStagedFolders(const std::filesystem::path& folder);
+
 // Every file and folder below this one with its content ("folder" for a folder), without the lock files.
 std::map<std::filesystem::path, std::string> everyFile(const std::filesystem::path& folder);
 
