@@ -23,8 +23,7 @@ constexpr std::size_t maximumSoundsOfObject = 20;
 
 // Fixed columns: name 1 to 25, count 26 and 27, then sound numbers of three digits from column 30, four
 // columns apart; a 0 ends them. A line that starts with "*" is a comment and names the type of what follows.
-// Names with
-// "(" or "LOOP" are left out. Fails on a 101st object.
+// A name that holds "(" or "LOOP" is left out. Fails on a 101st object.
 Result<std::vector<SoundObject>> parseObjectTable(const TextFile& file);
 
 } // namespace tavrel

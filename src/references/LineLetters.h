@@ -35,8 +35,7 @@ BilingualText takeNoOtherLetter(std::span<const std::size_t> sounds);
 
 // Two characters that can stand behind a "#", and none of the letters of all levels. Every walk over all
 // lines needs this of the letter that it looks for: an empty letter would hit the first "#" of every line,
-// "g" every
-// "#g".
+// and a "g" every "#g".
 bool isLetterOfOneLevel(std::string_view letter);
 
 // Whether a level takes the line: it carries the level's letter, or one that starts like it, or that of all
