@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Counted.h"
+#include "base/FailureTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,13 @@ TEST(Counted, ThreeNumbersInARowAreARange)
         EXPECT_EQ(numberRanges(numbers), text);
     }
     EXPECT_EQ(numberRanges(cases[4].numbers, 2), "1, 3-5 ...");
+}
+
+TEST(Counted, ALongListEndsWithHowManyMoreThereAre)
+{
+    const std::vector<Failure> notices(10, {BilingualText::same("x")});
+    EXPECT_TRUE(listOf(notices).english.ends_with("x\n\n... and 2 more."));
+    EXPECT_TRUE(listOf({notices.begin(), notices.begin() + 8}).french.ends_with("x\n\nx"));
 }
 
 } // namespace tavrel

@@ -78,6 +78,9 @@ TEST(LineEdit, ChangesWhatItNamesOnAnyLine)
         const SoundLine before = ParseSoundLine(withTabs(c.before));
         EXPECT_EQ(ComposeSoundLine(c.edit.applied(before)), withTabs(c.after)) << c.before;
     }
+    LineEdit edit = flag(LineFlag::N, true);
+    edit.setFlag(LineFlag::R, true);
+    EXPECT_EQ(edit.applied(SoundLine()).FlagRN.trimmed(), "R") << "the last of the two, which share a field";
 }
 
 // What an edit between two lines holds makes the one of the other, and so does carrying all parts over.

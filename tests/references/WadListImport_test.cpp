@@ -206,6 +206,7 @@ TEST_F(WadImportTest, EachSampleIsLookedForInTheLinesOfThatMoment)
 TEST_F(WadImportTest, TheNoticeCountsInWords)
 {
     lines[3] += "#oa";
+    lines[7] += "#oa"; // of no listed sample
     const auto firstLines = [this](Language language) {
         ScriptedDialogs dialogs{Answer::Ok};
         import(WadListKind::Samples, "sample1.wav\nsample3.wav\n", dialogs);

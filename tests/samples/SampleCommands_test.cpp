@@ -332,4 +332,8 @@ TEST_F(SampleCommands, SoundFilesBecomeSamplesOfTheLineInOneChange)
     start("A");
     dialogs.prepareFile(folder / "BB.wav");
     EXPECT_TRUE(add({elsewhere / "new.wav"}, SampleNames::Asked, dialogs).changed) << "the same bytes";
+    writeBytes(elsewhere / "other" / "new.wav", wavBytes({.sampleRate = 8000}));
+    start("A");
+    add({elsewhere / "new.wav", elsewhere / "other" / "new.wav"}, SampleNames::AsProposed, dialogs);
+    EXPECT_EQ(samples(), "A new2 new3");
 }
