@@ -297,7 +297,7 @@ void FmSFX::openPreferences()
     window.storeIn(m_session.settings(), m_session.options());
     showPanels();
     m_functions->followOptions();
-    const bool declined = m_session.wasReplaced() && !reloadIfReplaced();
+    const bool declined = !reloadIfReplaced();
     if (settings().protectedLinesEditable != editableBefore && !m_session.followsProtectedOption()) {
         followProtectedOption(declined);
     }

@@ -5,6 +5,7 @@
 #include "base/Titles.h"
 #include "checks/FindingMarks.h"
 #include "checks/SeverityIcon.h"
+#include "samples/SamplesFolder.h"
 #include "samples/SoundFile.h"
 #include "samples/WaveformView.h"
 #include "ui/Captions.h"
@@ -185,7 +186,7 @@ void SamplesPanel::showWaveform()
 {
     const std::string name = selection().sampleName();
     const std::optional<std::filesystem::path> file =
-        name.empty() ? std::nullopt : findFile(session().places().samples, name + ".wav");
+        name.empty() ? std::nullopt : findFile(session().places().samples, sampleFileName(name));
     m_waveform->showFile(file.value_or(std::filesystem::path()));
 }
 

@@ -149,7 +149,7 @@ std::vector<std::string> missingSamples(const ImportRequest& request)
     for (const std::size_t number : request.file.tickedLines()) {
         const std::optional<SoundLine> line = tryParse(request.file.catalogue().currentLine(number));
         for (const std::string& name : line ? sampleNamesOf(*line) : std::vector<std::string>()) {
-            const std::string file = name + ".wav";
+            const std::string file = sampleFileName(name);
             if (!isSafeSampleName(name) || !looked.insert(upperCase(file)).second) {
                 continue;
             }

@@ -59,14 +59,9 @@ std::vector<std::string> sampleNamesOf(const SoundLine& record)
     return names;
 }
 
-std::string fileNameOf(const std::string& sample)
-{
-    return sample + ".wav";
-}
-
 bool isSafeSampleName(std::string_view name)
 {
-    return isPlainFileName(name) && isPlainFileName(fileNameOf(std::string(name)));
+    return isPlainFileName(name) && isPlainFileName(sampleFileName(name));
 }
 
 BilingualText unsafeSampleNames(std::span<const std::string> names)
@@ -147,7 +142,7 @@ SampleCopies copySamples(std::span<const std::string> names, const FolderIndex& 
             copies.refused.push_back(names[i]);
             continue;
         }
-        const std::string file = fileNameOf(spellings[upperCase(names[i])]);
+        const std::string file = sampleFileName(spellings[upperCase(names[i])]);
         const FolderEntry* const sample = sampleIn(source, file);
         if (sample == nullptr) {
             if (done.insert(file).second) {

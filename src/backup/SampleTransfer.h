@@ -23,9 +23,6 @@ namespace tavrel {
 // The names that count, in order; the record's list may have empty entries.
 std::vector<std::string> sampleNamesOf(const SoundLine& record);
 
-// "step.wav" for "step".
-std::string fileNameOf(const std::string& sample);
-
 // Whether a file of that name (without ".wav") stays in its folder on every system.
 bool isSafeSampleName(std::string_view name);
 

@@ -25,12 +25,6 @@ bool isMissing(const fs::path& path)
     return fs::symlink_status(path, ignored).type() == fs::file_type::not_found;
 }
 
-bool isTrueFolder(const fs::path& path)
-{
-    std::error_code ignored;
-    return fs::is_directory(path, ignored) && !system::isLink(path);
-}
-
 // Where a samples folder waits while the new one takes its place. A further one has a number.
 std::string oldEnding(std::size_t number)
 {
@@ -98,7 +92,7 @@ FileNames filesOf(std::span<const std::string> samples)
 {
     FileNames files;
     for (const std::string& sample : samples) {
-        files.insert(upperCase(fileNameOf(sample)));
+        files.insert(upperCase(sampleFileName(sample)));
     }
     return files;
 }
@@ -304,8 +298,7 @@ std::vector<fs::path> samplesLostToSwap(std::span<const std::string> names, cons
 
 std::optional<fs::path> samplesFolderToRead(const fs::path& folder)
 {
-    std::error_code ignored;
-    if (fs::is_directory(folder, ignored)) {
+    if (isFolder(folder)) {
         return folder;
     }
     const std::vector<OldFolder> old = oldFoldersOf(folder);

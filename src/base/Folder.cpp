@@ -203,6 +203,11 @@ bool isFolder(const fs::path& path)
     return fs::is_directory(path, ignored);
 }
 
+bool isTrueFolder(const fs::path& path)
+{
+    return isFolder(path) && !system::isLink(path);
+}
+
 fs::path withEnding(fs::path path, std::string_view ending)
 {
     return path += ending;

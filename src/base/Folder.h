@@ -73,8 +73,9 @@ void removeOtherSpellings(const FolderIndex& folder, const std::filesystem::path
 // Where the file stands, or where it would be created.
 std::filesystem::path fileIn(const std::filesystem::path& folder, std::string_view name);
 
-// False also where that cannot be told.
+// False also where that cannot be told. The second is false for a link to a folder.
 bool isFolder(const std::filesystem::path& path);
+bool isTrueFolder(const std::filesystem::path& path);
 
 // "Samples_old" for "Samples".
 std::filesystem::path withEnding(std::filesystem::path path, std::string_view ending);

@@ -2,6 +2,7 @@
 #include "base/SafeFile.h"
 
 #include "base/FailureTexts.h"
+#include "base/Folder.h"
 #include "base/System.h"
 #include "base/TextFile.h"
 
@@ -266,7 +267,7 @@ void removeUnfinishedFolders(const fs::path& target)
          it.increment(error)) {
         const fs::path& folder = it->path();
         if (folder.extension() == unfinishedEnding && folder.filename().native().starts_with(beginning) &&
-            it->is_directory(ignored) && !system::isLink(folder) && isOldEnough(folder)) {
+            isTrueFolder(folder) && isOldEnough(folder)) {
             left.push_back(folder);
         }
     }

@@ -2,6 +2,7 @@
 #include "base/StagedFolder.h"
 
 #include "base/FailureTexts.h"
+#include "base/Folder.h"
 #include "base/SafeFile.h"
 #include "base/System.h"
 #include "base/TextFile.h"
@@ -30,12 +31,6 @@ void removeFolder(const fs::path& folder)
     fs::remove_all(folder, error);
 }
 
-bool isOwnFolder(const fs::path& path)
-{
-    std::error_code ignored;
-    return fs::is_directory(fs::symlink_status(path, ignored)) && !system::isLink(path);
-}
-
 } // namespace
 
 StagedFolder::~StagedFolder()
@@ -50,13 +45,13 @@ Problem StagedFolder::create(const fs::path& path, const fs::path& target)
     if (!m_path.empty()) {
         removeFolder(m_path);
     }
-    if (isOwnFolder(path)) {
+    if (isTrueFolder(path)) {
         removeFolder(path);
     }
     std::error_code error;
     std::error_code ignored;
     // One that cannot go, because somebody has it open, may be empty all the same.
-    if (!fs::create_directory(path, error) && !(isOwnFolder(path) && fs::is_empty(path, ignored))) {
+    if (!fs::create_directory(path, error) && !(isTrueFolder(path) && fs::is_empty(path, ignored))) {
         return cannotWrite(target, error ? error : std::make_error_code(std::errc::file_exists));
     }
     m_path = path;

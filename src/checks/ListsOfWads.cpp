@@ -5,6 +5,7 @@
 #include "checks/CheckTable.h"
 #include "references/LineLetters.h"
 #include "references/WadLists.h"
+#include "samples/SamplesFolder.h"
 
 #include <set>
 #include <unordered_set>
@@ -68,7 +69,7 @@ void checks::listSample(CheckRun& run)
             {bracketed(wad.wadName + ".sam") + " names " + bracketed(sample) + ", which no line has.",
              bracketed(wad.wadName + ".sam") + " nomme " + bracketed(sample) + ", qu'aucune ligne n'a."});
         finding.wadName = wad.wadName;
-        finding.file = sample + ".wav";
+        finding.file = sampleFileName(sample);
     });
 }
 

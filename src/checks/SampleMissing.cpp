@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "checks/CheckRun.h"
 #include "checks/CheckTable.h"
+#include "samples/SamplesFolder.h"
 
 #include <set>
 
@@ -104,17 +105,17 @@ void checks::sampleMissing(CheckRun& run)
             if (run.findSample(sample) || reading.isNamed(sample) || !told.insert(sample).second) {
                 continue;
             }
-            const std::string shown = bracketed(sample + ".wav");
+            const std::string shown = bracketed(sampleFileName(sample));
             Finding& finding = run.addForSound(
                 "sample-missing", reading.letters.empty() ? Severity::Warning : Severity::Error, reading,
                 {shown + " is not in the samples folder.",
                  shown + " n'est pas dans le répertoire des samples."});
-            finding.file = sample + ".wav";
+            finding.file = sampleFileName(sample);
             if (!similar) {
                 similar.emplace(run.samples());
             }
             if (const std::optional<std::string> other = similar->only(sample)) {
-                const std::string instead = bracketed(*other + ".wav");
+                const std::string instead = bracketed(sampleFileName(*other));
                 run.offerRewrite(finding, {"Use " + instead, "Utiliser " + instead},
                                  [sample, other = *other](const std::string& line) {
                                      return withSample(line, sample, other);

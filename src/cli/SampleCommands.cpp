@@ -104,7 +104,7 @@ samplesToRepair(const std::vector<SampleFile>& samples, const RepairArguments& a
     }
     for (const std::string& name : arguments.only) {
         const auto found = std::ranges::find_if(samples, [&name](const SampleFile& sample) {
-            return sameName(sample.name, name) || sameName(sample.name, name + ".wav");
+            return sameName(sample.name, name) || sameName(sample.name, sampleFileName(name));
         });
         if (found == samples.end()) {
             const std::string shown = bracketed(name);

@@ -95,8 +95,7 @@ private:
     // Copies of the files that are to come in, and nothing that somebody else put there.
     bool holdsOnlyOurs(const fs::path& folder) const
     {
-        std::error_code error;
-        if (!fs::is_directory(fs::symlink_status(folder, error))) {
+        if (!isTrueFolder(folder)) {
             return false;
         }
         const Result<std::vector<FolderEntry>> entries = listFolder(folder);
@@ -113,7 +112,7 @@ private:
         }
         const Result<FolderSize> size = sizeOf(*copies);
         if (!size || *size != wanted) {
-            return cannotWrite(m_incoming.path(), std::make_error_code(std::errc::io_error));
+            return cannotWrite(m_folder, std::make_error_code(std::errc::io_error));
         }
         return std::nullopt;
     }

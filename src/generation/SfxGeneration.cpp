@@ -13,6 +13,7 @@
 #include "references/LetterCommands.h"
 #include "references/LineLetters.h"
 #include "samples/SampleFormat.h"
+#include "samples/SamplesFolder.h"
 
 #include <algorithm>
 #include <exception>
@@ -77,7 +78,7 @@ std::vector<SampleOfWad> samplesOfWad(const SoundCatalogue& catalogue, const Cur
             if (name.empty() || name.front() == ' ') {
                 continue;
             }
-            const auto entry = files ? findIn(*files, name + ".wav") : std::nullopt;
+            const auto entry = files ? findIn(*files, sampleFileName(name)) : std::nullopt;
             const bool isThere = entry && entry->isFile && !system::isHidden(entry->path);
             samples.push_back({name, isThere ? std::optional(entry->path) : std::nullopt});
         }

@@ -278,7 +278,7 @@ std::optional<std::string> askForName(const std::filesystem::path& file, const s
                               {"WAV file (*.wav)", "fichier WAV (*.wav)"},
                               {"*.wav"},
                               folder,
-                              proposed + ".wav",
+                              sampleFileName(proposed),
                               false,
                               true};
     const std::optional<std::filesystem::path> chosen = dialogs.chooseFile(question);
@@ -361,7 +361,7 @@ bool bringIn(const Newcomer& newcomer, const std::filesystem::path& folder, Bili
     if (!converted) {
         return fail(converted.failure());
     }
-    const std::string fileName = newcomer.name + ".wav";
+    const std::string fileName = sampleFileName(newcomer.name);
     const Result<std::optional<FolderEntry>> entry = lookUp(folder, fileName);
     if (!entry) {
         return fail(entry.failure());
@@ -416,7 +416,7 @@ std::string proposedSampleName(const std::filesystem::path& file, const std::fil
     room = std::max<std::size_t>(room, 1); // where there is none, the line refuses the name
     const auto isTaken = [&](const std::string& name) {
         const auto isName = [&name](const std::string& other) { return sameName(name, other); };
-        return std::ranges::any_of(names, isName) || findEntry(folder, name + ".wav");
+        return std::ranges::any_of(names, isName) || findEntry(folder, sampleFileName(name));
     };
     constexpr int mostNumbers = 999;
     std::string name = plain.substr(0, room);

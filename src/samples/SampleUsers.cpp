@@ -72,7 +72,7 @@ Result<std::set<std::size_t>> soundsWithMissingSamples(const SoundCatalogue& cat
         const SoundLine record = ParseSoundLine(catalogue.currentLine(k));
         const auto end = record.Samples.begin() + static_cast<std::ptrdiff_t>(record.sampleCount());
         if (std::any_of(record.Samples.begin(), end, [&present](const std::string& sample) {
-                return !present.contains(lowerCase(sample + ".wav"));
+                return !present.contains(lowerCase(sampleFileName(sample)));
             })) {
             sounds.insert(k);
         }

@@ -45,6 +45,11 @@ std::optional<fs::path> findSample(const fs::path& folder, std::string_view name
     return file && !system::isHidden(*file) ? file : std::nullopt;
 }
 
+std::string sampleFileName(std::string_view name)
+{
+    return std::string(name) + ".wav";
+}
+
 std::string sampleNameOf(std::string_view fileName)
 {
     return std::string(fileName.substr(0, fileName.find(ending)));

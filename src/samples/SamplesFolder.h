@@ -33,6 +33,8 @@ Result<std::vector<SampleFile>> listSamples(const std::filesystem::path& folder)
 // folder: it is compared with what the folder lists.
 std::optional<std::filesystem::path> findSample(const std::filesystem::path& folder, std::string_view name);
 
+// "step.wav" for "step".
+std::string sampleFileName(std::string_view name);
 // What stands before the first ".wav" of a file name; the whole name when there is none.
 std::string sampleNameOf(std::string_view fileName);
 

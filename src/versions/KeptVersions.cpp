@@ -99,8 +99,7 @@ Problem addSets(std::vector<KeptVersion>& kept, const fs::path& folder, KeptKind
     }
     const std::string start = codePagePath(folder.filename()).bytes + "_replaced";
     for (const FolderEntry& entry : *entries) {
-        std::error_code ignored;
-        if (!isNumbered(entry.name, start) || !fs::is_directory(entry.path, ignored)) {
+        if (!isNumbered(entry.name, start) || !isFolder(entry.path)) {
             continue;
         }
         const Result<std::vector<FolderEntry>> files = filesIn(entry.path);

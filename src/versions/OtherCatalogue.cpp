@@ -24,8 +24,7 @@ bool holdsRecords(const fs::path& file)
 
 std::optional<fs::path> ifFolder(const fs::path& folder)
 {
-    std::error_code ignored;
-    return fs::is_directory(folder, ignored) ? std::optional(folder) : std::nullopt;
+    return isFolder(folder) ? std::optional(folder) : std::nullopt;
 }
 
 Result<OtherCatalogue> readRecords(const fs::path& file)

@@ -5,6 +5,7 @@
 #include "base/CodePage.h"
 #include "base/Folder.h"
 #include "catalogue/SoundLine.h"
+#include "samples/SamplesFolder.h"
 
 #include <algorithm>
 
@@ -165,7 +166,7 @@ std::vector<std::string> missingSamples(std::span<const SoundCatalogue::LineChan
     std::vector<std::string> missing;
     for (const SoundCatalogue::LineChange& change : changes) {
         for (const std::string& name : sampleNamesOf(ParseSoundLine(change.text))) {
-            const bool isThere = folder && folder->find(name + ".wav") != nullptr;
+            const bool isThere = folder && folder->find(sampleFileName(name)) != nullptr;
             if (!isThere && std::ranges::find(missing, name) == missing.end()) {
                 missing.push_back(name);
             }
